@@ -1,0 +1,43 @@
+# One static library per folder ("box"): a box sees only what it links, so a wrong include does not link.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+option(BRISKLOG_WARNINGS_AS_ERRORS "Treat every warning as an error" OFF)
+option(BRISKLOG_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(brisklog-options INTERFACE)
+target_include_directories(brisklog-options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(brisklog-options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+    $<$<BOOL:${BRISKLOG_WARNINGS_AS_ERRORS}>:-Werror>
+    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined>)
+target_link_options(brisklog-options INTERFACE
+    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined>)
+# Keywords such as "signals" would collide with other libraries' headers.
+target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+
+# brisklog_box(NAME libraries…): every .cpp file of the calling folder becomes the static library brisklog-NAME.
+function(brisklog_box name)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    add_library(brisklog-${name} STATIC ${sources})
+    set_target_properties(brisklog-${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(brisklog-${name} PUBLIC brisklog-options ${ARGN})
+endfunction()
+
+# brisklog_tests(NAME libraries…): every .cpp file of the calling folder becomes one GoogleTest program;
+# each test case is run in a process of its own.
+function(brisklog_tests name)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    add_executable(test-${name} ${sources})
+    target_link_libraries(test-${name} PRIVATE brisklog-test-support ${ARGN})
+    gtest_discover_tests(test-${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()

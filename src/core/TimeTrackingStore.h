@@ -1,0 +1,137 @@
+#pragma once
+
+#include "core/ActiveEntryState.h"
+#include "core/ArchivedInvoice.h"
+#include "core/Customer.h"
+#include "core/Project.h"
+#include "core/SavedNote.h"
+#include "foundation/Observable.h"
+#include "platform/Clock.h"
+#include "platform/JsonFile.h"
+#include "platform/RunLoop.h"
+#include "platform/UserDefaults.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace brisklog {
+
+/// The outside world as the store needs it.
+struct StorePlatform {
+    Files& files;
+    UserDefaults& userDefaults;
+    Clock& clock;
+    RunLoop& runLoop;
+    Log& log;
+};
+
+/// Owns all working data: projects with their entries, running timers, customers, saved notes, issued
+/// invoices. Every operation that changes data writes the whole collection to its file before it returns; a
+/// failure is one printed line and the data stays in memory. Unknown identifiers and indices out of range do
+/// nothing. Once a second the store announces itself, so that running durations are drawn anew.
+class TimeTrackingStore final : public ObservableObject {
+public:
+    using ActiveEntries = std::unordered_map<Uuid, ActiveEntryState>;
+
+    /// Cleans the user defaults up, loads the four files, provides the default project and starts the tick.
+    /// Stops the program when there is no documents folder.
+    explicit TimeTrackingStore(const StorePlatform& platform);
+
+    /// In the order in which they were created.
+    Published<std::vector<Project>> projects{*this};
+    /// Index into `projects`; starts at 0, is never written to a file.
+    Published<int> selectedProjectIndex{*this, 0};
+    /// Running and paused timers by entry id; never written to a file.
+    Published<ActiveEntries> activeEntries{*this};
+    Published<std::vector<Customer>> customers{*this};
+    Published<std::vector<SavedNote>> savedNotes{*this};
+    /// Oldest first.
+    Published<std::vector<ArchivedInvoice>> archivedInvoices{*this};
+
+    // Projects
+
+    /// The selected project. Creates and saves the default project when there is none at all, and goes back
+    /// to the first one when the selection points nowhere.
+    const Project& currentProject();
+    void addProject(const std::string& name, std::optional<double> hourlyRate);
+    void updateProject(int index, const std::string& name, std::optional<double> hourlyRate);
+    void deleteProject(int index);
+    /// Empties the project's entry list.
+    void resetProject(int index);
+    /// Replaces all projects by the default project and drops all timers; customers, notes and archive stay.
+    void resetAllData();
+    void addManualEntry(const Uuid& projectId, const TimeEntry& entry);
+    void deleteEntry(const Uuid& projectId, const Uuid& entryId);
+    void markEntriesInvoiced(const Uuid& projectId, const std::vector<Uuid>& entryIds);
+
+    // Timers
+
+    /// Starts a timer for the current project; the name is taken as it is, empty ones included.
+    void startTracking(const std::string& taskName);
+    /// Pausing a paused timer deliberately restarts its pause.
+    void pauseTracking(const Uuid& entryId);
+    void resumeTracking(const Uuid& entryId);
+    /// Turns the timer into an entry of its project, from the first start to now: pauses are deliberately not
+    /// deducted and nothing is rounded. The entry of a project that no longer exists is dropped.
+    void stopTracking(const Uuid& entryId);
+
+    // Customers, notes, archive
+
+    /// Replaces the customer with the same id.
+    void updateCustomer(const Customer& customer);
+    void deleteCustomer(int index);
+    void addSavedNote(const std::string& name, const std::string& content);
+    void deleteSavedNote(const Uuid& id);
+    void addArchivedInvoice(const std::string& number, const std::optional<std::string>& customer,
+                            const std::vector<Uuid>& entryIds);
+    /// The entries it covers stay invoiced.
+    void deleteArchivedInvoice(const Uuid& id);
+
+    void saveProjects();
+    void saveCustomers();
+    void saveSavedNotes();
+
+private:
+    struct StoreFiles {
+        JsonFile<std::vector<Project>> projects;
+        JsonFile<std::vector<Customer>> customers;
+        JsonFile<std::vector<SavedNote>> savedNotes;
+        JsonFile<std::vector<ArchivedInvoice>> archivedInvoices;
+    };
+
+    static StoreFiles filesIn(const std::optional<std::filesystem::path>& documentsFolder);
+
+    void loadProjects();
+    void loadCustomers();
+    void loadSavedNotes();
+    void loadArchivedInvoices();
+    void migrateProjectsFromUserDefaults();
+    void migrateCustomersFromUserDefaults();
+    void migrateSavedNotesFromUserDefaults();
+    void saveArchivedInvoices();
+
+    template <class T>
+    bool load(const JsonFile<T>& file, Published<T>& collection, const char* what);
+    template <class T>
+    bool migrate(const char* key, Published<T>& collection);
+    template <class T>
+    void save(const JsonFile<T>& file, const T& collection, const char* what);
+
+    [[nodiscard]] Project defaultProject() const;
+    [[nodiscard]] bool isProjectIndex(int index) const;
+    /// Applies a change to the first project with that id; false when there is none.
+    bool changeProject(const Uuid& projectId, const std::function<void(Project&)>& change);
+    /// Applies a change to the timer; nothing happens when there is none.
+    template <class Change>
+    void changeTimer(const Uuid& entryId, Change change);
+
+    StorePlatform m_platform;
+    StoreFiles m_files;
+    std::unique_ptr<Timer> m_timer;
+};
+
+} // namespace brisklog

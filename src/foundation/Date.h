@@ -1,0 +1,31 @@
+#pragma once
+
+#include <compare>
+
+namespace brisklog {
+
+/// A length of time in seconds.
+using TimeInterval = double;
+
+/// A point in time: seconds since 2001-01-01 00:00:00 UTC, fractions kept. This is also its form in our
+/// files.
+struct Date {
+    TimeInterval secondsSinceReference = 0;
+
+    /// Seconds from `earlier` to this date; negative when `earlier` is in fact later.
+    [[nodiscard]] constexpr TimeInterval since(Date earlier) const {
+        return secondsSinceReference - earlier.secondsSinceReference;
+    }
+
+    /// This date moved by a number of seconds. For days use `Calendar`: not every day has 86,400 seconds.
+    [[nodiscard]] constexpr Date addingSeconds(TimeInterval seconds) const {
+        return Date{secondsSinceReference + seconds};
+    }
+
+    constexpr auto operator<=>(const Date&) const = default;
+};
+
+/// Seconds between 1970-01-01 and 2001-01-01, both 00:00:00 UTC.
+inline constexpr TimeInterval secondsFromUnixEpochToReference = 978307200;
+
+} // namespace brisklog

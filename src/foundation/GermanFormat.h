@@ -1,0 +1,45 @@
+#pragma once
+
+#include "foundation/Date.h"
+
+#include <QTimeZone>
+#include <string>
+#include <string_view>
+
+/// How the program writes dates, money and durations: always German (Germany), whatever the desktop's
+/// language.
+namespace brisklog::format {
+
+/// The forms in which a date is written, in the user's own time zone.
+enum class DateForm {
+    shortWithTime, ///< 15.11.26, 18:20:08
+    shortDate,     ///< 15.11.26
+    mediumDate,    ///< 15.11.2026
+    longDate,      ///< 15. November 2026
+};
+
+[[nodiscard]] std::string date(Date date, DateForm form);
+
+/// The pattern yyyy-MM-dd, as used in file names.
+[[nodiscard]] std::string isoDay(Date date);
+
+/// Euros as 1.234,50 € (no-break space before the sign), half-even; `fallback` when the amount is not finite.
+/// What rounds to zero has no minus.
+[[nodiscard]] std::string money(double euros, std::string_view fallback);
+
+/// Euros as 1234.50 €: two decimals, decimal point, ordinary blank, no grouping; `fallback` when not finite.
+[[nodiscard]] std::string plainMoney(double euros, std::string_view fallback);
+
+/// Hours and minutes without zero units (1 h 30 min, 2 h, 0 min); fractions of a minute are cut off.
+[[nodiscard]] std::string duration(TimeInterval seconds, std::string_view fallback);
+
+/// Hours and minutes, both always written (1 h 0 min); fractions of a minute are cut off.
+[[nodiscard]] std::string paddedDuration(TimeInterval seconds, std::string_view fallback);
+
+/// Two digits each of hours, minutes and seconds (00:05:07), more digits of hours beyond 99.
+[[nodiscard]] std::string runningDuration(TimeInterval seconds, std::string_view fallback);
+
+/// Makes the formatters follow another zone than the system's; for a program that shows a fixed moment.
+void useTimeZone(const QTimeZone& zone);
+
+} // namespace brisklog::format

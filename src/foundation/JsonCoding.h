@@ -1,0 +1,243 @@
+#pragma once
+
+#include "foundation/Date.h"
+#include "foundation/JsonDecoder.h"
+#include "foundation/JsonEncoder.h"
+#include "foundation/Result.h"
+#include "foundation/Uuid.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+/// Records in JSON. A record names its keys once, for both directions, in the order in which they are
+/// written:
+///
+///     constexpr auto jsonFields(std::type_identity<Customer>) {
+///         return std::tuple{json::field<&Customer::id>("id"), …};
+///     }
+///
+/// A member that is an `std::optional` may be missing and is left out when absent; every other key is
+/// required. An enumeration is written as text: it provides `jsonText(value)` and `fromJsonText(text,
+/// value)`.
+namespace brisklog::json {
+
+template <auto Member>
+struct Field {
+    std::string_view key;
+};
+
+template <auto Member>
+constexpr Field<Member> field(std::string_view key) {
+    return {key};
+}
+
+template <class T>
+concept Record = requires {
+    jsonFields(std::type_identity<T>{});
+};
+
+template <class T>
+concept TextEnumeration = std::is_enum_v<T> && requires(T value) {
+    { jsonText(value) } -> std::convertible_to<std::string_view>;
+    { fromJsonText(std::string_view{}, value) } -> std::same_as<bool>;
+};
+
+namespace detail {
+
+template <class T>
+struct MemberOf;
+
+template <class Owner, class Value>
+struct MemberOf<Value Owner::*> {
+    using OwnerType = Owner;
+    using ValueType = Value;
+};
+
+template <class T>
+struct IsOptional : std::false_type {};
+
+template <class T>
+struct IsOptional<std::optional<T>> : std::true_type {
+    using Inner = T;
+};
+
+template <class T>
+struct IsVector : std::false_type {};
+
+template <class T>
+struct IsVector<std::vector<T>> : std::true_type {
+    using Element = T;
+};
+
+template <class T>
+const ValueDecoder& decoderFor();
+
+template <auto Member>
+FieldDecoder fieldDecoder(Field<Member> field) {
+    using Owner = typename MemberOf<decltype(Member)>::OwnerType;
+    using Value = typename MemberOf<decltype(Member)>::ValueType;
+    if constexpr (IsOptional<Value>::value) {
+        return {field.key, &decoderFor<typename IsOptional<Value>::Inner>(), false,
+                [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member).emplace(); },
+                [](void* record) { (static_cast<Owner*>(record)->*Member).reset(); }};
+    } else {
+        return {field.key, &decoderFor<Value>(), true,
+                [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, nullptr};
+    }
+}
+
+template <class T>
+ValueDecoder recordDecoder() {
+    static const auto fields =
+        std::apply([](auto... declared) { return std::array{fieldDecoder(declared)...}; },
+                   jsonFields(std::type_identity<T>{}));
+    static_assert(std::tuple_size_v<decltype(jsonFields(std::type_identity<T>{}))> <= 64);
+    ValueDecoder decoder{.expected = "an object"};
+    decoder.fields = fields;
+    return decoder;
+}
+
+template <class T>
+ValueDecoder listDecoder() {
+    using List = std::vector<T>;
+    ValueDecoder decoder{.expected = "a list"};
+    decoder.beginList = [](void* target) { static_cast<List*>(target)->clear(); };
+    decoder.appendElement = [](void* target) -> void* { return &static_cast<List*>(target)->emplace_back(); };
+    decoder.element = &decoderFor<T>();
+    return decoder;
+}
+
+template <class T>
+ValueDecoder scalarDecoder() {
+    if constexpr (std::is_same_v<T, std::string>) {
+        return {.expected = "text", .readText = [](void* target, std::string_view text) -> Complaint {
+                    static_cast<std::string*>(target)->assign(text);
+                    return nullptr;
+                }};
+    } else if constexpr (std::is_same_v<T, Uuid>) {
+        return {.expected = "an identifier",
+                .readText = [](void* target, std::string_view text) -> Complaint {
+                    const auto id = Uuid::parse(text);
+                    if (!id)
+                        return "text is no identifier";
+                    *static_cast<Uuid*>(target) = *id;
+                    return nullptr;
+                }};
+    } else if constexpr (std::is_same_v<T, bool>) {
+        return {.expected = "a truth value", .readBoolean = [](void* target, bool truth) -> Complaint {
+                    *static_cast<bool*>(target) = truth;
+                    return nullptr;
+                }};
+    } else if constexpr (std::is_same_v<T, double> || std::is_same_v<T, Date>) {
+        return {.expected = "a number", .readNumber = [](void* target, double number) -> Complaint {
+                    *static_cast<T*>(target) = T{number};
+                    return nullptr;
+                }};
+    } else {
+        static_assert(TextEnumeration<T>, "this type has no JSON form");
+        return {.expected = "text", .readText = [](void* target, std::string_view text) -> Complaint {
+                    return fromJsonText(text, *static_cast<T*>(target)) ? nullptr : "unknown value";
+                }};
+    }
+}
+
+template <class T>
+const ValueDecoder& decoderFor() {
+    static const ValueDecoder decoder = [] {
+        if constexpr (Record<T>)
+            return recordDecoder<T>();
+        else if constexpr (IsVector<T>::value)
+            return listDecoder<typename IsVector<T>::Element>();
+        else
+            return scalarDecoder<T>();
+    }();
+    return decoder;
+}
+
+template <class Writer, class T>
+void encodeValue(Encoder<Writer>& encoder, const T& value);
+
+template <class Writer, class T, auto Member>
+void encodeField(Encoder<Writer>& encoder, const T& record, Field<Member> field) {
+    const auto& value = record.*Member;
+    using Value = std::remove_cvref_t<decltype(value)>;
+    if constexpr (IsOptional<Value>::value) {
+        if (!value)
+            return;
+        encoder.beginField(field.key);
+        encodeValue(encoder, *value);
+    } else {
+        encoder.beginField(field.key);
+        encodeValue(encoder, value);
+    }
+    encoder.endField();
+}
+
+template <class Writer, class T>
+void encodeValue(Encoder<Writer>& encoder, const T& value) {
+    if constexpr (Record<T>) {
+        encoder.beginRecord();
+        std::apply([&](auto... declared) { (encodeField(encoder, value, declared), ...); },
+                   jsonFields(std::type_identity<T>{}));
+        encoder.endRecord();
+    } else if constexpr (IsVector<T>::value) {
+        encoder.beginList();
+        for (const auto& element : value) {
+            encodeValue(encoder, element);
+            encoder.nextElement();
+        }
+        encoder.endList();
+    } else if constexpr (std::is_same_v<T, std::string>) {
+        encoder.text(value);
+    } else if constexpr (std::is_same_v<T, Uuid>) {
+        std::array<char, 36> text{};
+        value.writeTo(text.data());
+        encoder.text({text.data(), text.size()});
+    } else if constexpr (std::is_same_v<T, bool>) {
+        encoder.boolean(value);
+    } else if constexpr (std::is_same_v<T, double>) {
+        encoder.number(value);
+    } else if constexpr (std::is_same_v<T, Date>) {
+        encoder.number(value.secondsSinceReference);
+    } else {
+        encoder.text(jsonText(value));
+    }
+}
+
+template <class Writer, class T>
+Result<EncodedDocument> encodeWith(const T& value) {
+    rapidjson::StringBuffer buffer;
+    Writer writer(buffer);
+    if constexpr (std::is_same_v<Writer, PrettyWriter>)
+        writer.SetIndent(' ', 2);
+    Encoder<Writer> encoder(writer);
+    encodeValue(encoder, value);
+    if (!encoder.error().empty())
+        return Error{encoder.error()};
+    return EncodedDocument(std::move(buffer));
+}
+
+} // namespace detail
+
+/// One document as a value; the error names byte offset and path.
+template <class T>
+Result<T> decode(std::string_view bytes) {
+    T value{};
+    if (const auto filled = decodeInto(detail::decoderFor<T>(), &value, bytes); filled.failed())
+        return filled.error();
+    return value;
+}
+
+/// The value as one document; the error names the path of what has no JSON form.
+template <class T>
+Result<EncodedDocument> encode(const T& value, Layout layout) {
+    return layout == Layout::pretty ? detail::encodeWith<PrettyWriter>(value)
+                                    : detail::encodeWith<CompactWriter>(value);
+}
+
+} // namespace brisklog::json

@@ -1,0 +1,266 @@
+#include "foundation/JsonDecoder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <rapidjson/error/en.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
+#include <string>
+#include <vector>
+
+namespace brisklog::json {
+namespace {
+
+constexpr unsigned parseFlags = rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag |
+                                rapidjson::kParseIterativeFlag;
+
+/// The reader checks the bytes but lets a lone surrogate written as an escape through: in UTF-8 it begins
+/// with 0xED and a byte from 0xA0 on.
+bool holdsSurrogate(std::string_view text) {
+    for (auto at = text.find('\xED'); at != std::string_view::npos; at = text.find('\xED', at + 1))
+        if (at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) >= 0xA0)
+            return true;
+    return false;
+}
+
+/// Receives the tokens of one document and fills the target they describe.
+class Filler {
+public:
+    Filler(const ValueDecoder& root, void* target) { m_next = {&root, target}; }
+
+    // The names and results of these functions are the reader's: false ends the reading.
+    bool Null() {
+        if (m_skippedDepth > 0)
+            return afterSkippedScalar();
+        if (m_frames.empty() || m_field == nullptr || m_field->isRequired)
+            return complainAboutType("null");
+        m_field->clear(m_frames.back().target);
+        return afterValue();
+    }
+
+    bool Bool(bool truth) {
+        return take("a truth value", [truth](const ValueDecoder& decoder, void* target) -> Complaint {
+            return decoder.readBoolean ? decoder.readBoolean(target, truth) : wrongType;
+        });
+    }
+
+    bool Int(int number) { return Double(number); }
+
+    bool Uint(unsigned number) { return Double(number); }
+
+    bool Int64(std::int64_t number) { return Double(static_cast<double>(number)); }
+
+    bool Uint64(std::uint64_t number) { return Double(static_cast<double>(number)); }
+
+    bool Double(double number) {
+        return take("a number", [number](const ValueDecoder& decoder, void* target) -> Complaint {
+            return decoder.readNumber ? decoder.readNumber(target, number) : wrongType;
+        });
+    }
+
+    bool RawNumber(const char* /*digits*/, rapidjson::SizeType /*length*/, bool /*copy*/) { return false; }
+
+    bool String(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
+        const std::string_view text(characters, length);
+        if (holdsSurrogate(text))
+            return complain("text is not well-formed Unicode");
+        return take("text", [text](const ValueDecoder& decoder, void* target) -> Complaint {
+            return decoder.readText ? decoder.readText(target, text) : wrongType;
+        });
+    }
+
+    bool StartObject() {
+        if (m_skippedDepth > 0)
+            return skipDeeper();
+        const Slot slot = claimSlot();
+        if (slot.decoder->fields.empty())
+            return complainAboutType("an object");
+        m_frames.push_back({slot.decoder, slot.target});
+        m_field = nullptr;
+        return true;
+    }
+
+    bool Key(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
+        if (m_skippedDepth > 0)
+            return true;
+        Frame& record = m_frames.back();
+        const std::size_t index = indexOf(record, std::string_view(characters, length));
+        if (index == record.decoder->fields.size()) {
+            m_skippedDepth = 1;
+            return true;
+        }
+        record.seen |= std::uint64_t{1} << index;
+        record.position = index;
+        m_field = &record.decoder->fields[index];
+        m_next = {m_field->value, nullptr};
+        return true;
+    }
+
+    bool EndObject(rapidjson::SizeType /*members*/) {
+        if (m_skippedDepth > 0)
+            return skipShallower();
+        const Frame record = m_frames.back();
+        for (std::size_t i = 0; i < record.decoder->fields.size(); ++i) {
+            if (!record.decoder->fields[i].isRequired || (record.seen >> i & 1) != 0)
+                continue;
+            m_frames.back().position = i;
+            return complain("missing");
+        }
+        m_frames.pop_back();
+        return afterValue();
+    }
+
+    bool StartArray() {
+        if (m_skippedDepth > 0)
+            return skipDeeper();
+        const Slot slot = claimSlot();
+        if (slot.decoder->element == nullptr)
+            return complainAboutType("a list");
+        slot.decoder->beginList(slot.target);
+        m_frames.push_back({slot.decoder, slot.target});
+        m_next = {slot.decoder->element, nullptr};
+        m_field = nullptr;
+        return true;
+    }
+
+    bool EndArray(rapidjson::SizeType /*elements*/) {
+        if (m_skippedDepth > 0)
+            return skipShallower();
+        m_frames.pop_back();
+        return afterValue();
+    }
+
+    /// Why the reading was ended, with the path; empty when the bytes themselves were at fault.
+    [[nodiscard]] const std::string& complaint() const { return m_complaint; }
+
+    [[nodiscard]] std::string path() const {
+        std::string path;
+        for (const Frame& frame : m_frames) {
+            if (frame.decoder->element != nullptr)
+                path += "[" + std::to_string(frame.position) + "]";
+            else if (frame.position < frame.decoder->fields.size())
+                path += "." + std::string(frame.decoder->fields[frame.position].key);
+        }
+        if (path.starts_with('.'))
+            path.erase(0, 1);
+        return path;
+    }
+
+private:
+    struct Slot {
+        const ValueDecoder* decoder;
+        void* target;
+    };
+
+    /// A list or record being filled.
+    struct Frame {
+        const ValueDecoder* decoder;
+        void* target;
+        /// Index of the element, or of the field last named.
+        std::size_t position = 0;
+        /// One bit for each field that was there.
+        std::uint64_t seen = 0;
+    };
+
+    static constexpr Complaint wrongType = "";
+
+    static std::size_t indexOf(const Frame& record, std::string_view key) {
+        const auto& fields = record.decoder->fields;
+        // Files are mostly in our own order: the next field is the first guess.
+        const std::size_t guess = record.seen == 0 ? 0 : record.position + 1;
+        if (guess < fields.size() && fields[guess].key == key)
+            return guess;
+        return static_cast<std::size_t>(std::ranges::find(fields, key, &FieldDecoder::key) - fields.begin());
+    }
+
+    /// The place for the value that comes now; makes room for it in its list or record.
+    Slot claimSlot() {
+        if (m_frames.empty())
+            return m_next;
+        Frame& frame = m_frames.back();
+        if (frame.decoder->element != nullptr)
+            return {frame.decoder->element, frame.decoder->appendElement(frame.target)};
+        return {m_field->value, m_field->locate(frame.target)};
+    }
+
+    template <class Read>
+    bool take(const char* found, Read read) {
+        if (m_skippedDepth > 0)
+            return afterSkippedScalar();
+        const Slot slot = claimSlot();
+        const Complaint complaint = read(*slot.decoder, slot.target);
+        if (complaint == wrongType)
+            return complainAboutType(found);
+        return complaint == nullptr ? afterValue() : complain(complaint);
+    }
+
+    bool afterValue() {
+        if (!m_frames.empty() && m_frames.back().decoder->element != nullptr)
+            ++m_frames.back().position;
+        m_field = nullptr;
+        return true;
+    }
+
+    // Unknown keys: depth 1 is their value itself, every list or object inside it one more.
+    bool afterSkippedScalar() {
+        if (m_skippedDepth == 1)
+            m_skippedDepth = 0;
+        return true;
+    }
+
+    bool skipDeeper() {
+        ++m_skippedDepth;
+        return true;
+    }
+
+    bool skipShallower() {
+        if (--m_skippedDepth == 1)
+            m_skippedDepth = 0;
+        return true;
+    }
+
+    bool complainAboutType(const char* found) {
+        const ValueDecoder* wanted = m_next.decoder;
+        if (!m_frames.empty() && m_frames.back().decoder->element != nullptr)
+            wanted = m_frames.back().decoder->element;
+        return complain(std::string("expected ") + wanted->expected + ", found " + found);
+    }
+
+    bool complain(const std::string& reason) {
+        const std::string place = path();
+        m_complaint = place.empty() ? reason : place + ": " + reason;
+        return false;
+    }
+
+    std::vector<Frame> m_frames;
+    Slot m_next{};
+    const FieldDecoder* m_field = nullptr;
+    std::size_t m_skippedDepth = 0;
+    std::string m_complaint;
+};
+
+Error errorAt(std::size_t offset, const std::string& reason) {
+    return Error{reason + " (byte " + std::to_string(offset) + ")"};
+}
+
+} // namespace
+
+Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes) {
+    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
+    rapidjson::Reader reader;
+    Filler filler(decoder, target);
+    const rapidjson::ParseResult parsed = reader.Parse<parseFlags>(stream, filler);
+    if (!filler.complaint().empty())
+        return errorAt(stream.Tell(), filler.complaint());
+    if (parsed.IsError()) {
+        const std::string place = filler.path();
+        const std::string reason = rapidjson::GetParseError_En(parsed.Code());
+        return errorAt(parsed.Offset(), place.empty() ? reason : place + ": " + reason);
+    }
+    // A zero byte ends the stream for the reader, but not for us.
+    if (stream.Tell() != bytes.size())
+        return errorAt(stream.Tell(), "The document is followed by something else.");
+    return Done{};
+}
+
+} // namespace brisklog::json

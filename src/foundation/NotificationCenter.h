@@ -1,0 +1,26 @@
+#pragma once
+
+#include "foundation/Observable.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace brisklog {
+
+/// Carries named messages between parts of the program that do not know each other.
+class NotificationCenter {
+public:
+    /// Calls `observer` at every `post` of that name until the subscription ends.
+    Subscription observe(const std::string& name, std::function<void()> observer);
+
+    /// Tells every observer of that name at once; none is no error.
+    void post(const std::string& name);
+
+private:
+    class Channel final : public ObservableObject {};
+
+    std::map<std::string, std::unique_ptr<Channel>> m_channels;
+};
+
+} // namespace brisklog

@@ -1,0 +1,37 @@
+#include "foundation/Observable.h"
+
+#include <algorithm>
+
+namespace brisklog {
+
+struct ObservableObject::Registry {
+    struct Entry {
+        std::uint64_t id;
+        std::shared_ptr<Observer> observer;
+    };
+
+    std::vector<Entry> entries;
+    std::uint64_t nextId = 0;
+};
+
+ObservableObject::ObservableObject() : m_registry(std::make_shared<Registry>()) {}
+
+Subscription ObservableObject::observe(Observer observer) {
+    const std::uint64_t id = m_registry->nextId++;
+    m_registry->entries.push_back({id, std::make_shared<Observer>(std::move(observer))});
+    return Subscription([registry = std::weak_ptr(m_registry), id] {
+        if (const auto alive = registry.lock())
+            std::erase_if(alive->entries, [id](const Registry::Entry& entry) { return entry.id == id; });
+    });
+}
+
+void ObservableObject::announce() {
+    // A copy, and a second look before each call: an observer may end its own or another's subscription.
+    const auto registry = m_registry;
+    const auto entries = registry->entries;
+    for (const Registry::Entry& entry : entries)
+        if (std::ranges::find(registry->entries, entry.id, &Registry::Entry::id) != registry->entries.end())
+            (*entry.observer)();
+}
+
+} // namespace brisklog

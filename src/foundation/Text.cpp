@@ -1,0 +1,79 @@
+#include "foundation/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+#include <utility>
+
+namespace brisklog::text {
+namespace {
+
+// The library's macros narrow without a cast; the two functions keep that in one place.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"
+
+/// The character at `at`, which moves behind it; negative when the bytes are not UTF-8.
+UChar32 nextCharacter(std::string_view bytes, int32_t& at) {
+    UChar32 character = 0;
+    U8_NEXT(bytes.data(), at, static_cast<int32_t>(bytes.size()), character);
+    return character;
+}
+
+/// The character before `at`, which moves in front of it; negative when the bytes are not UTF-8.
+UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
+    UChar32 character = 0;
+    U8_PREV(bytes.data(), 0, at, character);
+    return character;
+}
+
+#pragma GCC diagnostic pop
+
+bool isWhiteSpace(UChar32 character) { return character >= 0 && u_isUWhiteSpace(character); }
+
+bool isAscii(std::string_view bytes) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    while (bytes.size() >= sizeof highBits) {
+        std::uint64_t block = 0;
+        std::memcpy(&block, bytes.data(), sizeof block);
+        if (block & highBits)
+            return false;
+        bytes.remove_prefix(sizeof block);
+    }
+    return std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+} // namespace
+
+std::string_view trimmed(std::string_view text) {
+    int32_t begin = 0;
+    auto end = static_cast<int32_t>(text.size());
+    for (int32_t next = begin; begin < end && isWhiteSpace(nextCharacter(text, next));)
+        begin = next;
+    for (int32_t previous = end; end > begin && isWhiteSpace(previousCharacter(text, previous));)
+        end = previous;
+    return text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    if (isAscii(bytes))
+        return true;
+    for (int32_t at = 0; std::cmp_less(at, bytes.size());)
+        if (nextCharacter(bytes, at) < 0)
+            return false;
+    return true;
+}
+
+std::string replacing(std::string text, char from, char to) {
+    std::ranges::replace(text, from, to);
+    return text;
+}
+
+std::string onOneLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    return text;
+}
+
+} // namespace brisklog::text

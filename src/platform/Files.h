@@ -1,0 +1,56 @@
+#pragma once
+
+#include "foundation/Date.h"
+#include "foundation/Result.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brisklog {
+
+/// Whether a write returns only once the bytes are on the medium.
+enum class Durability {
+    throughToMedium, ///< survives a power cut after it returned
+    leftToSystem,    ///< survives the end of the process; for files written at every keystroke
+};
+
+/// The user's folders and whole files in them. Errors read "PATH: what the system says".
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// The desktop's documents folder, whether or not it exists; absent when the user has no home.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> documentsFolder() const = 0;
+
+    /// Where programs keep their data, whether or not it exists; absent when the user has no home.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> applicationSupportFolder() const = 0;
+
+    /// Where programs keep what may be lost without harm but should outlive them; absent when the user has no
+    /// home.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> stateFolder() const = 0;
+
+    /// Whether anything stands at the path, of whatever kind.
+    [[nodiscard]] virtual bool exists(const std::filesystem::path& path) const = 0;
+
+    /// All bytes of a regular file; a folder or a device in its place is an error.
+    [[nodiscard]] virtual Result<std::string> read(const std::filesystem::path& path) const = 0;
+
+    /// When the file was last written; absent when it cannot be told.
+    [[nodiscard]] virtual std::optional<Date> modificationDate(const std::filesystem::path& path) const = 0;
+
+    /// Replaces the file's content in place: same inode, no temporary file; creates the file (readable for
+    /// its owner alone) and its missing folders. Where there is no room for the new bytes the old content
+    /// stays whole.
+    [[nodiscard]] virtual Result<Done> replace(const std::filesystem::path& path, std::string_view bytes,
+                                               Durability durability) = 0;
+
+    /// Makes the folder and its missing parents, each for its owner alone; an existing one is no error.
+    [[nodiscard]] virtual Result<Done> createFolder(const std::filesystem::path& path) = 0;
+
+    /// Removes one file; a missing one is an error.
+    [[nodiscard]] virtual Result<Done> remove(const std::filesystem::path& path) = 0;
+};
+
+} // namespace brisklog

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/linux/PosixFiles.h"
+
+#include <string>
+#include <vector>
+
+namespace brisklog::test {
+
+/// The real files, with a record of what was written; can be told to fail every write.
+class RecordingFiles final : public Files {
+public:
+    [[nodiscard]] std::optional<std::filesystem::path> documentsFolder() const override {
+        return hasHome ? m_files.documentsFolder() : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<std::filesystem::path> applicationSupportFolder() const override {
+        return hasHome ? m_files.applicationSupportFolder() : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<std::filesystem::path> stateFolder() const override {
+        return hasHome ? m_files.stateFolder() : std::nullopt;
+    }
+
+    [[nodiscard]] bool exists(const std::filesystem::path& path) const override {
+        return m_files.exists(path);
+    }
+
+    [[nodiscard]] Result<std::string> read(const std::filesystem::path& path) const override {
+        return m_files.read(path);
+    }
+
+    [[nodiscard]] std::optional<Date> modificationDate(const std::filesystem::path& path) const override {
+        return m_files.modificationDate(path);
+    }
+
+    [[nodiscard]] Result<Done> replace(const std::filesystem::path& path, std::string_view bytes,
+                                       Durability durability) override {
+        written.push_back(path.filename().string());
+        if (writesFail)
+            return Error{path.string() + ": No space left on device"};
+        return m_files.replace(path, bytes, durability);
+    }
+
+    [[nodiscard]] Result<Done> createFolder(const std::filesystem::path& path) override {
+        if (writesFail)
+            return Error{path.string() + ": No space left on device"};
+        return m_files.createFolder(path);
+    }
+
+    [[nodiscard]] Result<Done> remove(const std::filesystem::path& path) override {
+        return m_files.remove(path);
+    }
+
+    /// Names of the files written, in order, failed tries included.
+    std::vector<std::string> written;
+    bool writesFail = false;
+    bool hasHome = true;
+
+private:
+    PosixFiles m_files;
+};
+
+} // namespace brisklog::test
