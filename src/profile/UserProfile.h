@@ -1,0 +1,79 @@
+#pragma once
+
+#include "foundation/Observable.h"
+#include "foundation/Result.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+#include "profile/LogoPickerPresenter.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace brisklog {
+
+/// The outside world as the profile needs it.
+struct ProfilePlatform {
+    Files& files;
+    UserDefaults& userDefaults;
+    Log& log;
+    /// Absent where there is no window to show.
+    LogoPickerPresenter* logoPicker = nullptr;
+};
+
+/// The user's own business details, the sender of every invoice. Every write of a text or figure rewrites
+/// "profile.json", every write of the logo rewrites or removes "userLogo.png", both in the folder `Pennavo`
+/// of the application-support folder, before it returns; a failure is one printed line and the value stays in
+/// memory.
+class UserProfile final : public ObservableObject {
+public:
+    /// Loads both files, then takes over what earlier versions kept in the user defaults.
+    explicit UserProfile(const ProfilePlatform& platform);
+
+    Published<std::string> companyName{*this, "", profileHook()};
+    Published<std::string> fullName{*this, "", profileHook()};
+    /// Street and number.
+    Published<std::string> address{*this, "", profileHook()};
+    Published<std::string> postalCode{*this, "", profileHook()};
+    Published<std::string> city{*this, "", profileHook()};
+    Published<std::string> country{*this, "Deutschland", profileHook()};
+    Published<std::string> phone{*this, "", profileHook()};
+    Published<std::string> email{*this, "", profileHook()};
+    Published<std::string> website{*this, "", profileHook()};
+    Published<std::string> taxId{*this, "", profileHook()};
+    Published<std::string> vatId{*this, "", profileHook()};
+    Published<std::string> taxOffice{*this, "", profileHook()};
+    Published<std::string> bankName{*this, "", profileHook()};
+    Published<std::string> iban{*this, "", profileHook()};
+    Published<std::string> bic{*this, "", profileHook()};
+    /// The bytes of the logo's image file. More than 2 MiB are used until the program ends but not written.
+    Published<std::optional<std::string>> logoData{*this, std::nullopt, [this] { saveLogoData(); }};
+    // Where the logo stands on the invoice page, in points.
+    Published<double> logoPositionX{*this, 50, profileHook()};
+    Published<double> logoPositionY{*this, 50, profileHook()};
+    Published<double> logoWidth{*this, 200, profileHook()};
+    Published<double> logoHeight{*this, 100, profileHook()};
+
+    /// Opens the logo picker; the image chosen there becomes the logo and closes it.
+    void loadLogoFromFile();
+
+private:
+    [[nodiscard]] Published<std::string>::Hook profileHook() {
+        return [this] { saveProfileData(); };
+    }
+
+    /// The file's place in our folder, which is made when it is missing.
+    [[nodiscard]] Result<std::filesystem::path> fileInOurFolder(const char* name);
+    void loadProfileData();
+    void loadLogoData();
+    void saveProfileData();
+    void saveLogoData();
+    void writeLogo(const std::string& bytes);
+    void removeLogo();
+    void migrateFromUserDefaults();
+
+    ProfilePlatform m_platform;
+};
+
+} // namespace brisklog
