@@ -46,6 +46,11 @@ public:
     [[nodiscard]] virtual Result<Done> replace(const std::filesystem::path& path, std::string_view bytes,
                                                Durability durability) = 0;
 
+    /// Writes a document where the user asked for it: replaces the file's content in place like `replace`,
+    /// but a new file gets the permissions the user gives to new files, and a missing folder is an error.
+    [[nodiscard]] virtual Result<Done> writeDocument(const std::filesystem::path& path,
+                                                     std::string_view bytes) = 0;
+
     /// Makes the folder and its missing parents, each for its owner alone; an existing one is no error.
     [[nodiscard]] virtual Result<Done> createFolder(const std::filesystem::path& path) = 0;
 

@@ -42,6 +42,14 @@ public:
         return m_files.replace(path, bytes, durability);
     }
 
+    [[nodiscard]] Result<Done> writeDocument(const std::filesystem::path& path,
+                                             std::string_view bytes) override {
+        written.push_back(path.filename().string());
+        if (writesFail)
+            return Error{path.string() + ": No space left on device"};
+        return m_files.writeDocument(path, bytes);
+    }
+
     [[nodiscard]] Result<Done> createFolder(const std::filesystem::path& path) override {
         if (writesFail)
             return Error{path.string() + ": No space left on device"};

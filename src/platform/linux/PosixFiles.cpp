@@ -14,6 +14,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t fileMode = 0600;
+/// What the user's own mask then takes away.
+constexpr mode_t documentMode = 0666;
 constexpr mode_t folderMode = 0700;
 
 Error systemError(const fs::path& path, int code) {
@@ -86,6 +88,23 @@ Result<Done> reserve(const Descriptor& file, std::size_t length, const fs::path&
     return systemError(path, code);
 }
 
+/// Opens a file for `overwrite`, without truncating: until the room is reserved, the old content stays whole.
+Descriptor openForOverwriting(const fs::path& path, mode_t mode) {
+    return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
+}
+
+Result<Done> overwrite(const Descriptor& file, std::string_view bytes, const fs::path& path) {
+    if (!file.isOpen())
+        return systemError(path, errno);
+    if (auto reserved = reserve(file, bytes.size(), path); reserved.failed())
+        return reserved;
+    if (auto written = writeAll(file, bytes, path); written.failed())
+        return written;
+    if (::ftruncate(file.number(), static_cast<off_t>(bytes.size())) != 0)
+        return systemError(path, errno);
+    return Done{};
+}
+
 } // namespace
 
 std::optional<fs::path> PosixFiles::documentsFolder() const {
@@ -153,19 +172,16 @@ std::optional<Date> PosixFiles::modificationDate(const fs::path& path) const {
 Result<Done> PosixFiles::replace(const fs::path& path, std::string_view bytes, Durability durability) {
     if (const auto folder = createFolder(path.parent_path()); folder.failed())
         return folder;
-    // Opened without truncating: until the room is reserved, the old content stays whole.
-    const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, fileMode));
-    if (!file.isOpen())
-        return systemError(path, errno);
-    if (auto reserved = reserve(file, bytes.size(), path); reserved.failed())
-        return reserved;
-    if (auto written = writeAll(file, bytes, path); written.failed())
-        return written;
-    if (::ftruncate(file.number(), static_cast<off_t>(bytes.size())) != 0)
-        return systemError(path, errno);
+    const Descriptor file = openForOverwriting(path, fileMode);
+    if (auto overwritten = overwrite(file, bytes, path); overwritten.failed())
+        return overwritten;
     if (durability == Durability::throughToMedium && ::fdatasync(file.number()) != 0 && errno != EINVAL)
         return systemError(path, errno);
     return Done{};
+}
+
+Result<Done> PosixFiles::writeDocument(const fs::path& path, std::string_view bytes) {
+    return overwrite(openForOverwriting(path, documentMode), bytes, path);
 }
 
 Result<Done> PosixFiles::createFolder(const fs::path& path) {

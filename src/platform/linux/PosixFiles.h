@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::optional<Date> modificationDate(const std::filesystem::path& path) const override;
     [[nodiscard]] Result<Done> replace(const std::filesystem::path& path, std::string_view bytes,
                                        Durability durability) override;
+    [[nodiscard]] Result<Done> writeDocument(const std::filesystem::path& path,
+                                             std::string_view bytes) override;
     [[nodiscard]] Result<Done> createFolder(const std::filesystem::path& path) override;
     [[nodiscard]] Result<Done> remove(const std::filesystem::path& path) override;
 };
