@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+namespace brisklog {
+
+/// How many there are, in a small rounded field behind a heading.
+class CountBadge final : public QLabel {
+public:
+    explicit CountBadge(int count = 0, QWidget* parent = nullptr);
+
+    void setCount(int count);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace brisklog

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDateTimeEdit>
+#include <QPointer>
+#include <functional>
+
+namespace brisklog {
+
+/// Day and time, 172 × 32, as "20.11.2026, 14:30". Typed part by part, stepped with the arrow keys, or chosen
+/// from the month that the calendar symbol (or Alt-Down) opens.
+class DateTimeField final : public QDateTimeEdit {
+public:
+    explicit DateTimeField(const QString& name, QWidget* parent = nullptr);
+
+    /// Sets the moment without telling `onEdited`.
+    void setMoment(const QDateTime& moment);
+    /// Runs after the user changed it.
+    void onEdited(std::function<void(const QDateTime&)> edited);
+
+    [[nodiscard]] QSize sizeHint() const override { return {172, 32}; }
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    /// Opens the month; returned for tests.
+    QWidget* showCalendar();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] QRect symbolRect() const;
+    void placeLine();
+
+    bool m_isHovered = false;
+    bool m_isSymbolHovered = false;
+    bool m_isSettingMoment = false;
+    QPointer<QWidget> m_calendar;
+};
+
+} // namespace brisklog

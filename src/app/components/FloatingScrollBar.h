@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class QAbstractScrollArea;
+
+namespace brisklog {
+
+/// A scroll bar that takes no room: it floats at the right edge, shown while its area can scroll and is
+/// hovered, scrolled or focused. Dragged like any other.
+class FloatingScrollBar final : public QWidget {
+public:
+    /// Replaces the area's own bars; sideways there is none. Lives as long as the area.
+    static FloatingScrollBar& attach(QAbstractScrollArea& area);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    explicit FloatingScrollBar(QAbstractScrollArea& area);
+
+    void update();
+    void place();
+    [[nodiscard]] bool isWanted() const;
+
+    QAbstractScrollArea& m_area;
+    QTimer m_scrolled;
+    bool m_isAreaHovered = false;
+    bool m_isHovered = false;
+    bool m_isDragged = false;
+    int m_dragOffset = 0;
+};
+
+} // namespace brisklog

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class QFocusEvent;
+class QPainter;
+class QRectF;
+class QWidget;
+
+namespace brisklog {
+
+struct Palette;
+
+/// The ring around something of that shape: 2 pixels in blue, 1 pixel away. It needs 3 pixels of room.
+void paintFocusRing(QPainter& painter, const QRectF& around, qreal radius, const Palette& palette);
+
+/// Shows the focus ring around a widget while it has the keyboard focus and got it from the keyboard. The
+/// ring lies outside the widget, over its surroundings, and is cut off only by the scroll area or window it
+/// is in.
+class FocusRing final : public QObject {
+public:
+    /// Lives as long as the widget.
+    static FocusRing& attach(QWidget& widget, int radius);
+
+    ~FocusRing() override;
+
+    /// Counts the focus the widget has or gets next as one from the keyboard.
+    void countAsKeyboard() { m_isKeyboard = true; }
+
+    [[nodiscard]] bool isShown() const { return !m_overlay.isNull(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    FocusRing(QWidget& widget, int radius);
+
+    void focusCame(const QFocusEvent& event);
+    void show();
+    void hide();
+    void place();
+
+    QWidget& m_widget;
+    int m_radius;
+    bool m_isKeyboard = false;
+    QPointer<QWidget> m_overlay;
+};
+
+} // namespace brisklog

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace brisklog {
+
+class Button;
+
+/// A window over the popover: a header with the title, a body, a footer with the actions. Escape closes it,
+/// Return presses the main action. Its title is its window title and accessible name. The focus starts in the
+/// body's first field.
+class SheetWindow : public QDialog {
+public:
+    /// `full`: header of 52 and, once something is put there, footer of 56, each with a line; `bare`: only
+    /// the body.
+    enum class Chrome { full, bare };
+    /// `scrolling`: the body scrolls downwards while header and footer stay; `fixed`: it fills the room.
+    enum class Body { scrolling, fixed };
+
+    SheetWindow(const QString& title, const QSize& size, Chrome chrome = Chrome::full);
+
+    void setTitle(const QString& title);
+    /// Brings its own margins: 20, in lists 16.
+    void setBody(QWidget* body, Body kind = Body::scrolling);
+    /// Between the title and the close button, in the order of the calls.
+    void addHeaderWidget(QWidget* widget);
+    /// A symbol button at the header's right end that closes the sheet.
+    void addCloseButton(const QString& tooltip);
+    /// At the footer's left end.
+    void addFooterLeading(QWidget* widget);
+    /// At the footer's right end, each to the right of the one before.
+    void addFooterTrailing(QWidget* widget);
+
+    /// Return and Control-Return press it from anywhere in the sheet, unless a field uses Return itself.
+    void setMainAction(Button& button) { m_mainAction = &button; }
+
+    /// Closes the sheet; it is destroyed once the event loop turns.
+    void dismiss() { close(); }
+
+    /// Runs once when the sheet has closed, however that came about.
+    void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
+
+    /// Keeps something alive until the sheet has closed.
+    void keep(std::shared_ptr<void> token) { m_kept = std::move(token); }
+
+    /// Runs after `onClosed`; for who presents the sheet.
+    void onEnded(std::function<void()> ended) { m_ended = std::move(ended); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void done(int result) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildHeader(const QString& title);
+    void buildFooter();
+    void arrive();
+    void end();
+    void arrangeTabOrder();
+
+    Chrome m_chrome;
+    QVBoxLayout* m_column = nullptr;
+    QWidget* m_header = nullptr;
+    QWidget* m_footer = nullptr;
+    QWidget* m_body = nullptr;
+    QHBoxLayout* m_headerRow = nullptr;
+    QHBoxLayout* m_footerRow = nullptr;
+    Button* m_mainAction = nullptr;
+    std::function<void()> m_closed;
+    std::function<void()> m_ended;
+    std::shared_ptr<void> m_kept;
+    bool m_hasArrived = false;
+};
+
+} // namespace brisklog

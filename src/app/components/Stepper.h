@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractSlider>
+#include <functional>
+
+namespace brisklog {
+
+/// A whole number with minus and plus, 104 × 32. Arrow keys step; a held button repeats.
+class Stepper final : public QAbstractSlider {
+public:
+    /// `unit` stands right behind the number: "2h". `name` is the accessible name.
+    Stepper(int minimum, int maximum, const QString& unit, const QString& name, QWidget* parent = nullptr);
+
+    /// Sets the number without telling `onStepped`.
+    void setNumber(int number);
+    /// Runs after the user changed the number.
+    void onStepped(std::function<void(int)> stepped);
+
+    [[nodiscard]] QSize sizeHint() const override { return {104, 32}; }
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    enum class Part { none, minus, plus };
+
+    [[nodiscard]] QRect partRect(Part part) const;
+    [[nodiscard]] Part partAt(const QPoint& position) const;
+    [[nodiscard]] bool canStep(Part part) const;
+    void paintPart(QPainter& painter, Part part) const;
+
+    QString m_unit;
+    Part m_hovered = Part::none;
+    Part m_pressed = Part::none;
+};
+
+} // namespace brisklog
