@@ -1,0 +1,145 @@
+#pragma once
+
+#include "core/TimeTrackingStore.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/Observable.h"
+#include "invoice/InvoiceDocument.h"
+#include "invoice/InvoiceEntryStatus.h"
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/Log.h"
+#include "platform/SavePanel.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brisklog {
+
+/// The message that asks for the customer screens.
+inline constexpr const char* openCustomerManagementNotification = "OpenCustomerManagement";
+
+/// Makes the bytes of an invoice document: project, customer, invoice number, billed entries, notes.
+using InvoiceGenerator =
+    std::function<std::string(const Project&, const std::optional<Customer>&, const std::string&,
+                              const std::vector<TimeEntry>&, const std::string&)>;
+
+/// The outside world as the invoice sheet needs it; all of it outlives the sheet.
+struct InvoicePlatform {
+    Clock& clock;
+    SavePanel& savePanel;
+    Files& files;
+    Log& log;
+    NotificationCenter& notificationCenter;
+    InvoiceGenerator generate;
+};
+
+/// The figures under the entry list.
+struct InvoiceSummary {
+    std::string entryCount;
+    std::string totalTime;
+    /// Absent when the project has no hourly rate, even where entries have rates of their own.
+    std::optional<std::string> totalAmount;
+};
+
+/// The customer as a choice of the picker shows it and as the archive keeps it: "Müller - Müller GmbH".
+[[nodiscard]] std::string customerChoice(const Customer& customer);
+
+/// The sheet that turns time entries of one project into an invoice.
+class InvoiceView final : public ObservableObject {
+public:
+    /// Stops the program when the store has no project at that index.
+    InvoiceView(TimeTrackingStore& timeStore, int projectIndex, InvoicePlatform platform);
+    ~InvoiceView();
+
+    /// Filled when the sheet is shown.
+    Published<std::vector<InvoiceEntryStatus>> entryStatuses{*this};
+    Published<std::optional<Uuid>> selectedCustomerId{*this};
+    /// As typed. There is deliberately no numbering: an empty number is printed and archived empty.
+    Published<std::string> invoiceNumber{*this};
+    Published<std::string> additionalNotes{*this};
+    Published<bool> showingSaveNoteSheet{*this, false};
+    Published<std::string> noteNameToSave{*this};
+    /// The saved note chosen last.
+    Published<std::optional<Uuid>> selectedNoteId{*this};
+    /// The start of a manual entry.
+    Published<Date> manualDate;
+    Published<std::string> manualDescription{*this};
+    Published<std::int64_t> manualHours{*this, 0};
+    Published<std::int64_t> manualMinutes{*this, 0};
+    /// As typed.
+    Published<std::string> manualRate{*this};
+
+    /// Takes the sheet away; whoever shows it sets this. May end the life of this object.
+    std::function<void()> dismiss;
+
+    // What is shown
+
+    [[nodiscard]] const Project& project() const;
+    /// "Rechnung erstellen: " and the project's name.
+    [[nodiscard]] std::string title() const;
+    /// The chosen customer; none when there is no choice or the store has no such customer.
+    [[nodiscard]] std::optional<Customer> selectedCustomer() const;
+    /// The ticked rows, in list order.
+    [[nodiscard]] std::vector<InvoiceEntryStatus> selectedEntries() const;
+    /// Seconds over the ticked rows.
+    [[nodiscard]] TimeInterval totalTime() const;
+    /// Euros over the ticked rows; an entry's own rate wins over the project's.
+    [[nodiscard]] double totalAmount() const;
+    [[nodiscard]] InvoiceSummary summary() const;
+    /// Something is ticked and, unless there are no customers at all, a customer is chosen.
+    [[nodiscard]] bool canCreateInvoice() const;
+
+    // Entries
+
+    /// Takes the rows from the project; what was ticked stays ticked. Runs each time the sheet is shown.
+    void initializeEntryStatuses();
+    void toggleEntry(std::size_t row);
+    /// Ticks every row, invoiced ones deliberately included.
+    void selectAllEntries();
+    void deselectAllEntries();
+    /// Deletes the row's entry from the project at once, without asking.
+    void deleteEntry(std::size_t row);
+    /// Adds what was typed to the project. The new row is deliberately not ticked.
+    void addManualEntry();
+
+    // Notes
+
+    /// Asks for a name to save the notes under; nothing happens while they are blank.
+    void beginSavingNote();
+    /// Replaces the notes by the saved note's text; nothing happens when there is none with that id.
+    void chooseNote(const Uuid& id);
+    void deleteSelectedNote();
+
+    // The invoice
+
+    /// Marks the ticked entries as invoiced, asks where to save the document and archives the invoice,
+    /// without waiting for the answer: a cancelled panel or a failed write deliberately undoes nothing. The
+    /// sheet stays as it is, so a second call bills the same entries again.
+    void createInvoice();
+    /// Asks where to save the document and writes it there once the user has chosen.
+    void exportInvoicePDF();
+    /// The document's bytes.
+    [[nodiscard]] std::string generateInvoicePDF() const;
+    /// Takes the sheet away, then asks for the customer screens.
+    void openCustomerManagement();
+
+private:
+    /// Lets a save panel finish after the sheet is gone.
+    struct Exports;
+
+    [[nodiscard]] std::vector<Uuid> selectedIds() const;
+    [[nodiscard]] std::int64_t manualSeconds() const;
+    [[nodiscard]] InvoiceDocument document() const;
+    void setAllSelected(bool isSelected);
+
+    TimeTrackingStore& m_timeStore;
+    const int m_projectIndex;
+    const InvoicePlatform m_platform;
+    std::shared_ptr<Exports> m_exports;
+};
+
+} // namespace brisklog

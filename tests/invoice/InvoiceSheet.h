@@ -1,0 +1,82 @@
+#pragma once
+
+#include "core/TimeTrackingStore.h"
+#include "invoice/InvoiceView.h"
+#include "support/FakeClock.h"
+#include "support/RecordingFiles.h"
+#include "support/RecordingLog.h"
+#include "support/RecordingSavePanel.h"
+#include "support/TemporaryHome.h"
+#include "support/VirtualRunLoop.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brisklog::test {
+
+/// User defaults in which nothing was ever stored.
+class EmptyUserDefaults final : public UserDefaults {
+public:
+    [[nodiscard]] std::optional<Value> value(std::string_view) const override { return std::nullopt; }
+
+    void setValue(std::string_view, const Value&) override {}
+
+    void removeValue(std::string_view) override {}
+
+    [[nodiscard]] std::vector<Entry> entries() const override { return {}; }
+
+    bool replaceTail(std::string_view, std::size_t, std::string_view) override { return false; }
+
+    void synchronise() override {}
+};
+
+/// What one call of the document generator was given.
+struct GeneratedInvoice {
+    std::string projectName;
+    std::optional<Customer> customer;
+    std::string invoiceNumber;
+    std::vector<TimeEntry> entries;
+    std::string additionalNotes;
+};
+
+/// An entry of that length that started at the reference day's 10:00; without a length it is unfinished.
+[[nodiscard]] TimeEntry entryOf(const std::string& taskName, std::optional<TimeInterval> seconds,
+                                std::optional<double> hourlyRate = std::nullopt);
+
+[[nodiscard]] Customer customerNamed(const std::string& name, const std::string& company = {});
+
+/// The invoice sheet over a real store in a home of its own, with everything outside recorded.
+class InvoiceSheet {
+public:
+    /// The store holds one project of that name and rate with these entries.
+    InvoiceSheet(std::vector<TimeEntry> entries, std::optional<double> hourlyRate,
+                 const std::string& projectName = "Website");
+
+    void addCustomer(const Customer& customer);
+
+    [[nodiscard]] const std::vector<TimeEntry>& projectEntries() const;
+
+    /// What the program would find after a restart.
+    [[nodiscard]] TimeTrackingStore reopenedStore();
+
+    [[nodiscard]] InvoicePlatform platform();
+
+    TemporaryHome home;
+    RecordingFiles files;
+    EmptyUserDefaults userDefaults;
+    FakeClock clock;
+    VirtualRunLoop runLoop{clock};
+    RecordingLog log;
+    RecordingSavePanel savePanel;
+    NotificationCenter notificationCenter;
+    std::vector<GeneratedInvoice> generated;
+    TimeTrackingStore store;
+    std::unique_ptr<InvoiceView> view;
+
+private:
+    [[nodiscard]] StorePlatform storePlatform() { return {files, userDefaults, clock, runLoop, log}; }
+};
+
+} // namespace brisklog::test

@@ -1,0 +1,222 @@
+#include "foundation/GermanFormat.h"
+#include "invoice/InvoiceSheet.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace brisklog::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr TimeInterval hour = 3600;
+
+/// A sheet over two entries with the first one ticked.
+struct Billing : InvoiceSheet {
+    Billing() : InvoiceSheet({entryOf("Abgerechnet", hour), entryOf("Später", hour)}, 60.0) {
+        view->toggleEntry(0);
+        view->invoiceNumber = "2026-041";
+    }
+
+    [[nodiscard]] Uuid billedId() const { return projectEntries()[0].id; }
+
+    [[nodiscard]] fs::path target() const { return home.path() / "Rechnung.pdf"; }
+};
+
+TEST(InvoiceCreation, needsATickedEntry) {
+    InvoiceSheet sheet({entryOf("Eins", hour)}, 60.0);
+    EXPECT_FALSE(sheet.view->canCreateInvoice());
+    sheet.view->toggleEntry(0);
+    EXPECT_TRUE(sheet.view->canCreateInvoice());
+}
+
+TEST(InvoiceCreation, needsACustomerOnceThereIsOneToChoose) {
+    Billing sheet;
+    const Customer customer = customerNamed("Müller");
+    sheet.addCustomer(customer);
+    EXPECT_FALSE(sheet.view->canCreateInvoice());
+    sheet.view->selectedCustomerId = customer.id;
+    EXPECT_TRUE(sheet.view->canCreateInvoice());
+    sheet.view->deselectAllEntries();
+    EXPECT_FALSE(sheet.view->canCreateInvoice());
+}
+
+TEST(InvoiceCreation, marksTheTickedEntriesInStoreAndSheet) {
+    Billing sheet;
+    sheet.view->createInvoice();
+    const auto reopened = sheet.reopenedStore();
+    EXPECT_TRUE(reopened.projects->front().entries[0].isInvoiced);
+    EXPECT_FALSE(reopened.projects->front().entries[1].isInvoiced);
+    const auto& statuses = sheet.view->entryStatuses.get();
+    EXPECT_TRUE(statuses[0].isInvoiced);
+    EXPECT_TRUE(statuses[0].isSelected);
+    EXPECT_FALSE(statuses[1].isInvoiced);
+}
+
+TEST(InvoiceCreation, archivesWithoutWaitingForThePanel) {
+    Billing sheet;
+    const Customer customer = customerNamed("Müller", "Müller GmbH");
+    sheet.addCustomer(customer);
+    sheet.view->selectedCustomerId = customer.id;
+    sheet.view->createInvoice();
+    EXPECT_TRUE(sheet.savePanel.isShown());
+    EXPECT_TRUE(sheet.generated.empty());
+    const auto reopened = sheet.reopenedStore();
+    ASSERT_EQ(reopened.archivedInvoices->size(), 1U);
+    const ArchivedInvoice& invoice = reopened.archivedInvoices->front();
+    EXPECT_EQ(invoice.invoiceNumber, "2026-041");
+    EXPECT_EQ(invoice.date, sheet.clock.now());
+    EXPECT_EQ(invoice.customerName, "Müller - Müller GmbH");
+    EXPECT_EQ(invoice.entryIDs, std::vector{sheet.billedId()});
+}
+
+TEST(InvoiceCreation, savesTheEntriesBeforeAndTheArchiveAfterThePanelIsShown) {
+    Billing sheet;
+    std::vector<std::string> writtenWhenShown;
+
+    class Watching final : public SavePanel {
+    public:
+        Watching(std::vector<std::string>& seen, const RecordingFiles& files)
+            : m_seen(seen), m_files(files) {}
+
+        void present(const SaveRequest&, Completion) override { m_seen = m_files.written; }
+
+    private:
+        std::vector<std::string>& m_seen;
+        const RecordingFiles& m_files;
+    } panel(writtenWhenShown, sheet.files);
+
+    InvoicePlatform platform = sheet.platform();
+    InvoiceView view(sheet.store, 0,
+                     {platform.clock, panel, platform.files, platform.log, platform.notificationCenter,
+                      platform.generate});
+    view.initializeEntryStatuses();
+    view.selectAllEntries();
+    view.createInvoice();
+    EXPECT_EQ(writtenWhenShown, std::vector<std::string>{"projects.json"});
+    EXPECT_EQ(sheet.files.written, (std::vector<std::string>{"projects.json", "archivedInvoices.json"}));
+}
+
+TEST(InvoiceCreation, withoutCustomersTheArchiveNamesNobodyAndTheLogKeiner) {
+    Billing sheet;
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(sheet.target());
+    EXPECT_EQ(sheet.store.archivedInvoices->front().customerName, std::nullopt);
+    EXPECT_EQ(sheet.log.countStartingWith(
+                  "Generiere Rechnung mit UpdatedInvoiceTemplate für Projekt: Website, Kunde: keiner"),
+              1U);
+}
+
+TEST(InvoiceCreation, cancellingThePanelLeavesTheEntriesInvoicedAndOneArchiveRecord) {
+    Billing sheet;
+    sheet.log.lines.clear();
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(std::nullopt);
+    const auto reopened = sheet.reopenedStore();
+    EXPECT_TRUE(reopened.projects->front().entries[0].isInvoiced);
+    EXPECT_EQ(reopened.archivedInvoices->size(), 1U);
+    EXPECT_TRUE(sheet.generated.empty());
+    EXPECT_EQ(sheet.log.countStartingWith("Generiere"), 0U);
+    EXPECT_EQ(sheet.log.countStartingWith("Fehler"), 0U);
+    EXPECT_FALSE(fs::exists(sheet.target()));
+}
+
+TEST(InvoiceCreation, aSecondPressBillsTheSameEntriesAgain) {
+    Billing sheet;
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(sheet.target());
+    EXPECT_TRUE(sheet.view->canCreateInvoice());
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(sheet.target());
+    ASSERT_EQ(sheet.store.archivedInvoices->size(), 2U);
+    EXPECT_EQ(sheet.store.archivedInvoices.get()[0].entryIDs, sheet.store.archivedInvoices.get()[1].entryIDs);
+    EXPECT_NE(sheet.store.archivedInvoices.get()[0].id, sheet.store.archivedInvoices.get()[1].id);
+    EXPECT_EQ(sheet.generated.size(), 2U);
+}
+
+TEST(InvoiceCreation, anEmptyNumberIsPrintedAndArchivedEmpty) {
+    Billing sheet;
+    sheet.view->invoiceNumber = "";
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(sheet.target());
+    EXPECT_EQ(sheet.store.archivedInvoices->front().invoiceNumber, "");
+    EXPECT_EQ(sheet.generated.at(0).invoiceNumber, "");
+}
+
+TEST(InvoiceExport, suggestsProjectAndDayAsFileName) {
+    format::useTimeZone(QTimeZone("Europe/Berlin"));
+    InvoiceSheet sheet({}, std::nullopt, "A/B: Büro \"neu\"");
+    sheet.view->exportInvoicePDF();
+    ASSERT_EQ(sheet.savePanel.requests.size(), 1U);
+    EXPECT_EQ(sheet.savePanel.requests[0].title, "Rechnung als PDF exportieren");
+    EXPECT_EQ(sheet.savePanel.requests[0].suggestedName, "Rechnung_A/B: Büro \"neu\"_2026-11-15.pdf");
+}
+
+TEST(InvoiceExport, generatesFromTheSheetAsItIsWhenThePanelEnds) {
+    Billing sheet;
+    const Customer customer = customerNamed("Müller");
+    sheet.addCustomer(customer);
+    sheet.view->exportInvoicePDF();
+    sheet.view->toggleEntry(1);
+    sheet.view->selectedCustomerId = customer.id;
+    sheet.view->invoiceNumber = "danach";
+    sheet.view->additionalNotes = "Zahlbar sofort.";
+    sheet.savePanel.answer(sheet.target());
+    ASSERT_EQ(sheet.generated.size(), 1U);
+    const GeneratedInvoice& invoice = sheet.generated[0];
+    EXPECT_EQ(invoice.projectName, "Website");
+    EXPECT_EQ(invoice.customer, customer);
+    EXPECT_EQ(invoice.invoiceNumber, "danach");
+    EXPECT_EQ(invoice.additionalNotes, "Zahlbar sofort.");
+    ASSERT_EQ(invoice.entries.size(), 2U);
+    EXPECT_EQ(invoice.entries[0].taskName, "Abgerechnet");
+    EXPECT_EQ(invoice.entries[1].taskName, "Später");
+    EXPECT_EQ(readFile(sheet.target()), "%PDF danach");
+    EXPECT_EQ(sheet.log.lines.back(),
+              "Generiere Rechnung mit UpdatedInvoiceTemplate für Projekt: Website, Kunde: Müller");
+}
+
+TEST(InvoiceExport, finishesWithTheLastStateAfterTheSheetWasClosed) {
+    Billing sheet;
+    sheet.view->createInvoice();
+    sheet.view->additionalNotes = "zuletzt getippt";
+    sheet.view.reset();
+    sheet.savePanel.answer(sheet.target());
+    ASSERT_EQ(sheet.generated.size(), 1U);
+    EXPECT_EQ(sheet.generated[0].invoiceNumber, "2026-041");
+    EXPECT_EQ(sheet.generated[0].additionalNotes, "zuletzt getippt");
+    EXPECT_EQ(sheet.generated[0].entries.size(), 1U);
+    EXPECT_EQ(readFile(sheet.target()), "%PDF 2026-041");
+}
+
+TEST(InvoiceExport, replacesALongerDocumentWhole) {
+    Billing sheet;
+    writeFile(sheet.target(), std::string(10000, 'x'));
+    sheet.view->exportInvoicePDF();
+    sheet.savePanel.answer(sheet.target());
+    EXPECT_EQ(readFile(sheet.target()), "%PDF 2026-041");
+}
+
+TEST(InvoiceExport, givesTheDocumentThePermissionsOfAnyNewFile) {
+    ::umask(022);
+    Billing sheet;
+    sheet.view->exportInvoicePDF();
+    sheet.savePanel.answer(sheet.target());
+    EXPECT_EQ(fs::status(sheet.target()).permissions(), fs::perms{0644});
+}
+
+TEST(InvoiceExport, aFolderThatIsGoneIsAPrintedErrorAndNotCreated) {
+    Billing sheet;
+    const fs::path folder = sheet.home.path() / "fort";
+    sheet.view->createInvoice();
+    sheet.savePanel.answer(folder / "Rechnung.pdf");
+    EXPECT_FALSE(fs::exists(folder));
+    EXPECT_EQ(sheet.log.lines.back(), "Fehler beim Speichern der PDF: " + (folder / "Rechnung.pdf").string() +
+                                          ": No such file or directory");
+    EXPECT_EQ(sheet.store.archivedInvoices->size(), 1U);
+    EXPECT_TRUE(sheet.projectEntries()[0].isInvoiced);
+}
+
+} // namespace
+} // namespace brisklog::test
