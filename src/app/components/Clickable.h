@@ -11,6 +11,11 @@ class FocusRing;
 /// ring for the keyboard and has the press action for screen readers. Its accessible name is its text.
 class Clickable : public QAbstractButton {
 public:
+    /// What is written on it, `&` included.
+    [[nodiscard]] const QString& caption() const { return m_caption; }
+
+    void setCaption(const QString& caption);
+
     /// Runs on every click, by pointer, keyboard or screen reader; never while disabled. May destroy the
     /// button.
     void onClick(std::function<void()> action);
@@ -31,6 +36,7 @@ protected:
 
 private:
     FocusRing& m_focusRing;
+    QString m_caption;
     bool m_isHovered = false;
 };
 

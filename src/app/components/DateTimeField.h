@@ -39,7 +39,6 @@ private:
     [[nodiscard]] QRect symbolRect() const;
     void placeLine();
 
-    bool m_isHovered = false;
     bool m_isSymbolHovered = false;
     bool m_isSettingMoment = false;
     QPointer<QWidget> m_calendar;

@@ -26,8 +26,16 @@ protected:
 private:
     explicit FloatingScrollBar(QAbstractScrollArea& area);
 
-    void update();
+    /// How far the handle can go, in pixels, and how far the area can scroll.
+    struct Travel {
+        int length;
+        int room;
+        int range;
+    };
+
+    void follow();
     void place();
+    [[nodiscard]] Travel travel() const;
     [[nodiscard]] bool isWanted() const;
 
     QAbstractScrollArea& m_area;

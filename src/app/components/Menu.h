@@ -25,6 +25,8 @@ struct MenuItem {
 };
 
 struct MenuContent {
+    enum class Place { underAnchor, middleOfWindow };
+
     std::vector<MenuItem> items;
     /// 0: as wide as the longest text, at least as wide as the anchor. Longer texts are elided.
     int width = 0;
@@ -32,6 +34,8 @@ struct MenuContent {
     int maximumVisibleRows = 14;
     /// Where the keyboard starts; -1: at the checked row, else at the first.
     int currentRow = -1;
+    /// Its left edge at the anchor's, or its middle at the window's.
+    Place place = Place::underAnchor;
 };
 
 /// Opens the menu under the anchor (above it where there is no room below), 4 pixels away, inside the screen.

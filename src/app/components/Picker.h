@@ -30,15 +30,17 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
 private:
-    bool m_isHovered = false;
+    void choose(int index);
+    [[nodiscard]] QString shownText() const;
+    [[nodiscard]] QRect textRect() const;
+
     QPointer<QWidget> m_menu;
 };
 

@@ -10,6 +10,9 @@ class ScrollArea final : public QScrollArea {
 public:
     explicit ScrollArea(QWidget* content = nullptr, QWidget* parent = nullptr);
 
+    /// Instead of `setWidget`, which would give the content a ground.
+    void setContent(QWidget* content);
+
     [[nodiscard]] QSize sizeHint() const override;
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QLabel>
 #include <QString>
-#include <QWidget>
 
 namespace brisklog {
 
 /// A symbol and a title in the headline font. Light: symbol blue, title in the text colour; dark: both white.
-class SectionHeader final : public QWidget {
+class SectionHeader final : public QLabel {
 public:
     SectionHeader(const QString& title, const QString& systemImage, QWidget* parent = nullptr);
 
@@ -18,7 +18,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString m_title;
     QString m_systemImage;
 };
 

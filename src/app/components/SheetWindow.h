@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -10,6 +11,7 @@ class QVBoxLayout;
 namespace brisklog {
 
 class Button;
+class ElidedLabel;
 
 /// A window over the popover: a header with the title, a body, a footer with the actions. Escape closes it,
 /// Return presses the main action. Its title is its window title and accessible name. The focus starts in the
@@ -48,7 +50,7 @@ public:
     /// Keeps something alive until the sheet has closed.
     void keep(std::shared_ptr<void> token) { m_kept = std::move(token); }
 
-    /// Runs after `onClosed`; for who presents the sheet.
+    /// Runs before `onClosed`; for who presents the sheet.
     void onEnded(std::function<void()> ended) { m_ended = std::move(ended); }
 
 protected:
@@ -56,17 +58,18 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void done(int result) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
-    void buildHeader(const QString& title);
+    void buildHeader();
     void buildFooter();
     void arrive();
     void end();
     void arrangeTabOrder();
+    void focusFirstField();
 
     Chrome m_chrome;
     QVBoxLayout* m_column = nullptr;
+    ElidedLabel* m_title = nullptr;
     QWidget* m_header = nullptr;
     QWidget* m_footer = nullptr;
     QWidget* m_body = nullptr;
@@ -76,6 +79,7 @@ private:
     std::function<void()> m_closed;
     std::function<void()> m_ended;
     std::shared_ptr<void> m_kept;
+    int m_leadingCount = 0;
     bool m_hasArrived = false;
 };
 

@@ -25,7 +25,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
@@ -40,6 +39,7 @@ private:
     QString m_unit;
     Part m_hovered = Part::none;
     Part m_pressed = Part::none;
+    bool m_isSettingNumber = false;
 };
 
 } // namespace brisklog

@@ -33,6 +33,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void cleanUp(const QString& text);
+
     Size m_size;
     bool m_isHovered = false;
     std::function<void()> m_returned;

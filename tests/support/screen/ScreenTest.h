@@ -9,8 +9,8 @@
 
 namespace brisklog::test {
 
-/// The ground every test with widgets stands on: an application on the offscreen platform with our look in the
-/// light scheme and without motion. Nothing is read from or written to the user's home.
+/// The ground every test with widgets stands on: an application on the offscreen platform with our look in
+/// the light scheme and without motion. Nothing is read from or written to the user's home.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest();

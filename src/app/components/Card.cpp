@@ -1,0 +1,20 @@
+#include "app/components/Card.h"
+
+#include "app/components/Layout.h"
+#include "app/components/Painting.h"
+
+#include <QPainter>
+
+namespace brisklog {
+
+void Card::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintCard(painter, rect(), Palette::of(*this));
+}
+
+CardView::CardView(QWidget* content, int padding, int cornerRadius, QWidget* parent)
+    : QWidget(parent), m_content(content), m_padding(padding), m_cornerRadius(cornerRadius) {
+    Column{content}.margins(padding).applyTo(*this);
+}
+
+} // namespace brisklog

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDate>
+#include <QWidget>
+#include <functional>
+
+namespace brisklog {
+
+/// The month that a date field opens: a click or Return chooses a day, arrows move by days and weeks, Page
+/// keys and the two chevrons by months. It destroys itself when it closes.
+class MonthPopup final : public QWidget {
+public:
+    MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen);
+
+    [[nodiscard]] QDate currentDay() const { return m_current; }
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    [[nodiscard]] QDate firstShownDay() const;
+    [[nodiscard]] QRect cellRect(int cell) const;
+    [[nodiscard]] QDate dayAt(const QPoint& position) const;
+    void paintHeadings(QPainter& painter) const;
+    void paintDay(QPainter& painter, int cell) const;
+    void moveTo(const QDate& day);
+    void choose(const QDate& day);
+
+    QDate m_selected;
+    QDate m_current;
+    QDate m_hovered;
+    std::function<void(const QDate&)> m_chosen;
+    class Label* m_title;
+};
+
+} // namespace brisklog

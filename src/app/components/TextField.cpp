@@ -1,0 +1,110 @@
+#include "app/components/TextField.h"
+
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/Painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <algorithm>
+
+namespace brisklog {
+namespace {
+
+constexpr int padding = 10;
+/// The toolkit keeps 2 pixels at both sides of the text for itself.
+constexpr int toolkitMargin = 2;
+
+void paintNoGround(QWidget& widget) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+QString onOneLine(QString text) {
+    const auto breaksLine = [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    };
+    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
+    return text;
+}
+
+TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
+    : QLineEdit(parent), m_size(size) {
+    setFrame(false);
+    setFont(fontFor(FontRole::body13));
+    setTextMargins(padding - toolkitMargin, 0, padding - toolkitMargin, 0);
+    setPlaceholderText(placeholder);
+    setAccessibleName(placeholder);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    paintNoGround(*this);
+    // The pasted text has arrived by then: cleaning it here covers the clipboard, drops and input methods.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { cleanUp(text); });
+}
+
+void TextField::cleanUp(const QString& text) {
+    const QString clean = onOneLine(text);
+    if (clean == text)
+        return;
+    const int cursor = cursorPosition();
+    setText(clean);
+    setCursorPosition(cursor);
+}
+
+void TextField::onEdited(std::function<void(const QString&)> edited) {
+    connect(this, &QLineEdit::textEdited, this,
+            [this, edited = std::move(edited)] { edited(onOneLine(text())); });
+}
+
+void TextField::onReturn(std::function<void()> returned) { m_returned = std::move(returned); }
+
+void TextField::setValue(const QString& value) {
+    if (text() != value)
+        setText(value);
+}
+
+QSize TextField::sizeHint() const { return {200, m_size == Size::tall ? 34 : 32}; }
+
+QSize TextField::minimumSizeHint() const { return {48, sizeHint().height()}; }
+
+void TextField::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    paintField(painter, rect(), {.isHovered = m_isHovered, .isFocused = hasFocus(), .isEnabled = isEnabled()},
+               Palette::of(*this));
+    painter.end();
+    QLineEdit::paintEvent(event);
+}
+
+void TextField::enterEvent(QEnterEvent* event) {
+    m_isHovered = true;
+    update();
+    QLineEdit::enterEvent(event);
+}
+
+void TextField::leaveEvent(QEvent* event) {
+    m_isHovered = false;
+    update();
+    QLineEdit::leaveEvent(event);
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && m_returned && !event->modifiers().testFlag(Qt::ControlModifier))
+        m_returned();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+QWidget* withLabelAbove(const QString& label, QWidget* field, int gap) {
+    auto* group = new QWidget;
+    auto* caption = new Label(label, FontRole::caption11Medium, &Palette::secondary);
+    field->setAccessibleName(label);
+    Column{caption, space(gap), field}.applyTo(*group);
+    return group;
+}
+
+} // namespace brisklog
