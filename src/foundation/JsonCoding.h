@@ -87,7 +87,14 @@ FieldDecoder fieldDecoder(Field<Member> field) {
                 [](void* record) { (static_cast<Owner*>(record)->*Member).reset(); }};
     } else {
         return {field.key, &decoderFor<Value>(), true,
-                [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member); }, nullptr};
+                [](void* record) -> void* {
+                    Value& value = static_cast<Owner*>(record)->*Member;
+                    // Nothing of a repeated key's earlier value stays behind.
+                    if constexpr (Record<Value>)
+                        value = Value{};
+                    return &value;
+                },
+                nullptr};
     }
 }
 

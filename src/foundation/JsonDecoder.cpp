@@ -1,7 +1,9 @@
 #include "foundation/JsonDecoder.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdint>
+#include <optional>
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
@@ -11,8 +13,12 @@
 namespace brisklog::json {
 namespace {
 
-constexpr unsigned parseFlags = rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag |
-                                rapidjson::kParseIterativeFlag;
+// Numbers come as text: the reader's own conversion steps outside its tables on exponents and strings of
+// zeros that no program writes but a file may hold.
+constexpr unsigned parseFlags = rapidjson::kParseNumbersAsStringsFlag |
+                                rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// The reader checks the bytes but lets a lone surrogate written as an escape through: in UTF-8 it begins
 /// with 0xED and a byte from 0xA0 on.
@@ -21,6 +27,13 @@ bool holdsSurrogate(std::string_view text) {
         if (at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) >= 0xA0)
             return true;
     return false;
+}
+
+/// The number nearest to a JSON number's text; none beyond the range of doubles.
+std::optional<double> nearestDouble(std::string_view digits) {
+    double number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return error == std::errc() ? std::optional(number) : std::nullopt;
 }
 
 /// Receives the tokens of one document and fills the target they describe.
@@ -44,21 +57,25 @@ public:
         });
     }
 
-    bool Int(int number) { return Double(number); }
-
-    bool Uint(unsigned number) { return Double(number); }
-
-    bool Int64(std::int64_t number) { return Double(static_cast<double>(number)); }
-
-    bool Uint64(std::uint64_t number) { return Double(static_cast<double>(number)); }
-
-    bool Double(double number) {
+    bool RawNumber(const char* digits, rapidjson::SizeType length, bool /*copy*/) {
+        const auto number = nearestDouble({digits, length});
+        if (!number)
+            return complain("number is out of range");
         return take("a number", [number](const ValueDecoder& decoder, void* target) -> Complaint {
-            return decoder.readNumber ? decoder.readNumber(target, number) : wrongType;
+            return decoder.readNumber ? decoder.readNumber(target, *number) : wrongType;
         });
     }
 
-    bool RawNumber(const char* /*digits*/, rapidjson::SizeType /*length*/, bool /*copy*/) { return false; }
+    // The reader wants these too but never calls them when it passes numbers as text.
+    bool Int(int /*number*/) { return false; }
+
+    bool Uint(unsigned /*number*/) { return false; }
+
+    bool Int64(std::int64_t /*number*/) { return false; }
+
+    bool Uint64(std::uint64_t /*number*/) { return false; }
+
+    bool Double(double /*number*/) { return false; }
 
     bool String(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
         const std::string_view text(characters, length);
@@ -84,10 +101,11 @@ public:
         if (m_skippedDepth > 0)
             return true;
         Frame& record = m_frames.back();
-        const std::size_t index = indexOf(record, std::string_view(characters, length));
+        const std::string_view key(characters, length);
+        const std::size_t index = indexOf(record, key);
         if (index == record.decoder->fields.size()) {
             m_skippedDepth = 1;
-            return true;
+            return !holdsSurrogate(key) || complain("key is not well-formed Unicode");
         }
         record.seen |= std::uint64_t{1} << index;
         record.position = index;
@@ -246,20 +264,23 @@ Error errorAt(std::size_t offset, const std::string& reason) {
 } // namespace
 
 Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes) {
-    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
+    // Other programs' editors may have put one in front; ours never does.
+    const std::size_t start = bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    const std::string_view document = bytes.substr(start);
+    rapidjson::MemoryStream stream(document.data(), document.size());
     rapidjson::Reader reader;
     Filler filler(decoder, target);
     const rapidjson::ParseResult parsed = reader.Parse<parseFlags>(stream, filler);
     if (!filler.complaint().empty())
-        return errorAt(stream.Tell(), filler.complaint());
+        return errorAt(start + stream.Tell(), filler.complaint());
     if (parsed.IsError()) {
         const std::string place = filler.path();
         const std::string reason = rapidjson::GetParseError_En(parsed.Code());
-        return errorAt(parsed.Offset(), place.empty() ? reason : place + ": " + reason);
+        return errorAt(start + parsed.Offset(), place.empty() ? reason : place + ": " + reason);
     }
     // A zero byte ends the stream for the reader, but not for us.
-    if (stream.Tell() != bytes.size())
-        return errorAt(stream.Tell(), "The document is followed by something else.");
+    if (stream.Tell() != document.size())
+        return errorAt(start + stream.Tell(), "The document is followed by something else.");
     return Done{};
 }
 

@@ -12,16 +12,27 @@ struct ObservableObject::Registry {
 
     std::vector<Entry> entries;
     std::uint64_t nextId = 0;
+
+    void remove(std::uint64_t id) {
+        const auto found = std::ranges::find(entries, id, &Entry::id);
+        if (found == entries.end())
+            return;
+        // Dies last: what an observer holds may end subscriptions here in turn.
+        const auto removed = std::move(found->observer);
+        entries.erase(found);
+    }
 };
 
 ObservableObject::ObservableObject() : m_registry(std::make_shared<Registry>()) {}
+
+ObservableObject::~ObservableObject() { const auto ended = std::exchange(m_registry->entries, {}); }
 
 Subscription ObservableObject::observe(Observer observer) {
     const std::uint64_t id = m_registry->nextId++;
     m_registry->entries.push_back({id, std::make_shared<Observer>(std::move(observer))});
     return Subscription([registry = std::weak_ptr(m_registry), id] {
         if (const auto alive = registry.lock())
-            std::erase_if(alive->entries, [id](const Registry::Entry& entry) { return entry.id == id; });
+            alive->remove(id);
     });
 }
 

@@ -52,7 +52,8 @@ public:
     void announce();
 
 protected:
-    ~ObservableObject() = default;
+    /// Ends all subscriptions: also in the midst of an announcement nobody hears of a dead object.
+    ~ObservableObject();
 
 private:
     struct Registry;
