@@ -11,9 +11,16 @@ std::string rescuedName(const std::filesystem::path& path, Date written) {
     return path.stem().string() + "-" + std::to_string(std::llround(unixMilliseconds));
 }
 
-bool holds(const Files& files, const std::filesystem::path& path, std::string_view bytes) {
+enum class Copy { none, same, other };
+
+/// What is kept at the path already. A file that cannot be read counts as none: writing it will tell.
+Copy copyAt(const Files& files, const std::filesystem::path& path, std::string_view bytes) {
+    if (!files.exists(path))
+        return Copy::none;
     const auto present = files.read(path);
-    return present.succeeded() && present.value() == bytes;
+    if (present.failed())
+        return Copy::none;
+    return present.value() == bytes ? Copy::same : Copy::other;
 }
 
 } // namespace
@@ -24,10 +31,13 @@ void rescueUndecodable(Files& files, Log& log, const std::filesystem::path& path
         return;
     const std::string name = rescuedName(path, files.modificationDate(path).value_or(Date{}));
     auto copy = *state / "rescued" / (name + path.extension().string());
+    auto present = copyAt(files, copy, bytes);
     // Two versions written at the same moment are kept side by side.
-    for (int version = 2; files.exists(copy) && !holds(files, copy, bytes); ++version)
+    for (int version = 2; present == Copy::other; ++version) {
         copy.replace_filename(name + "-" + std::to_string(version) + path.extension().string());
-    if (files.exists(copy))
+        present = copyAt(files, copy, bytes);
+    }
+    if (present == Copy::same)
         return;
     if (const auto kept = files.replace(copy, bytes, Durability::throughToMedium); kept.failed())
         log.print("Error keeping undecodable file: " + kept.error().description);

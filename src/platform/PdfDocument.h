@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,43 +25,46 @@ inline constexpr PageSize a4{595, 842};
 struct TextStyle {
     double pointSize = 10;
     bool bold = false;
+
+    bool operator==(const TextStyle&) const = default;
 };
 
-/// How a text lies in its rectangle. Text always hangs from the rectangle's top.
+/// How one line lies in its rectangle.
 enum class TextFlow {
-    lineLeft,    ///< one line, shortened with an ellipsis where it is too wide
-    numberRight, ///< one line ending at the right edge, never shortened: it may grow to the left
-    wrappedLeft, ///< as many lines as it takes; the rectangle's height does not cut them
+    lineLeft,    ///< begins at the left edge, shortened with an ellipsis where it is too wide
+    numberRight, ///< ends at the right edge, never shortened: it may grow to the left, as far as the page
+                 ///< goes
 };
 
-/// Draws one document of A4 pages into memory. Texts may be anything: bytes that are not UTF-8 and control
-/// characters are replaced before they are drawn. Drawing happens on the page begun last.
+/// Draws one document of A4 pages into memory. Texts may be anything: bytes that are not UTF-8 are replaced
+/// by U+FFFD, control characters by blanks. Every text hangs from the top of its rectangle. Drawing happens
+/// on the page begun last.
 class PdfDocument {
 public:
     virtual ~PdfDocument() = default;
 
     virtual void beginPage() = 0;
 
+    /// One line of text; line breaks in it become blanks.
     virtual void drawText(std::string_view text, const PageRectangle& box, const TextStyle& style,
                           TextFlow flow) = 0;
 
-    /// The height in points that `wrappedLeft` needs for the text at this width.
-    [[nodiscard]] virtual double heightOfText(std::string_view text, double width,
-                                              const TextStyle& style) = 0;
+    /// As many whole lines, wrapped at the rectangle's width, as its height holds, but at least one; line
+    /// breaks are kept. Returns the text that is left over, to be drawn elsewhere.
+    [[nodiscard]] virtual std::string drawWrapped(std::string_view text, const PageRectangle& box,
+                                                  const TextStyle& style) = 0;
 
-    /// How many bytes from the start of the text fill at most `height` points at this width, ending between
-    /// two lines; the rest can be drawn elsewhere. 0 when not even one line fits.
-    [[nodiscard]] virtual std::size_t lengthOfTextFitting(std::string_view text, double width, double height,
-                                                          const TextStyle& style) = 0;
+    /// The width and height in points that `drawWrapped` needs for the whole text at this width. What is
+    /// longer than any page is not measured to its end: its height is infinite.
+    [[nodiscard]] virtual PageSize sizeOfWrapped(std::string_view text, double width,
+                                                 const TextStyle& style) = 0;
 
     /// A grey horizontal line of 0.5 points.
     virtual void drawRule(double fromX, double toX, double y) = 0;
 
-    /// Width and height in pixels of an encoded image (PNG, JPEG, …), seen upright; absent when it does not
-    /// decode.
-    [[nodiscard]] virtual std::optional<PageSize> imageSize(std::string_view encoded) = 0;
-
-    /// Draws the image stretched to the rectangle; one that does not decode is skipped.
+    /// An encoded image (PNG, JPEG, GIF, BMP, TIFF), seen upright and hanging from the middle of the
+    /// rectangle's top edge. Its pixels are points unless it must shrink to fit; it keeps its shape and is
+    /// never enlarged. What does not decode, or is absurdly large, is skipped.
     virtual void drawImage(std::string_view encoded, const PageRectangle& box) = 0;
 
     /// Ends the document and gives its bytes; empty when it could not be made. Nothing can be drawn

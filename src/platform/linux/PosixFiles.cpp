@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,6 +18,9 @@ constexpr mode_t fileMode = 0600;
 /// What the user's own mask then takes away.
 constexpr mode_t documentMode = 0666;
 constexpr mode_t folderMode = 0700;
+
+/// What is larger is none of our files and would only fill the memory.
+constexpr off_t largestFile = off_t{1} << 30;
 
 Error systemError(const fs::path& path, int code) {
     return Error{path.string() + ": " + std::strerror(code)};
@@ -70,16 +74,39 @@ Result<Done> writeAll(const Descriptor& file, std::string_view bytes, const fs::
     return Done{};
 }
 
+/// Takes the room for `length` bytes without changing what the file holds; 0, or the error's number. The
+/// file's size stays, so that a process killed right after leaves no zeros behind the old content.
+int allocate(const Descriptor& file, off_t length) {
+    int result = 0;
+    do
+        result = ::fallocate(file.number(), FALLOC_FL_KEEP_SIZE, 0, length);
+    while (result != 0 && errno == EINTR);
+    if (result == 0)
+        return 0;
+    // File systems that cannot reserve get the room by writing into it.
+    return errno == EOPNOTSUPP || errno == ENOSYS ? ::posix_fallocate(file.number(), 0, length) : errno;
+}
+
+/// A reservation does not ask for the process's own limit, and a write up to it would tear the old content.
+bool exceedsSizeLimit(std::size_t length) {
+    struct rlimit limit {};
+
+    return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY &&
+           length > limit.rlim_cur;
+}
+
 /// Makes sure there is room for the whole new content before a byte of the old one is touched.
 Result<Done> reserve(const Descriptor& file, std::size_t length, const fs::path& path) {
     if (length == 0)
         return Done{};
+    if (exceedsSizeLimit(length))
+        return systemError(path, EFBIG);
 
     struct stat before {};
 
     if (::fstat(file.number(), &before) != 0)
         return systemError(path, errno);
-    const int code = ::posix_fallocate(file.number(), 0, static_cast<off_t>(length));
+    const int code = allocate(file, static_cast<off_t>(length));
     if (code == 0 || code == EOPNOTSUPP || code == EINVAL)
         return Done{};
     // A reservation that ran out of room half-way may have grown the file: give that back.
@@ -88,21 +115,70 @@ Result<Done> reserve(const Descriptor& file, std::size_t length, const fs::path&
     return systemError(path, code);
 }
 
-/// Opens a file for `overwrite`, without truncating: until the room is reserved, the old content stays whole.
-Descriptor openForOverwriting(const fs::path& path, mode_t mode) {
-    return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
+Result<Done> checkRegular(const Descriptor& file, const fs::path& path) {
+    struct stat status {};
+
+    if (::fstat(file.number(), &status) != 0)
+        return systemError(path, errno);
+    if (S_ISDIR(status.st_mode))
+        return systemError(path, EISDIR);
+    if (!S_ISREG(status.st_mode))
+        return Error{path.string() + ": not a regular file"};
+    return Done{};
 }
 
-Result<Done> overwrite(const Descriptor& file, std::string_view bytes, const fs::path& path) {
-    if (!file.isOpen())
-        return systemError(path, errno);
-    if (auto reserved = reserve(file, bytes.size(), path); reserved.failed())
-        return reserved;
+/// Whether nothing bears this name, not even a link that leads nowhere.
+bool isFree(const fs::path& path) {
+    struct stat status {};
+
+    return ::lstat(path.c_str(), &status) != 0 && errno == ENOENT;
+}
+
+Result<Done> writeContent(const Descriptor& file, std::string_view bytes, const fs::path& path,
+                          Durability durability) {
     if (auto written = writeAll(file, bytes, path); written.failed())
         return written;
     if (::ftruncate(file.number(), static_cast<off_t>(bytes.size())) != 0)
         return systemError(path, errno);
+    // Some network file systems cannot be told to write through and say so with EINVAL.
+    if (durability == Durability::throughToMedium && ::fdatasync(file.number()) != 0 && errno != EINVAL)
+        return systemError(path, errno);
     return Done{};
+}
+
+Result<std::string> readAll(const Descriptor& file, std::size_t size, const fs::path& path) {
+    std::string bytes(size, '\0');
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t count = ::read(file.number(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return systemError(path, errno);
+        if (count == 0)
+            break;
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+/// Replaces the file's content, or creates it with these permissions.
+Result<Done> overwrite(const fs::path& path, std::string_view bytes, mode_t mode, Durability durability) {
+    const bool isNew = isFree(path);
+    // Opened without truncating: until the room is reserved, the old content stays whole.
+    const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
+    if (!file.isOpen())
+        return systemError(path, errno);
+    if (auto regular = checkRegular(file, path); regular.failed())
+        return regular;
+    if (auto reserved = reserve(file, bytes.size(), path); reserved.failed()) {
+        // An empty file would later be read as a damaged one.
+        if (isNew)
+            ::unlink(path.c_str());
+        return reserved;
+    }
+    return writeContent(file, bytes, path, durability);
 }
 
 } // namespace
@@ -136,27 +212,18 @@ bool PosixFiles::exists(const fs::path& path) const {
 Result<std::string> PosixFiles::read(const fs::path& path) const {
     // Not blocking, so that a pipe in the file's place cannot hang the program.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen())
+        return systemError(path, errno);
+    if (const auto regular = checkRegular(file, path); regular.failed())
+        return regular.error();
 
     struct stat status {};
 
-    if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
+    if (::fstat(file.number(), &status) != 0)
         return systemError(path, errno);
-    if (!S_ISREG(status.st_mode))
-        return systemError(path, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    std::size_t filled = 0;
-    while (filled < bytes.size()) {
-        const ssize_t count = ::read(file.number(), bytes.data() + filled, bytes.size() - filled);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return systemError(path, errno);
-        if (count == 0)
-            break;
-        filled += static_cast<std::size_t>(count);
-    }
-    bytes.resize(filled);
-    return bytes;
+    if (status.st_size > largestFile)
+        return systemError(path, EFBIG);
+    return readAll(file, static_cast<std::size_t>(status.st_size), path);
 }
 
 std::optional<Date> PosixFiles::modificationDate(const fs::path& path) const {
@@ -172,16 +239,11 @@ std::optional<Date> PosixFiles::modificationDate(const fs::path& path) const {
 Result<Done> PosixFiles::replace(const fs::path& path, std::string_view bytes, Durability durability) {
     if (const auto folder = createFolder(path.parent_path()); folder.failed())
         return folder;
-    const Descriptor file = openForOverwriting(path, fileMode);
-    if (auto overwritten = overwrite(file, bytes, path); overwritten.failed())
-        return overwritten;
-    if (durability == Durability::throughToMedium && ::fdatasync(file.number()) != 0 && errno != EINVAL)
-        return systemError(path, errno);
-    return Done{};
+    return overwrite(path, bytes, fileMode, durability);
 }
 
 Result<Done> PosixFiles::writeDocument(const fs::path& path, std::string_view bytes) {
-    return overwrite(openForOverwriting(path, documentMode), bytes, path);
+    return overwrite(path, bytes, documentMode, Durability::leftToSystem);
 }
 
 Result<Done> PosixFiles::createFolder(const fs::path& path) {

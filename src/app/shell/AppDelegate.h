@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/Appearance.h"
+#include "platform/StatusItem.h"
+#include "platform/UserDefaults.h"
+
+#include <functional>
+#include <memory>
+
+namespace brisklog {
+
+/// The popover as the delegate sets it up.
+class PopoverShell : public Popover {
+public:
+    /// The appearance the desktop asks for; what the main view draws follows the user's setting on top of it.
+    virtual void setAppearance(ColorScheme appearance) = 0;
+
+    /// Creates the main view, with the projects section selected and its store, and makes it the content.
+    virtual void loadContent() = 0;
+};
+
+/// What the delegate needs from outside: makers are called once, when launching has finished.
+struct AppDelegatePlatform {
+    UserDefaults& userDefaults;
+    SystemAppearance& systemAppearance;
+    std::function<std::unique_ptr<PopoverShell>()> makePopover;
+    std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+};
+
+/// Sets the program up at launch and opens and closes its popover.
+class AppDelegate {
+public:
+    explicit AppDelegate(const AppDelegatePlatform& platform);
+
+    /// Creates popover and main view, then the status item.
+    void applicationDidFinishLaunching();
+
+    /// The status item's action: closes an open popover, opens a closed one with the keyboard in it. Does
+    /// nothing before launching has finished.
+    void togglePopover();
+
+    /// Opens the popover, or brings it to the front.
+    void openPopover();
+
+private:
+    void applyLaunchAppearance();
+
+    AppDelegatePlatform m_platform;
+    std::unique_ptr<PopoverShell> m_popover;
+    std::unique_ptr<StatusItem> m_statusItem;
+};
+
+} // namespace brisklog

@@ -1,0 +1,114 @@
+#include "app/shell/BrisklogApp.h"
+
+#include "app/components/Palette.h"
+#include "app/components/Sheets.h"
+#include "app/projects/screens/MultiProjectScreen.h"
+#include "app/shell/ContentScreen.h"
+#include "app/shell/PlaceholderScreen.h"
+#include "app/shell/PopoverWindow.h"
+#include "invoice/UpdatedInvoiceTemplate.h"
+#include "invoice/screens/InvoiceScreen.h"
+#include "profile/screens/CustomerScreen.h"
+
+namespace brisklog {
+
+using namespace Qt::StringLiterals;
+
+BrisklogApp::BrisklogApp(BrisklogPlatform platform)
+    : m_platform(std::move(platform)),
+      m_shared({.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log},
+               {.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log}),
+      m_delegate({.userDefaults = m_platform.userDefaults,
+                  .systemAppearance = m_platform.systemAppearance,
+                  .makePopover = [this] { return makePopover(); },
+                  .makeStatusItem = m_platform.makeStatusItem}) {}
+
+BrisklogApp::~BrisklogApp() = default;
+
+std::unique_ptr<PopoverShell> BrisklogApp::makePopover() {
+    auto popover =
+        std::make_unique<PopoverWindow>(PopoverWindow::Parts{.loadContent = [this] { loadContent(); },
+                                                             .makeScreen = [this] { return makeScreen(); },
+                                                             .quit = [this] { quit(); },
+                                                             .x11 = m_platform.x11});
+    m_popover = popover.get();
+    return popover;
+}
+
+void BrisklogApp::loadContent() {
+    AppSettings& settings = m_shared.settings();
+    m_content = std::make_unique<ContentView>(projectsSection, settings,
+                                              StorePlatform{.files = m_platform.files,
+                                                            .userDefaults = m_platform.userDefaults,
+                                                            .clock = m_platform.clock,
+                                                            .runLoop = m_platform.runLoop,
+                                                            .log = m_platform.log});
+    m_settingsSubscription = settings.observe([this] {
+        // Observers hear of a change before it has happened.
+        m_colorSchemeChange = m_platform.runLoop.runAfter(0, [this] { followColorScheme(); });
+    });
+    followColorScheme();
+}
+
+void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
+
+QWidget* BrisklogApp::makeScreen() {
+    return new ContentScreen(*m_content, [this](int section) { return makeSection(section); });
+}
+
+QWidget* BrisklogApp::makeSection(int section) {
+    return section == projectsSection ? makeProjectsSection() : makePlaceholderScreen(section);
+}
+
+QWidget* BrisklogApp::makeProjectsSection() {
+    TimeTrackingStore& store = m_content->timeStore;
+    return new MultiProjectScreen(
+        {.store = store, .clock = m_platform.clock, .runLoop = m_platform.runLoop, .exportReport = {}},
+        m_notificationCenter,
+        {.openCustomers =
+             [&store](QWidget& from) { presentSheet(from, std::make_unique<CustomerScreen>(store)); },
+         .openInvoice =
+             [this, &store](QWidget& from, int projectIndex) {
+                 presentSheet(from, std::make_unique<InvoiceScreen>(store, projectIndex, invoicePlatform()));
+             }});
+}
+
+InvoicePlatform BrisklogApp::invoicePlatform() {
+    return {.clock = m_platform.clock,
+            .savePanel = m_platform.savePanel,
+            .files = m_platform.files,
+            .log = m_platform.log,
+            .notificationCenter = m_notificationCenter,
+            .generate = [this](const Project& project, const std::optional<Customer>& customer,
+                               const std::string& number, const std::vector<TimeEntry>& entries,
+                               const std::string& notes) {
+                const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(m_shared.profile()),
+                                                      Calendar::current(), m_platform.clock.now());
+                return document.generate(project, customer, number, entries, notes);
+            }};
+}
+
+void BrisklogApp::open() {
+    if (m_platform.hasStatusItem())
+        m_delegate.openPopover();
+    else
+        m_popover->showAsWindow();
+}
+
+void BrisklogApp::quit() {
+    if (m_content->timeStore.activeEntries->empty())
+        return m_platform.terminate();
+    open();
+    presentAlert(*m_popover,
+                 {.title = u"Brisklog beenden?"_s,
+                  .message = u"Laufende Timer gehen beim Beenden verloren."_s,
+                  .actionCaption = u"Beenden"_s},
+                 m_platform.terminate);
+}
+
+void BrisklogApp::handlePointerPress() {
+    if (m_popover != nullptr)
+        m_popover->handlePointerPress();
+}
+
+} // namespace brisklog

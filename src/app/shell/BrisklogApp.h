@@ -1,0 +1,77 @@
+#pragma once
+
+#include "app/shell/AppDelegate.h"
+#include "app/shell/ContentView.h"
+#include "app/shell/SharedObjects.h"
+#include "foundation/NotificationCenter.h"
+#include "invoice/InvoiceView.h"
+#include "platform/PdfFacility.h"
+#include "platform/SavePanel.h"
+
+#include <memory>
+
+class QWidget;
+
+namespace brisklog {
+
+class PopoverWindow;
+class X11Watcher;
+
+/// Everything outside the program, as its parts need it.
+struct BrisklogPlatform {
+    Files& files;
+    UserDefaults& userDefaults;
+    Clock& clock;
+    RunLoop& runLoop;
+    Log& log;
+    SavePanel& savePanel;
+    PdfFacility& pdf;
+    SystemAppearance& systemAppearance;
+    std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+    /// Whether a panel shows the icon by now.
+    std::function<bool()> hasStatusItem;
+    /// Null where there is no X server.
+    X11Watcher* x11 = nullptr;
+    std::function<void()> terminate;
+};
+
+/// The application object: puts the parts together and keeps them for the life of the process.
+class BrisklogApp {
+public:
+    explicit BrisklogApp(BrisklogPlatform platform);
+    ~BrisklogApp();
+
+    /// What happens once launching has finished.
+    void launch() { m_delegate.applicationDidFinishLaunching(); }
+
+    /// Opens the popover without a click on the icon: at the icon where there is one, else as a window.
+    void open();
+
+    /// Ends the program; asks first while timers are running, because they would be lost.
+    void quit();
+
+    void handlePointerPress();
+
+    /// The popover as the holder of panels; absent before launch.
+    [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
+
+private:
+    [[nodiscard]] std::unique_ptr<PopoverShell> makePopover();
+    void loadContent();
+    [[nodiscard]] QWidget* makeScreen();
+    [[nodiscard]] QWidget* makeSection(int section);
+    [[nodiscard]] QWidget* makeProjectsSection();
+    void followColorScheme();
+    [[nodiscard]] InvoicePlatform invoicePlatform();
+
+    BrisklogPlatform m_platform;
+    SharedObjects m_shared;
+    NotificationCenter m_notificationCenter;
+    std::unique_ptr<ContentView> m_content;
+    Subscription m_settingsSubscription;
+    std::unique_ptr<Timer> m_colorSchemeChange;
+    AppDelegate m_delegate;
+    PopoverWindow* m_popover = nullptr;
+};
+
+} // namespace brisklog

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/TimeTrackingStore.h"
+#include "settings/AppSettings.h"
+
+#include "platform/Appearance.h"
+
+#include <array>
+#include <string_view>
+
+namespace brisklog {
+
+/// One of the four sections, in the order of the navigation bar.
+struct Section {
+    int number;
+    std::string_view symbol;
+    std::string_view label;
+};
+
+inline constexpr std::array sections{
+    Section{0, "chart.bar.xaxis", "Dashboard"}, Section{1, "timer", "Zeiterfassung"},
+    Section{2, "person.fill", "Profil"}, Section{3, "gearshape.fill", "Einstellungen"}};
+
+/// The section with the projects and timers, the first one shown.
+inline constexpr int projectsSection = 1;
+
+/// The main view: which section is shown, and the program's one store.
+class ContentView final : public ObservableObject {
+public:
+    ContentView(int initialSection, AppSettings& appSettings, const StorePlatform& platform);
+
+    Published<int> selectedSection;
+    AppSettings& settings;
+    TimeTrackingStore timeStore;
+
+    /// The number of the section shown; a value that names none shows the projects.
+    [[nodiscard]] int shownSection() const;
+
+    /// What the whole main view is drawn in, overriding the desktop's own appearance.
+    [[nodiscard]] ColorScheme colorScheme() const;
+};
+
+} // namespace brisklog

@@ -1,0 +1,181 @@
+"""The user of the journeys: starts the program on the desktop this runs on, sees it through the screen reader's
+interface, and acts with the mouse and the keyboard."""
+
+import json
+import os
+import signal
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+import pyatspi
+
+HOME = Path(os.environ["HOME"])
+DOCUMENTS = HOME / "Documents"
+
+
+def wait_until(condition, what, seconds=10.0):
+    """Returns the condition's first true value; the test fails when there is none in time."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        try:
+            value = condition()
+        except Exception:  # the tree changes while it is read
+            value = None
+        if value:
+            return value
+        time.sleep(0.05)
+    raise AssertionError(f"waited {seconds} s for: {what}")
+
+
+def command(*words):
+    return subprocess.run(words, check=True, capture_output=True, text=True).stdout
+
+
+def read_json(name):
+    return json.loads((DOCUMENTS / name).read_text(encoding="utf-8"))
+
+
+class Program:
+    """One run of the program."""
+
+    def __init__(self, path, **environment):
+        self.path = path
+        self.output = open(HOME / "output.txt", "a+b")
+        self.process = subprocess.Popen([path], stdout=self.output, stderr=subprocess.STDOUT,
+                                        env={**os.environ, **environment})
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def wait_for_end(self):
+        return wait_until(lambda: None if self.is_running() else (self.process.returncode,), "the program's end")[0]
+
+    def kill(self):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+
+    def end(self):
+        if self.is_running():
+            self.process.terminate()
+            self.process.wait()
+
+
+class Desktop:
+    """What the user sees and does."""
+
+    def __init__(self, results):
+        self.results = Path(results)
+        self.width, self.height = map(int, command("xdotool", "getdisplaygeometry").split())
+        self.icon = (self.width - 14, 14)
+
+    # Acting
+
+    def click(self, place, button=1):
+        command("xdotool", "mousemove", str(place[0]), str(place[1]), "click", str(button))
+
+    def click_icon(self, button=1):
+        self.click(self.icon, button)
+
+    def type(self, text):
+        command("xdotool", "type", "--delay", "15", text)
+
+    def press(self, *keys):
+        command("xdotool", "key", "--delay", "30", *keys)
+
+    def press_named(self, name, role=None):
+        """Clicks the middle of the control with that name."""
+        thing = self.find(name, role)
+        box = thing.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        self.click((box.x + box.width // 2, box.y + box.height // 2))
+        return thing
+
+    # Seeing
+
+    def application(self):
+        for application in pyatspi.Registry.getDesktop(0):
+            if application is not None and application.name == "brisklog":
+                return application
+        return None
+
+    def all_visible(self, predicate):
+        application = self.application()
+        if application is None:
+            return []
+        found = []
+
+        def walk(node):
+            try:
+                state = node.getState()
+            except Exception:
+                return
+            if not state.contains(pyatspi.STATE_VISIBLE) and node.getRole() != pyatspi.ROLE_APPLICATION:
+                return
+            if predicate(node):
+                found.append(node)
+            if state.contains(pyatspi.STATE_MANAGES_DESCENDANTS):
+                return
+            for child in node:
+                if child is not None:
+                    walk(child)
+
+        for window in application:
+            if window is not None:
+                walk(window)
+        return found
+
+    def find(self, name, role=None, seconds=10.0):
+        def look():
+            return self.all_visible(lambda node: node.name == name and (role is None or node.getRole() == role)
+                                    and node.getState().contains(pyatspi.STATE_SHOWING))
+
+        return wait_until(look, f"something called {name!r}", seconds)[-1]
+
+    def is_there(self, name):
+        return bool(self.all_visible(lambda node: node.name == name
+                                     and node.getState().contains(pyatspi.STATE_SHOWING)))
+
+    def names(self):
+        return [node.name for node in self.all_visible(lambda node: bool(node.name))]
+
+    def windows(self, title="Brisklog"):
+        result = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], capture_output=True,
+                                text=True)
+        return result.stdout.split()
+
+    def popover_is_open(self):
+        return bool(self.windows())
+
+    def open_popover(self):
+        self.click_icon()
+        wait_until(self.popover_is_open, "the popover")
+
+    def screenshot(self, name):
+        time.sleep(0.25)  # an arriving sheet has come to rest
+        command("import", "-window", "root", str(self.results / f"{name}.png"))
+
+    def wait_for_icon(self):
+        """The status item is on the bus, and a host shows it."""
+
+        def registered():
+            items = command("dbus-send", "--session", "--print-reply", "--dest=org.kde.StatusNotifierWatcher",
+                            "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
+                            "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
+            return "StatusNotifierItem" in items
+
+        wait_until(registered, "the status item on the bus")
+        time.sleep(0.4)  # the panel draws it
+
+
+def main(journey):
+    """Runs the journey; on failure says what the user saw last."""
+    program_path, results = sys.argv[1:]
+    desktop = Desktop(results)
+    try:
+        journey(program_path, desktop)
+    except BaseException:
+        desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
+        print("On the screen:", desktop.names(), file=sys.stderr)
+        print("The program said:", (HOME / "output.txt").read_text(errors="replace"), file=sys.stderr)
+        raise
