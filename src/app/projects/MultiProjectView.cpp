@@ -1,0 +1,87 @@
+#include "app/projects/MultiProjectView.h"
+
+#include "foundation/Text.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+using ActivityByProject = std::unordered_map<Uuid, TimerActivity>;
+
+ActivityByProject timerActivity(const TimeTrackingStore::ActiveEntries& timers) {
+    ActivityByProject activity;
+    for (const auto& [id, state] : timers) {
+        TimerActivity& ofProject = activity[state.projectId];
+        ofProject = std::max(ofProject, state.isPaused ? TimerActivity::allPaused : TimerActivity::running);
+    }
+    return activity;
+}
+
+} // namespace
+
+MultiProjectView::MultiProjectView(const ProjectPlatform& platform) : m_platform(platform) {}
+
+std::vector<ProjectTab> MultiProjectView::tabs() const {
+    const ActivityByProject activity = timerActivity(m_platform.store.activeEntries);
+    std::vector<ProjectTab> tabs;
+    for (const Project& project : m_platform.store.projects.get()) {
+        const auto timers = activity.find(project.id);
+        tabs.push_back({.name = text::onOneLine(project.name),
+                        .timers = timers == activity.end() ? TimerActivity::none : timers->second});
+    }
+    return tabs;
+}
+
+int MultiProjectView::projectCount() const { return static_cast<int>(m_platform.store.projects->size()); }
+
+bool MultiProjectView::isAutoTrackingSelected() const {
+    return m_autoTrackingChosenAt == m_platform.store.selectedProjectIndex.revision();
+}
+
+int MultiProjectView::selectedTab() const {
+    return isAutoTrackingSelected() ? autoTrackingTab() : m_platform.store.selectedProjectIndex.get();
+}
+
+void MultiProjectView::selectTab(int tab) {
+    if (tab == autoTrackingTab())
+        selectAutoTracking();
+    else if (tab >= 0 && tab < projectCount() && tab != selectedTab())
+        m_platform.store.selectedProjectIndex = tab;
+}
+
+void MultiProjectView::selectAutoTracking() {
+    announce();
+    m_autoTrackingChosenAt = m_platform.store.selectedProjectIndex.revision();
+}
+
+void MultiProjectView::stepTabs(int steps) {
+    selectTab(std::clamp(selectedTab() + steps, 0, autoTrackingTab()));
+}
+
+ProjectView& MultiProjectView::projectView() {
+    forgetDeletedProjects();
+    const int index = m_platform.store.selectedProjectIndex;
+    const bool exists = index >= 0 && index < projectCount();
+    const Uuid id = exists ? m_platform.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
+    std::unique_ptr<ProjectView>& view = m_projectViews[id];
+    if (!view)
+        view = std::make_unique<ProjectView>(m_platform, index);
+    else if (view->projectIndex != index)
+        view->projectIndex = index;
+    return *view;
+}
+
+void MultiProjectView::forgetDeletedProjects() {
+    std::unordered_set<Uuid> existing{Uuid()};
+    for (const Project& project : m_platform.store.projects.get())
+        existing.insert(project.id);
+    std::erase_if(m_projectViews, [&](const auto& view) { return !existing.contains(view.first); });
+}
+
+void MultiProjectView::resetAllData() { m_platform.store.resetAllData(); }
+
+} // namespace brisklog

@@ -1,0 +1,82 @@
+#include "app/projects/ProjectView.h"
+
+#include "foundation/GermanFormat.h"
+#include "foundation/Text.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+/// Long enough for the eye to see that what was typed has become a timer.
+constexpr TimeInterval clearingDelay = 0.3;
+constexpr const char* substituteName = "Fehler";
+constexpr const char* noDuration = "00:00:00";
+
+TimerRow timerRow(const ActiveEntryState& state, Date now) {
+    return {.entryId = state.id,
+            .taskName = text::onOneLine(state.entry.taskName),
+            .duration = format::runningDuration(state.currentDuration(now), noDuration),
+            .isPaused = state.isPaused};
+}
+
+} // namespace
+
+ProjectView::ProjectView(const ProjectPlatform& platform, int index)
+    : projectIndex(*this, index),
+      m_platform(platform), m_substitute{.id = {}, .name = substituteName, .hourlyRate = {}, .entries = {}} {}
+
+const Project& ProjectView::project() const {
+    const std::vector<Project>& projects = m_platform.store.projects;
+    const bool exists = *projectIndex >= 0 && std::cmp_less(*projectIndex, projects.size());
+    return exists ? projects[static_cast<std::size_t>(*projectIndex)] : m_substitute;
+}
+
+std::vector<TimerRow> ProjectView::timers() const {
+    std::vector<const ActiveEntryState*> states;
+    for (const auto& [id, state] : m_platform.store.activeEntries.get())
+        if (state.projectId == project().id)
+            states.push_back(&state);
+    // The identifier decides between timers of the same moment, so that rows never change places.
+    std::ranges::sort(states, {}, [](const ActiveEntryState* state) {
+        return std::tuple(state->entry.startTime.secondsSinceReference, state->id);
+    });
+    std::vector<TimerRow> rows;
+    const Date now = m_platform.clock.now();
+    std::ranges::transform(states, std::back_inserter(rows),
+                           [now](const ActiveEntryState* state) { return timerRow(*state, now); });
+    return rows;
+}
+
+void ProjectView::start() {
+    if (isProcessing || text::trimmed(*taskName).empty())
+        return;
+    isProcessing = true;
+    m_platform.store.startTracking(taskName);
+    m_clearing = m_platform.runLoop.runAfter(clearingDelay, [this] { finishStart(); });
+}
+
+void ProjectView::finishStart() {
+    taskName = "";
+    isProcessing = false;
+}
+
+void ProjectView::pauseOrResume(const TimerRow& timer) {
+    if (timer.isPaused)
+        m_platform.store.resumeTracking(timer.entryId);
+    else
+        m_platform.store.pauseTracking(timer.entryId);
+}
+
+void ProjectView::stop(const Uuid& entryId) { m_platform.store.stopTracking(entryId); }
+
+void ProjectView::resetProject() { m_platform.store.resetProject(projectIndex); }
+
+void ProjectView::exportPDF() {
+    if (canExportPDF())
+        m_platform.exportReport(project());
+}
+
+} // namespace brisklog

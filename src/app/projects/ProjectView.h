@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/TimeTrackingStore.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace brisklog {
+
+/// One running or paused timer as its row shows it.
+struct TimerRow {
+    Uuid entryId;
+    std::string taskName;
+    /// The running duration, 00:05:07.
+    std::string duration;
+    bool isPaused = false;
+
+    bool operator==(const TimerRow&) const = default;
+};
+
+/// What a project's screen works with beyond the store.
+struct ProjectPlatform {
+    TimeTrackingStore& store;
+    Clock& clock;
+    RunLoop& runLoop;
+    /// Writes the report of a project's entries to a file of the user's choice; may be absent.
+    std::function<void(const Project&)> exportReport;
+};
+
+/// What the screen of one project shows and does.
+class ProjectView final : public ObservableObject {
+public:
+    ProjectView(const ProjectPlatform& platform, int projectIndex);
+
+    /// The position in the store's list; may point past its end.
+    Published<int> projectIndex;
+    /// As typed.
+    Published<std::string> taskName{*this};
+    /// Set from the start of a timer until the typed name is cleared; nothing can be typed or started then.
+    Published<bool> isProcessing{*this, false};
+    /// Whether the keyboard is in the task's name.
+    bool isTaskNameFocused = false;
+
+    /// The project; a substitute named "Fehler" while the position points nowhere.
+    [[nodiscard]] const Project& project() const;
+
+    /// The timers of this project, the one started first on top.
+    [[nodiscard]] std::vector<TimerRow> timers() const;
+
+    /// Starts a timer under the name exactly as typed, and clears it 0.3 seconds later. White space alone
+    /// starts nothing.
+    void start();
+
+    void pauseOrResume(const TimerRow& timer);
+    void stop(const Uuid& entryId);
+
+    /// Removes all entries of the project; to be called once the user has confirmed it.
+    void resetProject();
+
+    [[nodiscard]] bool canExportPDF() const { return static_cast<bool>(m_platform.exportReport); }
+
+    /// Nothing happens where no export was handed in.
+    void exportPDF();
+
+private:
+    void finishStart();
+
+    ProjectPlatform m_platform;
+    const Project m_substitute;
+    std::unique_ptr<Timer> m_clearing;
+};
+
+} // namespace brisklog
