@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/linux/SqliteDatabase.h"
+#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/linux/SqliteValues.h"
+
+#include <functional>
+
+namespace brisklog {
+
+/// The database behind the user defaults: opened when first needed, replaced when broken, in memory when
+/// there is no other way.
+class SqliteUserDefaults::Storage {
+public:
+    /// What is done with the open database; done again on a fresh one when the first turns out to be broken.
+    using Access = std::function<void(SqliteDatabase&)>;
+
+    Storage(std::optional<std::filesystem::path> file, const Clock& clock, Log& log);
+
+    /// Runs `access` unless there is no database. False when there is none and when the access failed, which
+    /// is printed with what was accessed.
+    bool read(std::string_view what, const Access& access);
+
+    /// Runs `access`, making the database when there is none; false when it failed, which is printed.
+    bool write(std::string_view what, const Access& access);
+
+    /// The same for what changes only what is there: without a database nothing happens.
+    bool change(std::string_view what, const Access& access);
+
+    /// Brings all changes made since the last call to the medium.
+    void synchronise();
+
+private:
+    enum class WhenMissing { give, make };
+
+    using Failure = std::optional<SqliteFailure>;
+
+    bool perform(WhenMissing whenMissing, std::string_view complaint, const Access& access);
+    [[nodiscard]] Failure open(WhenMissing whenMissing);
+    [[nodiscard]] Failure openDatabase(SqliteDatabase::Locking locking);
+    [[nodiscard]] Failure makeFile() const;
+    void replaceBroken(const SqliteFailure& failure);
+    [[nodiscard]] std::filesystem::path freeNameForBroken() const;
+
+    /// None: the database is in memory.
+    std::optional<std::filesystem::path> m_file;
+    const Clock& m_clock;
+    Log& m_log;
+    std::unique_ptr<SqliteDatabase> m_database;
+    bool m_hasChanges = false;
+};
+
+} // namespace brisklog
