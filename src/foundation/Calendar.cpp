@@ -13,6 +13,16 @@ qint64 unixMilliseconds(Date date) {
                         millisecondsPerSecond);
 }
 
+/// The moment when clocks of the zone show this. Where they skip it, they are read as if not yet put forward.
+qint64 momentOf(QDate day, QTime time, const QTimeZone& zone) {
+    const QDateTime moment(day, time, zone);
+    if (moment.isValid())
+        return moment.toMSecsSinceEpoch();
+    const QDateTime asUniversal(day, time, Qt::UTC);
+    const int offsetBefore = zone.offsetFromUtc(asUniversal.addDays(-1));
+    return asUniversal.addSecs(-offsetBefore).toMSecsSinceEpoch();
+}
+
 } // namespace
 
 Calendar::Calendar(QTimeZone zone) : m_zone(std::move(zone)) {}
@@ -20,9 +30,14 @@ Calendar::Calendar(QTimeZone zone) : m_zone(std::move(zone)) {}
 Calendar Calendar::current() { return Calendar(QTimeZone::systemTimeZone()); }
 
 Date Calendar::addingDays(Date date, int days) const {
-    const QDateTime before = QDateTime::fromMSecsSinceEpoch(unixMilliseconds(date), m_zone);
-    const QDateTime after = before.addDays(days);
-    const double moved = static_cast<double>(after.toMSecsSinceEpoch() - before.toMSecsSinceEpoch());
+    // Within an hour that the clocks show twice the time of day alone would not tell which.
+    if (days == 0)
+        return date;
+    const qint64 before = unixMilliseconds(date);
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(before, m_zone);
+    // Not QDateTime::addDays: into an hour that the clocks skip it lands one hour too late.
+    const qint64 after = momentOf(local.date().addDays(days), local.time(), m_zone);
+    const auto moved = static_cast<double>(after - before);
     return date.addingSeconds(moved / millisecondsPerSecond);
 }
 

@@ -14,8 +14,8 @@ public:
     /// The calendar of the user's own time zone.
     [[nodiscard]] static Calendar current();
 
-    /// The same time of day a number of days later (earlier when negative); where the change of the clocks
-    /// skips that time, the moment just after the gap.
+    /// The same time of day a number of days later (earlier when negative); where the clocks skip that time,
+    /// as much later as they skip.
     [[nodiscard]] Date addingDays(Date date, int days) const;
 
     [[nodiscard]] const QTimeZone& zone() const { return m_zone; }

@@ -1,0 +1,80 @@
+#include "foundation/Calendar.h"
+
+#include <QDateTime>
+#include <gtest/gtest.h>
+
+namespace brisklog::test {
+namespace {
+
+constexpr double hour = 3600;
+
+class BerlinCalendar : public testing::Test {
+protected:
+    [[nodiscard]] Date at(const char* isoTime) const {
+        QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
+        local.setTimeZone(calendar.zone());
+        return Date{static_cast<double>(local.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+    }
+
+    const Calendar calendar{QTimeZone("Europe/Berlin")};
+};
+
+TEST_F(BerlinCalendar, ordinaryDayHas24Hours) {
+    const Date noon = at("2026-11-15T12:00:00");
+    EXPECT_EQ(calendar.addingDays(noon, 1), at("2026-11-16T12:00:00"));
+    EXPECT_EQ(calendar.addingDays(noon, 1).since(noon), 24 * hour);
+    EXPECT_EQ(calendar.addingDays(noon, 0), noon);
+    EXPECT_EQ(calendar.addingDays(noon, -1), at("2026-11-14T12:00:00"));
+}
+
+TEST_F(BerlinCalendar, dayOfTheSpringChangeHas23Hours) {
+    const Date before = at("2026-03-28T12:00:00");
+    EXPECT_EQ(calendar.addingDays(before, 1).since(before), 23 * hour);
+    EXPECT_EQ(calendar.addingDays(before, 1), at("2026-03-29T12:00:00"));
+    EXPECT_EQ(calendar.addingDays(at("2026-03-29T12:00:00"), -1), before);
+}
+
+TEST_F(BerlinCalendar, dayOfTheAutumnChangeHas25Hours) {
+    const Date before = at("2026-10-24T12:00:00");
+    EXPECT_EQ(calendar.addingDays(before, 1).since(before), 25 * hour);
+    EXPECT_EQ(calendar.addingDays(at("2026-10-25T12:00:00"), -1), before);
+}
+
+TEST_F(BerlinCalendar, timeSkippedByTheChangeMovesOnByTheHourSkipped) {
+    EXPECT_EQ(calendar.addingDays(at("2026-03-28T02:30:00"), 1), at("2026-03-29T03:30:00"));
+    EXPECT_EQ(calendar.addingDays(at("2026-03-30T02:30:00"), -1), at("2026-03-29T03:30:00"));
+    const Date evening = at("2026-03-28T23:30:00");
+    EXPECT_EQ(calendar.addingDays(evening, 1).since(evening), 23 * hour);
+}
+
+TEST_F(BerlinCalendar, timeGivenTwiceStaysOnItsDay) {
+    const Date twice = calendar.addingDays(at("2026-10-24T02:30:00"), 1);
+    EXPECT_TRUE(twice == at("2026-10-25T01:30:00").addingSeconds(hour) ||
+                twice == at("2026-10-25T01:30:00").addingSeconds(2 * hour));
+    EXPECT_EQ(calendar.addingDays(twice, 1), at("2026-10-26T02:30:00"));
+    EXPECT_EQ(calendar.addingDays(twice.addingSeconds(hour), 0), twice.addingSeconds(hour));
+}
+
+TEST_F(BerlinCalendar, leapDayIsCounted) {
+    EXPECT_EQ(calendar.addingDays(at("2028-02-28T09:00:00"), 1), at("2028-02-29T09:00:00"));
+    EXPECT_EQ(calendar.addingDays(at("2028-02-28T09:00:00"), 2), at("2028-03-01T09:00:00"));
+    EXPECT_EQ(calendar.addingDays(at("2027-02-28T09:00:00"), 1), at("2027-03-01T09:00:00"));
+}
+
+TEST_F(BerlinCalendar, yearsEnd) {
+    EXPECT_EQ(calendar.addingDays(at("2026-12-31T23:59:59"), 1), at("2027-01-01T23:59:59"));
+    EXPECT_EQ(calendar.addingDays(at("2027-01-01T00:00:00"), -1), at("2026-12-31T00:00:00"));
+    EXPECT_EQ(calendar.addingDays(at("2026-01-01T00:00:00"), 365), at("2027-01-01T00:00:00"));
+}
+
+TEST_F(BerlinCalendar, fractionsOfASecondAreKept) {
+    const Date noon = at("2026-11-15T12:00:00").addingSeconds(0.625);
+    EXPECT_EQ(calendar.addingDays(noon, 30).since(noon), 30 * 24 * hour);
+}
+
+TEST(Calendar, currentOneIsThatOfTheSystem) {
+    EXPECT_EQ(Calendar::current().zone(), QTimeZone::systemTimeZone());
+}
+
+} // namespace
+} // namespace brisklog::test

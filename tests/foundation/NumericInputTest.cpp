@@ -1,0 +1,65 @@
+#include "foundation/NumericInput.h"
+
+#include <clocale>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace brisklog::test {
+namespace {
+
+TEST(NumericInput, decimalCommaAndPointAreRead) {
+    EXPECT_EQ(parseDecimal("85,50"), 85.5);
+    EXPECT_EQ(parseDecimal("85.50"), 85.5);
+    EXPECT_EQ(parseDecimal("85"), 85);
+    EXPECT_EQ(parseDecimal("85,"), 85);
+    EXPECT_EQ(parseDecimal(",5"), 0.5);
+    EXPECT_EQ(parseDecimal("0"), 0);
+}
+
+TEST(NumericInput, oneSignIsAllowed) {
+    EXPECT_EQ(parseDecimal("-5"), -5);
+    EXPECT_EQ(parseDecimal("+5,5"), 5.5);
+    EXPECT_EQ(parseDecimal("+-5"), std::nullopt);
+    EXPECT_EQ(parseDecimal("-+5"), std::nullopt);
+    EXPECT_EQ(parseDecimal("++5"), std::nullopt);
+    EXPECT_EQ(parseDecimal("--5"), std::nullopt);
+    EXPECT_EQ(parseDecimal("+"), std::nullopt);
+    EXPECT_EQ(parseDecimal("-"), std::nullopt);
+    EXPECT_EQ(parseDecimal("5-"), std::nullopt);
+}
+
+TEST(NumericInput, exponentIsRead) {
+    EXPECT_EQ(parseDecimal("1e3"), 1000);
+    EXPECT_EQ(parseDecimal("1E-3"), 0.001);
+    EXPECT_EQ(parseDecimal("1e"), std::nullopt);
+}
+
+TEST(NumericInput, wholeTextMustBeTheNumber) {
+    EXPECT_EQ(parseDecimal(""), std::nullopt);
+    EXPECT_EQ(parseDecimal("1.234,50"), std::nullopt);
+    EXPECT_EQ(parseDecimal("1,234,5"), std::nullopt);
+    EXPECT_EQ(parseDecimal("abc"), std::nullopt);
+    EXPECT_EQ(parseDecimal(" 85"), std::nullopt);
+    EXPECT_EQ(parseDecimal("85 "), std::nullopt);
+    EXPECT_EQ(parseDecimal("85 €"), std::nullopt);
+    EXPECT_EQ(parseDecimal("0x10"), std::nullopt);
+    EXPECT_EQ(parseDecimal(","), std::nullopt);
+    EXPECT_EQ(parseDecimal("٣"), std::nullopt);
+    EXPECT_EQ(parseDecimal(std::string_view("5\0", 2)), std::nullopt);
+}
+
+TEST(NumericInput, onlyFiniteNumbersCount) {
+    for (const char* const text :
+         {"nan", "NaN", "-nan", "inf", "-inf", "+inf", "infinity", "1e999", "-1e999"})
+        EXPECT_EQ(parseDecimal(text), std::nullopt) << text;
+}
+
+TEST(NumericInput, desktopsLocaleDoesNotMatter) {
+    // Where it is not installed nothing changes, and the test holds all the same.
+    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    EXPECT_EQ(parseDecimal("85,50"), 85.5);
+    EXPECT_EQ(parseDecimal("85.50"), 85.5);
+}
+
+} // namespace
+} // namespace brisklog::test
