@@ -79,13 +79,23 @@ SharedCounter::SharedCounter() {
 SharedCounter::~SharedCounter() { ::munmap(m_count, sizeof *m_count); }
 
 void killWhileWorking(const SharedCounter& progress, long least, const std::function<void()>& work) {
-    const pid_t child = startInChild(work);
+    int ends[2] = {};
+    ASSERT_EQ(::pipe(ends), 0);
+    const pid_t child = startInChild([&] {
+        ::close(ends[0]);
+        work();
+    });
+    ::close(ends[1]);
     ASSERT_GT(child, 0);
     while (progress.value() <= least && ::waitpid(child, nullptr, WNOHANG) == 0)
         ::sched_yield();
     passMomentOfChance();
     EXPECT_EQ(::kill(child, SIGKILL), 0) << "the work ended by itself";
     EXPECT_EQ(waitForChild(child).signal, SIGKILL);
+    // The pipe ends once nothing that the child started is left either.
+    char unused = 0;
+    EXPECT_EQ(::read(ends[0], &unused, 1), 0);
+    ::close(ends[0]);
 }
 
 bool mountSmallFileSystem(const fs::path& folder, const std::string& size) {

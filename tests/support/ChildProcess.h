@@ -45,7 +45,7 @@ private:
 };
 
 /// Runs endless work in a process of its own and kills it as soon as the counter is past `least` and a moment
-/// of chance is over.
+/// of chance is over. Returns once nothing of it is left.
 void killWhileWorking(const SharedCounter& progress, long least, const std::function<void()>& work);
 
 /// Puts a small file system over the folder, for this process alone; false where that is not allowed.

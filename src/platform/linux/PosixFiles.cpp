@@ -1,5 +1,7 @@
 #include "platform/linux/PosixFiles.h"
 
+#include "platform/linux/UnbreakableWrite.h"
+
 #include <QStandardPaths>
 #include <cerrno>
 #include <cstdlib>
@@ -58,20 +60,6 @@ std::optional<fs::path> folderNamed(const char* variable, const char* insideHome
         return named;
     const auto home = absoluteFolder("HOME");
     return home ? std::optional(*home / insideHome) : std::nullopt;
-}
-
-Result<Done> writeAll(const Descriptor& file, std::string_view bytes, const fs::path& path) {
-    std::size_t written = 0;
-    while (written < bytes.size()) {
-        const ssize_t count = ::pwrite(file.number(), bytes.data() + written, bytes.size() - written,
-                                       static_cast<off_t>(written));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return systemError(path, count == 0 ? EIO : errno);
-        written += static_cast<std::size_t>(count);
-    }
-    return Done{};
 }
 
 /// Takes the room for `length` bytes without changing what the file holds; 0, or the error's number. The
@@ -136,10 +124,8 @@ bool isFree(const fs::path& path) {
 
 Result<Done> writeContent(const Descriptor& file, std::string_view bytes, const fs::path& path,
                           Durability durability) {
-    if (auto written = writeAll(file, bytes, path); written.failed())
-        return written;
-    if (::ftruncate(file.number(), static_cast<off_t>(bytes.size())) != 0)
-        return systemError(path, errno);
+    if (const int code = writeUnbreakably(file.number(), bytes); code != 0)
+        return systemError(path, code);
     // Some network file systems cannot be told to write through and say so with EINVAL.
     if (durability == Durability::throughToMedium && ::fdatasync(file.number()) != 0 && errno != EINVAL)
         return systemError(path, errno);
