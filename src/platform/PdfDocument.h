@@ -29,13 +29,6 @@ struct TextStyle {
     bool operator==(const TextStyle&) const = default;
 };
 
-/// How one line lies in its rectangle.
-enum class TextFlow {
-    lineLeft,    ///< begins at the left edge, shortened with an ellipsis where it is too wide
-    numberRight, ///< ends at the right edge, never shortened: it may grow to the left, as far as the page
-                 ///< goes
-};
-
 /// Draws one document of A4 pages into memory. Texts may be anything: bytes that are not UTF-8 are replaced
 /// by U+FFFD, control characters by blanks. Every text hangs from the top of its rectangle. Drawing happens
 /// on the page begun last.
@@ -45,9 +38,16 @@ public:
 
     virtual void beginPage() = 0;
 
-    /// One line of text; line breaks in it become blanks.
-    virtual void drawText(std::string_view text, const PageRectangle& box, const TextStyle& style,
-                          TextFlow flow) = 0;
+    /// One line from the rectangle's left edge, shortened with an ellipsis where it is too wide. Line breaks
+    /// become blanks.
+    virtual void drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) = 0;
+
+    /// One line that ends at the rectangle's right edge. It is never shortened: where it is too wide it is
+    /// set smaller.
+    virtual void drawNumber(std::string_view text, const PageRectangle& box, const TextStyle& style) = 0;
+
+    /// The width in points that `drawNumber` needs to keep the style's size.
+    [[nodiscard]] virtual double widthOfNumber(std::string_view text, const TextStyle& style) = 0;
 
     /// As many whole lines, wrapped at the rectangle's width, as its height holds, but at least one; line
     /// breaks are kept. Returns the text that is left over, to be drawn elsewhere.

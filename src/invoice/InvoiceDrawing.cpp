@@ -1,0 +1,229 @@
+#include "invoice/InvoiceDrawing.h"
+
+#include "foundation/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+namespace brisklog {
+namespace {
+
+constexpr TextStyle regular{.pointSize = 10};
+constexpr TextStyle bold{.pointSize = 10, .bold = true};
+constexpr TextStyle title{.pointSize = 16, .bold = true};
+
+constexpr double pageTop = a4.height - 50;
+constexpr double left = 50;
+constexpr double width = a4.width - 100;
+constexpr double lineHeight = 14;
+constexpr double sideLineWidth = 200;
+
+constexpr double leftColumnWidth = width * 0.33;
+constexpr double middleColumnX = left + leftColumnWidth;
+constexpr double middleColumnWidth = width * 0.34;
+constexpr double rightColumnX = left + width * 0.67;
+constexpr double logoSize = 70;
+constexpr PageRectangle logoBox{middleColumnX + (middleColumnWidth - logoSize) / 2, pageTop - logoSize,
+                                logoSize, logoSize};
+
+/// No row begins on a page below this.
+constexpr double lowestRow = 260;
+constexpr double closingHeight = 70;
+/// From the last row's step to the top of the closing text: rule, total and what lies between.
+constexpr double tableEndToClosing = 7 + 14 + 42;
+
+constexpr double footerTop = 218;
+constexpr double footerBottom = 78;
+constexpr double notesWidth = leftColumnWidth - 10;
+constexpr double notesGap = 12;
+
+struct Column {
+    const char* header;
+    double x;
+    double width;
+};
+
+/// Cells keep this distance from the next column's text.
+constexpr double descriptionGap = 6;
+constexpr double numberGap = 4;
+
+constexpr std::array columns{Column{"Beschreibung", left, width * 0.5},
+                             Column{"Dauer", left + width * 0.5, width * 0.15},
+                             Column{"Stundensatz", left + width * 0.65, width * 0.15},
+                             Column{"Betrag", left + width * 0.8, width * 0.15}};
+constexpr const Column& amountColumn = columns.back();
+
+/// Blanks and line breaks at the end take no room; those at the beginning are kept.
+std::string withoutTrailingBlanks(std::string_view notes) {
+    const std::string_view inner = text::trimmed(notes);
+    return inner.empty() ? std::string() : std::string(notes.data(), inner.data() + inner.size());
+}
+
+} // namespace
+
+InvoiceDrawing::InvoiceDrawing(PdfDocument& page, const InvoiceTexts& texts)
+    : m_page(page), m_texts(texts), m_notes(withoutTrailingBlanks(texts.notes)),
+      m_closingSize(page.sizeOfWrapped(texts.closing, width, regular)) {
+    m_closingSize.height = std::min(m_closingSize.height, closingHeight);
+    if (!m_notes.empty())
+        m_notesHeight = page.sizeOfWrapped(m_notes, notesWidth, regular).height;
+}
+
+void InvoiceDrawing::draw() {
+    m_page.beginPage();
+    drawLetterhead();
+    drawGreeting();
+    drawTableHeader();
+    drawRows();
+    drawEnding();
+}
+
+void InvoiceDrawing::drawLetterhead() {
+    if (m_texts.logo)
+        m_page.drawImage(*m_texts.logo, logoBox);
+    m_y = pageTop;
+    drawLines(m_texts.senderLines, left);
+    m_y = pageTop;
+    drawLines(m_texts.invoiceLines, rightColumnX);
+    m_y -= 5;
+    drawLines(m_texts.recipientLines, rightColumnX);
+}
+
+void InvoiceDrawing::drawLines(const std::vector<std::string>& lines, double x) {
+    for (const std::string& line : lines) {
+        m_y -= lineHeight;
+        m_page.drawLine(line, {x, m_y, sideLineWidth, lineHeight}, regular);
+    }
+}
+
+void InvoiceDrawing::drawGreeting() {
+    m_y -= 40 + 30;
+    m_page.drawLine("Rechnung", {left, m_y, width, 20}, title);
+    m_y -= 50;
+    m_page.drawLine(m_texts.salutation, {left, m_y, width, lineHeight}, regular);
+    m_y -= 28 + 42;
+    std::ignore = m_page.drawWrapped("vielen Dank für Ihren Auftrag und Ihr Vertrauen.\n"
+                                     "Für meine Arbeit stelle ich Ihnen folgende Summe in Rechnung:",
+                                     {left, m_y, width, 42}, regular);
+}
+
+void InvoiceDrawing::drawTableHeader() {
+    m_y -= 56;
+    drawCells({columns[0].header, columns[1].header, columns[2].header, columns[3].header}, bold);
+    m_y -= 21;
+    m_page.drawRule(left, left + width, m_y);
+    m_y -= 14;
+}
+
+void InvoiceDrawing::drawRows() {
+    for (const InvoiceRow& row : m_texts.rows) {
+        if (m_y < lowestRow) {
+            m_page.beginPage();
+            m_y = pageTop;
+            drawTableHeader();
+        }
+        drawCells({row.description, row.duration, row.rate, row.amount}, regular);
+        m_y -= lineHeight;
+    }
+}
+
+void InvoiceDrawing::drawCells(const Cells& cells, const TextStyle& style) {
+    const auto boxes = placeCells(cells, style);
+    m_page.drawLine(cells[0], boxes[0], style);
+    for (std::size_t i = 1; i < columnCount; ++i)
+        m_page.drawNumber(cells[i], boxes[i], style);
+}
+
+std::array<PageRectangle, InvoiceDrawing::columnCount> InvoiceDrawing::placeCells(const Cells& cells,
+                                                                                  const TextStyle& style) {
+    // From the right: a number too long for its column pushes its neighbours aside instead of covering them.
+    std::array<PageRectangle, columnCount> boxes;
+    double room = amountColumn.x + amountColumn.width;
+    for (std::size_t i = columnCount - 1; i > 0; --i) {
+        const double right = std::min(columns[i].x + columns[i].width, room);
+        const double needed = std::min(m_page.widthOfNumber(cells[i], style), columns[i].width * 2);
+        boxes[i] = {right - needed, m_y, needed, lineHeight};
+        room = boxes[i].x - numberGap;
+    }
+    const double descriptionRoom = std::min(columns[0].width, room - left) - descriptionGap;
+    boxes[0] = {left, m_y, descriptionRoom, lineHeight};
+    return boxes;
+}
+
+void InvoiceDrawing::drawEnding() {
+    if (!hasRoomForEnding(m_y)) {
+        m_page.beginPage();
+        m_y = pageTop;
+    }
+    drawTotal();
+    drawNotes(drawClosing());
+    drawFooterLines();
+}
+
+void InvoiceDrawing::drawTotal() {
+    m_y -= 7;
+    m_page.drawRule(left, left + width, m_y);
+    m_y -= 14;
+    drawCells({"Gesamtbetrag:", "", "", m_texts.total}, bold);
+}
+
+double InvoiceDrawing::drawClosing() {
+    m_y -= 42 + closingHeight;
+    // A name that fills more than its box is cut there; it stands in full in the document's information.
+    std::ignore = m_page.drawWrapped(m_texts.closing, {left, m_y, width, closingHeight}, regular);
+    return m_y + closingHeight - m_closingSize.height;
+}
+
+void InvoiceDrawing::drawNotes(double closingBottom) {
+    if (m_notes.empty())
+        return;
+    if (!notesFitBlock(closingBottom)) {
+        drawNotesAtFullWidth(closingBottom - notesGap);
+        return;
+    }
+    const double top = std::min(footerTop, closingBottom - notesGap);
+    std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, notesWidth, top - footerBottom}, regular);
+}
+
+void InvoiceDrawing::drawNotesAtFullWidth(double top) {
+    const auto fitsAbove = [this, &top](double bottom) {
+        return m_page.sizeOfWrapped(m_notes, width, regular).height <= top - bottom;
+    };
+    while (!fitsAbove(lowestBesideFooter())) {
+        // What would only just fill the page leaves something for the next, so that the footer never stands
+        // alone.
+        const double bottom = fitsAbove(footerBottom) ? lowestBesideFooter() : footerBottom;
+        m_notes = m_page.drawWrapped(m_notes, {left, bottom, width, top - bottom}, regular);
+        m_page.beginPage();
+        top = pageTop;
+    }
+    std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, width, top - footerBottom}, regular);
+}
+
+void InvoiceDrawing::drawFooterLines() {
+    m_y = footerTop;
+    drawLines(m_texts.footerLines, rightColumnX);
+}
+
+double InvoiceDrawing::closingBottom(double y) const { return y - tableEndToClosing - m_closingSize.height; }
+
+bool InvoiceDrawing::hasRoomForEnding(double y) const {
+    const double bottom = closingBottom(y);
+    return bottom >= footerBottom && !closingMeetsFooterLines(bottom) && notesFitBlock(bottom);
+}
+
+bool InvoiceDrawing::closingMeetsFooterLines(double bottom) const {
+    const bool isAsLow = bottom < footerTop && !m_texts.footerLines.empty();
+    return isAsLow && left + m_closingSize.width + notesGap > rightColumnX;
+}
+
+bool InvoiceDrawing::notesFitBlock(double bottom) const {
+    return m_notes.empty() || std::min(footerTop, bottom - notesGap) - m_notesHeight >= footerBottom;
+}
+
+double InvoiceDrawing::lowestBesideFooter() const {
+    return m_texts.footerLines.empty() ? footerBottom : footerTop + notesGap;
+}
+
+} // namespace brisklog

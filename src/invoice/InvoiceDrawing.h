@@ -1,0 +1,63 @@
+#pragma once
+
+#include "invoice/InvoiceTexts.h"
+#include "platform/PdfDocument.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace brisklog {
+
+/// Draws an invoice page by page, from the letterhead down to the tax and bank details at the foot of the
+/// last page.
+class InvoiceDrawing {
+public:
+    /// Both must outlive this.
+    InvoiceDrawing(PdfDocument& page, const InvoiceTexts& texts);
+
+    void draw();
+
+private:
+    static constexpr std::size_t columnCount = 4;
+    /// A line of the table: description, duration, rate, amount.
+    using Cells = std::array<std::string_view, columnCount>;
+
+    void drawLetterhead();
+    void drawLines(const std::vector<std::string>& lines, double x);
+    void drawGreeting();
+    void drawTableHeader();
+    void drawRows();
+    void drawCells(const Cells& cells, const TextStyle& style);
+    [[nodiscard]] std::array<PageRectangle, columnCount> placeCells(const Cells& cells,
+                                                                    const TextStyle& style);
+
+    void drawEnding();
+    void drawTotal();
+    /// Returns the y under its last line.
+    double drawClosing();
+    void drawNotes(double closingBottom);
+    void drawNotesAtFullWidth(double top);
+    void drawFooterLines();
+
+    /// The y under the closing text, and whether all that follows the table has room, if the table ended at
+    /// `y`.
+    [[nodiscard]] double closingBottom(double y) const;
+    [[nodiscard]] bool hasRoomForEnding(double y) const;
+    [[nodiscard]] bool closingMeetsFooterLines(double bottom) const;
+    [[nodiscard]] bool notesFitBlock(double bottom) const;
+    /// How far down notes at full width may reach on the page with the footer lines.
+    [[nodiscard]] double lowestBesideFooter() const;
+
+    PdfDocument& m_page;
+    const InvoiceTexts& m_texts;
+    std::string m_notes;
+    /// What the closing text needs, no more than its box.
+    PageSize m_closingSize;
+    /// What the notes need in the left block at the foot; 0 without notes.
+    double m_notesHeight = 0;
+    /// Everything is placed from the top down; this is the bottom edge of what was drawn last.
+    double m_y = 0;
+};
+
+} // namespace brisklog

@@ -1,0 +1,109 @@
+#include "platform/linux/CairoPdfGlyphs.h"
+
+#include <algorithm>
+#include <hb.h>
+#include <pango/pangocairo.h>
+#include <string_view>
+
+namespace brisklog {
+namespace {
+
+constexpr std::string_view ellipsis = "…";
+
+double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
+
+bool isShown(const PangoGlyphInfo& glyph) {
+    constexpr PangoGlyph unknownBlank = PANGO_GET_UNKNOWN_GLYPH(U' ');
+    return glyph.glyph != PANGO_GLYPH_EMPTY && glyph.glyph != unknownBlank;
+}
+
+/// No font has this character.
+bool isUnknown(const PangoGlyphInfo& glyph) { return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0; }
+
+unsigned long blankOf(PangoFont* font) {
+    hb_codepoint_t index = 0;
+    hb_font_get_nominal_glyph(pango_font_get_hb_font(font), U' ', &index);
+    return index;
+}
+
+bool isEllipsis(const PangoGlyphItem& run) {
+    return (run.item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) != 0;
+}
+
+std::string_view textOf(const PangoGlyphItem& run, const char* text) {
+    if (isEllipsis(run))
+        return ellipsis;
+    return {text + run.item->offset, static_cast<std::size_t>(run.item->length)};
+}
+
+cairo_text_cluster_flags_t directionOf(const PangoGlyphItem& run) {
+    const bool isBackward = run.item->analysis.level % 2 == 1;
+    return static_cast<cairo_text_cluster_flags_t>(isBackward ? CAIRO_TEXT_CLUSTER_FLAG_BACKWARD : 0);
+}
+
+int countShown(const PangoGlyphString& glyphs, int begin, int end) {
+    return static_cast<int>(std::count_if(glyphs.glyphs + begin, glyphs.glyphs + end, isShown));
+}
+
+} // namespace
+
+double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double x, double baseline) {
+    PangoFont* const font = run.item->analysis.font;
+    if (font != nullptr) {
+        collectGlyphs(run, x, baseline);
+        collectClusters(run, text);
+        const std::string_view shown = textOf(run, text);
+        cairo_set_scaled_font(m_drawing, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)));
+        cairo_show_text_glyphs(m_drawing, shown.data(), static_cast<int>(shown.size()), m_glyphs.data(),
+                               static_cast<int>(m_glyphs.size()), m_clusters.data(),
+                               static_cast<int>(m_clusters.size()), directionOf(run));
+    }
+    return toPoints(pango_glyph_string_get_width(run.glyphs));
+}
+
+void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, double x, double baseline) {
+    m_glyphs.clear();
+    for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
+        const PangoGlyphInfo& glyph = run.glyphs->glyphs[i];
+        const double width = toPoints(glyph.geometry.width);
+        if (isShown(glyph)) {
+            // Drawn by Pango, a character that no font has would be lost as text. Here it is a blank in a
+            // box.
+            if (isUnknown(glyph))
+                showUnknown(x, baseline, width);
+            m_glyphs.push_back({isUnknown(glyph) ? blankOf(run.item->analysis.font) : glyph.glyph,
+                                x + toPoints(glyph.geometry.x_offset),
+                                baseline + toPoints(glyph.geometry.y_offset)});
+        }
+        x += width;
+    }
+}
+
+void CairoPdfGlyphs::collectClusters(const PangoGlyphItem& run, const char* text) {
+    m_clusters.clear();
+    if (isEllipsis(run)) {
+        m_clusters.push_back({static_cast<int>(ellipsis.size()), static_cast<int>(m_glyphs.size())});
+        return;
+    }
+    auto* const item = const_cast<PangoGlyphItem*>(&run);
+    PangoGlyphItemIter cluster;
+    for (gboolean more = pango_glyph_item_iter_init_start(&cluster, item, text); more != FALSE;
+         more = pango_glyph_item_iter_next_cluster(&cluster)) {
+        const bool isForward = cluster.start_glyph < cluster.end_glyph;
+        const int first = isForward ? cluster.start_glyph : cluster.end_glyph + 1;
+        const int behind = isForward ? cluster.end_glyph : cluster.start_glyph + 1;
+        m_clusters.push_back(
+            {cluster.end_index - cluster.start_index, countShown(*run.glyphs, first, behind)});
+    }
+}
+
+void CairoPdfGlyphs::showUnknown(double x, double baseline, double width) {
+    constexpr double gap = 1;
+    constexpr double height = 7;
+    constexpr double lineWidth = 0.5;
+    cairo_set_line_width(m_drawing, lineWidth);
+    cairo_rectangle(m_drawing, x + gap, baseline - height, std::max(width - 2 * gap, gap), height);
+    cairo_stroke(m_drawing);
+}
+
+} // namespace brisklog

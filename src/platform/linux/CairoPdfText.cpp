@@ -1,0 +1,219 @@
+#include "platform/linux/CairoPdfText.h"
+
+#include "platform/linux/CairoPdfCharacters.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <pango/pangocairo.h>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+constexpr const char* fontFamilies = "Inter, Liberation Sans, DejaVu Sans, sans-serif";
+/// Digits of equal width, and no exchange of characters for what their neighbours suggest: that loses some of
+/// them from the text that can be copied.
+constexpr const char* fontFeatures = "calt=0, tnum=1";
+/// The same without the joining of letters and accents, which takes a font half its time and has nothing to
+/// do in ordinary text.
+constexpr const char* ordinaryFontFeatures = "calt=0, tnum=1, ccmp=0";
+
+/// More than any line and any page holds; a text is not laid out beyond it.
+constexpr std::size_t longestLine = 4096;
+constexpr std::size_t longestPortion = 32768;
+constexpr std::size_t mostRecentLines = 256;
+
+double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
+
+int toPango(double points) { return static_cast<int>(std::lround(points * PANGO_SCALE)); }
+
+struct FreeIterator {
+    void operator()(PangoLayoutIter* iterator) const { pango_layout_iter_free(iterator); }
+};
+
+using OwnedIterator = std::unique_ptr<PangoLayoutIter, FreeIterator>;
+
+/// Letters of western Europe, digits, punctuation and currency signs, no accents that stand by themselves.
+/// Told by the first bytes of characters: below U+0300, and U+2000 to U+2FFF.
+bool isOrdinary(std::string_view line) {
+    return std::ranges::all_of(line, [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte < 0xCC || byte == 0xE2;
+    });
+}
+
+PangoAttrList* makeAttributes(const TextStyle& style, const char* features) {
+    PangoFontDescription* const font = pango_font_description_from_string(fontFamilies);
+    pango_font_description_set_size(font, toPango(style.pointSize));
+    pango_font_description_set_weight(font, style.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    PangoAttrList* const attributes = pango_attr_list_new();
+    pango_attr_list_insert(attributes, pango_attr_font_desc_new(font));
+    pango_attr_list_insert(attributes, pango_attr_font_features_new(features));
+    pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
+    pango_font_description_free(font);
+    return attributes;
+}
+
+/// Sizes and places exactly as designed, not fitted to the pixels of a screen.
+void setUpForPaper(PangoContext* context) {
+    cairo_font_options_t* const options = cairo_font_options_create();
+    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    pango_cairo_context_set_font_options(context, options);
+    cairo_font_options_destroy(options);
+    pango_context_set_round_glyph_positions(context, FALSE);
+    pango_context_set_language(context, pango_language_from_string("de-DE"));
+}
+
+} // namespace
+
+CairoPdfText::CairoPdfText(cairo_t* drawing, PangoFontMap* fonts)
+    : m_drawing(drawing), m_glyphs(drawing), m_context(pango_font_map_create_context(fonts)) {
+    setUpForPaper(m_context.get());
+    pango_cairo_update_context(drawing, m_context.get());
+}
+
+CairoPdfText::Layout CairoPdfText::makeLayout(PangoAttrList* attributes) const {
+    Layout layout(pango_layout_new(m_context.get()));
+    pango_layout_set_attributes(layout.get(), attributes);
+    pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+    return layout;
+}
+
+CairoPdfText::Face& CairoPdfText::face(const TextStyle& style) {
+    const auto known = std::ranges::find(m_faces, style, &Face::style);
+    if (known != m_faces.end())
+        return *known;
+    Attributes attributes(makeAttributes(style, fontFeatures));
+    Attributes ordinary(makeAttributes(style, ordinaryFontFeatures));
+    Layout layout = makeLayout(attributes.get());
+    pango_layout_set_text(layout.get(), "x", 1);
+    const double ascent = toPoints(pango_layout_get_baseline(layout.get()));
+    m_faces.push_back({style, std::move(attributes), std::move(ordinary), std::move(layout), ascent, {}});
+    return m_faces.back();
+}
+
+CairoPdfText::ShapedLine CairoPdfText::shape(std::string line, const Face& face) const {
+    // A layout would do this too, in twice the time: it also looks for places to break the line.
+    ShapedLine shaped{std::move(line), {}, 0};
+    const char* const text = shaped.text.data();
+    const auto length = static_cast<int>(shaped.text.size());
+    PangoAttrList* const attributes =
+        isOrdinary(shaped.text) ? face.ordinaryAttributes.get() : face.attributes.get();
+    GList* const logical = pango_itemize(m_context.get(), text, 0, length, attributes, nullptr);
+    GList* const visual = pango_reorder_items(logical);
+    g_list_free(logical);
+    for (const GList* node = visual; node != nullptr; node = node->next) {
+        PangoGlyphItem* const run = g_slice_new0(PangoGlyphItem);
+        shaped.runs.emplace_back(run);
+        run->item = static_cast<PangoItem*>(node->data);
+        run->glyphs = pango_glyph_string_new();
+        pango_shape_full(text + run->item->offset, run->item->length, text, length, &run->item->analysis,
+                         run->glyphs);
+        shaped.width += toPoints(pango_glyph_string_get_width(run->glyphs));
+    }
+    g_list_free(visual);
+    return shaped;
+}
+
+const CairoPdfText::ShapedLine& CairoPdfText::shaped(const std::string& line, Face& face) const {
+    if (const auto known = face.recent.find(line); known != face.recent.end())
+        return known->second;
+    if (face.recent.size() >= mostRecentLines)
+        face.recent.clear();
+    return face.recent.emplace(line, shape(line, face)).first->second;
+}
+
+PangoLayout* CairoPdfText::shortened(const std::string& line, double width, const TextStyle& style) {
+    PangoLayout* const layout = face(style).layout.get();
+    pango_layout_set_single_paragraph_mode(layout, TRUE);
+    pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
+    pango_layout_set_width(layout, std::max(0, toPango(width)));
+    pango_layout_set_text(layout, line.data(), static_cast<int>(line.size()));
+    return layout;
+}
+
+PangoLayout* CairoPdfText::wrapped(const std::string& text, double width, const TextStyle& style) {
+    PangoLayout* const layout = face(style).layout.get();
+    pango_layout_set_single_paragraph_mode(layout, FALSE);
+    pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_NONE);
+    pango_layout_set_width(layout, toPango(width));
+    pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
+    return layout;
+}
+
+void CairoPdfText::drawLine(std::string_view text, double x, double top, double width,
+                            const TextStyle& style) {
+    const bool isCut = text.size() > longestLine;
+    std::string line = printableLine(beginning(text, longestLine));
+    if (isCut)
+        line += "…";
+    Face& chosen = face(style);
+    // All lines of a style share one ascent, so that a character from another font does not move its line.
+    const double baseline = top + chosen.ascent;
+    if (!isCut)
+        if (const ShapedLine& whole = shaped(line, chosen); whole.width <= width)
+            return show(whole, x, baseline);
+    PangoLayout* const layout = shortened(line, width, style);
+    show(layout, pango_layout_get_line_readonly(layout, 0), x, baseline);
+}
+
+double CairoPdfText::widthOfNumber(std::string_view text, const TextStyle& style) {
+    return shaped(printableLine(text), face(style)).width;
+}
+
+void CairoPdfText::drawNumber(std::string_view text, double x, double top, double width,
+                              const TextStyle& style) {
+    Face& chosen = face(style);
+    const ShapedLine& number = shaped(printableLine(text), chosen);
+    const double baseline = top + chosen.ascent;
+    if (number.width <= width)
+        return show(number, x + width - number.width, baseline);
+    cairo_save(m_drawing);
+    cairo_translate(m_drawing, x, baseline);
+    cairo_scale(m_drawing, width / number.width, width / number.width);
+    show(number, 0, 0);
+    cairo_restore(m_drawing);
+}
+
+std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,
+                                      const TextStyle& style) {
+    const auto considered = beginning(text, longestPortion);
+    const std::string portion = printableLines(considered);
+    PangoLayout* const layout = wrapped(portion, room.width, style);
+    const OwnedIterator lines(pango_layout_get_iter(layout));
+    bool isFirst = true;
+    do {
+        PangoRectangle extents;
+        pango_layout_iter_get_line_extents(lines.get(), nullptr, &extents);
+        PangoLayoutLine* const line = pango_layout_iter_get_line_readonly(lines.get());
+        if (!isFirst && toPoints(extents.y + extents.height) > room.height)
+            return portion.substr(static_cast<std::size_t>(line->start_index)) +
+                   std::string(text.substr(considered.size()));
+        show(layout, line, x, top + toPoints(pango_layout_iter_get_baseline(lines.get())));
+        isFirst = false;
+    } while (pango_layout_iter_next_line(lines.get()));
+    return std::string(text.substr(considered.size()));
+}
+
+PageSize CairoPdfText::sizeOfWrapped(std::string_view text, double width, const TextStyle& style) {
+    if (text.size() > longestPortion)
+        return {width, std::numeric_limits<double>::infinity()};
+    PangoRectangle extents;
+    pango_layout_get_extents(wrapped(printableLines(text), width, style), nullptr, &extents);
+    return {toPoints(extents.width), toPoints(extents.height)};
+}
+
+void CairoPdfText::show(const ShapedLine& line, double x, double baseline) {
+    for (const auto& run : line.runs)
+        x += m_glyphs.show(*run, line.text.data(), x, baseline);
+}
+
+void CairoPdfText::show(PangoLayout* layout, PangoLayoutLine* line, double x, double baseline) {
+    const char* const text = pango_layout_get_text(layout);
+    for (const GSList* node = line->runs; node != nullptr; node = node->next)
+        x += m_glyphs.show(*static_cast<const PangoGlyphItem*>(node->data), text, x, baseline);
+}
+
+} // namespace brisklog

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "invoice/UpdatedInvoiceTemplate.h"
+#include "support/FakeClock.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brisklog::test {
+
+[[nodiscard]] InvoiceSender sampleSender();
+[[nodiscard]] Customer sampleCustomer();
+
+/// An entry of that many minutes; `startMinute` is counted from the reference date.
+[[nodiscard]] TimeEntry billedEntry(const std::string& taskName, double startMinute, double minutes,
+                                    std::optional<double> hourlyRate = std::nullopt);
+
+/// One-hour entries named "Aufgabe 1", "Aufgabe 2", … that follow each other.
+[[nodiscard]] std::vector<TimeEntry> billedEntries(int count);
+
+/// "Zeile 1", "Zeile 2", … a line each.
+[[nodiscard]] std::string numberedLines(int count);
+
+/// An invoice as a user would write it; a test changes what it is about.
+struct SampleInvoice {
+    Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 80.0, .entries = {}};
+    std::optional<Customer> customer = sampleCustomer();
+    std::string invoiceNumber = "RE-2026-0042";
+    std::vector<TimeEntry> entries = billedEntries(3);
+    std::string notes;
+    InvoiceSender sender = sampleSender();
+    Date now = FakeClock().now();
+
+    /// The document made of all this by the real drawing facility.
+    [[nodiscard]] std::string document() const;
+};
+
+} // namespace brisklog::test
