@@ -1,0 +1,178 @@
+#include "invoice/screens/InvoiceEntryDelegate.h"
+
+#include "app/components/CheckBox.h"
+#include "app/components/Figures.h"
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/SymbolButton.h"
+#include "invoice/screens/InvoiceEntryModel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int rowHeight = 34;
+/// Above and under a row: room for the focus ring.
+constexpr int inset = (InvoiceEntryDelegate::rowStep - rowHeight) / 2;
+constexpr int insetLeft = 4;
+constexpr int insetRight = 6;
+constexpr int padding = 8;
+constexpr int gap = 8;
+constexpr int radius = 4;
+constexpr int boxWidth = 16;
+constexpr int dateWidth = 90;
+constexpr int durationWidth = 80;
+constexpr int amountWidth = 80;
+constexpr int trashWidth = 28;
+constexpr int trashGap = 4;
+constexpr int symbolSize = 18;
+constexpr double invoicedOpacity = 0.7;
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+QRect rowIn(const QRect& item) {
+    return item.adjusted(insetLeft, inset, -(insetRight + trashWidth + trashGap), -inset);
+}
+
+QRect trashIn(const QRect& item) {
+    const int left = item.right() + 1 - insetRight - trashWidth;
+    return {left, item.top() + (item.height() - trashWidth) / 2, trashWidth, trashWidth};
+}
+
+/// Where the cells of a row lie.
+struct Cells {
+    QRect box;
+    QRect date;
+    QRect name;
+    QRect duration;
+    QRect amount;
+};
+
+/// The numbers grow to the left where they need more than their columns; the name gets what is left.
+Cells cellsIn(const QRect& row, int durationNeeds, int amountNeeds) {
+    const auto cell = [&row](int left, int width) { return QRect(left, row.top(), width, row.height()); };
+    Cells cells;
+    cells.box = cell(row.left() + padding, boxWidth);
+    cells.date = cell(cells.box.right() + 1 + gap, dateWidth);
+    const int amount = std::max(amountWidth, amountNeeds);
+    cells.amount = cell(row.right() + 1 - padding - amount, amount);
+    const int duration = std::max(durationWidth, durationNeeds);
+    cells.duration = cell(cells.amount.left() - gap - duration, duration);
+    const int nameLeft = cells.date.right() + 1 + gap;
+    cells.name = cell(nameLeft, std::max(0, cells.duration.left() - gap - nameLeft));
+    return cells;
+}
+
+QColor groundColor(InvoiceEntryRowView::Ground ground, const Palette& palette) {
+    switch (ground) {
+    case InvoiceEntryRowView::Ground::invoiced:
+        return withOpacity(palette.greenFill, 0.2);
+    case InvoiceEntryRowView::Ground::selected:
+        return withOpacity(palette.blueFill, 0.1);
+    case InvoiceEntryRowView::Ground::plain:
+        break;
+    }
+    return withOpacity(palette.field, 0.2);
+}
+
+} // namespace
+
+InvoiceEntryDelegate::InvoiceEntryDelegate(const InvoiceEntryModel& model, ListView& list)
+    : QStyledItemDelegate(&list), m_model(model), m_list(list) {}
+
+InvoiceEntryDelegate::Part InvoiceEntryDelegate::partAt(const QRect& item, const QPoint& point) {
+    if (rowIn(item).contains(point))
+        return Part::row;
+    return trashIn(item).contains(point) ? Part::trash : Part::none;
+}
+
+void InvoiceEntryDelegate::setActiveTrash(const QModelIndex& index, bool isPressed) {
+    if (m_activeTrash == index && m_isTrashPressed == isPressed)
+        return;
+    m_activeTrash = index;
+    m_isTrashPressed = isPressed;
+    m_list.viewport()->update();
+}
+
+QSize InvoiceEntryDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
+    return {0, rowStep};
+}
+
+void InvoiceEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_list);
+    const QRect row = rowIn(option.rect);
+    const InvoiceEntryRowView shown = m_model.row(index);
+    painter->save();
+    painter->setOpacity(shown.entryStatus.isInvoiced ? invoicedOpacity : 1);
+    fillRounded(*painter, row, radius, groundColor(shown.ground(), palette));
+    paintCells(*painter, row, shown);
+    painter->setOpacity(1);
+    const bool isActive = m_activeTrash == index;
+    paintSymbolButton(*painter, trashIn(option.rect), u"trash"_s, symbolSize,
+                      {.color = &Palette::red,
+                       .isDeleting = true,
+                       .isHovered = isActive,
+                       .isPressed = isActive && m_isTrashPressed},
+                      palette);
+    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
+        paintFocusRing(*painter, QRectF(row).adjusted(1, 1, -1, -1), radius, palette);
+    painter->restore();
+}
+
+void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
+                                      const InvoiceEntryRowView& shown) const {
+    const Palette& palette = Palette::of(m_list);
+    const QString duration = text(shown.duration(m_model.now()));
+    const QString amount = text(shown.amount(m_model.now()));
+    const Cells cells =
+        cellsIn(row, figureWidth(duration, FontRole::body13), figureWidth(amount, FontRole::body13Medium));
+    constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
+    constexpr Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
+    paintCheckBox(painter, cells.box, {.isTicked = shown.entryStatus.isSelected}, palette);
+    paintFigures(painter, cells.date, text(shown.date()), FontRole::body13, palette.text, left);
+    paintText(painter, cells.name, text(shown.entryStatus.entry.taskName), FontRole::body13, palette.text);
+    paintFigures(painter, cells.duration, duration, FontRole::body13, palette.text, right);
+    paintFigures(painter, cells.amount, amount, FontRole::body13Medium, palette.text, right);
+}
+
+QString InvoiceEntryDelegate::tooltip(const QRect& item, const QPoint& point,
+                                      const QModelIndex& index) const {
+    const Part part = partAt(item, point);
+    if (part == Part::none)
+        return {};
+    if (part == Part::trash)
+        return QString::fromUtf16(trashTooltip);
+    const InvoiceEntryRowView shown = m_model.row(index);
+    const QString name = text(shown.entryStatus.entry.taskName);
+    const Cells cells =
+        cellsIn(rowIn(item), figureWidth(text(shown.duration(m_model.now())), FontRole::body13),
+                figureWidth(text(shown.amount(m_model.now())), FontRole::body13Medium));
+    const bool isElided = textWidth(name, FontRole::body13) > cells.name.width();
+    const QString remark = text(shown.remark());
+    if (!isElided)
+        return remark;
+    return remark.isEmpty() ? name : name + u'\n' + remark;
+}
+
+bool InvoiceEntryDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                     const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString shown = tooltip(option.rect, event->pos(), index);
+    if (shown.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event->globalPos(), plainTooltip(shown), view->viewport());
+    return true;
+}
+
+} // namespace brisklog

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/components/Palette.h"
+#include "invoice/InvoiceEntryRowView.h"
+
+#include <QPersistentModelIndex>
+#include <QStyledItemDelegate>
+#include <optional>
+
+namespace brisklog {
+
+class InvoiceEntryModel;
+class ListView;
+
+/// Paints the invoice sheet's rows and says which part of one lies under a point.
+class InvoiceEntryDelegate final : public QStyledItemDelegate {
+public:
+    /// What can be pressed in a row.
+    enum class Part { none, row, trash };
+
+    /// Height of a row with the gap to the next one.
+    static constexpr int rowStep = 38;
+    static constexpr const char16_t* trashTooltip = u"Eintrag löschen";
+
+    InvoiceEntryDelegate(const InvoiceEntryModel& model, ListView& list);
+
+    /// The part at a point, for an item that covers `item`.
+    [[nodiscard]] static Part partAt(const QRect& item, const QPoint& point);
+
+    /// The trash button that is drawn as hovered, and as pressed.
+    void setActiveTrash(const QModelIndex& index, bool isPressed);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+private:
+    void paintCells(QPainter& painter, const QRect& row, const InvoiceEntryRowView& shown) const;
+    [[nodiscard]] QString tooltip(const QRect& item, const QPoint& point, const QModelIndex& index) const;
+
+    const InvoiceEntryModel& m_model;
+    ListView& m_list;
+    QPersistentModelIndex m_activeTrash;
+    bool m_isTrashPressed = false;
+};
+
+} // namespace brisklog

@@ -1,0 +1,40 @@
+#include "invoice/screens/InvoiceFormLayout.h"
+
+#include "app/components/Card.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+
+namespace brisklog::invoiceForm {
+namespace {
+
+constexpr int headingHeight = 26;
+constexpr int headingInset = 2;
+constexpr int headingGap = 6;
+constexpr int labelWidth = 144;
+/// The lowest pixel row of a card is its shadow.
+constexpr int shadow = 1;
+
+} // namespace
+
+LayoutItem heading(const QString& title, const LayoutBox& buttons) {
+    auto* label = new Label(title, FontRole::body13Semibold);
+    label->setMinimumHeight(headingHeight);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return Row{label, stretch(), buttons}.margins({headingInset, 0, headingInset, headingGap});
+}
+
+LayoutItem heading(const QString& title) { return heading(title, Row{}); }
+
+Label* fieldLabel(const QString& text) {
+    auto* label = new Label(text, FontRole::body13, &Palette::secondary);
+    label->setFixedWidth(labelWidth);
+    return label;
+}
+
+Card* card(const LayoutBox& content, int paddingTop, int paddingBottom) {
+    auto* card = new Card;
+    Column{content}.margins({cardPadding, paddingTop, cardPadding, paddingBottom + shadow}).applyTo(*card);
+    return card;
+}
+
+} // namespace brisklog::invoiceForm

@@ -1,0 +1,74 @@
+#include "invoice/screens/InvoiceManualEntrySection.h"
+
+#include "app/components/Button.h"
+#include "app/components/Card.h"
+#include "app/components/DateTimeField.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/Stepper.h"
+#include "app/components/TextField.h"
+#include "invoice/screens/InvoiceFormLayout.h"
+
+#include <QDateTime>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int rateWidth = 120;
+constexpr double millisecondsPerSecond = 1000;
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+QDateTime moment(Date date) {
+    return QDateTime::fromMSecsSinceEpoch(
+        std::llround((date.secondsSinceReference + secondsFromUnixEpochToReference) * millisecondsPerSecond));
+}
+
+Date date(const QDateTime& moment) {
+    return {static_cast<double>(moment.toMSecsSinceEpoch()) / millisecondsPerSecond -
+            secondsFromUnixEpochToReference};
+}
+
+LayoutBox labelled(const QString& label, const LayoutBox& fields) {
+    return Row{invoiceForm::fieldLabel(label), space(invoiceForm::labelGap), expanding(fields)};
+}
+
+} // namespace
+
+InvoiceManualEntrySection::InvoiceManualEntrySection(InvoiceView& view)
+    : m_view(view), m_date(new DateTimeField(u"Datum"_s)), m_description(new TextField(u"Beschreibung"_s)),
+      m_hours(new Stepper(0, 23, u"h"_s, u"Stunden"_s)), m_minutes(new Stepper(0, 59, u"m"_s, u"Minuten"_s)),
+      m_rate(new TextField(u"Stundenlohn"_s)), m_add(new Button(u"Eintrag hinzufügen"_s)) {
+    m_rate->setFixedWidth(rateWidth);
+    m_add->setSymbol(u"plus"_s);
+    Column rows{labelled(u"Datum:"_s, Row{m_date, stretch()}),
+                labelled(u"Beschreibung:"_s, Row{m_description}),
+                labelled(u"Dauer:"_s, Row{m_hours, m_minutes, stretch()}.spacing(8)),
+                labelled(u"Stundenlohn:"_s, Row{m_rate, stretch(), m_add})};
+    rows.spacing(invoiceForm::rowGap);
+    Column{invoiceForm::heading(u"Manueller Eintrag"_s), invoiceForm::card(rows)}.applyTo(*this);
+    connectFields();
+    observe(m_view);
+}
+
+void InvoiceManualEntrySection::connectFields() {
+    m_date->onEdited([this](const QDateTime& edited) { m_view.manualDate = date(edited); });
+    m_description->onEdited([this](const QString& typed) { m_view.manualDescription = typed.toStdString(); });
+    m_hours->onStepped([this](int hours) { m_view.manualHours = hours; });
+    m_minutes->onStepped([this](int minutes) { m_view.manualMinutes = minutes; });
+    m_rate->onEdited([this](const QString& typed) { m_view.manualRate = typed.toStdString(); });
+    m_add->onClick([this] { m_view.addManualEntry(); });
+}
+
+void InvoiceManualEntrySection::refresh() {
+    m_date->setMoment(moment(m_view.manualDate));
+    m_description->setValue(text(m_view.manualDescription));
+    m_hours->setNumber(static_cast<int>(m_view.manualHours));
+    m_minutes->setNumber(static_cast<int>(m_view.manualMinutes));
+    m_rate->setValue(text(m_view.manualRate));
+}
+
+} // namespace brisklog

@@ -1,0 +1,74 @@
+#include "invoice/screens/InvoiceNotesSection.h"
+
+#include "app/components/Button.h"
+#include "app/components/Card.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/Menu.h"
+#include "app/components/Sheets.h"
+#include "app/components/TextArea.h"
+#include "invoice/screens/InvoiceFormLayout.h"
+#include "invoice/screens/SaveNoteScreen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+} // namespace
+
+InvoiceNotesSection::InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceView& view)
+    : m_timeStore(timeStore), m_view(view), m_notes(new TextArea), m_save(new Button(u"Speichern"_s)),
+      m_saved(new Button(u"Gespeicherte Notizen"_s)),
+      m_delete(new Button(u"Ausgewählte Notiz löschen"_s, Button::Kind::destructive)) {
+    const QString title = u"Zusätzliche Hinweise"_s;
+    m_notes->setAccessibleName(title);
+    m_notes->setFixedHeight(m_notes->sizeHint().height());
+    m_save->setSymbol(u"square.and.arrow.down"_s);
+    m_saved->setSymbol(u"text.badge.checkmark"_s);
+    m_saved->setOpensMenu();
+    m_delete->setSymbol(u"trash"_s);
+    Column content{m_notes, space(8), Row{m_save, m_saved, stretch(), m_delete}.spacing(8)};
+    Column{invoiceForm::heading(title), invoiceForm::card(content)}.applyTo(*this);
+    connectButtons();
+    observe(m_timeStore);
+    observe(m_view);
+}
+
+void InvoiceNotesSection::connectButtons() {
+    m_notes->onEdited([this](const QString& typed) { m_view.additionalNotes = typed.toStdString(); });
+    m_save->onClick([this] { m_view.beginSavingNote(); });
+    m_saved->onClick([this] { showSavedNotes(); });
+    m_delete->onClick([this] { m_view.deleteSelectedNote(); });
+}
+
+void InvoiceNotesSection::showSavedNotes() {
+    MenuContent content;
+    for (const SavedNote& note : m_timeStore.savedNotes.get())
+        content.items.push_back({.text = text(note.name),
+                                 .chosen = [this, id = note.id] { m_view.chooseNote(id); },
+                                 .isChecked = note.id == m_view.selectedNoteId.get()});
+    showMenu(*m_saved, content);
+}
+
+void InvoiceNotesSection::refresh() {
+    m_notes->setValue(text(m_view.additionalNotes));
+    m_saved->setVisible(!m_timeStore.savedNotes->empty());
+    refreshSaveNoteSheet();
+}
+
+void InvoiceNotesSection::refreshSaveNoteSheet() {
+    if (m_view.showingSaveNoteSheet && !m_saveNoteSheet) {
+        m_saveNoteSheet = &presentSheet(*this, makeSaveNoteSheet(m_timeStore, m_view));
+        m_saveNoteSheet->onClosed([this] {
+            m_saveNoteSheet = nullptr;
+            m_view.showingSaveNoteSheet = false;
+        });
+    } else if (!m_view.showingSaveNoteSheet && m_saveNoteSheet) {
+        m_saveNoteSheet->dismiss();
+    }
+}
+
+} // namespace brisklog

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "core/TimeTrackingStore.h"
+#include "invoice/InvoiceView.h"
+
+#include <QPointer>
+
+namespace brisklog {
+
+class Button;
+class SheetWindow;
+class TextArea;
+
+/// The notes printed on the invoice, and the saved ones to take them from.
+class InvoiceNotesSection final : public Screen {
+public:
+    InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceView& view);
+
+protected:
+    void refresh() override;
+
+private:
+    void connectButtons();
+    void showSavedNotes();
+    /// Shows or takes away the sheet that asks for a note's name, as the view says.
+    void refreshSaveNoteSheet();
+
+    TimeTrackingStore& m_timeStore;
+    InvoiceView& m_view;
+    TextArea* m_notes;
+    Button* m_save;
+    Button* m_saved;
+    Button* m_delete;
+    QPointer<SheetWindow> m_saveNoteSheet;
+};
+
+} // namespace brisklog

@@ -1,0 +1,94 @@
+#include "invoice/screens/InvoiceScreen.h"
+
+#include "app/components/Button.h"
+#include "app/components/Card.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/SheetWindow.h"
+#include "app/components/TextField.h"
+#include "invoice/screens/InvoiceCustomerSection.h"
+#include "invoice/screens/InvoiceEntriesSection.h"
+#include "invoice/screens/InvoiceFormLayout.h"
+#include "invoice/screens/InvoiceManualEntrySection.h"
+#include "invoice/screens/InvoiceNotesSection.h"
+
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr QSize sheetSize{640, 680};
+constexpr QSize smallestSheet{640, 520};
+constexpr int numberWidth = 200;
+/// Between two cards and under the last one, where the shadow of the upper one takes a pixel.
+constexpr int sectionGap = 13;
+constexpr int marginBelow = 19;
+constexpr int marginAbove = 14;
+
+/// Control-Return presses the button, wherever the keyboard is. Return alone deliberately does not: in a
+/// field it would bill at once.
+void pressWithControlReturn(Button& button, QWidget& sheet) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)), &sheet);
+        // A key held down would bill again and again.
+        shortcut->setAutoRepeat(false);
+        QObject::connect(shortcut, &QShortcut::activated, &button, [&button] { button.click(); });
+    }
+}
+
+} // namespace
+
+InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const InvoicePlatform& platform)
+    : m_view(timeStore, projectIndex, platform), m_number(new TextField),
+      m_create(new Button(u"Rechnung erstellen"_s, Button::Kind::primary)) {
+    Column{new InvoiceCustomerSection(timeStore, m_view),
+           numberCard(),
+           new InvoiceEntriesSection(timeStore, m_view, platform.clock),
+           new InvoiceManualEntrySection(m_view),
+           new InvoiceNotesSection(timeStore, m_view),
+           stretch()}
+        .spacing(sectionGap)
+        .margins({invoiceForm::margin, marginAbove, invoiceForm::margin, marginBelow})
+        .applyTo(*this);
+    m_create->setSymbol(u"doc.text"_s);
+    m_create->setToolTip(u"Rechnung erstellen (Strg+Eingabe)"_s);
+    m_create->onClick([this] { m_view.createInvoice(); });
+    observe(timeStore);
+    observe(m_view);
+}
+
+Card* InvoiceScreen::numberCard() {
+    m_number->setAccessibleName(u"Rechnungsnummer"_s);
+    m_number->setFixedWidth(numberWidth);
+    m_number->onEdited([this](const QString& typed) { m_view.invoiceNumber = typed.toStdString(); });
+    return invoiceForm::card(Row{invoiceForm::fieldLabel(u"Rechnungsnummer:"_s), space(invoiceForm::labelGap),
+                                 m_number, stretch()},
+                             10, 10);
+}
+
+void InvoiceScreen::showEvent(QShowEvent* event) {
+    m_view.initializeEntryStatuses();
+    Screen::showEvent(event);
+}
+
+void InvoiceScreen::refresh() {
+    m_number->setValue(QString::fromStdString(m_view.invoiceNumber));
+    m_create->setEnabled(m_view.canCreateInvoice());
+}
+
+std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
+                                              const InvoicePlatform& platform) {
+    auto* screen = new InvoiceScreen(timeStore, projectIndex, platform);
+    auto sheet = std::make_unique<SheetWindow>(QString::fromStdString(screen->view().title()), sheetSize);
+    sheet->setMinimumSize(smallestSheet);
+    sheet->addCloseButton(u"Schließen"_s);
+    sheet->setBody(screen);
+    sheet->addFooterTrailing(&screen->createButton());
+    pressWithControlReturn(screen->createButton(), *sheet);
+    screen->view().dismiss = [shown = sheet.get()] { shown->dismiss(); };
+    return sheet;
+}
+
+} // namespace brisklog

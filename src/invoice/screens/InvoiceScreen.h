@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "core/TimeTrackingStore.h"
+#include "invoice/InvoiceView.h"
+
+#include <memory>
+
+namespace brisklog {
+
+class Button;
+class Card;
+class SheetWindow;
+class TextField;
+
+/// The invoice sheet's body: a form of sections. Its main action is a button of its own for the sheet's
+/// footer.
+class InvoiceScreen final : public Screen {
+public:
+    InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const InvoicePlatform& platform);
+
+    [[nodiscard]] InvoiceView& view() { return m_view; }
+
+    /// "Rechnung erstellen", disabled while there is nothing to bill or nobody to bill it to.
+    [[nodiscard]] Button& createButton() const { return *m_create; }
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void refresh() override;
+
+private:
+    [[nodiscard]] Card* numberCard();
+
+    InvoiceView m_view;
+    TextField* m_number;
+    Button* m_create;
+};
+
+/// The sheet for the project at that index, ready to be presented.
+[[nodiscard]] std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
+                                                            const InvoicePlatform& platform);
+
+} // namespace brisklog

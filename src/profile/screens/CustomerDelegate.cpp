@@ -1,0 +1,132 @@
+#include "profile/screens/CustomerDelegate.h"
+
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/Symbols.h"
+#include "profile/screens/CustomerModel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <vector>
+
+namespace brisklog {
+namespace {
+
+constexpr int sideMargin = 16;
+/// Seen as 8: the lowest pixel row of a card is its shadow.
+constexpr int gapBetweenCards = 7;
+constexpr int marginAboveFirst = 12;
+constexpr int marginBelowLast = 11;
+constexpr int shadow = 1;
+constexpr int radius = 10;
+constexpr int paddingAcross = 14;
+constexpr int paddingDown = 10;
+constexpr int gapBeforeDetails = 3;
+constexpr int detailHeight = 16;
+constexpr int symbolSize = 14;
+constexpr int symbolGap = 5;
+
+/// One line of a card.
+struct Line {
+    QRect area;
+    QString text;
+    FontRole font;
+    ColorRole color;
+    QString symbol;
+};
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+int heightOf(const CustomerRowView& row) {
+    int height = 2 * paddingDown + shadow;
+    height += row.headline.empty() ? 0 : lineHeight(FontRole::body13Semibold);
+    height += row.company.empty() ? 0 : lineHeight(FontRole::tab12);
+    height += row.details.empty() ? 0 : gapBeforeDetails;
+    return height + static_cast<int>(row.details.size()) * detailHeight;
+}
+
+/// The first card has the list's margin above it, which scrolls with it.
+int marginAbove(const QModelIndex& index) { return index.row() == 0 ? marginAboveFirst : 0; }
+
+/// The last card has the list's margin under it.
+int marginBelow(const QModelIndex& index) {
+    const bool isLast = index.row() == index.model()->rowCount() - 1;
+    return isLast ? marginBelowLast : gapBetweenCards;
+}
+
+QRect cardIn(const QRect& item, const QModelIndex& index) {
+    return item.adjusted(sideMargin, marginAbove(index), -sideMargin, -marginBelow(index));
+}
+
+std::vector<Line> linesOf(const CustomerRowView& row, const QRect& card) {
+    std::vector<Line> lines;
+    QRect area = card.adjusted(paddingAcross, paddingDown, -paddingAcross, 0);
+    const auto append = [&](const std::string& content, FontRole font, ColorRole color, int height,
+                            const std::string& symbol) {
+        if (content.empty())
+            return;
+        area.setHeight(height);
+        lines.push_back({area, text(content), font, color, text(symbol)});
+        area.translate(0, height);
+    };
+    append(row.headline, FontRole::body13Semibold, &Palette::text, lineHeight(FontRole::body13Semibold), {});
+    append(row.company, FontRole::tab12, &Palette::text, lineHeight(FontRole::tab12), {});
+    area.translate(0, gapBeforeDetails);
+    for (const CustomerRowView::Detail& detail : row.details)
+        append(detail.text, FontRole::caption11, &Palette::secondary, detailHeight, detail.symbol);
+    return lines;
+}
+
+QRect textArea(const Line& line) {
+    return line.symbol.isEmpty() ? line.area : line.area.adjusted(symbolSize + symbolGap, 0, 0, 0);
+}
+
+void paintLine(QPainter& painter, const Line& line, const Palette& palette) {
+    const QColor& color = palette.*line.color;
+    if (!line.symbol.isEmpty())
+        paintSymbol(painter, QRect(line.area.topLeft(), QSize(symbolSize, line.area.height())), line.symbol,
+                    symbolSize, color);
+    paintText(painter, textArea(line), line.text, line.font, color);
+}
+
+} // namespace
+
+CustomerDelegate::CustomerDelegate(const CustomerModel& model, ListView& list)
+    : QStyledItemDelegate(&list), m_model(model), m_list(list) {}
+
+QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+    return {0, marginAbove(index) + heightOf(m_model.row(index)) + marginBelow(index)};
+}
+
+void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_list);
+    const QRect card = cardIn(option.rect, index);
+    painter->save();
+    paintCard(*painter, card, palette);
+    for (const Line& line : linesOf(m_model.row(index), card))
+        paintLine(*painter, line, palette);
+    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
+        paintFocusRing(*painter, card, radius, palette);
+    painter->restore();
+}
+
+bool CustomerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QString elided;
+    for (const Line& line : linesOf(m_model.row(index), cardIn(option.rect, index)))
+        if (line.area.contains(event->pos()) && textWidth(line.text, line.font) > textArea(line).width())
+            elided = line.text;
+    if (elided.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event->globalPos(), plainTooltip(elided), view->viewport());
+    return true;
+}
+
+} // namespace brisklog
