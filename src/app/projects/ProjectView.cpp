@@ -28,10 +28,13 @@ ProjectView::ProjectView(const ProjectPlatform& platform, int index)
     : projectIndex(*this, index),
       m_platform(platform), m_substitute{.id = {}, .name = substituteName, .hourlyRate = {}, .entries = {}} {}
 
+bool ProjectView::hasProject() const {
+    return *projectIndex >= 0 && std::cmp_less(*projectIndex, m_platform.store.projects->size());
+}
+
 const Project& ProjectView::project() const {
-    const std::vector<Project>& projects = m_platform.store.projects;
-    const bool exists = *projectIndex >= 0 && std::cmp_less(*projectIndex, projects.size());
-    return exists ? projects[static_cast<std::size_t>(*projectIndex)] : m_substitute;
+    return hasProject() ? m_platform.store.projects.get()[static_cast<std::size_t>(*projectIndex)]
+                        : m_substitute;
 }
 
 std::vector<TimerRow> ProjectView::timers() const {

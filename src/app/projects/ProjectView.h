@@ -40,8 +40,10 @@ public:
     Published<std::string> taskName{*this};
     /// Set from the start of a timer until the typed name is cleared; nothing can be typed or started then.
     Published<bool> isProcessing{*this, false};
-    /// Whether the keyboard is in the task's name.
-    bool isTaskNameFocused = false;
+    /// Whether the keyboard is in the task's name; there at first, so that typing can begin.
+    bool isTaskNameFocused = true;
+
+    [[nodiscard]] bool hasProject() const;
 
     /// The project; a substitute named "Fehler" while the position points nowhere.
     [[nodiscard]] const Project& project() const;

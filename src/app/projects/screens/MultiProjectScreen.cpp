@@ -1,0 +1,97 @@
+#include "app/projects/screens/MultiProjectScreen.h"
+
+#include "app/components/EmptyState.h"
+#include "app/components/Layout.h"
+#include "app/components/Sheets.h"
+#include "app/projects/screens/NewProjectScreen.h"
+#include "app/projects/screens/ProjectScreen.h"
+#include "app/projects/screens/ProjectTabStrip.h"
+
+#include <QShortcut>
+#include <QStackedWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int margin = 8;
+constexpr int gapUnderTabs = 4;
+
+QWidget* autoTrackingPlaceholder() {
+    return new EmptyState(
+        {.symbol = u"chart.bar.fill"_s,
+         .headline = u"Auto-Tracking"_s,
+         .sentence = u"Die automatische Erfassung der benutzten Programme erscheint hier."_s});
+}
+
+ProjectPlatform platformOf(const ProjectScreensContext& context) {
+    return {.store = context.store,
+            .clock = context.clock,
+            .runLoop = context.runLoop,
+            .exportReport = context.actions.exportReport};
+}
+
+} // namespace
+
+MultiProjectScreen::MultiProjectScreen(const ProjectScreensContext& context, QWidget* parent)
+    : Screen(parent), m_context(context), m_view(platformOf(context)),
+      m_strip(new ProjectTabStrip({.select = [this](int tab) { m_view.selectTab(tab); },
+                                   .step = [this](int steps) { m_view.stepTabs(steps); },
+                                   .createProject = [this] { openNewProject(); },
+                                   .resetAllData = [this] { confirmResetAllData(); }})),
+      m_tabs(new QStackedWidget), m_project(new ProjectScreen(context, m_view.projectView())),
+      m_autoTracking(autoTrackingPlaceholder()) {
+    m_tabs->addWidget(m_project);
+    m_tabs->addWidget(m_autoTracking);
+    // The last card runs down to the window's edge.
+    Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
+        .margins({margin, margin, margin, 0})
+        .applyTo(*this);
+    setFocusProxy(m_project);
+    addShortcuts();
+    observe(m_context.store);
+    observe(m_view);
+}
+
+void MultiProjectScreen::addShortcuts() {
+    const auto add = [this](const QKeySequence& keys, int steps) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this, steps] { m_view.stepTabs(steps); });
+    };
+    add(Qt::ControlModifier | Qt::Key_PageUp, -1);
+    add(Qt::ControlModifier | Qt::Key_PageDown, 1);
+}
+
+MultiProjectScreen::Revisions MultiProjectScreen::revisions() const {
+    return {.projects = m_context.store.projects.revision(),
+            .selectedProjectIndex = m_context.store.selectedProjectIndex.revision(),
+            .activeEntries = m_context.store.activeEntries.revision(),
+            .isAutoTrackingSelected = m_view.isAutoTrackingSelected()};
+}
+
+void MultiProjectScreen::refresh() {
+    if (m_shown == revisions())
+        return;
+    m_shown = revisions();
+    m_project->setView(m_view.projectView());
+    m_tabs->setCurrentWidget(m_view.isAutoTrackingSelected() ? m_autoTracking : m_project);
+    m_strip->setContent({.tabs = m_view.tabs(),
+                         .selectedTab = m_view.selectedTab(),
+                         .currentProject = m_view.lastSelectedIndex()});
+}
+
+void MultiProjectScreen::openNewProject() {
+    presentSheet(*this, std::make_unique<NewProjectScreen>(m_context.store));
+}
+
+void MultiProjectScreen::confirmResetAllData() {
+    presentAlert(*this,
+                 {.title = u"Alle Daten löschen?"_s,
+                  .message = u"Diese Aktion kann nicht rückgängig gemacht werden. Alle Projekte und "
+                             "Zeiterfassungen werden gelöscht."_s},
+                 [this] { m_view.resetAllData(); });
+}
+
+} // namespace brisklog

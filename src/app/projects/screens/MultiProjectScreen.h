@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "app/projects/MultiProjectView.h"
+#include "app/projects/screens/ProjectScreensContext.h"
+
+#include <optional>
+
+class QStackedWidget;
+
+namespace brisklog {
+
+class ProjectScreen;
+class ProjectTabStrip;
+
+/// The time tracking section: the tabs and, under them, the selected project or automatic tracking.
+class MultiProjectScreen final : public Screen {
+public:
+    explicit MultiProjectScreen(const ProjectScreensContext& context, QWidget* parent = nullptr);
+
+protected:
+    void refresh() override;
+
+private:
+    /// What the tabs depend on; nothing need be read again while it stays the same.
+    struct Revisions {
+        std::uint64_t projects;
+        std::uint64_t selectedProjectIndex;
+        std::uint64_t activeEntries;
+        bool isAutoTrackingSelected;
+
+        bool operator==(const Revisions&) const = default;
+    };
+
+    [[nodiscard]] Revisions revisions() const;
+    void addShortcuts();
+    void openNewProject();
+    void confirmResetAllData();
+
+    const ProjectScreensContext m_context;
+    MultiProjectView m_view;
+    std::optional<Revisions> m_shown;
+    ProjectTabStrip* m_strip;
+    QStackedWidget* m_tabs;
+    ProjectScreen* m_project;
+    QWidget* m_autoTracking;
+};
+
+} // namespace brisklog

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/components/SheetWindow.h"
+#include "app/projects/NewProjectView.h"
+
+namespace brisklog {
+
+/// The sheet that creates a project.
+class NewProjectScreen final : public SheetWindow {
+public:
+    explicit NewProjectScreen(TimeTrackingStore& store);
+
+private:
+    [[nodiscard]] QWidget* makeBody();
+    void create();
+
+    NewProjectView m_view;
+};
+
+} // namespace brisklog

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/projects/screens/ProjectEntryModel.h"
+
+#include <QWidget>
+
+namespace brisklog {
+
+class ListView;
+
+/// The card with all entries of a project. It ends with its last row, or runs down past the window's edge and
+/// scrolls.
+class ProjectEntryList final : public QWidget {
+public:
+    ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent = nullptr);
+
+    /// Costs nothing when nothing was written to the store's projects since.
+    void showProject(int projectIndex);
+
+    [[nodiscard]] const ProjectEntryModel& model() const { return *m_model; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    [[nodiscard]] QRect cardArea() const;
+    void place();
+
+    ListView* m_view;
+    ProjectEntryModel* m_model;
+};
+
+} // namespace brisklog

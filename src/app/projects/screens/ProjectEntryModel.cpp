@@ -1,0 +1,86 @@
+#include "app/projects/screens/ProjectEntryModel.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+QString spoken(const ProjectEntryRow& row) {
+    return u"%1, %2 bis %3, %4, %5"_s.arg(QString::fromStdString(row.taskName),
+                                          QString::fromStdString(row.start), QString::fromStdString(row.end),
+                                          QString::fromStdString(row.duration),
+                                          QString::fromStdString(row.earnings));
+}
+
+} // namespace
+
+ProjectEntryModel::ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent)
+    : QAbstractListModel(parent), m_store(store), m_clock(clock) {}
+
+void ProjectEntryModel::showProject(int projectIndex) {
+    const std::uint64_t revision = m_store.projects.revision();
+    if (m_projectIndex == projectIndex && m_revision == revision)
+        return;
+    m_projectIndex = projectIndex;
+    m_revision = revision;
+    const Project* const shown = project();
+    const int count = shown ? static_cast<int>(shown->entries.size()) : 0;
+    const Uuid id = shown ? shown->id : Uuid();
+    if (std::exchange(m_projectId, id) != id) {
+        beginResetModel();
+        m_count = count;
+        endResetModel();
+        return;
+    }
+    setCount(count);
+    if (m_count > 0)
+        Q_EMIT dataChanged(index(0), index(m_count - 1));
+}
+
+void ProjectEntryModel::setCount(int count) {
+    if (count > m_count) {
+        beginInsertRows({}, m_count, count - 1);
+        m_count = count;
+        endInsertRows();
+    } else if (count < m_count) {
+        beginRemoveRows({}, count, m_count - 1);
+        m_count = count;
+        endRemoveRows();
+    }
+}
+
+int ProjectEntryModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_count; }
+
+const Project* ProjectEntryModel::project() const {
+    const std::vector<Project>& projects = m_store.projects;
+    const bool exists = m_projectIndex >= 0 && std::cmp_less(m_projectIndex, projects.size());
+    return exists ? &projects[static_cast<std::size_t>(m_projectIndex)] : nullptr;
+}
+
+const TimeEntry* ProjectEntryModel::entry(int row) const {
+    // The store may have changed since the last `showProject`; the view asks for what it still shows.
+    const Project* const shown = project();
+    const bool exists =
+        shown && shown->id == m_projectId && row >= 0 && std::cmp_less(row, shown->entries.size());
+    return exists ? &shown->entries[static_cast<std::size_t>(row)] : nullptr;
+}
+
+ProjectEntryRow ProjectEntryModel::row(int row) const {
+    const TimeEntry* const found = entry(row);
+    return found ? projectEntryRow(*found, project()->hourlyRate, m_clock.now()) : ProjectEntryRow{};
+}
+
+QVariant ProjectEntryModel::data(const QModelIndex& index, int role) const {
+    const TimeEntry* const found = entry(index.row());
+    if (!found)
+        return {};
+    if (role == Qt::DisplayRole)
+        return QString::fromStdString(found->taskName);
+    if (role == Qt::AccessibleTextRole)
+        return spoken(row(index.row()));
+    return {};
+}
+
+} // namespace brisklog

@@ -1,0 +1,139 @@
+#include "app/projects/screens/ProjectEntryRowView.h"
+
+#include "app/components/Figures.h"
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/Symbols.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int padding = 12;
+constexpr int nameTop = 6;
+constexpr int nameHeight = 18;
+constexpr int timesTop = 27;
+constexpr int timesHeight = 14;
+constexpr int earningsSymbol = 13;
+constexpr int earningsSymbolGap = 4;
+/// Between the name and the earnings.
+constexpr int nameGap = 8;
+constexpr int timeSymbol = 12;
+constexpr int timeSymbolGap = 3;
+constexpr int timesGap = 8;
+constexpr int narrowTimesGap = 4;
+/// Nearer than this the end may not come to the duration.
+constexpr int leastGap = 6;
+/// The focus ring stays inside the row: the list would cut it off.
+constexpr QMargins ringInset{6, 5, 6, 6};
+
+/// The row's texts with the room each takes.
+struct RowPlacement {
+    QString name;
+    QString earnings;
+    QString start;
+    QString end;
+    QString duration;
+    QRect nameArea;
+    QRect earningsArea;
+    QRect timesArea;
+
+    RowPlacement(const ProjectEntryRow& row, const QRect& area)
+        : name(QString::fromStdString(row.taskName)), earnings(QString::fromStdString(row.earnings)),
+          start(QString::fromStdString(row.start)), end(QString::fromStdString(row.end)),
+          duration(QString::fromStdString(row.duration)) {
+        const QRect inner = area.adjusted(padding, 0, -padding, 0);
+        const int earningsWidth =
+            earningsSymbol + earningsSymbolGap + figureWidth(earnings, FontRole::body13Semibold);
+        nameArea = {inner.left(), inner.top() + nameTop, inner.width() - earningsWidth - nameGap, nameHeight};
+        earningsArea = {inner.right() + 1 - earningsWidth, nameArea.top(), earningsWidth, nameHeight};
+        timesArea = {inner.left(), inner.top() + timesTop, inner.width(), timesHeight};
+    }
+
+    [[nodiscard]] bool isNameElided() const {
+        return textWidth(name, FontRole::body13Medium) > nameArea.width();
+    }
+};
+
+int timeWidth(const QString& text) {
+    return timeSymbol + timeSymbolGap + figureWidth(text, FontRole::caption11);
+}
+
+/// A symbol with its time, from `left` on.
+void paintTime(QPainter& painter, const QRect& line, int left, const QString& symbol, const QString& text,
+               const Palette& palette) {
+    const QRect area(left, line.top(), timeWidth(text), line.height());
+    paintSymbol(painter, QRect(left, line.top(), timeSymbol, line.height()), symbol, timeSymbol,
+                palette.secondary);
+    paintFigures(painter, area, text, FontRole::caption11, palette.secondary,
+                 Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void paintTimes(QPainter& painter, const RowPlacement& row, const Palette& palette) {
+    const QRect& line = row.timesArea;
+    const int durationLeft = line.right() + 1 - figureWidth(row.duration, FontRole::caption11);
+    const int symbolLeft = durationLeft - timeSymbol - timeSymbolGap;
+    const int times = timeWidth(row.start) + timeWidth(row.end);
+    const bool isCrowded = symbolLeft - (line.left() + times + timesGap) < leastGap;
+    const int gap = isCrowded ? narrowTimesGap : timesGap;
+    paintTime(painter, line, line.left(), u"clock"_s, row.start, palette);
+    paintTime(painter, line, line.left() + timeWidth(row.start) + gap, u"clock.fill"_s, row.end, palette);
+    // Beyond a thousand hours the figures need the symbol's place.
+    if (symbolLeft >= line.left() + times + gap)
+        paintSymbol(painter, QRect(symbolLeft, line.top(), timeSymbol, line.height()), u"timer"_s, timeSymbol,
+                    palette.secondary);
+    paintFigures(painter, line, row.duration, FontRole::caption11, palette.text,
+                 Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Palette& palette) {
+    paintText(painter, row.nameArea, row.name, FontRole::body13Medium, palette.text);
+    paintSymbol(painter, QRect(row.earningsArea.topLeft(), QSize(earningsSymbol, row.earningsArea.height())),
+                u"eurosign"_s, earningsSymbol, palette.secondary);
+    paintFigures(painter, row.earningsArea, row.earnings, FontRole::body13Semibold, palette.text,
+                 Qt::AlignRight | Qt::AlignVCenter);
+}
+
+} // namespace
+
+ProjectEntryRowView::ProjectEntryRowView(const ProjectEntryModel& model, ListView& view)
+    : QStyledItemDelegate(&view), m_model(model), m_view(view) {}
+
+QSize ProjectEntryRowView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
+    return {0, rowHeight};
+}
+
+void ProjectEntryRowView::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_view);
+    const RowPlacement row(m_model.row(index.row()), option.rect);
+    paintNameAndEarnings(*painter, row, palette);
+    paintTimes(*painter, row, palette);
+    if (index.row() + 1 < m_model.rowCount())
+        painter->fillRect(QRect(row.timesArea.left(), option.rect.bottom(), row.timesArea.width(), 1),
+                          palette.line);
+    if (m_view.showsFocusRing() && m_view.currentIndex() == index)
+        paintFocusRing(*painter, option.rect.marginsRemoved(ringInset), 4, palette);
+}
+
+bool ProjectEntryRowView::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                    const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return false;
+    const RowPlacement row(m_model.row(index.row()), option.rect);
+    if (!row.isNameElided() || !row.nameArea.contains(event->pos())) {
+        QToolTip::hideText();
+        return false;
+    }
+    QToolTip::showText(event->globalPos(), plainTooltip(row.name), view->viewport(), row.nameArea);
+    return true;
+}
+
+} // namespace brisklog

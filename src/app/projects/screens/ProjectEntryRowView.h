@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/projects/screens/ProjectEntryModel.h"
+
+#include <QStyledItemDelegate>
+
+namespace brisklog {
+
+class ListView;
+
+/// Paints the rows of stored entries: task and earnings, under them start, end and duration. Only the task's
+/// name is ever shortened; its tooltip is the whole name then.
+class ProjectEntryRowView final : public QStyledItemDelegate {
+public:
+    static constexpr int rowHeight = 50;
+
+    ProjectEntryRowView(const ProjectEntryModel& model, ListView& view);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+private:
+    const ProjectEntryModel& m_model;
+    const ListView& m_view;
+};
+
+} // namespace brisklog

@@ -1,0 +1,212 @@
+#include "app/projects/screens/ProjectScreen.h"
+
+#include "app/components/Button.h"
+#include "app/components/CountBadge.h"
+#include "app/components/EmptyState.h"
+#include "app/components/Hairline.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/NavigationButton.h"
+#include "app/components/SectionHeader.h"
+#include "app/components/Sheets.h"
+#include "app/components/SymbolButton.h"
+#include "app/components/TextField.h"
+#include "app/projects/ProjectView.h"
+#include "app/projects/screens/ProjectEntryList.h"
+#include "app/projects/screens/ProjectSettingsScreen.h"
+#include "app/projects/screens/TimerListView.h"
+
+#include <QEvent>
+#include <QStackedWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+/// Texts stand a little inside the edges of the cards and fields under them.
+constexpr int inset = 4;
+constexpr int headerHeight = 40;
+constexpr int actionBarHeight = 38;
+
+QWidget* emptyEntries() {
+    auto* content = new EmptyState(
+        {.symbol = u"timer"_s,
+         .headline = u"Noch keine Zeiterfassungen"_s,
+         .sentence = u"Oben eine Aufgabe eingeben und „Start“ wählen. Gestoppte Timer erscheinen hier."_s});
+    auto* centred = new QWidget;
+    // In the very middle it would look too low.
+    Column{expanding(content, 8), stretch(1)}.applyTo(*centred);
+    return centred;
+}
+
+} // namespace
+
+ProjectScreen::ProjectScreen(const ProjectScreensContext& context, ProjectView& view, QWidget* parent)
+    : Screen(parent), m_context(context), m_view(&view) {
+    makeWidgets();
+    makeActions();
+    arrange();
+    setFocusProxy(m_taskField);
+    observe(m_context.store);
+    setView(view);
+    m_customersSubscription =
+        m_context.notifications.observe("OpenCustomerManagement", [this] { openCustomers(); });
+}
+
+void ProjectScreen::makeWidgets() {
+    m_name = new ElidedLabel({}, FontRole::title17);
+    m_settingsButton = new SymbolButton(u"gearshape.fill"_s, u"Projekteinstellungen"_s);
+    m_settingsButton->onClick([this] { openSettings(); });
+    m_taskField = new TextField(u"Aufgabe eingeben"_s, TextField::Size::tall);
+    m_taskField->onEdited([this](const QString& text) { m_view->taskName = text.toStdString(); });
+    m_taskField->onReturn([this] { start(); });
+    m_taskField->installEventFilter(this);
+    m_startButton = new Button(u"Start"_s, Button::Kind::primary, Button::Size::tall);
+    m_startButton->onClick([this] { start(); });
+    m_noTimers = new Label(u"Keine aktiven Timer"_s, FontRole::caption11, &Palette::secondary);
+    m_timers =
+        new TimerListView({.pauseOrResume = [this](const TimerRow& timer) { m_view->pauseOrResume(timer); },
+                           .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
+    m_count = new CountBadge;
+    m_entriesOrNone = new QStackedWidget;
+    // Many timers may take its room, but not make the popover grow.
+    m_entriesOrNone->setMinimumHeight(1);
+    m_entries = new ProjectEntryList(m_context.store, m_context.clock);
+    m_noEntries = emptyEntries();
+    m_entriesOrNone->addWidget(m_entries);
+    m_entriesOrNone->addWidget(m_noEntries);
+}
+
+void ProjectScreen::makeActions() {
+    m_exportButton = new NavigationButton(
+        {.icon = u"arrow.down.doc"_s, .label = u"PDF Export"_s, .action = [this] { m_view->exportPDF(); }});
+    m_customersButton = new NavigationButton(
+        {.icon = u"person.crop.circle"_s, .label = u"Kunde"_s, .action = [this] { openCustomers(); }});
+    m_invoiceButton = new NavigationButton(
+        {.icon = u"doc.text"_s, .label = u"Rechnung"_s, .action = [this] { openInvoice(); }, .accent = true});
+    m_resetButton = new SymbolButton(u"trash"_s, u"Alle Einträge löschen"_s, SymbolButton::Size::normal,
+                                     SymbolButton::Purpose::deleting);
+    m_resetButton->onClick([this] { confirmReset(); });
+}
+
+void ProjectScreen::arrange() {
+    auto* timersHeader = new SectionHeader(u"Aktive Zeiterfassung"_s, u"timer"_s);
+    auto* entriesHeader = new Label(u"Zeiterfassungen"_s, FontRole::body13Semibold);
+    Column{header(),
+           Row{m_taskField, m_startButton}.spacing(8),
+           space(12),
+           Row{space(inset), timersHeader, stretch(), m_noTimers, space(inset)},
+           m_timers,
+           space(12),
+           actionBar(),
+           space(10),
+           Row{space(inset), entriesHeader, space(6), m_count, stretch()},
+           space(6),
+           expanding(m_entriesOrNone)}
+        .applyTo(*this);
+}
+
+QWidget* ProjectScreen::header() {
+    auto* bar = new QWidget;
+    bar->setFixedHeight(headerHeight);
+    Row{space(inset), expanding(m_name), space(8), m_settingsButton}.applyTo(*bar);
+    return bar;
+}
+
+QWidget* ProjectScreen::actionBar() {
+    auto* bar = new QWidget;
+    bar->setFixedHeight(actionBarHeight);
+    Column{
+        new Hairline, space(3),
+        Row{m_exportButton, m_customersButton, m_invoiceButton, stretch(), m_resetButton}.spacing(4).margins(
+            {inset, 0, inset, 0}),
+        space(3), new Hairline}
+        .applyTo(*bar);
+    return bar;
+}
+
+void ProjectScreen::setView(ProjectView& view) {
+    view.isTaskNameFocused = m_view->isTaskNameFocused;
+    m_view = &view;
+    m_viewSubscription = view.observe([this] { refreshSoon(); });
+    m_shownRevision.reset();
+    refreshSoon();
+}
+
+void ProjectScreen::refresh() {
+    refreshInput();
+    refreshTimers();
+    refreshProject();
+}
+
+void ProjectScreen::refreshInput() {
+    const bool isProcessing = m_view->isProcessing;
+    m_taskField->setValue(QString::fromStdString(m_view->taskName));
+    // Not disabled, which would take the keyboard away from the next task's name.
+    m_taskField->setReadOnly(isProcessing);
+    m_startButton->setEnabled(!isProcessing);
+}
+
+void ProjectScreen::refreshTimers() {
+    const std::vector<TimerRow> timers = m_view->timers();
+    m_noTimers->setVisible(timers.empty());
+    m_timers->setTimers(timers);
+}
+
+void ProjectScreen::refreshProject() {
+    const std::uint64_t revision = m_context.store.projects.revision();
+    if (m_shownRevision == revision)
+        return;
+    m_shownRevision = revision;
+    const Project& project = m_view->project();
+    m_name->setValue(onOneLine(QString::fromStdString(project.name)));
+    m_exportButton->setDisabled(!m_view->canExportPDF());
+    m_invoiceButton->setDisabled(!m_view->hasProject());
+    m_count->setCount(static_cast<int>(project.entries.size()));
+    m_entries->showProject(m_view->projectIndex);
+    m_entriesOrNone->setCurrentWidget(project.entries.empty() ? m_noEntries : m_entries);
+}
+
+void ProjectScreen::showEvent(QShowEvent* event) {
+    Screen::showEvent(event);
+    if (m_view->isTaskNameFocused)
+        m_taskField->setFocus();
+}
+
+bool ProjectScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn)
+        m_view->isTaskNameFocused = true;
+    // The field also loses the keyboard when the screen or its window goes away; it is to have it back then.
+    else if (event->type() == QEvent::FocusOut && isVisible() && isActiveWindow())
+        m_view->isTaskNameFocused = false;
+    return Screen::eventFilter(watched, event);
+}
+
+void ProjectScreen::start() {
+    m_view->start();
+    m_taskField->setFocus();
+}
+
+void ProjectScreen::openSettings() {
+    presentSheet(*this, std::make_unique<ProjectSettingsScreen>(m_context.store, m_view->projectIndex));
+}
+
+void ProjectScreen::openCustomers() {
+    if (m_context.actions.openCustomers)
+        m_context.actions.openCustomers(*this);
+}
+
+void ProjectScreen::openInvoice() {
+    if (m_context.actions.openInvoice)
+        m_context.actions.openInvoice(*this, m_view->projectIndex);
+}
+
+void ProjectScreen::confirmReset() {
+    presentAlert(*this,
+                 {.title = u"Alle Einträge löschen?"_s,
+                  .message = u"Diese Aktion kann nicht rückgängig gemacht werden."_s},
+                 [this] { m_view->resetProject(); });
+}
+
+} // namespace brisklog

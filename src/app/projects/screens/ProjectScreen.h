@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "app/projects/screens/ProjectScreensContext.h"
+
+#include <optional>
+
+class QStackedWidget;
+
+namespace brisklog {
+
+class Button;
+class CountBadge;
+class ElidedLabel;
+class Label;
+class NavigationButton;
+class ProjectEntryList;
+class ProjectView;
+class SymbolButton;
+class TextField;
+class TimerListView;
+
+/// One project: its name, the task to start, its timers, its actions and its entries.
+class ProjectScreen final : public Screen {
+public:
+    ProjectScreen(const ProjectScreensContext& context, ProjectView& view, QWidget* parent = nullptr);
+
+    /// Shows another project. The view must live until the next one is set.
+    void setView(ProjectView& view);
+
+protected:
+    void refresh() override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeWidgets();
+    void makeActions();
+    void arrange();
+    [[nodiscard]] QWidget* header();
+    [[nodiscard]] QWidget* actionBar();
+
+    void refreshInput();
+    void refreshTimers();
+    void refreshProject();
+
+    void start();
+    void openSettings();
+    void openCustomers();
+    void openInvoice();
+    void confirmReset();
+
+    const ProjectScreensContext m_context;
+    ProjectView* m_view;
+    Subscription m_viewSubscription;
+    Subscription m_customersSubscription;
+    /// The store's projects as they were when the project was last read.
+    std::optional<std::uint64_t> m_shownRevision;
+
+    ElidedLabel* m_name = nullptr;
+    SymbolButton* m_settingsButton = nullptr;
+    TextField* m_taskField = nullptr;
+    Button* m_startButton = nullptr;
+    Label* m_noTimers = nullptr;
+    TimerListView* m_timers = nullptr;
+    NavigationButton* m_exportButton = nullptr;
+    NavigationButton* m_customersButton = nullptr;
+    NavigationButton* m_invoiceButton = nullptr;
+    SymbolButton* m_resetButton = nullptr;
+    CountBadge* m_count = nullptr;
+    QStackedWidget* m_entriesOrNone = nullptr;
+    ProjectEntryList* m_entries = nullptr;
+    QWidget* m_noEntries = nullptr;
+};
+
+} // namespace brisklog

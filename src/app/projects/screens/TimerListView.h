@@ -1,0 +1,27 @@
+#pragma once
+
+#include "app/projects/screens/TimerRowView.h"
+
+#include <vector>
+
+namespace brisklog {
+
+/// The rows of a project's timers, with the space that parts them from their heading. From the fourth timer
+/// on they scroll within three and a half rows; without any it takes no room.
+class TimerListView final : public QWidget {
+public:
+    explicit TimerListView(const TimerRowView::Actions& actions, QWidget* parent = nullptr);
+
+    void setTimers(const std::vector<TimerRow>& timers);
+
+private:
+    [[nodiscard]] bool showsTheSameTimers(const std::vector<TimerRow>& timers) const;
+    void rebuild(const std::vector<TimerRow>& timers);
+    [[nodiscard]] TimerRowView* takeRow(const TimerRow& timer);
+
+    TimerRowView::Actions m_actions;
+    QWidget* m_content;
+    std::vector<TimerRowView*> m_rows;
+};
+
+} // namespace brisklog

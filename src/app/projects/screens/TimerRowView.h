@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/projects/ProjectView.h"
+
+#include <QWidget>
+#include <functional>
+
+namespace brisklog {
+
+class ElidedLabel;
+class FigureLabel;
+class SymbolButton;
+
+/// The row of one running or paused timer: task, running duration, pause or resume, stop.
+class TimerRowView final : public QWidget {
+public:
+    struct Actions {
+        std::function<void(const TimerRow&)> pauseOrResume;
+        std::function<void(const Uuid&)> stop;
+    };
+
+    TimerRowView(const TimerRow& timer, const Actions& actions, QWidget* parent = nullptr);
+
+    /// Repaints what differs, which is the duration alone once a second.
+    void setTimer(const TimerRow& timer);
+
+    [[nodiscard]] const TimerRow& timer() const { return m_timer; }
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void showName();
+    void showState();
+
+    TimerRow m_timer;
+    ElidedLabel* m_name;
+    FigureLabel* m_duration;
+    SymbolButton* m_pauseButton;
+    SymbolButton* m_stopButton;
+};
+
+} // namespace brisklog
