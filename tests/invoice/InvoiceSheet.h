@@ -3,6 +3,7 @@
 #include "core/TimeTrackingStore.h"
 #include "invoice/InvoiceView.h"
 #include "support/FakeClock.h"
+#include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
 #include "support/RecordingSavePanel.h"
@@ -15,22 +16,6 @@
 #include <vector>
 
 namespace brisklog::test {
-
-/// User defaults in which nothing was ever stored.
-class EmptyUserDefaults final : public UserDefaults {
-public:
-    [[nodiscard]] std::optional<Value> value(std::string_view) const override { return std::nullopt; }
-
-    void setValue(std::string_view, const Value&) override {}
-
-    void removeValue(std::string_view) override {}
-
-    [[nodiscard]] std::vector<Entry> entries() const override { return {}; }
-
-    bool replaceTail(std::string_view, std::size_t, std::string_view) override { return false; }
-
-    void synchronise() override {}
-};
 
 /// What one call of the document generator was given.
 struct GeneratedInvoice {
@@ -65,7 +50,7 @@ public:
 
     TemporaryHome home;
     RecordingFiles files;
-    EmptyUserDefaults userDefaults;
+    MemoryUserDefaults userDefaults;
     FakeClock clock;
     VirtualRunLoop runLoop{clock};
     RecordingLog log;
