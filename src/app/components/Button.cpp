@@ -61,8 +61,7 @@ QColor groundOf(Button::Kind kind, const Reaction& reaction, const Palette& pale
     case Button::Kind::primary:
         return reaction.pick(palette.blueFill, palette.primaryHovered, palette.primaryPressed);
     case Button::Kind::secondary:
-        return reaction.pick(palette.card, laidOver(withOpacity(control, 0.5), palette.card),
-                             laidOver(withOpacity(control, 0.7), palette.card));
+        return reaction.pick(palette.card, withOpacity(control, 0.5), withOpacity(control, 0.7));
     case Button::Kind::destructive:
         return withOpacity(palette.redFill, reaction.isHovered || reaction.isPressed ? 0.16 : 0.10);
     case Button::Kind::alertDestructive:

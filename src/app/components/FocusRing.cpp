@@ -56,7 +56,7 @@ FocusRing::FocusRing(QWidget& widget, int radius) : QObject(&widget), m_widget(w
     widget.installEventFilter(this);
 }
 
-FocusRing::~FocusRing() { delete m_overlay; }
+FocusRing::~FocusRing() { hide(); }
 
 bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     const bool isOurs = watched == &m_widget;
@@ -106,10 +106,10 @@ void FocusRing::show() {
 void FocusRing::hide() {
     if (!m_overlay)
         return;
-    for (QWidget* above = m_widget.parentWidget(); above && above != m_overlay->parentWidget();
-         above = above->parentWidget())
-        above->removeEventFilter(this);
-    delete m_overlay;
+    // Not destroyed at once: the toolkit may be going through the children of its parent.
+    m_overlay->hide();
+    m_overlay->deleteLater();
+    m_overlay = nullptr;
 }
 
 void FocusRing::place() {

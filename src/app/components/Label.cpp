@@ -61,8 +61,9 @@ Label::Label(const QString& text, FontRole font, ColorRole color, Lines lines, Q
     : QLabel(parent), m_font(font), m_color(color), m_lines(lines) {
     setTextFormat(Qt::PlainText);
     setText(text);
-    QSizePolicy policy(lines == Lines::one ? QSizePolicy::Minimum : QSizePolicy::Preferred,
-                       QSizePolicy::Fixed);
+    // Wrapped text needs more lines than its size hint has where it is narrower.
+    QSizePolicy policy = lines == Lines::one ? QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed)
+                                             : QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(lines == Lines::wrapped);
     setSizePolicy(policy);
 }

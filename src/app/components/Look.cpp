@@ -1,8 +1,10 @@
 #include "app/components/Look.h"
 
 #include "app/components/Painting.h"
+#include "app/components/PickerAccessible.h"
 #include "app/components/Typography.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QPainter>
 #include <QProxyStyle>
@@ -79,6 +81,7 @@ void installLook(QApplication& application, Motion motion) {
     application.setStyle(new ComponentStyle(motion));
     QApplication::setFont(fontFor(FontRole::body13));
     QToolTip::setFont(fontFor(FontRole::caption11));
+    QAccessible::installFactory(pickerAccessible);
 }
 
 bool motionAllowed() {

@@ -28,7 +28,7 @@ struct MenuContent {
     enum class Place { underAnchor, middleOfWindow };
 
     std::vector<MenuItem> items;
-    /// 0: as wide as the longest text, at least as wide as the anchor. Longer texts are elided.
+    /// 0: as wide as the anchor, or as its longest text up to 420. What is longer is elided.
     int width = 0;
     /// More rows than these scroll.
     int maximumVisibleRows = 14;

@@ -20,12 +20,13 @@ namespace {
 constexpr int frameRadius = 8;
 constexpr int rowRadius = 5;
 constexpr int padding = 4;
+constexpr int widest = 420;
 constexpr int rowHeight = 28;
 constexpr int dividerHeight = 9;
 constexpr int dividerInset = 6;
 constexpr int symbolSize = 14;
 constexpr int rowPaddingLeft = 8;
-constexpr int rowPaddingRight = 10;
+constexpr int rowPaddingRight = 8;
 constexpr int columnGap = 8;
 constexpr int textLeft = rowPaddingLeft + symbolSize + columnGap;
 
@@ -144,14 +145,15 @@ MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
 }
 
 QSize MenuPopup::fittingSize(const MenuContent& content, int anchorWidth) const {
-    int width = anchorWidth - 2 * padding;
+    int longest = 0;
     int height = 0;
     for (std::size_t row = 0; row < m_items.size(); ++row) {
-        width = std::max(width, widthOf(m_items[row]));
+        longest = std::max(longest, widthOf(m_items[row]));
         if (std::cmp_less(row, content.maximumVisibleRows))
             height += heightOf(m_items[row]);
     }
-    return {content.width > 0 ? content.width : width + 2 * padding, height + 2 * padding};
+    const int width = std::max(anchorWidth, std::min(longest + 2 * padding, widest));
+    return {content.width > 0 ? content.width : width, height + 2 * padding};
 }
 
 void MenuPopup::takeFocus() {

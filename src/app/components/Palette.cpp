@@ -130,6 +130,8 @@ void applyColorScheme(ColorScheme scheme) {
     const QPalette palette = toolkitPalette(Palette::of(scheme));
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    // The toolkit would tell the widgets only in the next turn of the event loop.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
 }
 
 } // namespace brisklog

@@ -56,7 +56,7 @@ void Picker::onChosen(std::function<void(int)> chosen) {
 void Picker::showPopup() {
     if (m_menu || count() == 0)
         return;
-    MenuContent content{.items = {}, .width = width()};
+    MenuContent content;
     for (int i = 0; i < count(); ++i)
         content.items.push_back({.text = itemText(i),
                                  .chosen =

@@ -15,7 +15,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QVBoxLayout>
 #include <QVariantAnimation>
 #include <algorithm>
@@ -46,7 +46,7 @@ bool takesTab(const QWidget& widget) {
 }
 
 bool isField(const QWidget* widget) {
-    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QPlainTextEdit*>(widget) ||
+    return qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QTextEdit*>(widget) ||
            qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget);
 }
 
@@ -145,9 +145,15 @@ void SheetWindow::showEvent(QShowEvent* event) {
         return;
     m_hasArrived = true;
     arrangeTabOrder();
-    if (!focusWidget())
-        focusFirstField();
     arrive();
+}
+
+void SheetWindow::setVisible(bool isVisible) {
+    QDialog::setVisible(isVisible);
+    // Only now: the dialog tells whatever has the focus while it is shown that it came with Tab, which would
+    // select a field's text and show a ring.
+    if (isVisible && !focusWidget())
+        focusFirstField();
 }
 
 void SheetWindow::arrangeTabOrder() {

@@ -53,6 +53,8 @@ public:
     /// Runs before `onClosed`; for who presents the sheet.
     void onEnded(std::function<void()> ended) { m_ended = std::move(ended); }
 
+    void setVisible(bool isVisible) override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -5,6 +5,9 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTextBlockFormat>
+#include <QTextCursor>
+#include <QTextDocument>
 
 namespace brisklog {
 namespace {
@@ -13,11 +16,12 @@ constexpr QMargins padding(10, 8, 10, 8);
 
 } // namespace
 
-TextArea::TextArea(const QString& placeholder, QWidget* parent) : QPlainTextEdit(parent) {
+TextArea::TextArea(const QString& placeholder, QWidget* parent) : QTextEdit(parent) {
     setFrameStyle(QFrame::NoFrame);
     setFont(fontFor(FontRole::body13));
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
+    setAcceptRichText(false);
     setTabChangesFocus(true);
     setViewportMargins(padding);
     document()->setDocumentMargin(0);
@@ -26,22 +30,46 @@ TextArea::TextArea(const QString& placeholder, QWidget* parent) : QPlainTextEdit
     palette.setColor(QPalette::Base, Qt::transparent);
     setPalette(palette);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setLineHeights();
     FloatingScrollBar::attach(*this);
 }
 
 void TextArea::onEdited(std::function<void(const QString&)> edited) {
-    connect(this, &QPlainTextEdit::textChanged, this, [this, edited = std::move(edited)] {
-        if (!m_isSettingValue)
-            edited(toPlainText());
+    connect(this, &QTextEdit::textChanged, this, [this, edited = std::move(edited)] {
+        // Changes of form are announced too.
+        if (m_isSettingValue || m_value == value())
+            return;
+        m_value = value();
+        edited(m_value);
     });
 }
 
+QString TextArea::value() const {
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    text.replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
 void TextArea::setValue(const QString& text) {
-    if (toPlainText() == text)
+    if (m_value == text)
         return;
+    m_value = text;
     m_isSettingValue = true;
     setPlainText(text);
+    setLineHeights();
     m_isSettingValue = false;
+}
+
+void TextArea::setLineHeights() {
+    // Not a change that the user could take back.
+    document()->setUndoRedoEnabled(false);
+    QTextBlockFormat format;
+    format.setLineHeight(lineHeight(FontRole::body13), QTextBlockFormat::FixedHeight);
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    all.mergeBlockFormat(format);
+    document()->setUndoRedoEnabled(true);
 }
 
 bool TextArea::event(QEvent* event) {
@@ -62,7 +90,7 @@ bool TextArea::event(QEvent* event) {
     default:
         break;
     }
-    return QPlainTextEdit::event(event);
+    return QTextEdit::event(event);
 }
 
 void TextArea::paintGround() {
@@ -76,8 +104,17 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
     // Left to the sheet, whose main action it is.
     if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
         event->ignore();
+    else if (isReturn)
+        breakLine();
     else
-        QPlainTextEdit::keyPressEvent(event);
+        QTextEdit::keyPressEvent(event);
+}
+
+void TextArea::breakLine() {
+    // The toolkit would take the line height of an empty line away instead.
+    QTextCursor cursor = textCursor();
+    cursor.insertBlock();
+    setTextCursor(cursor);
 }
 
 } // namespace brisklog

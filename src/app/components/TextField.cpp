@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+#include <limits>
 
 namespace brisklog {
 namespace {
@@ -36,6 +37,7 @@ QString onOneLine(QString text) {
 TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
     : QLineEdit(parent), m_size(size) {
     setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max());
     setFont(fontFor(FontRole::body13));
     setTextMargins(padding - toolkitMargin, 0, padding - toolkitMargin, 0);
     setPlaceholderText(placeholder);
@@ -63,8 +65,9 @@ void TextField::onEdited(std::function<void(const QString&)> edited) {
 void TextField::onReturn(std::function<void()> returned) { m_returned = std::move(returned); }
 
 void TextField::setValue(const QString& value) {
-    if (text() != value)
-        setText(value);
+    const QString line = onOneLine(value);
+    if (text() != line)
+        setText(line);
 }
 
 QSize TextField::sizeHint() const { return {200, m_size == Size::tall ? 34 : 32}; }

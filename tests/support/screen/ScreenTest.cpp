@@ -3,28 +3,50 @@
 #include "app/components/Look.h"
 #include "app/components/Palette.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QEnterEvent>
 #include <QPainter>
 #include <QTest>
+#include <array>
+#include <cstdlib>
+#include <optional>
+#include <string>
 
 namespace brisklog::test {
 namespace {
 
-/// One application for the process, as the toolkit demands; made by the first test that needs it.
-QApplication& application() {
-    static const bool isPlatformChosen = qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = isPlatformChosen ? 1 : 0;
-    static char name[] = "brisklog-tests";
-    static char* arguments[] = {name, nullptr};
-    static QApplication instance(count, arguments);
-    return instance;
-}
+/// One application for the process, as the toolkit demands. It ends before the toolkit's own globals do.
+class Application final : public ::testing::Environment {
+public:
+    static Application& registered() {
+        static auto* environment =
+            static_cast<Application*>(::testing::AddGlobalTestEnvironment(new Application));
+        return *environment;
+    }
+
+    void SetUp() override {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        m_application.emplace(m_count, m_arguments.data());
+    }
+
+    void TearDown() override { m_application.reset(); }
+
+    [[nodiscard]] QApplication& application() { return *m_application; }
+
+private:
+    std::string m_name = "brisklog-tests";
+    std::array<char*, 2> m_arguments{m_name.data(), nullptr};
+    int m_count = 1;
+    std::optional<QApplication> m_application;
+};
+
+[[maybe_unused]] const Application& registeredBeforeTheFirstTest = Application::registered();
 
 } // namespace
 
 ScreenTest::ScreenTest() {
-    installLook(application(), Motion::reduced);
+    installLook(Application::registered().application(), Motion::reduced);
     applyColorScheme(ColorScheme::light);
 }
 
@@ -52,12 +74,24 @@ void unhover(QWidget& widget) {
     QCoreApplication::sendEvent(&widget, &leave);
 }
 
+QString accessibleNameOf(const QWidget& widget) {
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
+    return interface ? interface->text(QAccessible::Name) : QString();
+}
+
 QImage picture(QWidget& widget, qreal devicePixelRatio) {
     QImage image((QSizeF(widget.size()) * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(devicePixelRatio);
-    image.fill(Qt::transparent);
+    image.fill(widget.palette().color(QPalette::Window));
     widget.render(&image);
     return image;
+}
+
+bool looksLike(const QColor& first, const QColor& second) {
+    constexpr int rounding = 2;
+    const auto isNear = [](int one, int other) { return std::abs(one - other) <= rounding; };
+    return isNear(first.red(), second.red()) && isNear(first.green(), second.green()) &&
+           isNear(first.blue(), second.blue());
 }
 
 } // namespace brisklog::test

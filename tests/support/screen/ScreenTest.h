@@ -2,6 +2,7 @@
 
 #include "platform/Appearance.h"
 
+#include <QColor>
 #include <QImage>
 #include <QString>
 #include <QWidget>
@@ -26,15 +27,22 @@ void settle();
 void hover(QWidget& widget);
 void unhover(QWidget& widget);
 
-/// What the widget looks like at that pixel ratio.
+/// The name a screen reader says, as the toolkit gives it.
+[[nodiscard]] QString accessibleNameOf(const QWidget& widget);
+
+/// What the widget looks like at that pixel ratio, on the ground of its window.
 [[nodiscard]] QImage picture(QWidget& widget, qreal devicePixelRatio = 1);
 
-/// The first descendant of that type that is visible and has this accessible name or text; null without one.
+/// Whether two colours differ by no more than the rounding of blended channels.
+[[nodiscard]] bool looksLike(const QColor& first, const QColor& second);
+
+/// The first descendant of that type that a screen reader would call by this name; null without one. Hidden
+/// ones count.
 template <class T>
 [[nodiscard]] T* findNamed(QWidget& root, const QString& name) {
-    for (T* child : root.findChildren<T*>())
-        if (child->accessibleName() == name || child->property("text").toString() == name)
-            return child;
+    for (QWidget* child : root.findChildren<QWidget*>())
+        if (auto* match = dynamic_cast<T*>(child); match && accessibleNameOf(*match) == name)
+            return match;
     return nullptr;
 }
 
