@@ -8,33 +8,30 @@ from desktop import DOCUMENTS, Program, main, wait_until
 
 def journey(program_path, desktop):
     program = Program(program_path)
-    try:
-        wait_until(lambda: subprocess.run(["xdotool", "search", "--class", "brisklog"],
-                                          capture_output=True).stdout, "the icon in the tray")
-        time.sleep(0.6)
-        desktop.screenshot("tray-icon")
-        desktop.open_popover()
-        desktop.screenshot("tray-popover")
-        assert not DOCUMENTS.exists() or not list(DOCUMENTS.glob("*.json")), "a first start writes no file"
+    wait_until(lambda: subprocess.run(["xdotool", "search", "--class", "brisklog"],
+                                      capture_output=True).stdout, "the icon in the tray")
+    time.sleep(0.6)
+    desktop.screenshot("tray-icon")
+    desktop.open_popover()
+    desktop.screenshot("tray-popover")
+    assert not DOCUMENTS.exists() or not list(DOCUMENTS.glob("*.json")), "a first start writes no file"
 
-        desktop.click_icon()
-        wait_until(lambda: not desktop.popover_is_open(), "the second click to close the popover")
-        time.sleep(0.5)
-        assert not desktop.popover_is_open(), "the popover must not come back by itself"
+    desktop.click_icon()
+    wait_until(lambda: not desktop.popover_is_open(), "the second click to close the popover")
+    time.sleep(0.5)
+    assert not desktop.popover_is_open(), "the popover must not come back by itself"
 
-        desktop.open_popover()
-        desktop.click((200, 700))
-        wait_until(lambda: not desktop.popover_is_open(), "a click outside to close the popover")
+    desktop.open_popover()
+    desktop.click((200, 700))
+    wait_until(lambda: not desktop.popover_is_open(), "a click outside to close the popover")
 
-        desktop.open_popover()
-        desktop.press("Escape")
-        wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
+    desktop.open_popover()
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
 
-        assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start ends well"
-        wait_until(desktop.popover_is_open, "the second start to open the first one's popover")
-        assert program.is_running()
-    finally:
-        program.end()
+    assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start ends well"
+    wait_until(desktop.popover_is_open, "the second start to open the first one's popover")
+    assert program.is_running()
 
 
 main(journey)

@@ -324,31 +324,28 @@ def killed_during_saves(desktop, path, kills=8):
 def journey(path, desktop):
     write_profile()
     program = Program(path)
-    try:
-        first_start(desktop)
-        new_project(desktop)
-        blanks_start_nothing(desktop)
-        two_timers(desktop)
-        quit_with_running_timer(desktop, program)
+    first_start(desktop)
+    new_project(desktop)
+    blanks_start_nothing(desktop)
+    two_timers(desktop)
+    quit_with_running_timer(desktop, program)
 
-        make_long_entries()
-        program = Program(path)
-        restart(desktop)
-        cancelled_invoice(desktop)
-        check_document(desktop, saved_invoice(desktop))
-        program.kill()
+    make_long_entries()
+    program = Program(path)
+    restart(desktop)
+    cancelled_invoice(desktop)
+    check_document(desktop, saved_invoice(desktop))
+    program.kill()
 
-        choose_dark_scheme()
-        program = Program(path)
-        look_at_it_in_dark(desktop)
-        second_start_opens_the_popover(desktop, program, path)
-        program.kill()
+    choose_dark_scheme()
+    program = Program(path)
+    look_at_it_in_dark(desktop)
+    second_start_opens_the_popover(desktop, program, path)
+    program.kill()
 
-        killed_during_saves(desktop, path)
-        for file in DOCUMENTS.glob("*.json"):
-            (desktop.results / file.name).write_bytes(file.read_bytes())
-    finally:
-        program.end()
+    killed_during_saves(desktop, path)
+    for file in DOCUMENTS.glob("*.json"):
+        (desktop.results / file.name).write_bytes(file.read_bytes())
 
 
 main(journey)

@@ -1,6 +1,7 @@
 #include "app/shell/BrisklogApp.h"
 
 #include "app/components/Palette.h"
+#include "app/components/SheetWindow.h"
 #include "app/components/Sheets.h"
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "app/shell/ContentScreen.h"
@@ -62,15 +63,18 @@ QWidget* BrisklogApp::makeSection(int section) {
 
 QWidget* BrisklogApp::makeProjectsSection() {
     TimeTrackingStore& store = m_content->timeStore;
-    return new MultiProjectScreen(
-        {.store = store, .clock = m_platform.clock, .runLoop = m_platform.runLoop, .exportReport = {}},
-        m_notificationCenter,
-        {.openCustomers =
-             [&store](QWidget& from) { presentSheet(from, std::make_unique<CustomerScreen>(store)); },
-         .openInvoice =
-             [this, &store](QWidget& from, int projectIndex) {
-                 presentSheet(from, std::make_unique<InvoiceScreen>(store, projectIndex, invoicePlatform()));
-             }});
+    const ProjectActions actions{
+        .openCustomers = [&store](QWidget& from) { presentSheet(from, makeCustomerSheet(store)); },
+        .openInvoice =
+            [this, &store](QWidget& from, int projectIndex) {
+                presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
+            },
+        .exportReport = {}};
+    return new MultiProjectScreen({.store = store,
+                                   .clock = m_platform.clock,
+                                   .runLoop = m_platform.runLoop,
+                                   .notifications = m_notificationCenter,
+                                   .actions = actions});
 }
 
 InvoicePlatform BrisklogApp::invoicePlatform() {

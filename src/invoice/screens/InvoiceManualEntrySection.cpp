@@ -39,7 +39,7 @@ LayoutBox labelled(const QString& label, const LayoutBox& fields) {
 } // namespace
 
 InvoiceManualEntrySection::InvoiceManualEntrySection(InvoiceView& view)
-    : m_view(view), m_date(new DateTimeField(u"Datum"_s)), m_description(new TextField(u"Beschreibung"_s)),
+    : m_view(view), m_date(new DateTimeField(u"Datum:"_s)), m_description(new TextField(u"Beschreibung"_s)),
       m_hours(new Stepper(0, 23, u"h"_s, u"Stunden"_s)), m_minutes(new Stepper(0, 59, u"m"_s, u"Minuten"_s)),
       m_rate(new TextField(u"Stundenlohn"_s)), m_add(new Button(u"Eintrag hinzufügen"_s)) {
     m_rate->setFixedWidth(rateWidth);

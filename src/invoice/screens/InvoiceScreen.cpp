@@ -60,7 +60,7 @@ InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, con
 }
 
 Card* InvoiceScreen::numberCard() {
-    m_number->setAccessibleName(u"Rechnungsnummer"_s);
+    m_number->setAccessibleName(u"Rechnungsnummer:"_s);
     m_number->setFixedWidth(numberWidth);
     m_number->onEdited([this](const QString& typed) { m_view.invoiceNumber = typed.toStdString(); });
     return invoiceForm::card(Row{invoiceForm::fieldLabel(u"Rechnungsnummer:"_s), space(invoiceForm::labelGap),

@@ -67,7 +67,7 @@ void TimerRowView::showState() {
     m_pauseButton->setSymbol(isPaused ? u"play.fill"_s : u"pause.fill"_s);
     m_pauseButton->setColor(isPaused ? &Palette::orangeFill : &Palette::blue);
     m_pauseButton->setTooltip(isPaused ? u"Fortsetzen"_s : u"Pausieren"_s);
-    m_pauseButton->setAccessibleDescription(name);
+    m_pauseButton->setAccessibleDescription(QString::fromStdString(m_timer.taskName));
     update();
 }
 

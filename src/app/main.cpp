@@ -1,0 +1,139 @@
+#include "app/components/Look.h"
+#include "app/shell/BrisklogApp.h"
+#include "app/shell/PopoverWindow.h"
+#include "app/shell/StatusIcons.h"
+#include "platform/Fatal.h"
+#include "platform/linux/CairoPdfFacility.h"
+#include "platform/linux/PosixFiles.h"
+#include "platform/linux/ProcessLock.h"
+#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/linux/StandardOutputLog.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/X11Watcher.h"
+#include "platform/qt/PortalAppearance.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/QtSavePanel.h"
+#include "platform/qt/RunningInstance.h"
+
+#include <QApplication>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+using namespace brisklog;
+using namespace Qt::StringLiterals;
+
+/// How long a desktop may take to show its panel before the popover opens as a window.
+constexpr TimeInterval waitForPanel = 3;
+
+/// Windows can be placed under X alone, so it comes first, unless the user decided otherwise.
+void preferPlatformThatPlacesWindows() {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+}
+
+/// The lock of this process; ends the program when another one has it, after asking that one to show itself.
+std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** arguments) {
+    const PosixFiles files;
+    const auto folder = files.stateFolder();
+    if (!folder || !files.documentsFolder())
+        stopProgram("no documents folder: HOME is not set");
+    auto lock = std::make_unique<ProcessLock>(*folder / "lock");
+    if (lock->state() != ProcessLock::State::heldByOther)
+        return lock;
+    const QCoreApplication messenger(argumentCount, arguments);
+    if (RunningInstance::activateOther())
+        std::exit(EXIT_SUCCESS);
+    stopProgram("already running, but not reachable over the session bus");
+}
+
+/// This machine, as it really is.
+struct Machine {
+    StandardOutputLog log;
+    PosixFiles files;
+    SystemClock clock;
+    QtRunLoop runLoop;
+    SqliteUserDefaults userDefaults{*PosixFiles::configurationFolder() / "defaults.sqlite", clock, log};
+    CairoPdfFacility pdf;
+    PortalAppearance appearance;
+};
+
+/// The running program: the application on this machine, its panel and its neighbours.
+class Program {
+public:
+    Program() {
+        m_app.launch();
+        m_hosts.emplace(m_x11.get(), [this](StatusItemHostKind host, HostArrival arrival) {
+            m_statusItem->show(host, arrival);
+        });
+        m_fallback = m_machine.runLoop.runAfter(waitForPanel, [this] { showWithoutPanel(); });
+    }
+
+private:
+    std::unique_ptr<X11Watcher> watchX11() {
+        if (QGuiApplication::platformName() != u"xcb"_s)
+            return nullptr;
+        return std::make_unique<X11Watcher>(
+            X11Watcher::Handlers{.pointerPressed = [this] { m_app.handlePointerPress(); },
+                                 .trayAppeared = [this] { m_hosts->trayAppeared(); }});
+    }
+
+    std::unique_ptr<StatusItem> makeStatusItem() {
+        auto item = std::make_unique<QtStatusItem>(makeStatusIcons(), m_machine.runLoop);
+        m_statusItem = item.get();
+        item->addMenuEntry(u"Öffnen"_s, [this] { m_app.open(); });
+        item->addMenuEntry(u"Beenden"_s, [this] { m_app.quit(); });
+        return item;
+    }
+
+    /// The sheet that was used last, else the popover.
+    [[nodiscard]] QWidget* windowInFront() const {
+        QWidget* const sheet = QApplication::activeModalWidget();
+        return sheet != nullptr ? sheet : m_app.popover();
+    }
+
+    [[nodiscard]] bool hasStatusItem() const { return m_statusItem->isShown(); }
+
+    void showWithoutPanel() {
+        if (!hasStatusItem())
+            m_app.open();
+    }
+
+    Machine m_machine;
+    std::unique_ptr<X11Watcher> m_x11{watchX11()};
+    QtSavePanel m_savePanel{m_machine.files,
+                            {.parentWindow = [this] { return windowInFront(); },
+                             .holdOpen = [this] { return m_app.popover()->holdOpen(); }}};
+    QtStatusItem* m_statusItem = nullptr;
+    BrisklogApp m_app{{.files = m_machine.files,
+                       .userDefaults = m_machine.userDefaults,
+                       .clock = m_machine.clock,
+                       .runLoop = m_machine.runLoop,
+                       .log = m_machine.log,
+                       .savePanel = m_savePanel,
+                       .pdf = m_machine.pdf,
+                       .systemAppearance = m_machine.appearance,
+                       .makeStatusItem = [this] { return makeStatusItem(); },
+                       .hasStatusItem = [this] { return hasStatusItem(); },
+                       .x11 = m_x11.get(),
+                       .terminate = [] { QApplication::quit(); }}};
+    std::optional<StatusItemHosts> m_hosts;
+    std::unique_ptr<Timer> m_fallback;
+    RunningInstance m_instance{[this] { m_app.open(); }};
+};
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    const auto lock = becomeOnlyProcess(argumentCount, arguments);
+    preferPlatformThatPlacesWindows();
+    QApplication application(argumentCount, arguments);
+    QApplication::setApplicationName(u"brisklog"_s);
+    QApplication::setDesktopFileName(u"example.brisklog.Brisklog"_s);
+    QApplication::setWindowIcon(QIcon(u":/symbols/brisklog.svg"_s));
+    QApplication::setQuitOnLastWindowClosed(false);
+    installLook(application, motionFromEnvironment());
+    const Program program;
+    return QApplication::exec();
+}
