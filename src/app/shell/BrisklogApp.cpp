@@ -5,11 +5,14 @@
 #include "app/components/Sheets.h"
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "app/shell/ContentScreen.h"
+#include "app/shell/GermanTexts.h"
 #include "app/shell/PlaceholderScreen.h"
 #include "app/shell/PopoverWindow.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "profile/screens/CustomerScreen.h"
+
+#include <QCoreApplication>
 
 namespace brisklog {
 
@@ -54,6 +57,8 @@ void BrisklogApp::loadContent() {
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
 
 QWidget* BrisklogApp::makeScreen() {
+    // Only now: nothing of the toolkit's own is seen before, and the start is quicker without.
+    installGermanTexts(*QCoreApplication::instance());
     return new ContentScreen(*m_content, [this](int section) { return makeSection(section); });
 }
 

@@ -55,6 +55,8 @@ public:
     /// The popover as the holder of panels; absent before launch.
     [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
 
+    [[nodiscard]] AppSettings& settings() { return m_shared.settings(); }
+
 private:
     [[nodiscard]] std::unique_ptr<PopoverShell> makePopover();
     void loadContent();
