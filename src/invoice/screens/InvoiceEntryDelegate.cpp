@@ -157,7 +157,7 @@ QString InvoiceEntryDelegate::tooltip(const QRect& item, const QPoint& point,
         cellsIn(rowIn(item), figureWidth(text(shown.duration(m_model.now())), FontRole::body13),
                 figureWidth(text(shown.amount(m_model.now())), FontRole::body13Medium));
     const bool isElided = textWidth(name, FontRole::body13) > cells.name.width();
-    const QString remark = text(shown.remark());
+    QString remark = text(shown.remark());
     if (!isElided)
         return remark;
     return remark.isEmpty() ? name : name + u'\n' + remark;
