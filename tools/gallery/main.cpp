@@ -1,6 +1,7 @@
 #include "app/components/Look.h"
 #include "app/components/Palette.h"
 #include "gallery/Gallery.h"
+#include "gallery/SheetGallery.h"
 
 #include <QApplication>
 #include <cstdio>
@@ -8,17 +9,26 @@
 
 using namespace brisklog;
 
+namespace {
+
+bool save(QWidget& page, const char* file) {
+    page.show();
+    page.activateWindow();
+    QApplication::processEvents();
+    return page.grab().save(QString::fromLocal8Bit(file));
+}
+
+} // namespace
+
 int main(int count, char* arguments[]) {
-    if (count != 3) {
-        std::fputs("usage: brisklog-gallery light|dark FILE.png\n", stderr);
+    if (count != 4) {
+        std::fputs("usage: brisklog-gallery light|dark PARTS.png WINDOWS.png\n", stderr);
         return 2;
     }
     QApplication application(count, arguments);
     installLook(application, Motion::reduced);
     applyColorScheme(std::string_view(arguments[1]) == "dark" ? ColorScheme::dark : ColorScheme::light);
-    Gallery gallery;
-    gallery.show();
-    gallery.activateWindow();
-    QApplication::processEvents();
-    return gallery.grab().save(QString::fromLocal8Bit(arguments[2])) ? 0 : 1;
+    Gallery parts;
+    SheetGallery windows;
+    return save(parts, arguments[2]) && save(windows, arguments[3]) ? 0 : 1;
 }

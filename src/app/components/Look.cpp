@@ -17,6 +17,7 @@ namespace brisklog {
 namespace {
 
 constexpr int tooltipDelay = 600;
+constexpr int tooltipRadius = 4;
 
 /// What is left of the toolkit's style: tooltips, and the habits it asks its style for.
 class ComponentStyle final : public QProxyStyle {
@@ -41,6 +42,10 @@ public:
             return tooltipDelay;
         case SH_ToolTipLabel_Opacity:
             return 255;
+        case SH_ToolTip_Mask:
+            if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returned))
+                mask->region = roundedShape(option->rect, tooltipRadius);
+            return 1;
         case SH_Widget_Animation_Duration:
             if (m_motion == Motion::reduced)
                 return 0;
@@ -58,7 +63,7 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         if (element == PE_PanelTipLabel)
-            fillRounded(*painter, option->rect, 4, option->palette.color(QPalette::ToolTipBase));
+            fillRounded(*painter, option->rect, tooltipRadius, option->palette.color(QPalette::ToolTipBase));
         else
             QProxyStyle::drawPrimitive(element, option, painter, widget);
     }

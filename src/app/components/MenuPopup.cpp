@@ -8,7 +8,6 @@
 #include <QAbstractListModel>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -234,10 +233,7 @@ void MenuPopup::paintEvent(QPaintEvent*) {
 
 void MenuPopup::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    // Where nothing composes the screen, what is translucent at the corners would be black.
-    QPainterPath shape;
-    shape.addRoundedRect(rect(), frameRadius, frameRadius);
-    setMask(QRegion(shape.toFillPolygon().toPolygon()));
+    setMask(roundedShape(rect(), frameRadius));
 }
 
 void MenuPopup::closeEvent(QCloseEvent* event) {

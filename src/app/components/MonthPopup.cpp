@@ -9,7 +9,6 @@
 #include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 using namespace Qt::StringLiterals;
 
@@ -170,10 +169,6 @@ void MonthPopup::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void MonthPopup::resizeEvent(QResizeEvent*) {
-    QPainterPath shape;
-    shape.addRoundedRect(rect(), frameRadius, frameRadius);
-    setMask(QRegion(shape.toFillPolygon().toPolygon()));
-}
+void MonthPopup::resizeEvent(QResizeEvent*) { setMask(roundedShape(rect(), frameRadius)); }
 
 } // namespace brisklog

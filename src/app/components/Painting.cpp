@@ -90,6 +90,12 @@ int textWidth(const QString& text, FontRole font) {
     return static_cast<int>(std::ceil(QFontMetricsF(fontFor(font)).horizontalAdvance(text)));
 }
 
+QRegion roundedShape(const QRect& area, int radius) {
+    QPainterPath shape;
+    shape.addRoundedRect(area, radius, radius);
+    return QRegion(shape.toFillPolygon().toPolygon());
+}
+
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette) {
     const Saved saved(painter);
     painter.setPen(QPen(withOpacity(palette.secondary, 0.3), 1));

@@ -4,6 +4,7 @@
 #include "app/components/Typography.h"
 
 #include <QRect>
+#include <QRegion>
 #include <QString>
 
 class QPainter;
@@ -38,6 +39,10 @@ bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRo
 
 /// The width of one line, rounded up.
 [[nodiscard]] int textWidth(const QString& text, FontRole font);
+
+/// The shape of a small window with round corners (menu, tooltip). Where nothing composes the screen, what is
+/// translucent outside it would be black.
+[[nodiscard]] QRegion roundedShape(const QRect& area, int radius);
 
 /// A frame of one pixel in secondary inside the edge of a window without a window manager's frame.
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette);

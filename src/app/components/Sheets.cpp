@@ -1,6 +1,7 @@
 #include "app/components/Sheets.h"
 
 #include "app/components/SheetHost.h"
+#include "app/components/WindowPlace.h"
 
 #include <QPointer>
 #include <QScreen>
@@ -53,7 +54,7 @@ SheetWindow& presentSheet(QWidget& from, std::unique_ptr<SheetWindow> sheet) {
     });
     const QRect place = placeOver(window, shown.size());
     shown.setFixedSize(place.size());
-    shown.move(place.topLeft());
+    placeWindow(shown, place.topLeft());
     shown.show();
     shown.activateWindow();
     return shown;

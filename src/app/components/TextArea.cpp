@@ -12,7 +12,8 @@
 namespace brisklog {
 namespace {
 
-constexpr QMargins padding(10, 8, 10, 8);
+/// A line of fixed height hangs at its bottom, one pixel too low.
+constexpr QMargins padding(10, 7, 10, 9);
 
 } // namespace
 

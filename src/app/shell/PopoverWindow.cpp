@@ -5,6 +5,7 @@
 #include "app/components/Label.h"
 #include "app/components/Layout.h"
 #include "app/components/Palette.h"
+#include "app/components/WindowPlace.h"
 #include "app/shell/PopoverPlacement.h"
 #include "platform/linux/X11Watcher.h"
 
@@ -87,7 +88,7 @@ void PopoverWindow::show(const std::optional<ScreenRectangle>& anchor) {
     const QPoint anchorPoint = anchor ? QPoint(anchor->x, anchor->y) : QCursor::pos();
     const QScreen* const anchorScreen = QGuiApplication::screenAt(anchorPoint);
     const QScreen* const shown = anchorScreen != nullptr ? anchorScreen : QGuiApplication::primaryScreen();
-    move(popoverPlace(anchor, shown->availableGeometry(), popoverSize));
+    placeWindow(*this, popoverPlace(anchor, shown->availableGeometry(), popoverSize));
     if (m_parts.x11 != nullptr) {
         m_parts.x11->keepOutOfTaskBar(static_cast<std::uint32_t>(winId()));
         m_parts.x11->watchPointer(true);
