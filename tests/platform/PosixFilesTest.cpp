@@ -17,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 using ::testing::EndsWith;
-using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
 class PosixFilesTest : public ::testing::Test {

@@ -117,7 +117,8 @@ TEST_F(SqliteDefaults, aReplacedTailEqualsTheValueWrittenWhole) {
             offset = offset / 16384 * 16384;
         const std::string tail =
             variedBytes(std::uniform_int_distribution<std::size_t>(0, round % 10 == 0 ? 70000 : 400)(chance));
-        expected = expected.substr(0, offset) + tail;
+        expected.resize(offset);
+        expected += tail;
         ASSERT_TRUE(store.replaceTail("key", offset, tail));
         ASSERT_EQ(dataValue(store, "key"), expected) << "round " << round;
     }
@@ -131,7 +132,8 @@ TEST_F(SqliteDefaults, manySmallTailsFillTheChunksWithoutGaps) {
     for (int count = 0; count < 600; ++count) {
         const std::string tail = "{\"count\":" + std::to_string(count) + std::string(100, 'x') + "}]";
         ASSERT_TRUE(store.replaceTail("key", expected.size() - 1, tail));
-        expected = expected.substr(0, expected.size() - 1) + tail;
+        expected.pop_back();
+        expected += tail;
     }
     EXPECT_EQ(dataValue(store, "key"), expected);
 }

@@ -223,7 +223,7 @@ std::optional<Date> PosixFiles::modificationDate(const fs::path& path) const {
 }
 
 Result<Done> PosixFiles::replace(const fs::path& path, std::string_view bytes, Durability durability) {
-    if (const auto folder = createFolder(path.parent_path()); folder.failed())
+    if (auto folder = createFolder(path.parent_path()); folder.failed())
         return folder;
     return overwrite(path, bytes, fileMode, durability);
 }
@@ -236,7 +236,7 @@ Result<Done> PosixFiles::createFolder(const fs::path& path) {
     if (path.empty() || ::mkdir(path.c_str(), folderMode) == 0)
         return Done{};
     if (errno == ENOENT) {
-        if (const auto parent = createFolder(path.parent_path()); parent.failed())
+        if (auto parent = createFolder(path.parent_path()); parent.failed())
             return parent;
         if (::mkdir(path.c_str(), folderMode) == 0)
             return Done{};
