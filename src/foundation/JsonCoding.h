@@ -166,45 +166,61 @@ const ValueDecoder& decoderFor() {
     return decoder;
 }
 
-template <class Writer, class T>
-void encodeValue(Encoder<Writer>& encoder, const T& value);
+template <class T>
+void encodeValue(Encoder& encoder, const T& value);
 
-template <class Writer, class T, auto Member>
-void encodeField(Encoder<Writer>& encoder, const T& record, Field<Member> field) {
-    const auto& value = record.*Member;
-    using Value = std::remove_cvref_t<decltype(value)>;
-    if constexpr (IsOptional<Value>::value) {
-        if (!value)
-            return;
-        encoder.beginField(field.key);
-        encodeValue(encoder, *value);
-    } else {
-        encoder.beginField(field.key);
-        encodeValue(encoder, value);
-    }
-    encoder.endField();
+template <class T>
+void encodeKeyed(Encoder& encoder, std::string_view key, const T& value) {
+    encoder.key(key);
+    encodeValue(encoder, value);
+    if (encoder.failed())
+        encoder.addStep(key);
 }
 
-template <class Writer, class T>
-void encodeValue(Encoder<Writer>& encoder, const T& value) {
+template <class T, auto Member>
+void encodeField(Encoder& encoder, const T& record, Field<Member> field) {
+    const auto& value = record.*Member;
+    using Value = std::remove_cvref_t<decltype(value)>;
+    if (encoder.failed())
+        return;
+    if constexpr (!IsOptional<Value>::value)
+        encodeKeyed(encoder, field.key, value);
+    else if (value)
+        encodeKeyed(encoder, field.key, *value);
+}
+
+template <class T>
+void encodeList(Encoder& encoder, const std::vector<T>& list) {
+    encoder.beginList();
+    for (std::size_t i = 0; i < list.size() && !encoder.failed(); ++i) {
+        encoder.nextElement();
+        encodeValue(encoder, list[i]);
+        if (encoder.failed())
+            encoder.addStep(i);
+    }
+    encoder.endList();
+}
+
+inline void encodeIdentifier(Encoder& encoder, const Uuid& id) {
+    std::array<char, 38> quoted{};
+    quoted.front() = quoted.back() = '"';
+    id.writeTo(&quoted[1]);
+    encoder.quotedText({quoted.data(), quoted.size()});
+}
+
+template <class T>
+void encodeValue(Encoder& encoder, const T& value) {
     if constexpr (Record<T>) {
         encoder.beginRecord();
         std::apply([&](auto... declared) { (encodeField(encoder, value, declared), ...); },
                    jsonFields(std::type_identity<T>{}));
         encoder.endRecord();
     } else if constexpr (IsVector<T>::value) {
-        encoder.beginList();
-        for (const auto& element : value) {
-            encodeValue(encoder, element);
-            encoder.nextElement();
-        }
-        encoder.endList();
+        encodeList(encoder, value);
     } else if constexpr (std::is_same_v<T, std::string>) {
         encoder.text(value);
     } else if constexpr (std::is_same_v<T, Uuid>) {
-        std::array<char, 36> text{};
-        value.writeTo(text.data());
-        encoder.text({text.data(), text.size()});
+        encodeIdentifier(encoder, value);
     } else if constexpr (std::is_same_v<T, bool>) {
         encoder.boolean(value);
     } else if constexpr (std::is_same_v<T, double>) {
@@ -214,19 +230,6 @@ void encodeValue(Encoder<Writer>& encoder, const T& value) {
     } else {
         encoder.text(jsonText(value));
     }
-}
-
-template <class Writer, class T>
-Result<EncodedDocument> encodeWith(const T& value) {
-    rapidjson::StringBuffer buffer;
-    Writer writer(buffer);
-    if constexpr (std::is_same_v<Writer, PrettyWriter>)
-        writer.SetIndent(' ', 2);
-    Encoder<Writer> encoder(writer);
-    encodeValue(encoder, value);
-    if (!encoder.error().empty())
-        return Error{encoder.error()};
-    return EncodedDocument(std::move(buffer));
 }
 
 } // namespace detail
@@ -243,8 +246,11 @@ Result<T> decode(std::string_view bytes) {
 /// The value as one document; the error names the path of what has no JSON form.
 template <class T>
 Result<EncodedDocument> encode(const T& value, Layout layout) {
-    return layout == Layout::pretty ? detail::encodeWith<PrettyWriter>(value)
-                                    : detail::encodeWith<CompactWriter>(value);
+    Encoder encoder(layout);
+    detail::encodeValue(encoder, value);
+    if (encoder.failed())
+        return Error{encoder.error()};
+    return encoder.takeDocument();
 }
 
 } // namespace brisklog::json

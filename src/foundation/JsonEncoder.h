@@ -1,14 +1,10 @@
 #pragma once
 
-#include "foundation/Result.h"
-
-#include <rapidjson/prettywriter.h>
+#include <cstddef>
 #include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace brisklog::json {
 
@@ -16,57 +12,6 @@ namespace brisklog::json {
 enum class Layout {
     pretty,  ///< indented by two blanks, one key a line
     compact, ///< no white space at all
-};
-
-/// Writes the tokens of one document and refuses what could not be read back: numbers that are not finite,
-/// texts that are not UTF-8. Where something was refused, `error()` names its path and nothing of the
-/// document counts.
-template <class Writer>
-class Encoder {
-public:
-    explicit Encoder(Writer& writer) : m_writer(writer) {}
-
-    void beginRecord() { m_writer.StartObject(); }
-
-    void endRecord() { m_writer.EndObject(); }
-
-    void beginList() {
-        m_writer.StartArray();
-        m_path.push_back({.key = {}, .index = 0});
-    }
-
-    void nextElement() { ++m_path.back().index; }
-
-    void endList() {
-        m_writer.EndArray();
-        m_path.pop_back();
-    }
-
-    void beginField(std::string_view key) {
-        m_writer.Key(key.data(), static_cast<rapidjson::SizeType>(key.size()), false);
-        m_path.push_back({.key = key, .index = 0});
-    }
-
-    void endField() { m_path.pop_back(); }
-
-    void text(std::string_view text);
-    void number(double number);
-
-    void boolean(bool truth) { m_writer.Bool(truth); }
-
-    [[nodiscard]] const std::string& error() const { return m_error; }
-
-private:
-    struct Step {
-        std::string_view key;
-        std::size_t index;
-    };
-
-    void refuse(const char* reason);
-
-    Writer& m_writer;
-    std::vector<Step> m_path;
-    std::string m_error;
 };
 
 /// The bytes of one encoded document.
@@ -77,14 +22,72 @@ public:
     [[nodiscard]] std::string_view bytes() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
 private:
-    // Kept as the writer made it: a copy of 28 MB would cost a third of the encoding.
+    // Grows without being copied, unlike a string: at 28 MB that is a third of the encoding.
     rapidjson::StringBuffer m_buffer;
 };
 
-using PrettyWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-using CompactWriter = rapidjson::Writer<rapidjson::StringBuffer>;
+/// Writes the tokens of one document and refuses what could not be read back: numbers that are not finite,
+/// texts that are not UTF-8. Once something was refused nothing of the document counts, and whoever is
+/// encoding returns, each level adding its step to the path that `error()` names.
+class Encoder {
+public:
+    explicit Encoder(Layout layout) : m_isPretty(layout == Layout::pretty) {}
 
-extern template class Encoder<PrettyWriter>;
-extern template class Encoder<CompactWriter>;
+    void beginRecord() { begin('{'); }
+
+    void endRecord() { end('}'); }
+
+    void beginList() { begin('['); }
+
+    void endList() { end(']'); }
+
+    /// Comes before the value of each field; `key` needs no escapes.
+    void key(std::string_view key);
+
+    /// Comes before each element of a list.
+    void nextElement();
+
+    void text(std::string_view text);
+
+    /// Text between quotation marks that is known to need neither a check nor an escape.
+    void quotedText(std::string_view text) { put(text); }
+
+    void number(double number);
+
+    void boolean(bool truth) { put(truth ? "true" : "false"); }
+
+    [[nodiscard]] bool failed() const { return m_reason != nullptr; }
+
+    void addStep(std::string_view key) { m_path.insert(0, "." + std::string(key)); }
+
+    void addStep(std::size_t index) { m_path.insert(0, "[" + std::to_string(index) + "]"); }
+
+    /// What was refused, after `failed()`.
+    [[nodiscard]] std::string error() const;
+
+    /// The document, once; only when nothing has failed.
+    [[nodiscard]] EncodedDocument takeDocument() { return EncodedDocument(std::move(m_buffer)); }
+
+private:
+    void begin(char bracket);
+    void end(char bracket);
+
+    /// Room for so many bytes, to be filled by the caller.
+    char* room(std::size_t length) { return m_buffer.Push(length); }
+
+    void put(std::string_view bytes);
+    void putEscaped(char character);
+    /// Writes the line break and indentation of the present depth to `out`; gives the place behind them.
+    char* breakLine(char* out) const;
+
+    [[nodiscard]] std::size_t lineBreakLength() const { return m_isPretty ? 1 + 2 * m_depth : 0; }
+
+    bool m_isPretty;
+    bool m_isFirst = true;
+    std::size_t m_depth = 0;
+    rapidjson::StringBuffer m_buffer;
+    const char* m_reason = nullptr;
+    std::string m_path;
+};
 
 } // namespace brisklog::json

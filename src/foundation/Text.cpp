@@ -32,16 +32,16 @@ UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
 
 bool isWhiteSpace(UChar32 character) { return character >= 0 && u_isUWhiteSpace(character); }
 
-bool isAscii(std::string_view bytes) {
+/// How many ASCII characters the bytes begin with, rounded down to whole blocks.
+std::size_t leadingAscii(std::string_view bytes) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
-    while (bytes.size() >= sizeof highBits) {
-        std::uint64_t block = 0;
-        std::memcpy(&block, bytes.data(), sizeof block);
-        if (block & highBits)
-            return false;
-        bytes.remove_prefix(sizeof block);
+    std::size_t length = 0;
+    for (std::uint64_t block = 0; bytes.size() - length >= sizeof block; length += sizeof block) {
+        std::memcpy(&block, bytes.data() + length, sizeof block);
+        if ((block & highBits) != 0)
+            break;
     }
-    return std::ranges::all_of(bytes, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return length;
 }
 
 } // namespace
@@ -57,11 +57,13 @@ std::string_view trimmed(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view bytes) {
-    if (isAscii(bytes))
-        return true;
-    for (int32_t at = 0; std::cmp_less(at, bytes.size());)
-        if (nextCharacter(bytes, at) < 0)
+    constexpr std::size_t longestCharacter = 4;
+    for (std::size_t at = leadingAscii(bytes); at < bytes.size(); at += leadingAscii(bytes.substr(at))) {
+        int32_t length = 0;
+        if (nextCharacter(bytes.substr(at, longestCharacter), length) < 0)
             return false;
+        at += static_cast<std::size_t>(length);
+    }
     return true;
 }
 
