@@ -4,6 +4,7 @@
 #include "app/shell/StatusIcons.h"
 #include "platform/Fatal.h"
 #include "platform/linux/CairoPdfFacility.h"
+#include "platform/linux/FailedWrites.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/ProcessLock.h"
 #include "platform/linux/SqliteUserDefaults.h"
@@ -126,6 +127,7 @@ private:
 } // namespace
 
 int main(int argumentCount, char** arguments) {
+    letFailedWritesReturn();
     const auto lock = becomeOnlyProcess(argumentCount, arguments);
     preferPlatformThatPlacesWindows();
     QApplication application(argumentCount, arguments);

@@ -46,6 +46,9 @@ public:
 
 private:
     void ask(HostArrival arrival) {
+        // Without a bus no answer would ever come.
+        if (!m_bus.isConnected())
+            return m_noHostYet();
         auto* const answer = new QDBusPendingCallWatcher(m_bus.asyncCall(hostQuestion()), this);
         connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, arrival] {
             answer->deleteLater();
