@@ -27,8 +27,6 @@ protected:
             ProjectScreensContext{bench.store, bench.clock, bench.runLoop, notifications, actions});
         screen->resize(sectionSize);
         showActive(*screen);
-        screen->setFocus();
-        settle();
     }
 
     void advance(TimeInterval seconds) {
@@ -42,6 +40,16 @@ protected:
             if (found->isVisible() && (found->accessibleName() == name || found->text() == name))
                 return *found;
         ADD_FAILURE() << "no button " << name.toStdString();
+        std::abort();
+    }
+
+    /// The first visible descendant of that class; fails the test without one.
+    template <class T>
+    [[nodiscard]] static T& part(QWidget& root) {
+        for (auto* child : root.findChildren<QWidget*>())
+            if (auto* found = dynamic_cast<T*>(child); found && found->isVisible())
+                return *found;
+        ADD_FAILURE() << "no such part";
         std::abort();
     }
 

@@ -3,12 +3,14 @@
 #include "app/components/EmptyState.h"
 #include "app/components/Layout.h"
 #include "app/components/Sheets.h"
+#include "app/projects/screens/CrossFade.h"
 #include "app/projects/screens/NewProjectScreen.h"
 #include "app/projects/screens/ProjectScreen.h"
 #include "app/projects/screens/ProjectTabStrip.h"
 
 #include <QShortcut>
 #include <QStackedWidget>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +50,6 @@ MultiProjectScreen::MultiProjectScreen(const ProjectScreensContext& context, QWi
     Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
         .margins({margin, margin, margin, 0})
         .applyTo(*this);
-    setFocusProxy(m_project);
     addShortcuts();
     observe(m_context.store);
     observe(m_view);
@@ -75,6 +76,8 @@ void MultiProjectScreen::refresh() {
     if (m_shown == revisions())
         return;
     m_shown = revisions();
+    if (std::exchange(m_shownTab, m_view.selectedTab()) != m_view.selectedTab())
+        crossFade(*m_tabs);
     m_project->setView(m_view.projectView());
     m_tabs->setCurrentWidget(m_view.isAutoTrackingSelected() ? m_autoTracking : m_project);
     m_strip->setContent({.tabs = m_view.tabs(),

@@ -40,6 +40,7 @@ private:
     const ProjectScreensContext m_context;
     MultiProjectView m_view;
     std::optional<Revisions> m_shown;
+    int m_shownTab = 0;
     ProjectTabStrip* m_strip;
     QStackedWidget* m_tabs;
     ProjectScreen* m_project;

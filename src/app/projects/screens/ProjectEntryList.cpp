@@ -25,15 +25,18 @@ ProjectEntryList::ProjectEntryList(const TimeTrackingStore& store, const Clock& 
     m_view->setModel(m_model);
     m_view->setItemDelegate(new ProjectEntryRowView(*m_model, *m_view));
     m_view->setAccessibleName(u"Zeiterfassungen"_s);
-    setFocusProxy(m_view);
+    // Another project's list begins at its top.
+    connect(m_model, &QAbstractItemModel::modelReset, m_view, &QAbstractItemView::scrollToTop);
 }
 
 void ProjectEntryList::showProject(int projectIndex) {
-    const int before = m_model->rowCount();
-    m_model->showProject(projectIndex);
-    if (m_model->rowCount() != before)
-        place();
+    if (!m_model->showProject(projectIndex))
+        return;
+    place();
+    m_view->viewport()->update();
 }
+
+QWidget* ProjectEntryList::tabStop() const { return m_view; }
 
 QRect ProjectEntryList::cardArea() const {
     const qint64 wanted = border + qint64(m_model->rowCount()) * ProjectEntryRowView::rowHeight + bottomEdge;

@@ -17,7 +17,8 @@ public:
     /// Costs nothing when nothing was written to the store's projects since.
     void showProject(int projectIndex);
 
-    [[nodiscard]] const ProjectEntryModel& model() const { return *m_model; }
+    /// What Tab reaches.
+    [[nodiscard]] QWidget* tabStop() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -19,10 +19,10 @@ QString spoken(const ProjectEntryRow& row) {
 ProjectEntryModel::ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent)
     : QAbstractListModel(parent), m_store(store), m_clock(clock) {}
 
-void ProjectEntryModel::showProject(int projectIndex) {
+bool ProjectEntryModel::showProject(int projectIndex) {
     const std::uint64_t revision = m_store.projects.revision();
     if (m_projectIndex == projectIndex && m_revision == revision)
-        return;
+        return false;
     m_projectIndex = projectIndex;
     m_revision = revision;
     const Project* const shown = project();
@@ -32,11 +32,10 @@ void ProjectEntryModel::showProject(int projectIndex) {
         beginResetModel();
         m_count = count;
         endResetModel();
-        return;
+    } else {
+        setCount(count);
     }
-    setCount(count);
-    if (m_count > 0)
-        Q_EMIT dataChanged(index(0), index(m_count - 1));
+    return true;
 }
 
 void ProjectEntryModel::setCount(int count) {

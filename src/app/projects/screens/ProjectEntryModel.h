@@ -14,9 +14,9 @@ public:
     ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent = nullptr);
 
     /// Takes over what the project at that position holds now; one that does not exist has no entries.
-    /// Nothing happens when nothing was written to the store's projects since. The list keeps its place while
-    /// it is the same project.
-    void showProject(int projectIndex);
+    /// Nothing happens, and false is returned, when nothing was written to the store's projects since. A list
+    /// keeps its place while it is the same project; it repaints itself, for any text may be another now.
+    bool showProject(int projectIndex);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 

@@ -18,6 +18,8 @@
 
 #include <QEvent>
 #include <QStackedWidget>
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +49,7 @@ ProjectScreen::ProjectScreen(const ProjectScreensContext& context, ProjectView& 
     makeWidgets();
     makeActions();
     arrange();
-    setFocusProxy(m_taskField);
+    arrangeTabOrder();
     observe(m_context.store);
     setView(view);
     m_customersSubscription =
@@ -107,6 +109,16 @@ void ProjectScreen::arrange() {
         .applyTo(*this);
 }
 
+void ProjectScreen::arrangeTabOrder() {
+    std::vector<QWidget*> stops{m_settingsButton, m_taskField, m_startButton};
+    std::ranges::copy(m_timers->tabStops(), std::back_inserter(stops));
+    for (QWidget* stop : std::initializer_list<QWidget*>{m_exportButton, m_customersButton, m_invoiceButton,
+                                                         m_resetButton, m_entries->tabStop()})
+        stops.push_back(stop);
+    for (std::size_t i = 1; i < stops.size(); ++i)
+        setTabOrder(stops[i - 1], stops[i]);
+}
+
 QWidget* ProjectScreen::header() {
     auto* bar = new QWidget;
     bar->setFixedHeight(headerHeight);
@@ -151,7 +163,8 @@ void ProjectScreen::refreshInput() {
 void ProjectScreen::refreshTimers() {
     const std::vector<TimerRow> timers = m_view->timers();
     m_noTimers->setVisible(timers.empty());
-    m_timers->setTimers(timers);
+    if (m_timers->setTimers(timers))
+        arrangeTabOrder();
 }
 
 void ProjectScreen::refreshProject() {
@@ -172,6 +185,13 @@ void ProjectScreen::showEvent(QShowEvent* event) {
     Screen::showEvent(event);
     if (m_view->isTaskNameFocused)
         m_taskField->setFocus();
+}
+
+void ProjectScreen::hideEvent(QHideEvent* event) {
+    Screen::hideEvent(event);
+    // Who opens the popover again starts with typing, wherever the keyboard was left.
+    if (!window()->isVisible())
+        m_view->isTaskNameFocused = true;
 }
 
 bool ProjectScreen::eventFilter(QObject* watched, QEvent* event) {

@@ -31,12 +31,14 @@ public:
 protected:
     void refresh() override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeWidgets();
     void makeActions();
     void arrange();
+    void arrangeTabOrder();
     [[nodiscard]] QWidget* header();
     [[nodiscard]] QWidget* actionBar();
 

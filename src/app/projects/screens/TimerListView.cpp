@@ -27,11 +27,20 @@ TimerListView::TimerListView(const TimerRowView::Actions& actions, QWidget* pare
     hide();
 }
 
-void TimerListView::setTimers(const std::vector<TimerRow>& timers) {
-    if (!showsTheSameTimers(timers))
+bool TimerListView::setTimers(const std::vector<TimerRow>& timers) {
+    const bool isRebuilt = !showsTheSameTimers(timers);
+    if (isRebuilt)
         rebuild(timers);
     for (std::size_t i = 0; i < timers.size(); ++i)
         m_rows[i]->setTimer(timers[i]);
+    return isRebuilt;
+}
+
+std::vector<QWidget*> TimerListView::tabStops() const {
+    std::vector<QWidget*> stops;
+    for (const TimerRowView* row : m_rows)
+        std::ranges::copy(row->tabStops(), std::back_inserter(stops));
+    return stops;
 }
 
 bool TimerListView::showsTheSameTimers(const std::vector<TimerRow>& timers) const {

@@ -12,7 +12,11 @@ class TimerListView final : public QWidget {
 public:
     explicit TimerListView(const TimerRowView::Actions& actions, QWidget* parent = nullptr);
 
-    void setTimers(const std::vector<TimerRow>& timers);
+    /// Whether rows came or went.
+    bool setTimers(const std::vector<TimerRow>& timers);
+
+    /// The rows' buttons in the order in which Tab reaches them.
+    [[nodiscard]] std::vector<QWidget*> tabStops() const;
 
 private:
     [[nodiscard]] bool showsTheSameTimers(const std::vector<TimerRow>& timers) const;

@@ -43,6 +43,8 @@ TimerRowView::TimerRowView(const TimerRow& timer, const Actions& actions, QWidge
     showState();
 }
 
+std::vector<QWidget*> TimerRowView::tabStops() const { return {m_pauseButton, m_stopButton}; }
+
 QSize TimerRowView::sizeHint() const { return {0, rowHeight}; }
 
 void TimerRowView::setTimer(const TimerRow& timer) {

@@ -24,6 +24,9 @@ public:
     /// Repaints what differs, which is the duration alone once a second.
     void setTimer(const TimerRow& timer);
 
+    /// In the order in which Tab reaches them.
+    [[nodiscard]] std::vector<QWidget*> tabStops() const;
+
     [[nodiscard]] const TimerRow& timer() const { return m_timer; }
 
     [[nodiscard]] QSize sizeHint() const override;

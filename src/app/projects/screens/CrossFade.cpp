@@ -1,0 +1,55 @@
+#include "app/projects/screens/CrossFade.h"
+
+#include "app/components/Look.h"
+
+#include <QPainter>
+#include <QVariantAnimation>
+#include <QWidget>
+
+namespace brisklog {
+namespace {
+
+constexpr int milliseconds = 120;
+
+/// The picture that fades away; it lets the pointer through and ends itself.
+class FadingPicture final : public QWidget {
+public:
+    explicit FadingPicture(QWidget& area) : QWidget(&area), m_picture(area.grab()) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        resize(area.size());
+        auto* fading = new QVariantAnimation(this);
+        fading->setStartValue(1.0);
+        fading->setEndValue(0.0);
+        fading->setDuration(milliseconds);
+        fading->setEasingCurve(QEasingCurve::OutCubic);
+        connect(fading, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+            m_opacity = value.toDouble();
+            update();
+        });
+        connect(fading, &QVariantAnimation::finished, this, &QWidget::deleteLater);
+        fading->start();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setOpacity(m_opacity);
+        painter.drawPixmap(0, 0, m_picture);
+    }
+
+private:
+    QPixmap m_picture;
+    double m_opacity = 1;
+};
+
+} // namespace
+
+void crossFade(QWidget& area) {
+    if (!motionAllowed() || !area.isVisible())
+        return;
+    auto* picture = new FadingPicture(area);
+    picture->show();
+    picture->raise();
+}
+
+} // namespace brisklog
