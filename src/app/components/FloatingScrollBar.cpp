@@ -71,6 +71,9 @@ bool FloatingScrollBar::isWanted() const {
 }
 
 void FloatingScrollBar::follow() {
+    // An area that is being destroyed loses its focus on the way, when it is no scroll area any more.
+    if (!qobject_cast<QAbstractScrollArea*>(parentWidget()))
+        return;
     const bool wanted = isWanted();
     if (wanted)
         place();

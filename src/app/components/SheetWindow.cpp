@@ -192,7 +192,7 @@ void SheetWindow::arrive() {
     connect(arrival, &QVariantAnimation::valueChanged, this, [this, place](const QVariant& value) {
         const double share = value.toDouble();
         setWindowOpacity(share);
-        move(place.x(), place.y() + static_cast<int>((1 - share) * arrivalPixels + 0.5));
+        move(place.x(), place.y() + qRound((1 - share) * arrivalPixels));
     });
     setWindowOpacity(0);
     arrival->start(QAbstractAnimation::DeleteWhenStopped);

@@ -43,8 +43,8 @@ void paintSymbol(QPainter& painter, const QRect& area, const QString& name, int 
     // The scale the painter really has: also right where a widget is rendered into a picture of another
     // ratio.
     const QTransform toDevice = painter.deviceTransform();
-    const QPointF corner(area.x() + (area.width() - size) / 2, area.y() + (area.height() - size) / 2);
-    const QPointF whole = toDevice.map(corner).toPoint();
+    const QPoint corner(area.x() + (area.width() - size) / 2, area.y() + (area.height() - size) / 2);
+    const QPointF whole = toDevice.map(QPointF(corner)).toPoint();
     painter.drawPixmap(toDevice.inverted().map(whole), symbolPixmap(name, size, color, toDevice.m11()));
 }
 
