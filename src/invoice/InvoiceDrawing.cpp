@@ -187,16 +187,15 @@ void InvoiceDrawing::drawNotes(double closingBottom) {
 }
 
 void InvoiceDrawing::drawNotesAtFullWidth(double top) {
-    const auto fitsAbove = [this, &top](double bottom) {
-        return m_page.sizeOfWrapped(m_notes, width, regular).height <= top - bottom;
-    };
-    while (!fitsAbove(lowestBesideFooter())) {
-        // What would only just fill the page leaves something for the next, so that the footer never stands
-        // alone.
-        const double bottom = fitsAbove(footerBottom) ? lowestBesideFooter() : footerBottom;
+    double needed = m_page.sizeOfWrapped(m_notes, width, regular).height;
+    while (needed > top - lowestBesideFooter()) {
+        // What would only just fill the page leaves something for the next: the footer never stands alone.
+        const bool fillsThePage = needed > top - footerBottom;
+        const double bottom = fillsThePage ? footerBottom : lowestBesideFooter();
         m_notes = m_page.drawWrapped(m_notes, {left, bottom, width, top - bottom}, regular);
         m_page.beginPage();
         top = pageTop;
+        needed = m_page.sizeOfWrapped(m_notes, width, regular).height;
     }
     std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, width, top - footerBottom}, regular);
 }

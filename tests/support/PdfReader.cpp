@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 #include <tuple>
 #include <unistd.h>
@@ -61,6 +60,16 @@ std::vector<std::string> splitAtBlanks(std::string_view phrase) {
     for (std::string part; stream >> part;)
         parts.push_back(part);
     return parts;
+}
+
+std::string between(const std::string& text, const std::string& before, const std::string& after) {
+    const std::size_t begin = text.find(before) + before.size();
+    return text.substr(begin, text.rfind(after) - begin);
+}
+
+double attribute(const std::string& element, const std::string& name) {
+    const std::size_t value = element.find(name + "=\"") + name.size() + 2;
+    return std::stod(element.substr(value, element.find('"', value) - value));
 }
 
 /// Line by line, each from left to right; words of one line may differ a little in height.
@@ -126,8 +135,6 @@ PdfReader::~PdfReader() {
 }
 
 std::vector<PdfWord> PdfReader::readWords() const {
-    static const std::regex word(
-        R"re(<word xMin="([^"]+)" yMin="([^"]+)" xMax="([^"]+)" yMax="([^"]+)">(.*)</word>)re");
     std::istringstream lines(runSuccessfully("pdftotext -bbox " + m_file.string() + " -"));
     std::vector<PdfWord> words;
     int page = 0;
@@ -136,10 +143,9 @@ std::vector<PdfWord> PdfReader::readWords() const {
             ++page;
         if (line.find("<word ") == std::string::npos)
             continue;
-        if (std::smatch match; std::regex_search(line, match, word))
-            words.push_back(
-                {{page, std::stod(match[1]), std::stod(match[2]), std::stod(match[3]), std::stod(match[4])},
-                 unescaped(match[5])});
+        words.push_back({{page, attribute(line, "xMin"), attribute(line, "yMin"), attribute(line, "xMax"),
+                          attribute(line, "yMax")},
+                         unescaped(between(line, ">", "</word>"))});
     }
     sortIntoLines(words);
     return words;
@@ -165,6 +171,8 @@ int PdfReader::pageCount() const { return std::stoi(information("Pages").value_o
 std::string PdfReader::copiedText() const {
     return withoutBlanks(runSuccessfully("pdftotext -raw " + m_file.string() + " -"));
 }
+
+std::string PdfReader::readText() const { return runSuccessfully("pdftotext " + m_file.string() + " -"); }
 
 std::optional<PdfBox> PdfReader::find(std::string_view phrase, int page) const {
     const auto parts = splitAtBlanks(phrase);

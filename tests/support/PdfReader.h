@@ -64,6 +64,10 @@ public:
     /// All text in the order in which it was drawn, without blanks and line breaks.
     [[nodiscard]] std::string copiedText() const;
 
+    /// All text as one reads it, from the top of a page to its bottom; the one way in which this reader gives
+    /// back words written from right to left.
+    [[nodiscard]] std::string readText() const;
+
     [[nodiscard]] const std::vector<PdfWord>& words() const { return m_words; }
 
     /// Words that follow each other on one line. The first place on a page counts.

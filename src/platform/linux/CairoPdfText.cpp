@@ -19,9 +19,11 @@ constexpr const char* fontFeatures = "calt=0, tnum=1";
 /// do in ordinary text.
 constexpr const char* ordinaryFontFeatures = "calt=0, tnum=1, ccmp=0";
 
-/// More than any line and any page holds; a text is not laid out beyond it.
-constexpr std::size_t longestLine = 4096;
-constexpr std::size_t longestPortion = 32768;
+/// More than any line holds; a line is not laid out beyond it.
+constexpr std::size_t longestLine = 2048;
+/// Wrapped text is laid out by and by: a single word of many lines takes Pango a time that grows with its
+/// square.
+constexpr std::size_t longestPortion = 2048;
 constexpr std::size_t mostRecentLines = 256;
 
 double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
@@ -43,6 +45,14 @@ bool isOrdinary(std::string_view line) {
     });
 }
 
+/// As much of the text as is laid out at once; never half of a line break.
+std::string_view nextPortion(std::string_view text) {
+    std::string_view portion = beginning(text, longestPortion);
+    if (portion.size() < text.size() && portion.ends_with('\r'))
+        portion.remove_suffix(1);
+    return portion;
+}
+
 PangoAttrList* makeAttributes(const TextStyle& style, const char* features) {
     PangoFontDescription* const font = pango_font_description_from_string(fontFamilies);
     pango_font_description_set_size(font, toPango(style.pointSize));
@@ -53,6 +63,13 @@ PangoAttrList* makeAttributes(const TextStyle& style, const char* features) {
     pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
     pango_font_description_free(font);
     return attributes;
+}
+
+/// In steps of a tenth of a point, so that there are never many sizes.
+TextStyle smaller(TextStyle style, double factor) {
+    constexpr double steps = 10;
+    style.pointSize = std::max(1.0, std::floor(style.pointSize * factor * steps)) / steps;
+    return style;
 }
 
 /// Sizes and places exactly as designed, not fitted to the pixels of a screen.
@@ -165,44 +182,70 @@ double CairoPdfText::widthOfNumber(std::string_view text, const TextStyle& style
 
 void CairoPdfText::drawNumber(std::string_view text, double x, double top, double width,
                               const TextStyle& style) {
-    Face& chosen = face(style);
-    const ShapedLine& number = shaped(printableLine(text), chosen);
-    const double baseline = top + chosen.ascent;
-    if (number.width <= width)
-        return show(number, x + width - number.width, baseline);
-    cairo_save(m_drawing);
-    cairo_translate(m_drawing, x, baseline);
-    cairo_scale(m_drawing, width / number.width, width / number.width);
-    show(number, 0, 0);
-    cairo_restore(m_drawing);
+    const std::string line = printableLine(text);
+    const double baseline = top + face(style).ascent;
+    const double natural = shaped(line, face(style)).width;
+    const TextStyle fitting = natural <= width ? style : smaller(style, width / natural);
+    const ShapedLine& number = shaped(line, face(fitting));
+    show(number, x + width - number.width, baseline);
+}
+
+std::string CairoPdfText::visitLines(std::string_view text, double width, const TextStyle& style,
+                                     const std::function<bool(const WrappedLine&)>& visit) {
+    double top = 0;
+    std::string portion;
+    for (bool isFirst = true; isFirst || !text.empty(); isFirst = false) {
+        const std::string_view added = nextPortion(text);
+        text.remove_prefix(added.size());
+        portion += printableLines(added);
+        const OwnedIterator lines(pango_layout_get_iter(wrapped(portion, width, style)));
+        std::size_t unseen = 0;
+        double bottom = top;
+        do {
+            const WrappedLine line = lineAt(lines.get(), top);
+            unseen = static_cast<std::size_t>(line.line->start_index);
+            // The last line of a portion is only begun: it goes on with the next one.
+            if (unseen > 0 && !text.empty() && pango_layout_iter_at_last_line(lines.get()))
+                break;
+            if (!visit(line))
+                return portion.substr(unseen) + std::string(text);
+            unseen = portion.size();
+            bottom = line.bottom;
+        } while (pango_layout_iter_next_line(lines.get()));
+        portion.erase(0, unseen);
+        top = bottom;
+    }
+    return {};
+}
+
+CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double top) {
+    PangoRectangle extents;
+    pango_layout_iter_get_line_extents(iterator, nullptr, &extents);
+    return {pango_layout_iter_get_layout(iterator), pango_layout_iter_get_line_readonly(iterator),
+            top + toPoints(pango_layout_iter_get_baseline(iterator)),
+            top + toPoints(extents.y + extents.height), toPoints(extents.width)};
 }
 
 std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,
                                       const TextStyle& style) {
-    const auto considered = beginning(text, longestPortion);
-    const std::string portion = printableLines(considered);
-    PangoLayout* const layout = wrapped(portion, room.width, style);
-    const OwnedIterator lines(pango_layout_get_iter(layout));
     bool isFirst = true;
-    do {
-        PangoRectangle extents;
-        pango_layout_iter_get_line_extents(lines.get(), nullptr, &extents);
-        PangoLayoutLine* const line = pango_layout_iter_get_line_readonly(lines.get());
-        if (!isFirst && toPoints(extents.y + extents.height) > room.height)
-            return portion.substr(static_cast<std::size_t>(line->start_index)) +
-                   std::string(text.substr(considered.size()));
-        show(layout, line, x, top + toPoints(pango_layout_iter_get_baseline(lines.get())));
-        isFirst = false;
-    } while (pango_layout_iter_next_line(lines.get()));
-    return std::string(text.substr(considered.size()));
+    return visitLines(text, room.width, style, [&](const WrappedLine& line) {
+        if (!std::exchange(isFirst, false) && line.bottom > room.height)
+            return false;
+        show(line.layout, line.line, x, top + line.baseline);
+        return true;
+    });
 }
 
 PageSize CairoPdfText::sizeOfWrapped(std::string_view text, double width, const TextStyle& style) {
-    if (text.size() > longestPortion)
-        return {width, std::numeric_limits<double>::infinity()};
-    PangoRectangle extents;
-    pango_layout_get_extents(wrapped(printableLines(text), width, style), nullptr, &extents);
-    return {toPoints(extents.width), toPoints(extents.height)};
+    PageSize size;
+    const std::string rest = visitLines(text, width, style, [&size](const WrappedLine& line) {
+        size = {std::max(size.width, line.width), line.bottom};
+        return size.height <= a4.height;
+    });
+    if (size.height > a4.height)
+        size.height = std::numeric_limits<double>::infinity();
+    return size;
 }
 
 void CairoPdfText::show(const ShapedLine& line, double x, double baseline) {

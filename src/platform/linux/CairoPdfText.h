@@ -3,6 +3,7 @@
 #include "platform/PdfDocument.h"
 #include "platform/linux/CairoPdfGlyphs.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,6 +49,15 @@ private:
         double width = 0;
     };
 
+    /// One line of a wrapped text; measured from the text's top.
+    struct WrappedLine {
+        PangoLayout* layout;
+        PangoLayoutLine* line;
+        double baseline;
+        double bottom;
+        double width;
+    };
+
     /// What is needed to set texts in one style.
     struct Face {
         TextStyle style;
@@ -66,6 +76,12 @@ private:
     [[nodiscard]] ShapedLine shape(std::string line, const Face& face) const;
     [[nodiscard]] const ShapedLine& shaped(const std::string& line, Face& face) const;
     [[nodiscard]] PangoLayout* wrapped(const std::string& text, double width, const TextStyle& style);
+    /// The line the iterator stands at, in a layout that begins at `top`.
+    [[nodiscard]] static WrappedLine lineAt(PangoLayoutIter* iterator, double top);
+    /// Shows `visit` the lines of a wrapped text from the top until it answers false; returns the text from
+    /// that line on.
+    std::string visitLines(std::string_view text, double width, const TextStyle& style,
+                           const std::function<bool(const WrappedLine&)>& visit);
     [[nodiscard]] PangoLayout* shortened(const std::string& line, double width, const TextStyle& style);
     void show(const ShapedLine& line, double x, double baseline);
     void show(PangoLayout* layout, PangoLayoutLine* line, double x, double baseline);

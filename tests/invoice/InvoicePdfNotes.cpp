@@ -1,0 +1,239 @@
+#include "invoice/SampleInvoice.h"
+#include "support/PdfReader.h"
+
+#include <gmock/gmock.h>
+#include <numeric>
+
+namespace brisklog::test {
+namespace {
+
+constexpr double tolerance = 0.5;
+constexpr double pageHeight = 842;
+constexpr double footerTop = pageHeight - 218;
+constexpr double footerBottom = pageHeight - 78;
+constexpr double notesRight = 50 + 495 * 0.33 - 10;
+constexpr double rightColumn = 50 + 495 * 0.67;
+
+SampleInvoice withNotes(const std::string& notes, int rows = 3) {
+    SampleInvoice invoice;
+    invoice.notes = notes;
+    invoice.entries = billedEntries(rows);
+    return invoice;
+}
+
+/// No two words share more than a hair of the page.
+void expectNothingPrintedOver(const PdfReader& pdf) {
+    constexpr double hair = 0.2;
+    const auto& words = pdf.words();
+    for (std::size_t i = 0; i < words.size(); ++i)
+        for (std::size_t j = i + 1; j < words.size(); ++j) {
+            const PdfBox& a = words[i].box;
+            const PdfBox& b = words[j].box;
+            const bool overlap = a.page == b.page &&
+                                 std::min(a.right, b.right) - std::max(a.left, b.left) > hair &&
+                                 std::min(a.bottom, b.bottom) - std::max(a.top, b.top) > hair;
+            EXPECT_FALSE(overlap) << words[i].text << " and " << words[j].text << " on page " << a.page;
+        }
+}
+
+/// Where the word stands, from the top of the first page on.
+std::vector<PdfBox> placesOf(const PdfReader& pdf, std::string_view word) {
+    std::vector<PdfBox> places;
+    for (const PdfWord& each : pdf.words())
+        if (each.text == word)
+            places.push_back(each.box);
+    return places;
+}
+
+/// Everything an invoice with long notes must keep.
+void expectSound(const PdfReader& pdf, const std::string& notes) {
+    EXPECT_EQ(pdf.complaints(), "");
+    EXPECT_THAT(pdf.copiedText(), testing::HasSubstr(withoutBlanks(notes)));
+    expectNothingPrintedOver(pdf);
+    const int last = pdf.pageCount();
+    for (int page = 1; page < last; ++page)
+        EXPECT_FALSE(pdf.find("Steuernummer:", page)) << page;
+    const auto footer = pdf.find("Steuernummer: 143/815/08155", last);
+    ASSERT_TRUE(footer);
+    EXPECT_NEAR(footer->top, footerTop, tolerance);
+}
+
+TEST(InvoicePdfNotes, standInTheLeftBlockAtTheFoot) {
+    const std::string notes = "Leistungszeitraum: 1. bis 14. November 2026.\n"
+                              "Gemäß § 19 UStG wird keine Umsatzsteuer berechnet.";
+    const PdfReader pdf(withNotes(notes).document());
+    EXPECT_EQ(pdf.pageCount(), 1);
+    expectSound(pdf, notes);
+    const auto first = pdf.find("Leistungszeitraum:");
+    ASSERT_TRUE(first);
+    EXPECT_NEAR(first->left, 50, tolerance);
+    EXPECT_NEAR(first->top, footerTop, tolerance);
+    for (const PdfWord& word : pdf.words())
+        if (word.box.top > footerTop - tolerance && word.box.left < rightColumn - 1) {
+            EXPECT_LE(word.box.right, notesRight + tolerance) << word.text;
+        }
+}
+
+TEST(InvoicePdfNotes, beginTwelvePointsUnderAClosingTextThatReachesLower) {
+    const PdfReader pdf(withNotes("Hinweis", 9).document());
+    EXPECT_EQ(pdf.pageCount(), 1);
+    const auto note = pdf.find("Hinweis");
+    const auto names = placesOf(pdf, "Jürgen");
+    ASSERT_TRUE(note);
+    ASSERT_EQ(names.size(), 2U);
+    EXPECT_GT(names[1].bottom, footerTop);
+    EXPECT_NEAR(note->top, names[1].bottom + 12, tolerance);
+    expectSound(pdf, "Hinweis");
+}
+
+TEST(InvoicePdfNotes, thatAreEmptyOrBlankLeaveNoTrace) {
+    const std::string without = PdfReader(withNotes("", 11).document()).copiedText();
+    for (const char* blank : {" ", "\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n", "\t \r\n\u00A0"}) {
+        const PdfReader pdf(withNotes(blank, 11).document());
+        EXPECT_EQ(pdf.pageCount(), 1);
+        EXPECT_EQ(pdf.copiedText(), without);
+    }
+}
+
+TEST(InvoicePdfNotes, trailingLineBreaksTakeNoRoom) {
+    EXPECT_EQ(PdfReader(withNotes("Hinweis" + std::string(50, '\n')).document()).pageCount(), 1);
+}
+
+TEST(InvoicePdfNotes, thatFitExactlyStayOnThePage) {
+    // Eleven lines of a little more than twelve points fill the block of 140.
+    const PdfReader pdf(withNotes(numberedLines(11)).document());
+    EXPECT_EQ(pdf.pageCount(), 1);
+    expectSound(pdf, numberedLines(11));
+    EXPECT_LE(pdf.find("Zeile 11")->bottom, footerBottom + tolerance);
+}
+
+TEST(InvoicePdfNotes, thatDoNotFitUnderTheClosingTextTakeTheTotalAndClosingTextToALastPage) {
+    const PdfReader pdf(withNotes(numberedLines(8), 10).document());
+    ASSERT_EQ(pdf.pageCount(), 2);
+    expectSound(pdf, numberedLines(8));
+    EXPECT_TRUE(pdf.find("Aufgabe 10", 1));
+    EXPECT_FALSE(pdf.find("Gesamtbetrag:", 1));
+    const auto total = pdf.find("Gesamtbetrag: 800,00 €", 2);
+    const auto thanks = pdf.find("Ich danke Ihnen für die gute Zusammenarbeit.", 2);
+    const auto notes = pdf.find("Zeile 1", 2);
+    ASSERT_TRUE(total && thanks && notes);
+    EXPECT_NEAR(total->top, pageHeight - (792 - 7), tolerance);
+    EXPECT_NEAR(thanks->top, pageHeight - (792 - 7 - 14 - 42), tolerance);
+    EXPECT_NEAR(notes->top, footerTop, tolerance);
+    const auto rule = pdf.picture(2, 288).inkWithin({2, 0, 56, 595, 58});
+    ASSERT_TRUE(rule);
+    EXPECT_NEAR(rule->left, 50, tolerance);
+    EXPECT_NEAR(rule->right, 545, tolerance);
+    EXPECT_FALSE(pdf.find("Beschreibung", 2));
+}
+
+TEST(InvoicePdfNotes, tooLongForTheBlockRunAtFullWidthUnderTheClosingText) {
+    const std::string notes = numberedLines(12) + "\n" + std::string(70, 'x');
+    const PdfReader pdf(withNotes(notes).document());
+    ASSERT_EQ(pdf.pageCount(), 2);
+    expectSound(pdf, notes);
+    const auto note = pdf.find("Zeile 1", 2);
+    const auto names = placesOf(pdf, "Jürgen");
+    ASSERT_TRUE(note);
+    EXPECT_NEAR(note->left, 50, tolerance);
+    EXPECT_NEAR(note->top, names.back().bottom + 12, tolerance);
+    // One word wider than the block stays whole.
+    EXPECT_TRUE(pdf.find(std::string(70, 'x'), 2));
+}
+
+TEST(InvoicePdfNotes, ofAnyLengthAreCompleteAndNeverBesideTheFooterAtFullWidth) {
+    // Around the ends of the first and the second page.
+    std::vector<int> counts(17);
+    std::iota(counts.begin(), counts.end(), 34);
+    for (int count = 92; count <= 108; ++count)
+        counts.push_back(count);
+    for (const int count : counts) {
+        const PdfReader pdf(withNotes(numberedLines(count)).document());
+        SCOPED_TRACE(count);
+        expectSound(pdf, numberedLines(count));
+        EXPECT_EQ(placesOf(pdf, "Zeile").size(), static_cast<std::size_t>(count));
+        const int last = pdf.pageCount();
+        bool isOnLastPage = false;
+        for (const PdfBox& line : placesOf(pdf, "Zeile")) {
+            isOnLastPage = isOnLastPage || line.page == last;
+            EXPECT_LE(line.bottom, (line.page == last ? footerTop - 12 : footerBottom) + tolerance);
+        }
+        EXPECT_TRUE(isOnLastPage) << "the footer stands alone";
+    }
+}
+
+TEST(InvoicePdfNotes, ofThreeHundredLinesRunOverSeveralPages) {
+    const PdfReader pdf(withNotes(numberedLines(300)).document());
+    EXPECT_EQ(pdf.pageCount(), 7);
+    expectSound(pdf, numberedLines(300));
+}
+
+TEST(InvoicePdfNotes, keepEmptyLinesAtAPageBreak) {
+    std::string notes;
+    for (int i = 0; i < 80; ++i)
+        notes += "Absatz " + std::to_string(i) + "\n\n";
+    const PdfReader pdf(withNotes(notes).document());
+    expectSound(pdf, notes);
+    const auto places = placesOf(pdf, "Absatz");
+    ASSERT_EQ(places.size(), 80U);
+    const double distance = places[1].top - places[0].top;
+    for (std::size_t i = 1; i < places.size(); ++i)
+        if (places[i].page == places[i - 1].page) {
+            EXPECT_NEAR(places[i].top - places[i - 1].top, distance, tolerance);
+        }
+}
+
+TEST(InvoicePdfNotes, ofOneWordOfFiveThousandLettersAreBroken) {
+    const std::string word(5000, 'w');
+    const PdfReader pdf(withNotes(word).document());
+    expectSound(pdf, word);
+    for (const PdfWord& part : pdf.words())
+        EXPECT_LE(part.box.right, 545 + tolerance + (part.box.left > 300 ? 40 : 0));
+}
+
+TEST(InvoicePdfNotes, ofAHundredThousandWordsLoseNone) {
+    std::string notes;
+    for (int i = 0; i < 20000; ++i)
+        notes += "Wort" + std::to_string(i) + (i % 100 == 99 ? "\n" : " ");
+    const PdfReader pdf(withNotes(notes).document());
+    EXPECT_EQ(pdf.complaints(), "");
+    EXPECT_THAT(pdf.copiedText(), testing::HasSubstr(withoutBlanks(notes)));
+    EXPECT_TRUE(pdf.find("Steuernummer: 143/815/08155", pdf.pageCount()));
+}
+
+TEST(InvoicePdfNotes, withoutTaxAndBankLinesReachDownToTheFoot) {
+    SampleInvoice invoice = withNotes(numberedLines(45));
+    invoice.sender = {};
+    const PdfReader pdf(invoice.document());
+    EXPECT_EQ(pdf.pageCount(), 2);
+    EXPECT_EQ(placesOf(pdf, "Zeile").size(), 45U);
+    EXPECT_GT(placesOf(pdf, "Zeile").back().bottom, footerTop);
+}
+
+TEST(InvoicePdfNotes, aNameThatReachesTheBankLinesTakesTheClosingTextToALastPage) {
+    SampleInvoice invoice = withNotes("", 11);
+    invoice.sender.fullName =
+        "Maximiliane Alexandra Freifrau von und zu Hohenlohe-Waldenburg-Schillingsfürst";
+    const PdfReader pdf(invoice.document());
+    EXPECT_EQ(pdf.pageCount(), 2);
+    expectSound(pdf, "");
+    EXPECT_TRUE(pdf.find("Gesamtbetrag:", 2));
+}
+
+TEST(InvoicePdfNotes, aShortNameMayStandBesideTheBankLines) {
+    const PdfReader pdf(withNotes("", 11).document());
+    EXPECT_EQ(pdf.pageCount(), 1);
+    expectSound(pdf, "");
+}
+
+TEST(InvoicePdfNotes, areNeverPrintedOverWhateverTheNumberOfRows) {
+    const std::string notes =
+        "Leistungszeitraum: 1. bis 14. November 2026.\nBitte überweisen Sie den Betrag ohne Abzug.";
+    for (const int rows : {0, 1, 2, 5, 6, 7, 8, 9, 10, 11, 12, 13, 40, 41, 42, 43, 44}) {
+        SCOPED_TRACE(rows);
+        expectSound(PdfReader(withNotes(notes, rows).document()), notes);
+    }
+}
+
+} // namespace
+} // namespace brisklog::test

@@ -1,0 +1,255 @@
+#include "invoice/SampleInvoice.h"
+#include "profile/UserProfile.h"
+#include "support/MemoryUserDefaults.h"
+#include "support/PdfPictures.h"
+#include "support/PdfReader.h"
+#include "support/RecordingFiles.h"
+#include "support/RecordingLog.h"
+#include "support/TemporaryHome.h"
+
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace brisklog::test {
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+/// The salutation's line on the sample invoice for a customer.
+testing::AssertionResult greets(const std::optional<Customer>& customer, const std::string& greeting) {
+    SampleInvoice invoice;
+    invoice.customer = customer;
+    const PdfReader pdf(invoice.document());
+    return pdf.find(greeting) ? testing::AssertionSuccess()
+                              : testing::AssertionFailure() << greeting << " is not in " << pdf.copiedText();
+}
+
+Customer customerOf(Gender gender, const std::string& name = "Muster") {
+    Customer customer;
+    customer.gender = gender;
+    customer.firstName = "Toni";
+    customer.name = name;
+    return customer;
+}
+
+SampleInvoice withEntries(std::vector<TimeEntry> entries) {
+    SampleInvoice invoice;
+    invoice.entries = std::move(entries);
+    return invoice;
+}
+
+TEST(InvoicePdf, isASoundA4DocumentThatNamesCreatorAndAuthor) {
+    const PdfReader pdf(SampleInvoice().document());
+    EXPECT_EQ(pdf.complaints(), "");
+    EXPECT_EQ(pdf.pageCount(), 1);
+    EXPECT_EQ(pdf.information("MediaBox"), "0.00     0.00   595.00   842.00");
+    EXPECT_EQ(pdf.information("Creator"), "Pennavo");
+    EXPECT_EQ(pdf.information("Author"), "Jürgen Schäfer-Größmann");
+}
+
+TEST(InvoicePdf, namesNoAuthorWhenTheSenderHasNoName) {
+    SampleInvoice invoice;
+    invoice.sender.fullName = "";
+    const PdfReader pdf(invoice.document());
+    EXPECT_EQ(pdf.information("Author"), std::nullopt);
+    EXPECT_EQ(pdf.information("Creator"), "Pennavo");
+}
+
+TEST(InvoicePdf, greetsByGenderAndSurnameAlone) {
+    EXPECT_TRUE(greets(customerOf(Gender::male), "Sehr geehrter Herr Muster,"));
+    EXPECT_TRUE(greets(customerOf(Gender::female), "Sehr geehrte Frau Muster,"));
+    EXPECT_TRUE(greets(customerOf(Gender::diverse), "Sehr geehrte(r) Muster,"));
+    EXPECT_TRUE(greets(std::nullopt, "Sehr geehrte Damen und Herren,"));
+}
+
+TEST(InvoicePdf, aCustomerWithoutASurnameIsGreetedWithoutOne) {
+    EXPECT_TRUE(greets(customerOf(Gender::female, ""), "Sehr geehrte Frau ,"));
+}
+
+TEST(InvoicePdf, isPayableFourteenCalendarDaysAfterItsDate) {
+    SampleInvoice invoice;
+    // 20 February 2028, noon: a leap year.
+    invoice.now = Date{856353600};
+    const PdfReader pdf(invoice.document());
+    EXPECT_TRUE(pdf.find("Rechnungsdatum: 20. Februar 2028"));
+    EXPECT_TRUE(pdf.find("Zahlbar bis: 5. März 2028"));
+}
+
+TEST(InvoicePdf, anEmptyInvoiceNumberIsPrintedEmpty) {
+    SampleInvoice invoice;
+    invoice.invoiceNumber = "";
+    EXPECT_TRUE(PdfReader(invoice.document()).find("Rechnungsnummer:"));
+}
+
+TEST(InvoicePdf, ninetyMinutesAtEightyEurosAreAHundredAndTwenty) {
+    const PdfReader pdf(withEntries({billedEntry("Entwurf", 0, 90)}).document());
+    EXPECT_TRUE(pdf.find("Entwurf 1 h 30 min 80,00 € 120,00 €"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 120,00 €"));
+}
+
+TEST(InvoicePdf, anEntrysOwnRateGoesBeforeTheProjects) {
+    const PdfReader pdf(
+        withEntries({billedEntry("Eigener", 0, 60, 95.5), billedEntry("Projekt", 60, 60)}).document());
+    EXPECT_TRUE(pdf.find("Eigener 1 h 0 min 95,50 € 95,50 €"));
+    EXPECT_TRUE(pdf.find("Projekt 1 h 0 min 80,00 € 80,00 €"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 175,50 €"));
+}
+
+TEST(InvoicePdf, aRowWithoutAnyRateStaysAndCostsNothing) {
+    SampleInvoice invoice = withEntries({billedEntry("Ehrenamt", 0, 60)});
+    invoice.project.hourlyRate.reset();
+    const PdfReader pdf(invoice.document());
+    EXPECT_TRUE(pdf.find("Ehrenamt 1 h 0 min 0,00 € 0,00 €"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 0,00 €"));
+}
+
+TEST(InvoicePdf, anUnfinishedEntryCountsUpToNow) {
+    SampleInvoice invoice;
+    TimeEntry running = billedEntry("Läuft noch", 0, 0);
+    running.startTime = invoice.now.addingSeconds(-2 * 3600 - 59);
+    running.endTime.reset();
+    invoice.entries = {running};
+    EXPECT_TRUE(PdfReader(invoice.document()).find("Läuft noch 2 h 0 min 80,00 € 161,31 €"));
+}
+
+TEST(InvoicePdf, theTotalIsTheSumOfTheExactAmounts) {
+    // One minute at one euro an hour is 1.67 cents.
+    const PdfReader pdf(withEntries({billedEntry("Minute 0", 0, 1, 1.0), billedEntry("Minute 1", 1, 1, 1.0),
+                                     billedEntry("Minute 2", 2, 1, 1.0)})
+                            .document());
+    EXPECT_TRUE(pdf.find("Minute 0 0 h 1 min 1,00 € 0,02 €"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 0,05 €"));
+}
+
+TEST(InvoicePdf, rowsAreSortedByStartAndEqualStartsKeepTheirOrder) {
+    const PdfReader pdf(withEntries({billedEntry("spät", 500, 60), billedEntry("erste", 60, 10),
+                                     billedEntry("zweite", 60, 50), billedEntry("dritte", 60, 30),
+                                     billedEntry("früh", 0, 60)})
+                            .document());
+    const std::string text = pdf.copiedText();
+    std::vector<std::size_t> places;
+    for (const char* name : {"früh", "erste", "zweite", "dritte", "spät"})
+        places.push_back(text.find(name));
+    EXPECT_TRUE(std::ranges::is_sorted(places)) << text;
+    EXPECT_NE(places.back(), std::string::npos);
+}
+
+TEST(InvoicePdf, withoutEntriesThereAreHeaderRulesAndNothingToPay) {
+    const PdfReader pdf(withEntries({}).document());
+    EXPECT_EQ(pdf.pageCount(), 1);
+    EXPECT_TRUE(pdf.find("Beschreibung Dauer Stundensatz Betrag"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 0,00 €"));
+}
+
+TEST(InvoicePdf, anEntryThatEndsBeforeItBeganIsNegative) {
+    const PdfReader pdf(withEntries({billedEntry("Rückwärts", 100, -90)}).document());
+    EXPECT_TRUE(pdf.find("Rückwärts -1 h 30 min 80,00 € -120,00 €"));
+}
+
+TEST(InvoicePdf, figuresThatAreNotFiniteAreWrittenAsNothing) {
+    TimeEntry endless = billedEntry("Endlos", 0, 60);
+    endless.endTime = Date{infinity};
+    const PdfReader pdf(withEntries({endless, billedEntry("Unbezahlbar", 1, 60, infinity)}).document());
+    EXPECT_TRUE(pdf.find("Endlos 0 h 0 min 80,00 € 0,00 €"));
+    EXPECT_TRUE(pdf.find("Unbezahlbar 1 h 0 min 0,00 € 0,00 €"));
+    EXPECT_TRUE(pdf.find("Gesamtbetrag: 0,00 €"));
+}
+
+TEST(InvoicePdf, aNumberTooLongForItsColumnCoversNoOther) {
+    const PdfReader pdf(
+        withEntries({billedEntry("Sehr lange Beschreibung einer sehr teuren Arbeit", 0, 60, 1e12),
+                     billedEntry("Noch teurer", 100, 6e9, 1e300)})
+            .document());
+    EXPECT_TRUE(pdf.find("1 h 0 min 1.000.000.000.000,00 € 1.000.000.000.000,00 €"));
+    const std::string text = pdf.copiedText();
+    EXPECT_THAT(text, testing::HasSubstr(withoutBlanks("100000000 h 0 min1.000.000.000")));
+    const auto& words = pdf.words();
+    for (std::size_t i = 1; i < words.size(); ++i)
+        if (words[i].box.page == words[i - 1].box.page && words[i].box.top - words[i - 1].box.top < 5) {
+            EXPECT_LE(words[i - 1].box.right, words[i].box.left) << words[i - 1].text << " " << words[i].text;
+        }
+}
+
+TEST(InvoicePdf, aLongTaskNameEndsInAnEllipsisBeforeTheNextColumn) {
+    const PdfReader pdf(withEntries({billedEntry("Lang " + std::string(2000, 'x'), 0, 60)}).document());
+    const auto row = pdf.find("Lang");
+    ASSERT_TRUE(row);
+    for (const PdfWord& word : pdf.words())
+        if (word.text.starts_with("xxx")) {
+            EXPECT_THAT(word.text, testing::EndsWith("…"));
+            EXPECT_LE(word.box.right, 50 + 495 * 0.5 - 6 + 0.5);
+        }
+    EXPECT_TRUE(pdf.find("1 h 0 min 80,00 € 80,00 €"));
+}
+
+TEST(InvoicePdf, longLinesOfSenderAndRightColumnEndInAnEllipsisAtTwoHundredPoints) {
+    SampleInvoice invoice;
+    invoice.sender.address = std::string(300, 'a');
+    invoice.customer->company = std::string(300, 'k');
+    invoice.sender.bankName = std::string(300, 'b');
+    const PdfReader pdf(invoice.document());
+    int shortened = 0;
+    for (const PdfWord& word : pdf.words())
+        if (word.text.ends_with("…")) {
+            ++shortened;
+            EXPECT_LE(word.box.right, word.box.left + 200 + 0.5);
+        }
+    EXPECT_EQ(shortened, 3);
+}
+
+TEST(InvoicePdf, aVeryLongSenderNameStaysInTheClosingTextsBox) {
+    SampleInvoice invoice;
+    invoice.sender.fullName = "Anna\nMaria ";
+    for (int i = 0; i < 500; ++i)
+        invoice.sender.fullName += "von und zu ";
+    const PdfReader pdf(invoice.document());
+    EXPECT_EQ(pdf.complaints(), "");
+    const int page = pdf.pageCount();
+    const auto thanks = pdf.find("Ich danke Ihnen", page);
+    const auto name = pdf.find("Anna Maria von und zu von und zu von", page);
+    ASSERT_TRUE(thanks && name);
+    for (const PdfWord& word : pdf.words())
+        if (word.text == "und") {
+            EXPECT_LE(word.box.bottom, thanks->top + 70.5);
+        }
+}
+
+TEST(InvoicePdf, isMadeOfWhatTheProfileHolds) {
+    TemporaryHome home;
+    RecordingFiles files;
+    MemoryUserDefaults defaults;
+    RecordingLog log;
+    UserProfile profile({files, defaults, log});
+    profile.fullName = "Vollname";
+    profile.companyName = "Firmenname";
+    profile.address = "Straße 1";
+    profile.postalCode = "12345";
+    profile.city = "Ort";
+    profile.phone = "0123";
+    profile.email = "a@b.example";
+    profile.website = "www.example";
+    profile.taxId = "S1";
+    profile.taxOffice = "F1";
+    profile.vatId = "U1";
+    profile.bankName = "Bank1";
+    profile.iban = "I1";
+    profile.bic = "B1";
+    profile.logoData = pngImage(10, 10);
+    const InvoiceSender expected{.fullName = "Vollname",
+                                 .address = "Straße 1",
+                                 .postalCode = "12345",
+                                 .city = "Ort",
+                                 .phone = "0123",
+                                 .email = "a@b.example",
+                                 .taxId = "S1",
+                                 .taxOffice = "F1",
+                                 .vatId = "U1",
+                                 .bankName = "Bank1",
+                                 .iban = "I1",
+                                 .bic = "B1",
+                                 .logoData = pngImage(10, 10)};
+    EXPECT_EQ(invoiceSender(profile), expected);
+}
+
+} // namespace
+} // namespace brisklog::test
