@@ -135,7 +135,7 @@ TEST_F(InvoiceScreenTest, controlReturnCreatesFromAnywhereAndReturnDoesNot) {
     InvoiceSheet content({entryOf("Eins", hour)}, 60.0);
     InvoiceSheetWindow window(content);
     window.clickRow(0);
-    QLineEdit& number = field(window, u"Rechnungsnummer"_s);
+    QLineEdit& number = field(window, u"Rechnungsnummer:"_s);
     number.setFocus();
     QTest::keyClicks(&number, u"2026-041"_s);
     QTest::keyClick(&number, Qt::Key_Return);
