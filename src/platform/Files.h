@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brisklog {
 
@@ -53,6 +54,12 @@ public:
 
     /// Makes the folder and its missing parents, each for its owner alone; an existing one is no error.
     [[nodiscard]] virtual Result<Done> createFolder(const std::filesystem::path& path) = 0;
+
+    /// Names of everything in the folder, in no particular order; none when it cannot be read.
+    [[nodiscard]] virtual std::vector<std::string> namesIn(const std::filesystem::path& folder) const = 0;
+
+    /// Removes the folder with everything in it; a missing one is no error.
+    [[nodiscard]] virtual Result<Done> removeFolder(const std::filesystem::path& folder) = 0;
 
     /// Removes one file; a missing one is an error.
     [[nodiscard]] virtual Result<Done> remove(const std::filesystem::path& path) = 0;

@@ -36,7 +36,7 @@ public:
 
     [[nodiscard]] Result<Done> replace(const std::filesystem::path& path, std::string_view bytes,
                                        Durability durability) override {
-        written.push_back(path.filename().string());
+        written.push_back(nameOf(path));
         if (writesFail)
             return Error{path.string() + ": No space left on device"};
         return m_files.replace(path, bytes, durability);
@@ -44,7 +44,7 @@ public:
 
     [[nodiscard]] Result<Done> writeDocument(const std::filesystem::path& path,
                                              std::string_view bytes) override {
-        written.push_back(path.filename().string());
+        written.push_back(nameOf(path));
         if (writesFail)
             return Error{path.string() + ": No space left on device"};
         return m_files.writeDocument(path, bytes);
@@ -56,16 +56,31 @@ public:
         return m_files.createFolder(path);
     }
 
+    [[nodiscard]] std::vector<std::string> namesIn(const std::filesystem::path& folder) const override {
+        return m_files.namesIn(folder);
+    }
+
+    [[nodiscard]] Result<Done> removeFolder(const std::filesystem::path& folder) override {
+        return m_files.removeFolder(folder);
+    }
+
     [[nodiscard]] Result<Done> remove(const std::filesystem::path& path) override {
         return m_files.remove(path);
     }
 
-    /// Names of the files written, in order, failed tries included.
+    /// Names of the files written, in order, failed tries included; daily copies as "backups/DAY/NAME".
     std::vector<std::string> written;
     bool writesFail = false;
     bool hasHome = true;
 
 private:
+    static std::string nameOf(const std::filesystem::path& path) {
+        const auto folder = path.parent_path();
+        const bool isDailyCopy = folder.parent_path().filename() == "backups";
+        return isDailyCopy ? path.lexically_relative(folder.parent_path().parent_path()).string()
+                           : path.filename().string();
+    }
+
     PosixFiles m_files;
 };
 

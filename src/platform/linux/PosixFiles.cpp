@@ -249,6 +249,21 @@ Result<Done> PosixFiles::createFolder(const fs::path& path) {
     return systemError(path, errno == EEXIST ? ENOTDIR : errno);
 }
 
+std::vector<std::string> PosixFiles::namesIn(const fs::path& folder) const {
+    std::vector<std::string> names;
+    std::error_code unreadable;
+    for (fs::directory_iterator entry(folder, unreadable), end; !unreadable && entry != end;
+         entry.increment(unreadable))
+        names.push_back(entry->path().filename());
+    return names;
+}
+
+Result<Done> PosixFiles::removeFolder(const fs::path& folder) {
+    std::error_code failure;
+    fs::remove_all(folder, failure);
+    return failure ? systemError(folder, failure.value()) : Result<Done>(Done{});
+}
+
 Result<Done> PosixFiles::remove(const fs::path& path) {
     return ::unlink(path.c_str()) == 0 ? Result<Done>(Done{}) : systemError(path, errno);
 }

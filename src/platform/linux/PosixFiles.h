@@ -21,6 +21,8 @@ public:
     [[nodiscard]] Result<Done> writeDocument(const std::filesystem::path& path,
                                              std::string_view bytes) override;
     [[nodiscard]] Result<Done> createFolder(const std::filesystem::path& path) override;
+    [[nodiscard]] std::vector<std::string> namesIn(const std::filesystem::path& folder) const override;
+    [[nodiscard]] Result<Done> removeFolder(const std::filesystem::path& folder) override;
     [[nodiscard]] Result<Done> remove(const std::filesystem::path& path) override;
 };
 
