@@ -33,13 +33,13 @@ TEST_F(ProjectTabs, choosingATabChoosesTheStoresProject) {
     view.selectTab(2);
     EXPECT_EQ(bench.store.selectedProjectIndex, 2);
     EXPECT_EQ(view.selectedTab(), 2);
-    EXPECT_EQ(view.projectView().project().name, "Druck");
+    EXPECT_EQ(view.projectView()->project().name, "Druck");
 }
 
 TEST_F(ProjectTabs, followTheStoresSelection) {
     bench.store.selectedProjectIndex = 1;
     EXPECT_EQ(view.selectedTab(), 1);
-    EXPECT_EQ(view.projectView().project().name, "Web");
+    EXPECT_EQ(view.projectView()->project().name, "Web");
 }
 
 TEST_F(ProjectTabs, positionThatIsNoTabIsIgnored) {
@@ -120,14 +120,14 @@ TEST_F(ProjectTabs, deletingTheLastShownProjectShowsTheOneBefore) {
     view.selectTab(2);
     ProjectSettingsView(bench.store, 2).deleteProject();
     EXPECT_EQ(view.selectedTab(), 1);
-    EXPECT_EQ(view.projectView().project().name, "Web");
+    EXPECT_EQ(view.projectView()->project().name, "Web");
 }
 
 TEST_F(ProjectTabs, deletingAShownProjectInTheMiddleShowsTheNextOne) {
     view.selectTab(1);
     ProjectSettingsView(bench.store, 1).deleteProject();
     EXPECT_EQ(view.selectedTab(), 1);
-    EXPECT_EQ(view.projectView().project().name, "Druck");
+    EXPECT_EQ(view.projectView()->project().name, "Druck");
 }
 
 TEST_F(ProjectTabs, deletingTheOnlyProjectShowsTheSubstitute) {
@@ -136,16 +136,16 @@ TEST_F(ProjectTabs, deletingTheOnlyProjectShowsTheSubstitute) {
     EXPECT_TRUE(view.tabs().empty());
     EXPECT_EQ(view.autoTrackingTab(), 0);
     EXPECT_FALSE(view.isAutoTrackingSelected());
-    EXPECT_EQ(view.projectView().project().name, "Fehler");
+    EXPECT_EQ(view.projectView()->project().name, "Fehler");
 }
 
 TEST_F(ProjectTabs, startingWithoutAnyProjectCreatesTheDefaultOne) {
     for (int count = 0; count < 3; ++count)
         bench.store.deleteProject(0);
-    view.projectView().taskName = "Entwurf";
-    view.projectView().start();
+    view.projectView()->taskName = "Entwurf";
+    view.projectView()->start();
     EXPECT_EQ(view.tabs(), (std::vector<ProjectTab>{{"Standardprojekt", TimerActivity::running}}));
-    EXPECT_EQ(view.projectView().timers().size(), 1U);
+    EXPECT_EQ(view.projectView()->timers().size(), 1U);
 }
 
 TEST_F(ProjectTabs, sayWhatTheProjectsTimersAreDoing) {
@@ -154,13 +154,13 @@ TEST_F(ProjectTabs, sayWhatTheProjectsTimersAreDoing) {
     bench.store.selectedProjectIndex = 1;
     bench.store.startTracking("drei");
     const auto activity = [&](std::size_t tab) { return view.tabs().at(tab).timers; };
-    bench.store.pauseTracking(view.projectView().timers()[0].entryId);
+    bench.store.pauseTracking(view.projectView()->timers()[0].entryId);
     EXPECT_EQ(activity(0), TimerActivity::running);
     EXPECT_EQ(activity(1), TimerActivity::allPaused);
     EXPECT_EQ(activity(2), TimerActivity::none);
 
     view.selectTab(0);
-    const auto timers = view.projectView().timers();
+    const auto timers = view.projectView()->timers();
     bench.store.pauseTracking(timers[0].entryId);
     EXPECT_EQ(activity(0), TimerActivity::running);
     bench.store.pauseTracking(timers[1].entryId);
@@ -168,21 +168,21 @@ TEST_F(ProjectTabs, sayWhatTheProjectsTimersAreDoing) {
 }
 
 TEST_F(ProjectTabs, keepWhatIsTypedForTheirProject) {
-    view.projectView().taskName = "hier";
+    view.projectView()->taskName = "hier";
     view.selectTab(1);
-    EXPECT_EQ(*view.projectView().taskName, "");
-    view.projectView().taskName = "dort";
+    EXPECT_EQ(*view.projectView()->taskName, "");
+    view.projectView()->taskName = "dort";
     view.selectTab(0);
-    EXPECT_EQ(*view.projectView().taskName, "hier");
+    EXPECT_EQ(*view.projectView()->taskName, "hier");
     bench.store.deleteProject(0);
-    EXPECT_EQ(view.projectView().project().name, "Web");
-    EXPECT_EQ(*view.projectView().taskName, "dort");
+    EXPECT_EQ(view.projectView()->project().name, "Web");
+    EXPECT_EQ(*view.projectView()->taskName, "dort");
 }
 
 TEST_F(ProjectTabs, timerStartedAtATabBelongsToItsProject) {
     view.selectTab(1);
-    view.projectView().taskName = "Entwurf";
-    view.projectView().start();
+    view.projectView()->taskName = "Entwurf";
+    view.projectView()->start();
     EXPECT_EQ(bench.store.activeEntries->begin()->second.projectId, bench.project(1).id);
 }
 

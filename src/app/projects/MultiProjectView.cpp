@@ -62,17 +62,17 @@ void MultiProjectView::stepTabs(int steps) {
     selectTab(std::clamp(selectedTab() + steps, 0, autoTrackingTab()));
 }
 
-ProjectView& MultiProjectView::projectView() {
+std::shared_ptr<ProjectView> MultiProjectView::projectView() {
     forgetDeletedProjects();
     const int index = m_platform.store.selectedProjectIndex;
     const bool exists = index >= 0 && index < projectCount();
     const Uuid id = exists ? m_platform.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
-    std::unique_ptr<ProjectView>& view = m_projectViews[id];
+    std::shared_ptr<ProjectView>& view = m_projectViews[id];
     if (!view)
-        view = std::make_unique<ProjectView>(m_platform, index);
+        view = std::make_shared<ProjectView>(m_platform, index);
     else if (view->projectIndex != index)
         view->projectIndex = index;
-    return *view;
+    return view;
 }
 
 void MultiProjectView::forgetDeletedProjects() {

@@ -58,8 +58,8 @@ public:
     void stepTabs(int steps);
 
     /// The screen of the selected project. What is typed there stays with its project for as long as that
-    /// exists. The reference is good until the project is deleted.
-    [[nodiscard]] ProjectView& projectView();
+    /// exists; who shows it may keep it longer.
+    [[nodiscard]] std::shared_ptr<ProjectView> projectView();
 
     /// Replaces all projects and drops all timers; to be called once the user has confirmed it.
     void resetAllData();
@@ -70,7 +70,7 @@ private:
     ProjectPlatform m_platform;
     /// How often the store's selection had been written when "Auto-Tracking" was chosen.
     std::optional<std::uint64_t> m_autoTrackingChosenAt;
-    std::map<Uuid, std::unique_ptr<ProjectView>> m_projectViews;
+    std::map<Uuid, std::shared_ptr<ProjectView>> m_projectViews;
 };
 
 } // namespace brisklog

@@ -20,6 +20,7 @@
 #include <QStackedWidget>
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -44,14 +45,15 @@ QWidget* emptyEntries() {
 
 } // namespace
 
-ProjectScreen::ProjectScreen(const ProjectScreensContext& context, ProjectView& view, QWidget* parent)
-    : Screen(parent), m_context(context), m_view(&view) {
+ProjectScreen::ProjectScreen(const ProjectScreensContext& context, std::shared_ptr<ProjectView> view,
+                             QWidget* parent)
+    : Screen(parent), m_context(context), m_view(std::move(view)) {
     makeWidgets();
     makeActions();
     arrange();
     arrangeTabOrder();
     observe(m_context.store);
-    setView(view);
+    watchView();
     m_customersSubscription =
         m_context.notifications.observe("OpenCustomerManagement", [this] { openCustomers(); });
 }
@@ -138,10 +140,14 @@ QWidget* ProjectScreen::actionBar() {
     return bar;
 }
 
-void ProjectScreen::setView(ProjectView& view) {
-    view.isTaskNameFocused = m_view->isTaskNameFocused;
-    m_view = &view;
-    m_viewSubscription = view.observe([this] { refreshSoon(); });
+void ProjectScreen::setView(std::shared_ptr<ProjectView> view) {
+    view->isTaskNameFocused = m_view->isTaskNameFocused;
+    m_view = std::move(view);
+    watchView();
+}
+
+void ProjectScreen::watchView() {
+    m_viewSubscription = m_view->observe([this] { refreshSoon(); });
     m_shownRevision.reset();
     refreshSoon();
 }

@@ -3,6 +3,7 @@
 #include "app/components/Screen.h"
 #include "app/projects/screens/ProjectScreensContext.h"
 
+#include <memory>
 #include <optional>
 
 class QStackedWidget;
@@ -23,10 +24,11 @@ class TimerListView;
 /// One project: its name, the task to start, its timers, its actions and its entries.
 class ProjectScreen final : public Screen {
 public:
-    ProjectScreen(const ProjectScreensContext& context, ProjectView& view, QWidget* parent = nullptr);
+    ProjectScreen(const ProjectScreensContext& context, std::shared_ptr<ProjectView> view,
+                  QWidget* parent = nullptr);
 
-    /// Shows another project. The view must live until the next one is set.
-    void setView(ProjectView& view);
+    /// Shows another project.
+    void setView(std::shared_ptr<ProjectView> view);
 
 protected:
     void refresh() override;
@@ -35,6 +37,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void watchView();
     void makeWidgets();
     void makeActions();
     void arrange();
@@ -53,7 +56,7 @@ private:
     void confirmReset();
 
     const ProjectScreensContext m_context;
-    ProjectView* m_view;
+    std::shared_ptr<ProjectView> m_view;
     Subscription m_viewSubscription;
     Subscription m_customersSubscription;
     /// The store's projects as they were when the project was last read.
