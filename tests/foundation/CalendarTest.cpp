@@ -52,7 +52,13 @@ TEST_F(BerlinCalendar, timeGivenTwiceStaysOnItsDay) {
     EXPECT_TRUE(twice == at("2026-10-25T01:30:00").addingSeconds(hour) ||
                 twice == at("2026-10-25T01:30:00").addingSeconds(2 * hour));
     EXPECT_EQ(calendar.addingDays(twice, 1), at("2026-10-26T02:30:00"));
-    EXPECT_EQ(calendar.addingDays(twice.addingSeconds(hour), 0), twice.addingSeconds(hour));
+}
+
+TEST_F(BerlinCalendar, noDaysLaterIsTheSameMomentAlsoInAnHourGivenTwice) {
+    for (const double hours : {1, 2}) {
+        const Date halfPastTwo = at("2026-10-25T01:30:00").addingSeconds(hours * hour);
+        EXPECT_EQ(calendar.addingDays(halfPastTwo, 0), halfPastTwo);
+    }
 }
 
 TEST_F(BerlinCalendar, leapDayIsCounted) {
