@@ -104,7 +104,10 @@ TEST(CairoPdfImages, anImageCutShortIsSkipped) {
             expectSkipped(whole.substr(0, length));
 }
 
-TEST(CairoPdfImages, anImageOfFourHundredMillionPixelsIsSkipped) { expectSkipped(hugePng()); }
+TEST(CairoPdfImages, anImageOfMoreThanThirtyTwoMillionPixelsIsSkipped) {
+    expectSkipped(hugePng());
+    expectSkipped(hugeJpeg());
+}
 
 TEST(CairoPdfImages, aJpegThatLiesAboutItsSizeIsSkipped) {
     std::string jpeg = jpegImage(140, 70);

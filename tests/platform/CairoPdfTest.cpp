@@ -136,6 +136,16 @@ TEST(CairoPdf, charactersThatNoFontHasCanStillBeCopied) {
     EXPECT_EQ(pdf.copiedText(), withoutBlanks(text));
 }
 
+TEST(CairoPdf, aCharacterThatNoFontHasIsAnEmptyBox) {
+    const PdfReader pdf(onePage([](PdfDocument& page) { page.drawLine("\U000F0000", line, regular); }));
+    const auto picture = pdf.picture(1, 720);
+    const auto ink = picture.inkWithin({1, 0, 0, a4.width, a4.height});
+    ASSERT_TRUE(ink);
+    const PdfBox inside{1, ink->left + 1, ink->top + 1, ink->right - 1, ink->bottom - 1};
+    EXPECT_GT(inside.right, inside.left);
+    EXPECT_EQ(picture.inkWithin(inside), std::nullopt);
+}
+
 TEST(CairoPdf, whatIsNoTextIsReplacedAndEverythingAfterItIsDrawn) {
     using namespace std::string_literals;
     // Wrong UTF-8, a surrogate, code points that are no characters, control characters.

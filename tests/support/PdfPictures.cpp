@@ -8,13 +8,17 @@
 namespace brisklog::test {
 namespace {
 
-std::string encoded(int width, int height, const QColor& colour, const char* format) {
-    QImage image(width, height, colour.alpha() < 255 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-    image.fill(colour);
+std::string encoded(const QImage& image, const char* format) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format);
     return buffer.data().toStdString();
+}
+
+std::string encoded(int width, int height, const QColor& colour, const char* format) {
+    QImage image(width, height, colour.alpha() < 255 ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    image.fill(colour);
+    return encoded(image, format);
 }
 
 std::string bigEndian(std::uint32_t number) {
@@ -55,6 +59,13 @@ std::string turnedByAQuarter(const std::string& jpeg) {
     const std::string note = "Exif\0\0II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0\x06\0\0\0\0\0\0\0"s;
     const auto length = static_cast<char>(note.size() + 2);
     return jpeg.substr(0, 2) + "\xFF\xE1"s + '\0' + length + note + jpeg.substr(2);
+}
+
+std::string hugeJpeg() {
+    constexpr int side = 6000;
+    QImage image(side, side, QImage::Format_Grayscale8);
+    image.fill(Qt::black);
+    return encoded(image, "JPG");
 }
 
 std::string hugePng() {

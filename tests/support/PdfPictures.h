@@ -15,4 +15,7 @@ namespace brisklog::test {
 /// A sound PNG of few bytes with 400 million pixels.
 [[nodiscard]] std::string hugePng();
 
+/// A sound JPEG with 36 million pixels.
+[[nodiscard]] std::string hugeJpeg();
+
 } // namespace brisklog::test
