@@ -23,9 +23,14 @@ qint64 momentOf(QDate day, QTime time, const QTimeZone& zone) {
     return asUniversal.addSecs(-offsetBefore).toMSecsSinceEpoch();
 }
 
+Date firstMomentOf(QDate day, const QTimeZone& zone) {
+    const auto moment = static_cast<double>(day.startOfDay(zone).toMSecsSinceEpoch());
+    return Date{moment / millisecondsPerSecond - secondsFromUnixEpochToReference};
+}
+
 } // namespace
 
-Calendar::Calendar(QTimeZone zone) : m_zone(std::move(zone)) {}
+Calendar::Calendar(const QTimeZone& zone) : m_zone(zone) {}
 
 Calendar Calendar::current() { return Calendar(QTimeZone::systemTimeZone()); }
 
@@ -39,6 +44,14 @@ Date Calendar::addingDays(Date date, int days) const {
     const qint64 after = momentOf(local.date().addDays(days), local.time(), m_zone);
     const auto moved = static_cast<double>(after - before);
     return date.addingSeconds(moved / millisecondsPerSecond);
+}
+
+Day Calendar::dayOf(Date date) const {
+    // Cut off, not rounded: the last half millisecond of a day is still in it.
+    const double unixSeconds = date.secondsSinceReference + secondsFromUnixEpochToReference;
+    const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds * millisecondsPerSecond));
+    const QDate day = QDateTime::fromMSecsSinceEpoch(milliseconds, m_zone).date();
+    return {firstMomentOf(day, m_zone), firstMomentOf(day.addDays(1), m_zone)};
 }
 
 } // namespace brisklog

@@ -6,10 +6,20 @@
 
 namespace brisklog {
 
+/// A calendar day: from its first moment up to the next day's, which is not part of it.
+struct Day {
+    Date start;
+    Date end;
+
+    [[nodiscard]] constexpr bool contains(Date date) const { return start <= date && date < end; }
+
+    bool operator==(const Day&) const = default;
+};
+
 /// Arithmetic with days as people count them, in one time zone: a day may have 23 or 25 hours.
 class Calendar {
 public:
-    explicit Calendar(QTimeZone zone);
+    explicit Calendar(const QTimeZone& zone);
 
     /// The calendar of the user's own time zone.
     [[nodiscard]] static Calendar current();
@@ -17,6 +27,9 @@ public:
     /// The same time of day a number of days later (earlier when negative); where the clocks skip that time,
     /// as much later as they skip.
     [[nodiscard]] Date addingDays(Date date, int days) const;
+
+    /// The day in which the moment lies. Where the clocks skip midnight it begins when they go on.
+    [[nodiscard]] Day dayOf(Date date) const;
 
     [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
 

@@ -37,6 +37,8 @@ struct DateFormatters {
         icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, germany())};
     std::unique_ptr<icu::DateFormat> longDate{
         icu::DateFormat::createDateInstance(icu::DateFormat::kLong, germany())};
+    std::unique_ptr<icu::DateFormat> shortTime{
+        icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, germany())};
     std::unique_ptr<icu::DateFormat> isoDay{makePattern("yyyy-MM-dd")};
 
     static std::unique_ptr<icu::DateFormat> makePattern(const char* pattern) {
@@ -45,8 +47,9 @@ struct DateFormatters {
                                                        status);
     }
 
-    [[nodiscard]] std::array<icu::DateFormat*, 5> all() const {
-        return {shortWithTime.get(), shortDate.get(), mediumDate.get(), longDate.get(), isoDay.get()};
+    [[nodiscard]] std::array<icu::DateFormat*, 6> all() const {
+        return {shortWithTime.get(), shortDate.get(), mediumDate.get(),
+                longDate.get(),      shortTime.get(), isoDay.get()};
     }
 };
 
@@ -116,6 +119,8 @@ std::string date(Date date, DateForm form) {
         return formatted(*formatters.mediumDate, date);
     case DateForm::longDate:
         return formatted(*formatters.longDate, date);
+    case DateForm::shortTime:
+        return formatted(*formatters.shortTime, date);
     }
     std::abort();
 }

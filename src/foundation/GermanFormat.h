@@ -16,6 +16,7 @@ enum class DateForm {
     shortDate,     ///< 15.11.26
     mediumDate,    ///< 15.11.2026
     longDate,      ///< 15. November 2026
+    shortTime,     ///< 18:20
 };
 
 [[nodiscard]] std::string date(Date date, DateForm form);

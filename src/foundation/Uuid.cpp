@@ -7,17 +7,16 @@ namespace brisklog {
 namespace {
 
 constexpr std::size_t textLength = 36;
-constexpr std::int8_t notAHexDigit = -1;
+constexpr std::uint8_t notAHexDigit = 0xFF;
 
-constexpr std::array<std::int8_t, 256> makeHexValues() {
-    std::array<std::int8_t, 256> values{};
+constexpr std::array<std::uint8_t, 256> makeHexValues() {
+    std::array<std::uint8_t, 256> values{};
     values.fill(notAHexDigit);
-    for (int digit = 0; digit < 10; ++digit)
-        values[static_cast<std::size_t>('0' + digit)] = static_cast<std::int8_t>(digit);
-    for (int letter = 0; letter < 6; ++letter) {
-        values[static_cast<std::size_t>('a' + letter)] = static_cast<std::int8_t>(10 + letter);
-        values[static_cast<std::size_t>('A' + letter)] = static_cast<std::int8_t>(10 + letter);
-    }
+    for (std::uint8_t digit = 0; digit < 10; ++digit)
+        values['0' + std::size_t{digit}] = digit;
+    for (std::uint8_t letter = 0; letter < 6; ++letter)
+        values['a' + std::size_t{letter}] = values['A' + std::size_t{letter}] =
+            static_cast<std::uint8_t>(10 + letter);
     return values;
 }
 
@@ -49,8 +48,8 @@ std::optional<Uuid> Uuid::parse(std::string_view text) {
     for (std::size_t i = 0; i < id.m_bytes.size(); ++i) {
         if (hyphenBefore(i) && text[position++] != '-')
             return std::nullopt;
-        const int high = hexValues[static_cast<unsigned char>(text[position])];
-        const int low = hexValues[static_cast<unsigned char>(text[position + 1])];
+        const std::uint8_t high = hexValues[static_cast<unsigned char>(text[position])];
+        const std::uint8_t low = hexValues[static_cast<unsigned char>(text[position + 1])];
         if (high == notAHexDigit || low == notAHexDigit)
             return std::nullopt;
         id.m_bytes[i] = static_cast<std::uint8_t>(high << 4 | low);

@@ -64,42 +64,45 @@ struct Detail {
     const char* olderKey;
 };
 
+using Text = Detail<std::string>;
+using Figure = Detail<double>;
+
 /// In the order in which they are loaded and migrated.
 constexpr std::array texts{
-    Detail{&UserProfile::companyName, &ProfileData::companyName, "profile_companyName"},
-    Detail{&UserProfile::fullName, &ProfileData::fullName, "profile_fullName"},
-    Detail{&UserProfile::address, &ProfileData::address, "profile_address"},
-    Detail{&UserProfile::postalCode, &ProfileData::postalCode, "profile_postalCode"},
-    Detail{&UserProfile::city, &ProfileData::city, "profile_city"},
-    Detail{&UserProfile::country, &ProfileData::country, "profile_country"},
-    Detail{&UserProfile::phone, &ProfileData::phone, "profile_phone"},
-    Detail{&UserProfile::email, &ProfileData::email, "profile_email"},
-    Detail{&UserProfile::website, &ProfileData::website, "profile_website"},
-    Detail{&UserProfile::taxId, &ProfileData::taxId, "profile_taxId"},
-    Detail{&UserProfile::vatId, &ProfileData::vatId, "profile_vatId"},
+    Text{&UserProfile::companyName, &ProfileData::companyName, "profile_companyName"},
+    Text{&UserProfile::fullName, &ProfileData::fullName, "profile_fullName"},
+    Text{&UserProfile::address, &ProfileData::address, "profile_address"},
+    Text{&UserProfile::postalCode, &ProfileData::postalCode, "profile_postalCode"},
+    Text{&UserProfile::city, &ProfileData::city, "profile_city"},
+    Text{&UserProfile::country, &ProfileData::country, "profile_country"},
+    Text{&UserProfile::phone, &ProfileData::phone, "profile_phone"},
+    Text{&UserProfile::email, &ProfileData::email, "profile_email"},
+    Text{&UserProfile::website, &ProfileData::website, "profile_website"},
+    Text{&UserProfile::taxId, &ProfileData::taxId, "profile_taxId"},
+    Text{&UserProfile::vatId, &ProfileData::vatId, "profile_vatId"},
     // Earlier versions knew no tax office.
-    Detail<std::string>{&UserProfile::taxOffice, &ProfileData::taxOffice, nullptr},
-    Detail{&UserProfile::bankName, &ProfileData::bankName, "profile_bankName"},
-    Detail{&UserProfile::iban, &ProfileData::iban, "profile_iban"},
-    Detail{&UserProfile::bic, &ProfileData::bic, "profile_bic"},
+    Text{&UserProfile::taxOffice, &ProfileData::taxOffice, nullptr},
+    Text{&UserProfile::bankName, &ProfileData::bankName, "profile_bankName"},
+    Text{&UserProfile::iban, &ProfileData::iban, "profile_iban"},
+    Text{&UserProfile::bic, &ProfileData::bic, "profile_bic"},
 };
 
 constexpr std::array figures{
-    Detail{&UserProfile::logoPositionX, &ProfileData::logoPositionX, "profile_logoPositionX"},
-    Detail{&UserProfile::logoPositionY, &ProfileData::logoPositionY, "profile_logoPositionY"},
-    Detail{&UserProfile::logoWidth, &ProfileData::logoWidth, "profile_logoWidth"},
-    Detail{&UserProfile::logoHeight, &ProfileData::logoHeight, "profile_logoHeight"},
+    Figure{&UserProfile::logoPositionX, &ProfileData::logoPositionX, "profile_logoPositionX"},
+    Figure{&UserProfile::logoPositionY, &ProfileData::logoPositionY, "profile_logoPositionY"},
+    Figure{&UserProfile::logoWidth, &ProfileData::logoWidth, "profile_logoWidth"},
+    Figure{&UserProfile::logoHeight, &ProfileData::logoHeight, "profile_logoHeight"},
 };
 
 JsonFile<ProfileData> profileFile(const std::filesystem::path& path) {
     return {path, json::Layout::pretty, Durability::leftToSystem};
 }
 
-std::optional<std::string> olderValue(const UserDefaults& defaults, const Detail<std::string>& text) {
+std::optional<std::string> olderValue(const UserDefaults& defaults, const Text& text) {
     return text.olderKey ? textValue(defaults, text.olderKey) : std::nullopt;
 }
 
-std::optional<double> olderValue(const UserDefaults& defaults, const Detail<double>& figure) {
+std::optional<double> olderValue(const UserDefaults& defaults, const Figure& figure) {
     return numberValue(defaults, figure.olderKey);
 }
 

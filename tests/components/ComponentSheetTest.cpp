@@ -44,6 +44,7 @@ protected:
     ComponentSheet() { button->setParent(&host); }
 
     SheetWindow& present() {
+        makeControls();
         auto made = std::make_unique<SheetWindow>(u"Neues Projekt"_s, QSize(400, 252));
         auto* body = new QWidget;
         Column{first, second}.margins(20).applyTo(*body);
@@ -61,12 +62,20 @@ protected:
         return shown;
     }
 
+    /// The sheet's own once it is presented.
+    void makeControls() {
+        first = new TextField(u"Projektname eingeben"_s);
+        second = new TextArea;
+        cancel = new Button(u"Abbrechen"_s);
+        create = new Button(u"Erstellen"_s, Button::Kind::primary);
+    }
+
     RecordingHost host;
     Button* button = new Button(u"Öffnen"_s);
-    TextField* first = new TextField(u"Projektname eingeben"_s);
-    TextArea* second = new TextArea;
-    Button* cancel = new Button(u"Abbrechen"_s);
-    Button* create = new Button(u"Erstellen"_s, Button::Kind::primary);
+    TextField* first = nullptr;
+    TextArea* second = nullptr;
+    Button* cancel = nullptr;
+    Button* create = nullptr;
     QPointer<SheetWindow> sheet;
     int created = 0;
 };

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "foundation/DataParts.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace brisklog::json {
+
+/// One document that comes in parts, as the reader's input stream. A text that is one repeated part from
+/// quotation mark to quotation mark is not sent through the reader character by character: the reader finds
+/// an empty text, and whoever receives that takes the real one here.
+class PartStream {
+public:
+    // The names are the reader's.
+    using Ch = char;
+
+    explicit PartStream(DataParts& parts) : m_parts(parts) { take(m_parts.next()); }
+
+    Ch Peek() { return m_at != m_end || advance() ? *m_at : '\0'; }
+
+    Ch Take() { return m_at != m_end || advance() ? *m_at++ : '\0'; }
+
+    [[nodiscard]] std::size_t Tell() const { return m_bytesBefore + static_cast<std::size_t>(m_at - m_begin); }
+
+    // Only for reading in place.
+    Ch* PutBegin() { return nullptr; }
+
+    void Put(Ch /*character*/) {}
+
+    void Flush() {}
+
+    std::size_t PutEnd(Ch* /*begin*/) { return 0; }
+
+    /// The text that the reader has just found empty; null when it was as the reader found it.
+    [[nodiscard]] std::shared_ptr<const std::string> takeText() { return std::exchange(m_text, nullptr); }
+
+    [[nodiscard]] bool isAtEnd() { return m_at == m_end && !advance(); }
+
+    /// Passes over the bytes if the document's first part begins with them.
+    void skipAtStart(std::string_view bytes) {
+        if (std::string_view(m_at, m_end).starts_with(bytes))
+            m_at += bytes.size();
+    }
+
+private:
+    /// Goes on to the next part that is not empty; false at the end.
+    bool advance() {
+        while (m_at == m_end && !m_isAtEnd)
+            step();
+        return m_at != m_end;
+    }
+
+    void step() {
+        m_bytesBefore += m_part.bytes.size();
+        const bool isAfterQuote = endsWithQuote();
+        take(m_following ? std::exchange(m_following, std::nullopt) : m_parts.next());
+        if (!isAfterQuote || !m_part.repeated)
+            return;
+        m_following = m_parts.next();
+        if (!m_following || !m_following->bytes.starts_with('"'))
+            return;
+        m_text = m_part.repeated;
+        m_bytesBefore += m_part.bytes.size();
+        take(std::exchange(m_following, std::nullopt));
+    }
+
+    void take(const std::optional<DataPart>& part) {
+        m_isAtEnd = !part;
+        m_part = part.value_or(DataPart());
+        if (m_part.repeated)
+            m_part.bytes = *m_part.repeated;
+        m_begin = m_at = m_part.bytes.data();
+        m_end = m_begin + m_part.bytes.size();
+    }
+
+    /// Whether the part ends with a quotation mark that is no escaped one.
+    [[nodiscard]] bool endsWithQuote() const {
+        return m_part.bytes.size() >= 2 && m_part.bytes.ends_with('"') && !m_part.bytes.ends_with("\\\"");
+    }
+
+    DataParts& m_parts;
+    DataPart m_part;
+    /// The part after a repeated one, already asked for.
+    std::optional<DataPart> m_following;
+    const char* m_begin = nullptr;
+    const char* m_at = nullptr;
+    const char* m_end = nullptr;
+    std::size_t m_bytesBefore = 0;
+    std::shared_ptr<const std::string> m_text;
+    bool m_isAtEnd = false;
+};
+
+} // namespace brisklog::json

@@ -1,0 +1,53 @@
+#include "foundation/SharedData.h"
+
+#include "foundation/Base64.h"
+
+namespace brisklog {
+
+SharedData::SharedData() {
+    static const auto nothing = std::make_shared<const std::string>();
+    m_text = nothing;
+}
+
+SharedData SharedData::of(std::string_view bytes) {
+    return SharedData(std::make_shared<const std::string>(base64::encode(bytes)));
+}
+
+std::optional<SharedData> SharedData::fromBase64(std::shared_ptr<const std::string> text) {
+    return base64::isWellFormed(*text) ? std::optional(SharedData(std::move(text))) : std::nullopt;
+}
+
+std::string SharedData::bytes() const { return base64::decode(*m_text).value_or(std::string()); }
+
+std::optional<SharedData> SharedDataPool::fromBase64(std::string_view text) {
+    if (const auto found = m_byText.find(text); found != m_byText.end())
+        return found->second;
+    const auto data = SharedData::fromBase64(std::make_shared<const std::string>(text));
+    return data ? std::optional(shared(*data)) : std::nullopt;
+}
+
+std::optional<SharedData> SharedDataPool::fromBase64(const std::shared_ptr<const std::string>& text) {
+    if (const auto found = m_byObject.find(text.get()); found != m_byObject.end())
+        return found->second;
+    const auto data = SharedData::fromBase64(text);
+    return data ? std::optional(shared(*data)) : std::nullopt;
+}
+
+SharedData SharedDataPool::shared(const SharedData& data) {
+    const auto [place, isNew] = m_byText.emplace(data.base64(), data);
+    if (isNew)
+        m_byObject.emplace(&data.base64(), data);
+    return place->second;
+}
+
+void SharedDataPool::forgetUnused() {
+    constexpr long ownHolders = 2;
+    std::erase_if(m_byText, [this](const auto& known) {
+        const bool isUnused = known.second.holders() == ownHolders;
+        if (isUnused)
+            m_byObject.erase(&known.second.base64());
+        return isUnused;
+    });
+}
+
+} // namespace brisklog
