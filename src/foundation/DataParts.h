@@ -11,8 +11,8 @@ namespace brisklog {
 struct DataPart {
     /// Valid until the next part is asked for.
     std::string_view bytes;
-    /// The same bytes as the keeper's own object, where it keeps them once for all places at which they stand:
-    /// equal objects are equal bytes. Null for all other parts.
+    /// The same bytes as the keeper's own object, where it keeps them once for all places at which they
+    /// stand: equal objects are equal bytes. Null for all other parts.
     std::shared_ptr<const std::string> repeated;
 };
 

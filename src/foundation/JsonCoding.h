@@ -4,6 +4,7 @@
 #include "foundation/JsonDecoder.h"
 #include "foundation/JsonEncoder.h"
 #include "foundation/Result.h"
+#include "foundation/SharedData.h"
 #include "foundation/Uuid.h"
 
 #include <array>
@@ -22,8 +23,8 @@
 ///     }
 ///
 /// A member that is an `std::optional` may be missing and is left out when absent; every other key is
-/// required. An enumeration is written as text: it provides `jsonText(value)` and `fromJsonText(text,
-/// value)`.
+/// required. `SharedData` is written as Base64 text. An enumeration is written as text: it provides
+/// `jsonText(value)` and `fromJsonText(text, value)`.
 namespace brisklog::json {
 
 template <auto Member>
@@ -135,6 +136,10 @@ ValueDecoder scalarDecoder() {
                     *static_cast<Uuid*>(target) = *id;
                     return nullptr;
                 }};
+    } else if constexpr (std::is_same_v<T, SharedData>) {
+        return {.expected = "Base64 text", .takeData = [](void* target, SharedData data) {
+                    *static_cast<SharedData*>(target) = std::move(data);
+                }};
     } else if constexpr (std::is_same_v<T, bool>) {
         return {.expected = "a truth value", .readBoolean = [](void* target, bool truth) -> Complaint {
                     *static_cast<bool*>(target) = truth;
@@ -221,6 +226,8 @@ void encodeValue(Encoder& encoder, const T& value) {
         encoder.text(value);
     } else if constexpr (std::is_same_v<T, Uuid>) {
         encodeIdentifier(encoder, value);
+    } else if constexpr (std::is_same_v<T, SharedData>) {
+        encoder.plainText(value.base64());
     } else if constexpr (std::is_same_v<T, bool>) {
         encoder.boolean(value);
     } else if constexpr (std::is_same_v<T, double>) {
@@ -239,6 +246,15 @@ template <class T>
 Result<T> decode(std::string_view bytes) {
     T value{};
     if (const auto filled = decodeInto(detail::decoderFor<T>(), &value, bytes); filled.failed())
+        return filled.error();
+    return value;
+}
+
+/// The same from a document that comes in parts; bytes are shared through the pool.
+template <class T>
+Result<T> decode(DataParts& parts, SharedDataPool& pool) {
+    T value{};
+    if (const auto filled = decodeInto(detail::decoderFor<T>(), &value, parts, pool); filled.failed())
         return filled.error();
     return value;
 }

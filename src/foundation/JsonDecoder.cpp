@@ -1,8 +1,12 @@
 #include "foundation/JsonDecoder.h"
 
+#include "foundation/JsonPartStream.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstdlib>
+#include <new>
 #include <optional>
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
@@ -36,10 +40,34 @@ std::optional<double> nearestDouble(std::string_view digits) {
     return error == std::errc() ? std::optional(number) : std::nullopt;
 }
 
+/// What the reader may take for itself while it reads a document in parts.
+constexpr std::size_t longestReaderMemory = std::size_t{1} << 24;
+
+/// The reader's memory, with an end: a text of half a gigabyte, or as many brackets, is no reason to take as
+/// much. The reader knows no refusal, so going beyond is an exception.
+class LimitedMemory {
+public:
+    static constexpr bool kNeedFree = true;
+
+    // The names are the reader's.
+    static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }
+
+    static void* Realloc(void* memory, std::size_t /*sizeBefore*/, std::size_t size) {
+        void* const moved = size <= longestReaderMemory ? std::realloc(memory, size) : nullptr;
+        if (moved == nullptr)
+            throw std::bad_alloc();
+        return moved;
+    }
+
+    static void Free(void* memory) { std::free(memory); }
+};
+
 /// Receives the tokens of one document and fills the target they describe.
 class Filler {
 public:
-    Filler(const ValueDecoder& root, void* target) { m_next = {&root, target}; }
+    /// The stream is null for a document that is whole in memory.
+    Filler(const ValueDecoder& root, void* target, SharedDataPool& pool, PartStream* stream = nullptr)
+        : m_pool(pool), m_stream(stream), m_next{&root, target} {}
 
     // The names and results of these functions are the reader's: false ends the reading.
     bool Null() {
@@ -78,10 +106,14 @@ public:
     bool Double(double /*number*/) { return false; }
 
     bool String(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
-        const std::string_view text(characters, length);
-        if (holdsSurrogate(text))
+        const auto object = takeTextObject();
+        const std::string_view text = object ? *object : std::string_view(characters, length);
+        if (!object && holdsSurrogate(text))
             return complain("text is not well-formed Unicode");
-        return take("text", [text](const ValueDecoder& decoder, void* target) -> Complaint {
+        return take("text", [&](const ValueDecoder& decoder, void* target) -> Complaint {
+            if (decoder.takeData)
+                return takeData(decoder, target,
+                                object ? m_pool.fromBase64(object) : m_pool.fromBase64(text));
             return decoder.readText ? decoder.readText(target, text) : wrongType;
         });
     }
@@ -98,10 +130,11 @@ public:
     }
 
     bool Key(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
+        const auto object = takeTextObject();
         if (m_skippedDepth > 0)
             return true;
         Frame& record = m_frames.back();
-        const std::string_view key(characters, length);
+        const std::string_view key = object ? *object : std::string_view(characters, length);
         const std::size_t index = indexOf(record, key);
         if (index == record.decoder->fields.size()) {
             m_skippedDepth = 1;
@@ -182,6 +215,18 @@ private:
 
     static constexpr Complaint wrongType = "";
 
+    /// The text just read, where it is an object of its own; null where the reader itself read it.
+    [[nodiscard]] std::shared_ptr<const std::string> takeTextObject() {
+        return m_stream != nullptr ? m_stream->takeText() : nullptr;
+    }
+
+    static Complaint takeData(const ValueDecoder& decoder, void* target, std::optional<SharedData> data) {
+        if (!data)
+            return "text is no Base64";
+        decoder.takeData(target, std::move(*data));
+        return nullptr;
+    }
+
     static std::size_t indexOf(const Frame& record, std::string_view key) {
         const auto& fields = record.decoder->fields;
         // Files are mostly in our own order: the next field is the first guess.
@@ -250,8 +295,10 @@ private:
         return false;
     }
 
+    SharedDataPool& m_pool;
+    PartStream* m_stream;
     std::vector<Frame> m_frames;
-    Slot m_next{};
+    Slot m_next;
     const FieldDecoder* m_field = nullptr;
     std::size_t m_skippedDepth = 0;
     std::string m_complaint;
@@ -261,27 +308,52 @@ Error errorAt(std::size_t offset, const std::string& reason) {
     return Error{reason + " (byte " + std::to_string(offset) + ")"};
 }
 
+template <class Stream, class Reader>
+Result<Done> read(Stream& stream, Reader& reader, Filler& filler) {
+    const rapidjson::ParseResult parsed = reader.template Parse<parseFlags>(stream, filler);
+    if (!filler.complaint().empty())
+        return errorAt(stream.Tell(), filler.complaint());
+    if (!parsed.IsError())
+        return Done{};
+    const std::string place = filler.path();
+    const std::string reason = rapidjson::GetParseError_En(parsed.Code());
+    return errorAt(parsed.Offset(), place.empty() ? reason : place + ": " + reason);
+}
+
+/// A zero byte ends the document for the reader, but not for us.
+Error followedByMore(std::size_t offset) {
+    return errorAt(offset, "The document is followed by something else.");
+}
+
 } // namespace
 
 Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes) {
+    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
     // Other programs' editors may have put one in front; ours never does.
-    const std::size_t start = bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    const std::string_view document = bytes.substr(start);
-    rapidjson::MemoryStream stream(document.data(), document.size());
+    if (bytes.starts_with(byteOrderMark))
+        stream.src_ += byteOrderMark.size();
+    SharedDataPool pool;
+    Filler filler(decoder, target, pool);
     rapidjson::Reader reader;
-    Filler filler(decoder, target);
-    const rapidjson::ParseResult parsed = reader.Parse<parseFlags>(stream, filler);
-    if (!filler.complaint().empty())
-        return errorAt(start + stream.Tell(), filler.complaint());
-    if (parsed.IsError()) {
-        const std::string place = filler.path();
-        const std::string reason = rapidjson::GetParseError_En(parsed.Code());
-        return errorAt(start + parsed.Offset(), place.empty() ? reason : place + ": " + reason);
+    auto result = read(stream, reader, filler);
+    if (result.succeeded() && stream.Tell() != bytes.size())
+        return followedByMore(stream.Tell());
+    return result;
+}
+
+Result<Done> decodeInto(const ValueDecoder& decoder, void* target, DataParts& parts, SharedDataPool& pool) {
+    PartStream stream(parts);
+    stream.skipAtStart(byteOrderMark);
+    Filler filler(decoder, target, pool, &stream);
+    try {
+        rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, LimitedMemory> reader;
+        auto result = read(stream, reader, filler);
+        if (result.succeeded() && !stream.isAtEnd())
+            return followedByMore(stream.Tell());
+        return result;
+    } catch (const std::bad_alloc&) {
+        return errorAt(stream.Tell(), filler.path() + ": too long or nested too deeply");
     }
-    // A zero byte ends the stream for the reader, but not for us.
-    if (stream.Tell() != document.size())
-        return errorAt(start + stream.Tell(), "The document is followed by something else.");
-    return Done{};
 }
 
 } // namespace brisklog::json

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "foundation/DataParts.h"
 #include "foundation/Result.h"
+#include "foundation/SharedData.h"
 
 #include <cstddef>
 #include <span>
@@ -33,6 +35,8 @@ struct ValueDecoder {
     Complaint (*readText)(void* target, std::string_view text) = nullptr;
     Complaint (*readNumber)(void* target, double number) = nullptr;
     Complaint (*readBoolean)(void* target, bool truth) = nullptr;
+    /// Bytes, which come as Base64 text.
+    void (*takeData)(void* target, SharedData data) = nullptr;
     /// Lists: empties the target, and appends one element to be filled next.
     void (*beginList)(void* target) = nullptr;
     void* (*appendElement)(void* target) = nullptr;
@@ -46,5 +50,9 @@ struct ValueDecoder {
 /// one counts, `null` for an optional key is absence. The error names byte offset and path, as in
 /// "[3].entries[17].isInvoiced: missing (byte 4711)". Depth of nesting costs no stack.
 Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes);
+
+/// The same for a document that comes in parts and is never whole in memory; bytes are shared through the
+/// pool. A text or a depth of nesting for which the reader would need more than 16 MiB is an error.
+Result<Done> decodeInto(const ValueDecoder& decoder, void* target, DataParts& parts, SharedDataPool& pool);
 
 } // namespace brisklog::json

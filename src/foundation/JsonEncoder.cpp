@@ -120,6 +120,12 @@ void Encoder::putEscaped(char character) {
         put({hexadecimal.data(), hexadecimal.size()});
 }
 
+void Encoder::plainText(std::string_view text) {
+    char* const out = room(text.size() + 2);
+    out[0] = '"';
+    *std::ranges::copy(text, out + 1).out = '"';
+}
+
 void Encoder::number(double number) {
     if (!std::isfinite(number)) {
         m_reason = "number is not finite";

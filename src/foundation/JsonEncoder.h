@@ -52,6 +52,9 @@ public:
     /// Text between quotation marks that is known to need neither a check nor an escape.
     void quotedText(std::string_view text) { put(text); }
 
+    /// A text, without its quotation marks, that is known to need neither a check nor an escape.
+    void plainText(std::string_view text);
+
     void number(double number);
 
     void boolean(bool truth) { put(truth ? "true" : "false"); }

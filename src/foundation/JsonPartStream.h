@@ -25,7 +25,9 @@ public:
 
     Ch Take() { return m_at != m_end || advance() ? *m_at++ : '\0'; }
 
-    [[nodiscard]] std::size_t Tell() const { return m_bytesBefore + static_cast<std::size_t>(m_at - m_begin); }
+    [[nodiscard]] std::size_t Tell() const {
+        return m_bytesBefore + static_cast<std::size_t>(m_at - m_begin);
+    }
 
     // Only for reading in place.
     Ch* PutBegin() { return nullptr; }

@@ -41,9 +41,8 @@ SharedData SharedDataPool::shared(const SharedData& data) {
 }
 
 void SharedDataPool::forgetUnused() {
-    constexpr long ownHolders = 2;
     std::erase_if(m_byText, [this](const auto& known) {
-        const bool isUnused = known.second.holders() == ownHolders;
+        const bool isUnused = known.second.holders() == holdersWithinPool;
         if (isUnused)
             m_byObject.erase(&known.second.base64());
         return isUnused;

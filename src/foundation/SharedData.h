@@ -60,6 +60,8 @@ public:
     [[nodiscard]] std::size_t size() const { return m_byText.size(); }
 
 private:
+    static constexpr long holdersWithinPool = 2;
+
     /// The views look into the data beside them.
     std::unordered_map<std::string_view, SharedData> m_byText;
     /// The same data.

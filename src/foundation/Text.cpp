@@ -1,5 +1,6 @@
 #include "foundation/Text.h"
 
+#include <QString>
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -65,6 +66,10 @@ bool isValidUtf8(std::string_view bytes) {
         at += static_cast<std::size_t>(length);
     }
     return true;
+}
+
+std::string asWellFormedUtf8(std::string bytes) {
+    return isValidUtf8(bytes) ? std::move(bytes) : QString::fromStdString(bytes).toStdString();
 }
 
 std::string replacing(std::string text, char from, char to) {

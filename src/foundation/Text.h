@@ -12,6 +12,9 @@ namespace brisklog::text {
 /// Whether the bytes are well-formed UTF-8 (no surrogates, no overlong forms).
 [[nodiscard]] bool isValidUtf8(std::string_view bytes);
 
+/// The bytes as well-formed UTF-8: what is none is replaced by U+FFFD.
+[[nodiscard]] std::string asWellFormedUtf8(std::string bytes);
+
 /// The text with every occurrence of `from` replaced by `to`.
 [[nodiscard]] std::string replacing(std::string text, char from, char to);
 

@@ -82,5 +82,34 @@ TEST(Calendar, currentOneIsThatOfTheSystem) {
     EXPECT_EQ(Calendar::current().zone(), QTimeZone::systemTimeZone());
 }
 
+TEST_F(BerlinCalendar, aDayRunsFromMidnightToMidnight) {
+    const Day day{at("2026-11-15T00:00:00"), at("2026-11-16T00:00:00")};
+    for (const char* const time : {"2026-11-15T00:00:00", "2026-11-15T12:00:00", "2026-11-15T23:59:59"}) {
+        EXPECT_EQ(calendar.dayOf(at(time)), day) << time;
+        EXPECT_TRUE(day.contains(at(time))) << time;
+    }
+    EXPECT_EQ(calendar.dayOf(day.end.addingSeconds(-0.0001)), day);
+    EXPECT_EQ(calendar.dayOf(day.end).start, day.end);
+    EXPECT_FALSE(day.contains(day.end));
+    EXPECT_FALSE(day.contains(day.start.addingSeconds(-0.0001)));
+}
+
+TEST_F(BerlinCalendar, daysOfTheClockChangesHave23And25Hours) {
+    const Day spring = calendar.dayOf(at("2026-03-29T12:00:00"));
+    EXPECT_EQ(spring.end.since(spring.start), 23 * hour);
+    const Day autumn = calendar.dayOf(at("2026-10-25T12:00:00"));
+    EXPECT_EQ(autumn.end.since(autumn.start), 25 * hour);
+}
+
+TEST(Calendar, whereMidnightIsSkippedTheDayBeginsWhenTheClocksGoOn) {
+    const Calendar beirut(QTimeZone("Asia/Beirut"));
+    const auto noon =
+        static_cast<double>(QDateTime(QDate(2022, 3, 27), QTime(9, 0), Qt::UTC).toSecsSinceEpoch());
+    const Day day = beirut.dayOf(Date{noon - secondsFromUnixEpochToReference});
+    EXPECT_EQ(day.end.since(day.start), 23 * hour);
+    EXPECT_EQ(beirut.dayOf(day.start), day);
+    EXPECT_EQ(beirut.dayOf(day.start.addingSeconds(-1)).end, day.start);
+}
+
 } // namespace
 } // namespace brisklog::test

@@ -60,5 +60,13 @@ TEST(Text, controlCharactersBecomeBlanksOnOneLine) {
     EXPECT_EQ(text::onOneLine("äöü ß"), "äöü ß");
 }
 
+TEST(Text, bytesThatAreNoUtf8AreReplaced) {
+    EXPECT_EQ(text::asWellFormedUtf8("Grüße"), "Grüße");
+    EXPECT_EQ(text::asWellFormedUtf8("a\xFF"
+                                     "b"),
+              "a\uFFFDb");
+    EXPECT_TRUE(text::isValidUtf8(text::asWellFormedUtf8("\xED\xA0\x80\xC3")));
+}
+
 } // namespace
 } // namespace brisklog::test
