@@ -60,6 +60,15 @@ TEST_F(ComponentLabel, textIsNeverReadAsMarkup) {
     EXPECT_GT(label.sizeHint().width(), Label(u"fett"_s).sizeHint().width());
 }
 
+TEST_F(ComponentLabel, whateverBreaksALineIsABlankInOne) {
+    const auto shown = [this](const QString& text) {
+        ElidedLabel label(text);
+        label.resize(label.sizeHint());
+        return picture(label);
+    };
+    EXPECT_EQ(shown(u"a\u2028b\u2029c\u0085d\ne\tf\r\ng"_s), shown(u"a b c d e f g"_s));
+}
+
 TEST_F(ComponentLabel, wrappedLinesKeepTheLineHeight) {
     const Label label(u"Diese Aktion kann nicht rückgängig gemacht werden."_s, FontRole::body13,
                       &Palette::text, Label::Lines::wrapped);

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 #include <cmath>
 
 namespace brisklog {
@@ -75,19 +76,32 @@ void paintTimeEdge(QPainter& painter, const QRect& area, const QColor& color) {
     fillRounded(painter, area, area.width() / 2.0, color);
 }
 
+QString onOneLine(QString text) {
+    const auto breaksLine = [](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    };
+    if (std::none_of(text.cbegin(), text.cend(), breaksLine))
+        return text;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
+    return text;
+}
+
 bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRole font, const QColor& color,
                Qt::Alignment alignment, Qt::TextElideMode mode) {
     const Saved saved(painter);
     painter.setFont(fontFor(font));
     painter.setPen(color);
-    const bool mayElide = mode != Qt::ElideNone && textWidth(text, font) > area.width();
-    const QString shown = mayElide ? painter.fontMetrics().elidedText(text, mode, area.width()) : text;
+    const QString line = onOneLine(text);
+    const bool mayElide = mode != Qt::ElideNone && textWidth(line, font) > area.width();
+    const QString shown = mayElide ? painter.fontMetrics().elidedText(line, mode, area.width()) : line;
     painter.drawText(area, static_cast<int>(alignment) | Qt::TextSingleLine | Qt::TextDontClip, shown);
     return mayElide;
 }
 
 int textWidth(const QString& text, FontRole font) {
-    return static_cast<int>(std::ceil(QFontMetricsF(fontFor(font)).horizontalAdvance(text)));
+    return static_cast<int>(std::ceil(QFontMetricsF(fontFor(font)).horizontalAdvance(onOneLine(text))));
 }
 
 QRegion roundedShape(const QRect& area, int radius) {

@@ -32,6 +32,9 @@ void paintField(QPainter& painter, const QRect& area, const FieldLook& look, con
 /// The rounded bar of 3 pixels that marks running time; `area` is its own rectangle.
 void paintTimeEdge(QPainter& painter, const QRect& area, const QColor& color);
 
+/// The text with line breaks, tabs and other control characters turned into blanks.
+[[nodiscard]] QString onOneLine(QString text);
+
 /// One line, vertically in the middle of the area, shortened where it does not fit. Returns whether it was.
 bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRole font, const QColor& color,
                Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter,

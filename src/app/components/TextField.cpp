@@ -6,7 +6,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <algorithm>
 #include <limits>
 
 namespace brisklog {
@@ -23,16 +22,6 @@ void paintNoGround(QWidget& widget) {
 }
 
 } // namespace
-
-QString onOneLine(QString text) {
-    const auto breaksLine = [](QChar c) {
-        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
-               c == QChar::ParagraphSeparator;
-    };
-    text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
-    return text;
-}
 
 TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
     : QLineEdit(parent), m_size(size) {

@@ -40,9 +40,6 @@ private:
     std::function<void()> m_returned;
 };
 
-/// The text with line breaks, tabs and other control characters turned into blanks.
-[[nodiscard]] QString onOneLine(QString text);
-
 /// Label (11 medium) above a field, as one widget; the label becomes the field's accessible name.
 [[nodiscard]] QWidget* withLabelAbove(const QString& label, QWidget* field, int gap = 4);
 

@@ -7,6 +7,7 @@
 #include "app/components/Label.h"
 #include "app/components/Layout.h"
 #include "app/components/NavigationButton.h"
+#include "app/components/Painting.h"
 #include "app/components/SectionHeader.h"
 #include "app/components/Sheets.h"
 #include "app/components/SymbolButton.h"
