@@ -61,6 +61,7 @@ TEST_F(StoreOperations, deletingTheOnlyProjectLeavesTheListEmptyAndTheIndexZero)
 TEST_F(StoreOperations, deletingAnEarlierProjectKeepsAValidIndexAsItIs) {
     store->addProject("A", {});
     store->addProject("B", {});
+    store->addProject("C", {});
     store->selectedProjectIndex = 1;
     store->deleteProject(0);
     EXPECT_EQ(store->selectedProjectIndex, 1);
