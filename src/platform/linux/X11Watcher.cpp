@@ -49,8 +49,10 @@ void X11Watcher::connectToServer() {
             m_connection, xcb_input_xi_query_version(m_connection, 2, 0), nullptr));
     }
     xcb_flush(m_connection);
-    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { handleEvents(); });
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+                     [this] { handleEvents(); });
 }
 
 std::uint32_t X11Watcher::atom(const char* name) const {
@@ -70,10 +72,12 @@ bool X11Watcher::hasTray() const {
 void X11Watcher::watchPointer(bool enabled) {
     if (m_inputExtension == 0)
         return;
+
     struct {
         xcb_input_event_mask_t head;
         std::uint32_t mask;
     } request{};
+
     request.head.deviceid = XCB_INPUT_DEVICE_ALL_MASTER;
     request.head.mask_len = 1;
     request.mask = enabled ? XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS : 0;
@@ -88,7 +92,8 @@ void X11Watcher::keepOutOfTaskBar(std::uint32_t window) {
     xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32,
                         states.size(), states.data());
     // Answered only once the server has it: the window is shown over another connection.
-    const auto sync = owned(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    const auto sync =
+        owned(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
 void X11Watcher::handleEvents() {

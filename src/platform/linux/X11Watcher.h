@@ -9,8 +9,8 @@ class QSocketNotifier;
 
 namespace brisklog {
 
-/// What the toolkit does not tell about the X server: button presses outside our own windows, and the arrival of an
-/// XEmbed tray. It listens on a connection of its own and grabs nothing.
+/// What the toolkit does not tell about the X server: button presses outside our own windows, and the arrival
+/// of an XEmbed tray. It listens on a connection of its own and grabs nothing.
 class X11Watcher {
 public:
     struct Handlers {
