@@ -1,5 +1,8 @@
 #include "StoreFixture.h"
 
+#include "core/DefaultsCleanup.h"
+#include "support/MemoryUserDefaults.h"
+
 namespace brisklog::test {
 namespace {
 
@@ -211,6 +214,14 @@ TEST_F(StoreStart, trackersHistoryIsKeptWhateverItsSize) {
     const auto store = start();
     EXPECT_TRUE(defaults.value("autoTrackingData"));
     EXPECT_FALSE(defaults.value("autoTrackingDataOld"));
+}
+
+TEST_F(StoreStart, cleanUpWritesItsRemovalsThrough) {
+    MemoryUserDefaults recorded;
+    recorded.setValue("activeEntries", Data{"x"});
+    cleanupUserDefaults(recorded, log);
+    EXPECT_EQ(recorded.removed, Names{"activeEntries"});
+    EXPECT_EQ(recorded.synchronisations, 1);
 }
 
 TEST_F(StoreStart, cleanUpRunsOncePerProcess) {
