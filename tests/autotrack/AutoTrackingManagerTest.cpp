@@ -1,0 +1,424 @@
+#include "TrackerFixture.h"
+
+#include <gmock/gmock.h>
+#include <limits>
+
+namespace brisklog::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+std::vector<std::string> namesOf(const DailyAppUsage& day) {
+    std::vector<std::string> names;
+    for (const AppUsageSession& session : day.sessions)
+        names.push_back(session.appName);
+    return names;
+}
+
+// Start
+
+TEST_F(Tracker, withoutAStoredSwitchItStaysOff) {
+    frontmost.show("Editor", "org.Editor");
+    start();
+    EXPECT_FALSE(manager().isTracking);
+    EXPECT_FALSE(manager().currentSession.get());
+    EXPECT_THAT(days(), IsEmpty());
+    EXPECT_EQ(runLoop.timerCount(), 0u);
+    EXPECT_EQ(frontmost.timesAsked, 0);
+    EXPECT_THAT(userDefaults.entries(), IsEmpty()) << "nothing is stored by looking";
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(Tracker, withTheStoredSwitchOnItGoesOnAtOnce) {
+    userDefaults.setValue("autoTrackingEnabled", true);
+    frontmost.show("Editor", "org.Editor");
+    start();
+    EXPECT_TRUE(manager().isTracking);
+    ASSERT_TRUE(manager().currentSession.get());
+    EXPECT_EQ(manager().currentSession.get()->appName, "Editor");
+    EXPECT_EQ(manager().currentSession.get()->startTime, clock.now());
+    runLoop.advance(3);
+    EXPECT_EQ(frontmost.timesAsked, 4);
+}
+
+TEST_F(Tracker, whatWasRecordedIsThereAfterARestart) {
+    start();
+    frontmost.icons["org.Editor"] = "an image";
+    manager().startTracking();
+    use("Editor", 10);
+    use("Browser", 20);
+    use("Editor", 5);
+    const auto recorded = days();
+    ASSERT_THAT(recorded, SizeIs(1));
+    EXPECT_THAT(namesOf(recorded[0]), ElementsAre("Editor", "Browser"));
+    start();
+    EXPECT_EQ(days(), recorded) << "the session open at the end is lost";
+    EXPECT_TRUE(manager().isTracking);
+}
+
+// Sessions
+
+TEST_F(Tracker, startingOpensASessionForTheApplicationInFrontAtOnce) {
+    start();
+    frontmost.icons["org.Editor"] = "an image";
+    frontmost.show("Editor", "org.Editor");
+    manager().startTracking();
+    const auto session = manager().currentSession.get().value();
+    EXPECT_NE(session.id, Uuid());
+    EXPECT_EQ(session.bundleIdentifier, "org.Editor");
+    EXPECT_EQ(session.startTime, clock.now());
+    EXPECT_EQ(session.endTime, std::nullopt);
+    EXPECT_EQ(session.iconData.value().bytes(), "an image");
+    EXPECT_THAT(days(), IsEmpty());
+}
+
+TEST_F(Tracker, anotherApplicationInFrontClosesTheSessionAndOpensItsOwn) {
+    start();
+    manager().startTracking();
+    const Date began = clock.now().addingSeconds(1);
+    use("Editor", 10);
+    const auto open = manager().currentSession.get().value();
+    use("Browser", 1);
+    ASSERT_THAT(days(), SizeIs(1));
+    AppUsageSession closed = open;
+    closed.endTime = began.addingSeconds(10);
+    EXPECT_EQ(days()[0].sessions, std::vector{closed});
+    EXPECT_EQ(days()[0].date, inBerlin("2026-11-15T00:00:00"));
+    EXPECT_EQ(days()[0].totalDuration(clock.now()), 10);
+    EXPECT_EQ(manager().currentSession.get()->startTime, closed.endTime);
+    EXPECT_NE(manager().currentSession.get()->id, closed.id);
+}
+
+TEST_F(Tracker, aSwitchAwayAndBackIsThreeSessions) {
+    start();
+    manager().startTracking();
+    for (const char* const name : {"Editor", "Browser", "Editor"})
+        use(name, 1);
+    manager().stopTracking();
+    EXPECT_THAT(namesOf(days().at(0)), ElementsAre("Editor", "Browser", "Editor"));
+}
+
+TEST_F(Tracker, whatIsInFrontBetweenTwoPollsIsNeverSeen) {
+    start();
+    manager().startTracking();
+    use("Editor", 5);
+    use("Blitz", 0.4);
+    use("Editor", 5);
+    EXPECT_THAT(days(), IsEmpty());
+}
+
+TEST_F(Tracker, withNothingInFrontTheSessionStaysOpen) {
+    start();
+    manager().startTracking();
+    use("Editor", 5);
+    const auto open = manager().currentSession.get();
+    frontmost.showNothing();
+    runLoop.advance(60);
+    EXPECT_EQ(manager().currentSession.get(), open);
+    use("Editor", 5);
+    EXPECT_EQ(manager().currentSession.get(), open);
+    EXPECT_THAT(days(), IsEmpty());
+}
+
+TEST_F(Tracker, startingWithNothingInFrontOpensTheFirstSessionLater) {
+    start();
+    manager().startTracking();
+    EXPECT_FALSE(manager().currentSession.get());
+    use("Editor", 1);
+    EXPECT_TRUE(manager().currentSession.get());
+}
+
+TEST_F(Tracker, missingNamesAreReplaced) {
+    start();
+    manager().startTracking();
+    frontmost.show({std::nullopt, std::nullopt});
+    runLoop.advance(1);
+    EXPECT_EQ(manager().currentSession.get()->appName, "Unbekannte App");
+    EXPECT_EQ(manager().currentSession.get()->bundleIdentifier, "unknown");
+}
+
+TEST_F(Tracker, applicationsWithoutIdentifierAreOne) {
+    start();
+    manager().startTracking();
+    frontmost.show({"Erste", std::nullopt});
+    runLoop.advance(5);
+    frontmost.show({"Zweite", std::nullopt});
+    runLoop.advance(5);
+    EXPECT_THAT(days(), IsEmpty());
+    EXPECT_EQ(manager().currentSession.get()->appName, "Erste");
+}
+
+TEST_F(Tracker, aChangedNameKeepsTheSessionUnderTheOldOne) {
+    start();
+    manager().startTracking();
+    frontmost.show("Editor", "org.editor");
+    runLoop.advance(5);
+    frontmost.show("Editor - neu", "org.editor");
+    runLoop.advance(5);
+    EXPECT_THAT(days(), IsEmpty());
+    EXPECT_EQ(manager().currentSession.get()->appName, "Editor");
+}
+
+TEST_F(Tracker, applicationsOfTheSameNameAreTwo) {
+    start();
+    manager().startTracking();
+    frontmost.show("Editor", "org.one");
+    runLoop.advance(5);
+    frontmost.show("Editor", "org.two");
+    runLoop.advance(5);
+    EXPECT_THAT(days(), SizeIs(1));
+}
+
+TEST_F(Tracker, namesThatAreNoTextDoNotKeepTheHistoryFromBeingSaved) {
+    start();
+    manager().startTracking();
+    frontmost.show("Ed\xFF", "org.\xC3");
+    runLoop.advance(1);
+    use("Browser", 1);
+    EXPECT_EQ(days().at(0).sessions.at(0).appName, "Ed\uFFFD");
+    EXPECT_THAT(log.lines, IsEmpty());
+    start();
+    EXPECT_THAT(days(), SizeIs(1));
+}
+
+// Icons
+
+TEST_F(Tracker, theIconIsTakenOnceWhenTheSessionOpens) {
+    start();
+    manager().startTracking();
+    use("Editor", 10);
+    use("Browser", 10);
+    EXPECT_THAT(frontmost.iconsAskedFor, ElementsAre("org.Editor", "org.Browser"));
+}
+
+TEST_F(Tracker, withoutAnIconTheSessionIsRecordedAllTheSame) {
+    start();
+    manager().startTracking();
+    use("Editor", 10);
+    manager().stopTracking();
+    EXPECT_EQ(days().at(0).sessions.at(0).iconData, std::nullopt);
+}
+
+TEST_F(Tracker, sessionsWithTheSameIconShareItsBytesAlsoAfterARestart) {
+    frontmost.icons["org.Editor"] = std::string(4000, 'e');
+    frontmost.icons["org.Other"] = std::string(4000, 'e');
+    start();
+    manager().startTracking();
+    for (const char* const name : {"Editor", "Browser", "Editor", "Other"})
+        use(name, 5);
+    start();
+    manager().stopTracking();
+    const auto& sessions = days().at(0).sessions;
+    ASSERT_THAT(sessions, SizeIs(4)) << "the one for which the restarted tracker began included";
+    const SharedData& icon = sessions[0].iconData.value();
+    EXPECT_EQ(sessions[1].iconData, std::nullopt);
+    EXPECT_TRUE(sessions[2].iconData->sharesBytesWith(icon));
+    EXPECT_TRUE(sessions[3].iconData->sharesBytesWith(icon)) << "read back and taken anew";
+}
+
+// Days
+
+TEST_F(Tracker, aSessionThatRunsPastMidnightIsFiledUnderTheDayItBegan) {
+    clock.set(inBerlin("2026-11-15T23:58:59"));
+    start();
+    manager().startTracking();
+    use("Editor", 31 * 60);
+    use("Browser", 60);
+    manager().stopTracking();
+    ASSERT_THAT(days(), SizeIs(2));
+    EXPECT_EQ(days()[0].date, inBerlin("2026-11-15T00:00:00"));
+    EXPECT_EQ(days()[0].totalDuration(clock.now()), 31 * 60);
+    EXPECT_EQ(days()[1].date, inBerlin("2026-11-16T00:00:00"));
+}
+
+TEST_F(Tracker, theDayOfAClockChangeIsOneDay) {
+    clock.set(inBerlin("2026-10-25T00:30:00"));
+    start();
+    manager().startTracking();
+    for (int hour = 0; hour < 24; ++hour)
+        use(hour % 2 == 0 ? "Editor" : "Browser", 3600);
+    manager().stopTracking();
+    EXPECT_THAT(days(), SizeIs(1)) << "it has 25 hours";
+}
+
+TEST_F(Tracker, withTheClockSetBackTheEarlierDaysRecordGrowsAndNothingIsSorted) {
+    start();
+    manager().startTracking();
+    use("Montag", 5);
+    clock.set(inBerlin("2026-11-16T12:00:00"));
+    use("Dienstag", 5);
+    use("Zweites", 5);
+    clock.set(inBerlin("2026-11-15T08:00:00"));
+    use("Zurück", 5);
+    use("Ende", 5);
+    clock.set(inBerlin("2026-11-14T08:00:00"));
+    use("Davor", 5);
+    use("Ende", 5);
+    ASSERT_THAT(days(), SizeIs(3));
+    EXPECT_THAT(namesOf(days()[0]), ElementsAre("Montag", "Zurück", "Ende"));
+    EXPECT_THAT(namesOf(days()[1]), ElementsAre("Dienstag", "Zweites"));
+    EXPECT_THAT(namesOf(days()[2]), ElementsAre("Davor"));
+    EXPECT_LT(days()[1].sessions[1].length(clock.now()), 0);
+}
+
+TEST_F(Tracker, theTimeZoneOfTheMomentDecidesTheDay) {
+    clock.set(inBerlin("2026-11-15T23:30:00"));
+    start();
+    manager().startTracking();
+    use("Editor", 5);
+    use("Browser", 5);
+    calendar = Calendar(QTimeZone("America/New_York"));
+    use("Editor", 5);
+    ASSERT_THAT(days(), SizeIs(2)) << "Berlin's midnight lies on the day before in New York";
+    EXPECT_EQ(days()[1].date, inBerlin("2026-11-15T06:00:00"));
+}
+
+// Switching
+
+TEST_F(Tracker, stoppingFilesTheOpenSessionAndEndsThePolling) {
+    start();
+    manager().startTracking();
+    use("Editor", 10);
+    manager().stopTracking();
+    EXPECT_FALSE(manager().isTracking);
+    EXPECT_FALSE(manager().currentSession.get());
+    ASSERT_THAT(days(), SizeIs(1));
+    EXPECT_EQ(days()[0].sessions[0].endTime, clock.now());
+    EXPECT_EQ(runLoop.timerCount(), 0u);
+    EXPECT_EQ(truthValue(userDefaults, "autoTrackingEnabled"), false);
+    const int asked = frontmost.timesAsked;
+    runLoop.advance(10);
+    EXPECT_EQ(frontmost.timesAsked, asked);
+}
+
+TEST_F(Tracker, stoppingWithoutASessionOnlySaves) {
+    start();
+    manager().stopTracking();
+    EXPECT_EQ(stored(), "[]");
+    EXPECT_EQ(truthValue(userDefaults, "autoTrackingEnabled"), false);
+    EXPECT_THAT(days(), IsEmpty());
+}
+
+TEST_F(Tracker, theSwitchIsStoredWithTheData) {
+    start();
+    manager().startTracking();
+    EXPECT_EQ(truthValue(userDefaults, "autoTrackingEnabled"), true);
+    EXPECT_EQ(stored(), "[]");
+}
+
+TEST_F(Tracker, startingTwiceLeavesTheEarlierTimerRunning) {
+    start();
+    frontmost.show("Editor", "org.Editor");
+    manager().startTracking();
+    manager().startTracking();
+    EXPECT_EQ(runLoop.timerCount(), 2u);
+    const int asked = frontmost.timesAsked;
+    runLoop.advance(1);
+    EXPECT_EQ(frontmost.timesAsked, asked + 2);
+    manager().stopTracking();
+    EXPECT_EQ(runLoop.timerCount(), 1u) << "only the timer held is stopped";
+    runLoop.advance(5);
+    EXPECT_EQ(frontmost.timesAsked, asked + 2) << "the other one asks for nothing while the switch is off";
+}
+
+TEST_F(Tracker, onceTheManagerIsGoneNothingPollsAnyMore) {
+    start();
+    manager().startTracking();
+    manager().startTracking();
+    const int asked = frontmost.timesAsked;
+    quit();
+    runLoop.advance(5);
+    EXPECT_EQ(frontmost.timesAsked, asked);
+}
+
+TEST_F(Tracker, theDesktopIsWatchedOnlyWhileTracking) {
+    start();
+    EXPECT_FALSE(frontmost.isWatched);
+    manager().startTracking();
+    EXPECT_TRUE(frontmost.isWatched);
+    manager().stopTracking();
+    EXPECT_FALSE(frontmost.isWatched);
+}
+
+TEST_F(Tracker, observersAreToldBeforeAValueChanges) {
+    start();
+    std::vector<std::string> seen;
+    const auto subscription = manager().observe([&] {
+        const auto& session = manager().currentSession.get();
+        seen.push_back((manager().isTracking ? "on " : "off ") + (session ? session->appName : "none"));
+    });
+    frontmost.show("Editor", "org.Editor");
+    manager().startTracking();
+    EXPECT_THAT(seen, ElementsAre("off none", "on none"));
+    seen.clear();
+    manager().stopTracking();
+    EXPECT_THAT(seen, ElementsAre("on Editor", "off Editor", "off Editor"));
+}
+
+TEST_F(Tracker, whileTheSameApplicationStaysInFrontNothingIsAnnouncedOrWritten) {
+    start();
+    manager().startTracking();
+    use("Editor", 2);
+    store("untouched");
+    int announcements = 0;
+    const auto subscription = manager().observe([&] { ++announcements; });
+    runLoop.advance(100);
+    EXPECT_EQ(announcements, 0);
+    EXPECT_EQ(stored(), "untouched");
+}
+
+// Clearing
+
+TEST_F(Tracker, clearingAllLeavesTheOpenSessionAndTheSwitch) {
+    start();
+    manager().startTracking();
+    use("Editor", 5);
+    use("Browser", 5);
+    const auto open = manager().currentSession.get();
+    manager().clearAllData();
+    EXPECT_THAT(days(), IsEmpty());
+    EXPECT_EQ(stored(), "[]");
+    EXPECT_EQ(manager().currentSession.get(), open);
+    EXPECT_TRUE(manager().isTracking);
+    use("Editor", 5);
+    EXPECT_THAT(namesOf(days().at(0)), ElementsAre("Browser"));
+}
+
+TEST_F(Tracker, clearingADayRemovesItsRecordAlone) {
+    start();
+    manager().startTracking();
+    for (const char* const time : {"2026-11-14T12:00:00", "2026-11-15T12:00:00", "2026-11-16T12:00:00"}) {
+        clock.set(inBerlin(time));
+        use("Editor", 5);
+        use("Browser", 5);
+    }
+    auto expected = days();
+    ASSERT_THAT(expected, SizeIs(3));
+    const auto open = manager().currentSession.get();
+    expected.erase(expected.begin() + 1);
+    manager().clearDataForDay(inBerlin("2026-11-15T23:59:59"));
+    EXPECT_EQ(days(), expected);
+    EXPECT_EQ(manager().currentSession.get(), open);
+    EXPECT_TRUE(manager().isTracking);
+    start();
+    EXPECT_EQ(days(), expected);
+    manager().clearDataForDay(inBerlin("2026-11-15T12:00:00"));
+    EXPECT_EQ(days(), expected) << "a day without a record";
+}
+
+TEST_F(Tracker, whatIsWrittenIntoTheDaysFromOutsideIsSaved) {
+    start();
+    manager().startTracking();
+    use("Editor", 5);
+    use("Browser", 5);
+    manager().dailyUsageData.mutate([](auto& days) { days[0].sessions[0].appName = "Anders"; });
+    use("Editor", 5);
+    start();
+    EXPECT_THAT(namesOf(days().at(0)), ElementsAre("Anders", "Browser"));
+}
+
+} // namespace
+} // namespace brisklog::test

@@ -1,0 +1,59 @@
+#include "autotrack/DailyAppUsage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace brisklog::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+constexpr Date now{1000};
+
+AppUsageSession session(const std::string& name, const std::string& identifier, double start,
+                        std::optional<Date> end) {
+    return {.id = Uuid::generate(),
+            .appName = name,
+            .bundleIdentifier = identifier,
+            .startTime = Date{start},
+            .endTime = end,
+            .iconData = std::nullopt};
+}
+
+const DailyAppUsage day{
+    .id = {},
+    .date = {},
+    .sessions = {session("Zeichnen", "org.z", 0, Date{10}), session("Browser", "org.b1", 10, Date{40}),
+                 session("Zeichnen", "org.z", 40, Date{45.5}), session("Browser", "org.b2", 45.5, Date{50})}};
+
+TEST(DailyAppUsage, totalDurationIsTheSumOfAllSessions) {
+    EXPECT_EQ(day.totalDuration(now), 50);
+    EXPECT_EQ(DailyAppUsage().totalDuration(now), 0);
+}
+
+TEST(DailyAppUsage, anOpenSessionCountsUpToNow) {
+    DailyAppUsage open = day;
+    open.sessions.push_back(session("Browser", "org.b1", 900, std::nullopt));
+    EXPECT_EQ(open.totalDuration(now), 150);
+    EXPECT_EQ(open.totalDuration(now.addingSeconds(7)), 157);
+    EXPECT_EQ(open.durationByApp(now).at("Browser"), 134.5);
+}
+
+TEST(DailyAppUsage, applicationsOfTheSameNameAreOneGroupInTheOrderOfTheList) {
+    const auto groups = day.groupedByApp();
+    ASSERT_EQ(groups.size(), 2u);
+    EXPECT_THAT(groups.at("Browser"), ElementsAre(day.sessions[1], day.sessions[3]));
+    EXPECT_THAT(groups.at("Zeichnen"), ElementsAre(day.sessions[0], day.sessions[2]));
+    EXPECT_THAT(day.durationByApp(now), ElementsAre(Pair("Browser", 34.5), Pair("Zeichnen", 15.5)));
+    EXPECT_THAT(DailyAppUsage().groupedByApp(), IsEmpty());
+    EXPECT_THAT(DailyAppUsage().durationByApp(now), IsEmpty());
+}
+
+TEST(DailyAppUsage, aSessionThatEndsBeforeItBeganIsOfNegativeLength) {
+    EXPECT_EQ(session("a", "a", 50, Date{20}).length(now), -30);
+}
+
+} // namespace
+} // namespace brisklog::test
