@@ -37,8 +37,12 @@ struct DateFormatters {
         icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, germany())};
     std::unique_ptr<icu::DateFormat> longDate{
         icu::DateFormat::createDateInstance(icu::DateFormat::kLong, germany())};
+    std::unique_ptr<icu::DateFormat> fullDate{
+        icu::DateFormat::createDateInstance(icu::DateFormat::kFull, germany())};
     std::unique_ptr<icu::DateFormat> shortTime{
         icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, germany())};
+    std::unique_ptr<icu::DateFormat> weekday{makePattern("E")};
+    std::unique_ptr<icu::DateFormat> month{makePattern("MMM")};
     std::unique_ptr<icu::DateFormat> isoDay{makePattern("yyyy-MM-dd")};
 
     static std::unique_ptr<icu::DateFormat> makePattern(const char* pattern) {
@@ -47,9 +51,9 @@ struct DateFormatters {
                                                        status);
     }
 
-    [[nodiscard]] std::array<icu::DateFormat*, 6> all() const {
-        return {shortWithTime.get(), shortDate.get(), mediumDate.get(),
-                longDate.get(),      shortTime.get(), isoDay.get()};
+    [[nodiscard]] std::array<icu::DateFormat*, 9> all() const {
+        return {shortWithTime.get(), shortDate.get(), mediumDate.get(), longDate.get(), fullDate.get(),
+                shortTime.get(),     weekday.get(),   month.get(),      isoDay.get()};
     }
 };
 
@@ -66,14 +70,23 @@ std::string formatted(const icu::DateFormat& formatter, Date date) {
     return utf8(text);
 }
 
+std::unique_ptr<icu::NumberFormat> makeMoneyFormatter(int decimals) {
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::NumberFormat> made(icu::NumberFormat::createCurrencyInstance(germany(), status));
+    made->setCurrency(u"EUR", status);
+    made->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
+    made->setMinimumFractionDigits(decimals);
+    made->setMaximumFractionDigits(decimals);
+    return made;
+}
+
 const icu::NumberFormat& moneyFormatter() {
-    static const std::unique_ptr<icu::NumberFormat> formatter = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::NumberFormat> made(icu::NumberFormat::createCurrencyInstance(germany(), status));
-        made->setCurrency(u"EUR", status);
-        made->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
-        return made;
-    }();
+    static const auto formatter = makeMoneyFormatter(2);
+    return *formatter;
+}
+
+const icu::NumberFormat& wholeMoneyFormatter() {
+    static const auto formatter = makeMoneyFormatter(0);
     return *formatter;
 }
 
@@ -82,6 +95,14 @@ std::string withoutSignOfZero(std::string amount) {
     if (amount.front() == '-' && amount.find_first_of("123456789") == std::string::npos)
         amount.erase(0, 1);
     return amount;
+}
+
+std::string formattedAmount(const icu::NumberFormat& formatter, double euros, std::string_view fallback) {
+    if (!std::isfinite(euros))
+        return std::string(fallback);
+    icu::UnicodeString text;
+    formatter.format(euros, text);
+    return withoutSignOfZero(utf8(text));
 }
 
 /// A duration taken apart into whole units, fractions of a second cut off.
@@ -119,8 +140,14 @@ std::string date(Date date, DateForm form) {
         return formatted(*formatters.mediumDate, date);
     case DateForm::longDate:
         return formatted(*formatters.longDate, date);
+    case DateForm::fullDate:
+        return formatted(*formatters.fullDate, date);
     case DateForm::shortTime:
         return formatted(*formatters.shortTime, date);
+    case DateForm::weekday:
+        return formatted(*formatters.weekday, date);
+    case DateForm::month:
+        return formatted(*formatters.month, date);
     }
     std::abort();
 }
@@ -128,11 +155,11 @@ std::string date(Date date, DateForm form) {
 std::string isoDay(Date date) { return formatted(*dateFormatters().isoDay, date); }
 
 std::string money(double euros, std::string_view fallback) {
-    if (!std::isfinite(euros))
-        return std::string(fallback);
-    icu::UnicodeString text;
-    moneyFormatter().format(euros, text);
-    return withoutSignOfZero(utf8(text));
+    return formattedAmount(moneyFormatter(), euros, fallback);
+}
+
+std::string wholeMoney(double euros, std::string_view fallback) {
+    return formattedAmount(wholeMoneyFormatter(), euros, fallback);
 }
 
 std::string plainMoney(double euros, std::string_view fallback) {

@@ -16,7 +16,10 @@ enum class DateForm {
     shortDate,     ///< 15.11.26
     mediumDate,    ///< 15.11.2026
     longDate,      ///< 15. November 2026
+    fullDate,      ///< Sonntag, 15. November 2026
     shortTime,     ///< 18:20
+    weekday,       ///< So.
+    month,         ///< Nov.
 };
 
 [[nodiscard]] std::string date(Date date, DateForm form);
@@ -27,6 +30,9 @@ enum class DateForm {
 /// Euros as 1.234,50 € (no-break space before the sign), half-even; `fallback` when the amount is not finite.
 /// What rounds to zero has no minus.
 [[nodiscard]] std::string money(double euros, std::string_view fallback);
+
+/// Whole euros as 1.235 €, half-even; `fallback` when the amount is not finite.
+[[nodiscard]] std::string wholeMoney(double euros, std::string_view fallback);
 
 /// Euros as 1234.50 €: two decimals, decimal point, ordinary blank, no grouping; `fallback` when not finite.
 [[nodiscard]] std::string plainMoney(double euros, std::string_view fallback);

@@ -41,6 +41,7 @@ TEST_F(GermanDates, everyForm) {
     EXPECT_EQ(format::date(anEvening, DateForm::shortDate), "15.11.26");
     EXPECT_EQ(format::date(anEvening, DateForm::mediumDate), "15.11.2026");
     EXPECT_EQ(format::date(anEvening, DateForm::longDate), "15. November 2026");
+    EXPECT_EQ(format::date(anEvening, DateForm::shortTime), "18:20");
     EXPECT_EQ(format::isoDay(anEvening), "2026-11-15");
 }
 
@@ -50,6 +51,7 @@ TEST_F(GermanDates, singleDigitsArePaddedExceptInTheLongForm) {
     constexpr Date newYear{788918400};
     EXPECT_EQ(format::date(newYear, DateForm::shortWithTime), "01.01.26, 01:00:00");
     EXPECT_EQ(format::date(newYear, DateForm::longDate), "1. Januar 2026");
+    EXPECT_EQ(format::date(newYear, DateForm::shortTime), "01:00");
     EXPECT_EQ(format::isoDay(newYear), "2026-01-01");
 }
 
@@ -74,8 +76,8 @@ TEST_F(GermanDates, anotherZoneIsFollowed) {
 
 TEST_F(GermanDates, absurdDatesGiveSomeTextAndNoHarm) {
     for (const double seconds : {1e300, -1e300, infinity, notANumber, 1e15, -1e15})
-        for (const DateForm form :
-             {DateForm::shortWithTime, DateForm::shortDate, DateForm::mediumDate, DateForm::longDate})
+        for (const DateForm form : {DateForm::shortWithTime, DateForm::shortDate, DateForm::mediumDate,
+                                    DateForm::longDate, DateForm::shortTime})
             EXPECT_LT(format::date(Date{seconds}, form).size(), 100U);
 }
 
