@@ -5,12 +5,14 @@
 namespace brisklog {
 
 InvoiceSender invoiceSender(const UserProfile& profile) {
-    return {.fullName = profile.fullName,
+    return {.companyName = profile.companyName,
+            .fullName = profile.fullName,
             .address = profile.address,
             .postalCode = profile.postalCode,
             .city = profile.city,
             .phone = profile.phone,
             .email = profile.email,
+            .website = profile.website,
             .taxId = profile.taxId,
             .taxOffice = profile.taxOffice,
             .vatId = profile.vatId,

@@ -7,8 +7,10 @@ namespace brisklog {
 
 class UserProfile;
 
-/// What an invoice prints about the one who sends it. Empty texts give no line.
+/// What invoices and reports print about the one who sends them. Empty texts give no line.
 struct InvoiceSender {
+    /// On reports alone.
+    std::string companyName;
     std::string fullName;
     /// Street and number.
     std::string address;
@@ -16,6 +18,8 @@ struct InvoiceSender {
     std::string city;
     std::string phone;
     std::string email;
+    /// On reports alone.
+    std::string website;
     std::string taxId;
     std::string taxOffice;
     std::string vatId;

@@ -2,28 +2,13 @@
 
 #include "foundation/GermanFormat.h"
 #include "foundation/Text.h"
+#include "invoice/SenderLines.h"
 
 namespace brisklog {
 namespace {
 
 constexpr const char* noAmount = "0,00\u00A0€";
 constexpr const char* noDuration = "0\u00A0h 0\u00A0min";
-
-/// Both with a blank between; neither when both are empty.
-std::string joined(const std::string& first, const std::string& second) {
-    const std::string both = first + " " + second;
-    return std::string(text::trimmed(both));
-}
-
-void addLine(std::vector<std::string>& lines, std::string line) {
-    if (!line.empty())
-        lines.push_back(std::move(line));
-}
-
-void addLabelled(std::vector<std::string>& lines, const char* label, const std::string& value) {
-    if (!value.empty())
-        lines.push_back(label + value);
-}
 
 std::vector<std::string> recipientLines(const Customer& customer) {
     std::vector<std::string> lines;
@@ -68,14 +53,14 @@ void addSender(InvoiceTexts& texts, const InvoiceSender& sender) {
     addLine(texts.senderLines, joined(sender.postalCode, sender.city));
     addLine(texts.senderLines, sender.phone);
     addLine(texts.senderLines, sender.email);
-    texts.closing =
-        "Ich danke Ihnen für die gute Zusammenarbeit.\nMit freundlichen Grüßen\n\n" + text::onOneLine(sender.fullName);
-    addLabelled(texts.footerLines, "Steuernummer: ", sender.taxId);
-    addLabelled(texts.footerLines, "Finanzamt: ", sender.taxOffice);
-    addLabelled(texts.footerLines, "USt-IdNr.: ", sender.vatId);
+    texts.closing = "Ich danke Ihnen für die gute Zusammenarbeit.\nMit freundlichen Grüßen\n\n" +
+                    text::onOneLine(sender.fullName);
+    addLine(texts.footerLines, sender.taxId, "Steuernummer: ");
+    addLine(texts.footerLines, sender.taxOffice, "Finanzamt: ");
+    addLine(texts.footerLines, sender.vatId, "USt-IdNr.: ");
     addLine(texts.footerLines, sender.bankName);
-    addLabelled(texts.footerLines, "IBAN: ", sender.iban);
-    addLabelled(texts.footerLines, "BIC: ", sender.bic);
+    addLine(texts.footerLines, sender.iban, "IBAN: ");
+    addLine(texts.footerLines, sender.bic, "BIC: ");
 }
 
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,

@@ -82,7 +82,8 @@ InvoiceSummary InvoiceView::summary() const {
 }
 
 bool InvoiceView::canCreateInvoice() const {
-    const bool knowsForWhom = selectedCustomerId->has_value() || m_timeStore.customers->empty();
+    // A customer deleted since the choice is nobody.
+    const bool knowsForWhom = selectedCustomer().has_value() || m_timeStore.customers->empty();
     return knowsForWhom && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
 }
 

@@ -23,7 +23,7 @@ namespace brisklog {
 inline constexpr const char* openCustomerManagementNotification = "OpenCustomerManagement";
 
 /// Makes the bytes of an invoice document: project, customer, invoice number, billed entries, notes.
-using InvoiceGenerator =
+using InvoiceDocumentMaker =
     std::function<std::string(const Project&, const std::optional<Customer>&, const std::string&,
                               const std::vector<TimeEntry>&, const std::string&)>;
 
@@ -34,7 +34,7 @@ struct InvoicePlatform {
     Files& files;
     Log& log;
     NotificationCenter& notificationCenter;
-    InvoiceGenerator generate;
+    InvoiceDocumentMaker generate;
 };
 
 /// The figures under the entry list.

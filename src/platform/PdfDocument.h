@@ -21,10 +21,13 @@ struct PageSize {
 /// A4 as the documents use it, in points.
 inline constexpr PageSize a4{595, 842};
 
+enum class Ink { black, white };
+
 /// How a text is set.
 struct TextStyle {
     double pointSize = 10;
     bool bold = false;
+    Ink ink = Ink::black;
 
     bool operator==(const TextStyle&) const = default;
 };
@@ -61,6 +64,9 @@ public:
 
     /// A grey horizontal line of 0.5 points.
     virtual void drawRule(double fromX, double toX, double y) = 0;
+
+    /// The whole rectangle in one grey, from 0 (black) to 1 (white).
+    virtual void fillRectangle(const PageRectangle& box, double brightness) = 0;
 
     /// An encoded image (PNG, JPEG, GIF, BMP, TIFF), seen upright and hanging from the middle of the
     /// rectangle's top edge. Its pixels are points unless it must shrink to fit; it keeps its shape and is

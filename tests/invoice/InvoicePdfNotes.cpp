@@ -1,5 +1,5 @@
 #include "invoice/SampleInvoice.h"
-#include "support/PdfReader.h"
+#include "support/PdfPlaces.h"
 
 #include <gmock/gmock.h>
 #include <numeric>
@@ -7,7 +7,7 @@
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = 0.5;
+constexpr double tolerance = placeTolerance;
 constexpr double pageHeight = 842;
 constexpr double footerTop = pageHeight - 218;
 constexpr double footerBottom = pageHeight - 78;
@@ -19,30 +19,6 @@ SampleInvoice withNotes(const std::string& notes, int rows = 3) {
     invoice.notes = notes;
     invoice.entries = billedEntries(rows);
     return invoice;
-}
-
-/// No two words share more than a hair of the page.
-void expectNothingPrintedOver(const PdfReader& pdf) {
-    constexpr double hair = 0.2;
-    const auto& words = pdf.words();
-    for (std::size_t i = 0; i < words.size(); ++i)
-        for (std::size_t j = i + 1; j < words.size(); ++j) {
-            const PdfBox& a = words[i].box;
-            const PdfBox& b = words[j].box;
-            const bool overlap = a.page == b.page &&
-                                 std::min(a.right, b.right) - std::max(a.left, b.left) > hair &&
-                                 std::min(a.bottom, b.bottom) - std::max(a.top, b.top) > hair;
-            EXPECT_FALSE(overlap) << words[i].text << " and " << words[j].text << " on page " << a.page;
-        }
-}
-
-/// Where the word stands, from the top of the first page on.
-std::vector<PdfBox> placesOf(const PdfReader& pdf, std::string_view word) {
-    std::vector<PdfBox> places;
-    for (const PdfWord& each : pdf.words())
-        if (each.text == word)
-            places.push_back(each.box);
-    return places;
 }
 
 /// Everything an invoice with long notes must keep.

@@ -1,34 +1,17 @@
 #include "invoice/SampleInvoice.h"
-#include "support/PdfReader.h"
+#include "support/PdfPlaces.h"
 
 #include <gtest/gtest.h>
 
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = 0.5;
+constexpr double tolerance = placeTolerance;
 constexpr double pageHeight = 842;
 constexpr double left = 50;
 constexpr double rightColumn = 50 + 495 * 0.67;
 /// Above the first line of both columns.
 constexpr double pageTop = 792;
-
-/// The phrase begins at `x` and hangs from the top of a rectangle whose bottom edge is `y`.
-void expectLine(const PdfReader& pdf, std::string_view phrase, double x, double y, double height = 14,
-                int page = 1) {
-    const auto box = pdf.find(phrase, page);
-    ASSERT_TRUE(box) << phrase;
-    EXPECT_NEAR(box->left, x, tolerance) << phrase;
-    EXPECT_NEAR(box->top, pageHeight - y - height, tolerance) << phrase;
-}
-
-/// The phrase ends at `right` and hangs from the top of a line whose bottom edge is `y`.
-void expectNumber(const PdfReader& pdf, std::string_view phrase, double right, double y, int page = 1) {
-    const auto box = pdf.find(phrase, page);
-    ASSERT_TRUE(box) << phrase;
-    EXPECT_NEAR(box->right, right, tolerance) << phrase;
-    EXPECT_NEAR(box->top, pageHeight - y - 14, tolerance) << phrase;
-}
 
 /// A thin line across the content at that height.
 void expectRule(const PdfReader& pdf, double y, int page = 1) {

@@ -253,12 +253,14 @@ TEST(InvoicePdf, isMadeOfWhatTheProfileHolds) {
     profile.iban = "I1";
     profile.bic = "B1";
     profile.logoData = pngImage(10, 10);
-    const InvoiceSender expected{.fullName = "Vollname",
+    const InvoiceSender expected{.companyName = "Firmenname",
+                                 .fullName = "Vollname",
                                  .address = "Straße 1",
                                  .postalCode = "12345",
                                  .city = "Ort",
                                  .phone = "0123",
                                  .email = "a@b.example",
+                                 .website = "www.example",
                                  .taxId = "S1",
                                  .taxOffice = "F1",
                                  .vatId = "U1",

@@ -5,12 +5,14 @@
 namespace brisklog::test {
 
 InvoiceSender sampleSender() {
-    return {.fullName = "Jürgen Schäfer-Größmann",
+    return {.companyName = "Schäfer Softwareentwicklung",
+            .fullName = "Jürgen Schäfer-Größmann",
             .address = "Königsstraße 27 a",
             .postalCode = "80331",
             .city = "München",
             .phone = "+49 89 123456-78",
             .email = "juergen@schaefer-groessmann.de",
+            .website = "www.schaefer-groessmann.de",
             .taxId = "143/815/08155",
             .taxOffice = "München Abt. III",
             .vatId = "DE123456789",

@@ -86,6 +86,19 @@ void sortIntoLines(std::vector<PdfWord>& words) {
     }
 }
 
+/// Where the developer wants to look at what the tests draw, a copy goes there under the test's name.
+void keepForLooking(const std::filesystem::path& file) {
+    const char* const folder = std::getenv("BRISKLOG_PICTURES");
+    const auto* const current = testing::UnitTest::GetInstance()->current_test_info();
+    if (folder == nullptr || current == nullptr)
+        return;
+    static int number = 0;
+    const std::string name = std::string(current->test_suite_name()) + "." + current->name() + "-" +
+                             std::to_string(++number) + ".pdf";
+    std::filesystem::copy_file(file, std::filesystem::path(folder) / name,
+                               std::filesystem::copy_options::overwrite_existing);
+}
+
 PdfBox around(const PdfWord& first, const PdfWord& last) {
     return {first.box.page, first.box.left, first.box.top, last.box.right, last.box.bottom};
 }
@@ -127,6 +140,7 @@ PdfReader::PdfReader(std::string_view bytes) {
     m_file = name;
     std::ofstream(m_file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     m_words = readWords();
+    keepForLooking(m_file);
 }
 
 PdfReader::~PdfReader() {

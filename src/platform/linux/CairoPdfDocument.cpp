@@ -80,6 +80,15 @@ void CairoPdfDocument::drawRule(double fromX, double toX, double y) {
     cairo_restore(drawing);
 }
 
+void CairoPdfDocument::fillRectangle(const PageRectangle& box, double brightness) {
+    cairo_t* const drawing = m_drawing.get();
+    cairo_save(drawing);
+    cairo_set_source_rgb(drawing, brightness, brightness, brightness);
+    cairo_rectangle(drawing, box.x, topOf(box), box.width, box.height);
+    cairo_fill(drawing);
+    cairo_restore(drawing);
+}
+
 void CairoPdfDocument::drawImage(std::string_view encoded, const PageRectangle& box) {
     const auto image = decodedImage(encoded);
     if (!image)

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] PageSize sizeOfWrapped(std::string_view text, double width,
                                          const TextStyle& style) override;
     void drawRule(double fromX, double toX, double y) override;
+    void fillRectangle(const PageRectangle& box, double brightness) override;
     void drawImage(std::string_view encoded, const PageRectangle& box) override;
     [[nodiscard]] std::string finish() override;
 

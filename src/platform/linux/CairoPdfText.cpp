@@ -142,6 +142,11 @@ const CairoPdfText::ShapedLine& CairoPdfText::shaped(const std::string& line, Fa
     return face.recent.emplace(line, shape(line, face)).first->second;
 }
 
+void CairoPdfText::useInk(Ink ink) {
+    const double brightness = ink == Ink::white ? 1 : 0;
+    cairo_set_source_rgb(m_drawing, brightness, brightness, brightness);
+}
+
 PangoLayout* CairoPdfText::shortened(const std::string& line, double width, const TextStyle& style) {
     PangoLayout* const layout = face(style).layout.get();
     pango_layout_set_single_paragraph_mode(layout, TRUE);
@@ -162,6 +167,7 @@ PangoLayout* CairoPdfText::wrapped(const std::string& text, double width, const 
 
 void CairoPdfText::drawLine(std::string_view text, double x, double top, double width,
                             const TextStyle& style) {
+    useInk(style.ink);
     const bool isCut = text.size() > longestLine;
     std::string line = printableLine(beginning(text, longestLine));
     if (isCut)
@@ -182,6 +188,7 @@ double CairoPdfText::widthOfNumber(std::string_view text, const TextStyle& style
 
 void CairoPdfText::drawNumber(std::string_view text, double x, double top, double width,
                               const TextStyle& style) {
+    useInk(style.ink);
     const std::string line = printableLine(text);
     const double baseline = top + face(style).ascent;
     const double natural = shaped(line, face(style)).width;
@@ -228,6 +235,7 @@ CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double
 
 std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,
                                       const TextStyle& style) {
+    useInk(style.ink);
     bool isFirst = true;
     return visitLines(text, room.width, style, [&](const WrappedLine& line) {
         if (!std::exchange(isFirst, false) && line.bottom > room.height)

@@ -82,6 +82,7 @@ private:
     /// that line on.
     std::string visitLines(std::string_view text, double width, const TextStyle& style,
                            const std::function<bool(const WrappedLine&)>& visit);
+    void useInk(Ink ink);
     [[nodiscard]] PangoLayout* shortened(const std::string& line, double width, const TextStyle& style);
     void show(const ShapedLine& line, double x, double baseline);
     void show(PangoLayout* layout, PangoLayoutLine* line, double x, double baseline);

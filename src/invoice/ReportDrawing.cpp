@@ -1,0 +1,189 @@
+#include "invoice/ReportDrawing.h"
+
+#include <algorithm>
+
+namespace brisklog {
+namespace {
+
+constexpr TextStyle regular{.pointSize = 10};
+constexpr TextStyle titleStyle{.pointSize = 18, .bold = true};
+constexpr TextStyle subtitle{.pointSize = 12};
+constexpr TextStyle barTitle{.pointSize = 12, .bold = true, .ink = Ink::white};
+constexpr TextStyle cellStyle{.pointSize = 11};
+constexpr TextStyle totalStyle{.pointSize = 12, .bold = true};
+
+constexpr double top = a4.height;
+constexpr double left = 50;
+constexpr double width = a4.width - 100;
+constexpr double lineHeight = 14;
+constexpr double largeLineHeight = 18;
+
+constexpr double logoSize = 75;
+constexpr PageRectangle logoBox{(a4.width - logoSize) / 2, top - 50 - logoSize, logoSize, logoSize};
+
+constexpr double senderX = a4.width - 200;
+constexpr double senderWidth = 190;
+constexpr double groupGap = 5;
+
+/// Up to the sender's lines, with a little air.
+constexpr double titleWidth = 335;
+
+constexpr double barHeight = 30;
+constexpr double barBrightness = 0.2;
+constexpr double barTitleInset = 5;
+constexpr double barTitleHeight = 20;
+constexpr double firstBarBottom = top - 245;
+constexpr double laterBarBottom = top - 90;
+constexpr double gapUnderBar = 10;
+
+constexpr double rowHeight = 35;
+constexpr double stripeBrightness = 0.95;
+/// No row begins on a page below this.
+constexpr double lowestRow = 70;
+/// From a row's top to its text, for one line and for two.
+constexpr double oneLineInset = 11;
+constexpr double twoLinesInset = 4;
+constexpr double indent = 5;
+/// Numbers come no closer to the edges of their column.
+constexpr double numberInset = 2;
+
+constexpr double gapOverTotals = 10;
+constexpr double pageTop = top - 50;
+constexpr double pageBottom = 50;
+constexpr double bankX = 365;
+constexpr double bankWidth = senderX + senderWidth - bankX;
+constexpr double totalsWidth = bankX - left - 10;
+
+} // namespace
+
+ReportDrawing::ReportDrawing(PdfDocument& page, const ReportTexts& texts)
+    : m_page(page), m_texts(texts), m_columns(makeColumns(texts)) {}
+
+std::vector<ReportDrawing::Column> ReportDrawing::makeColumns(const ReportTexts& texts) {
+    const double taskWidth = width * (texts.hourlyRate ? 0.4 : 0.55);
+    std::vector<Column> columns{{"Aufgabe", left, taskWidth}};
+    for (const char* header : {"Startzeit", "Endzeit", "Dauer", "Verdienst"})
+        columns.push_back({header, columns.back().x + columns.back().width, width * 0.15});
+    if (!texts.hourlyRate)
+        columns.pop_back();
+    return columns;
+}
+
+void ReportDrawing::draw() {
+    m_page.beginPage();
+    drawLogo();
+    drawSender();
+    drawTitle();
+    drawHeaderBar(firstBarBottom);
+    drawRows();
+    drawTotals();
+    drawBankLines();
+}
+
+void ReportDrawing::drawLogo() {
+    if (m_texts.logo)
+        m_page.drawImage(*m_texts.logo, logoBox);
+}
+
+void ReportDrawing::drawSender() {
+    double y = top - 50;
+    for (const auto& group : m_texts.senderGroups) {
+        for (const std::string& line : group) {
+            y -= lineHeight;
+            m_page.drawLine(line, {senderX, y, senderWidth, lineHeight}, regular);
+        }
+        y -= groupGap;
+    }
+}
+
+void ReportDrawing::drawTitle() {
+    m_page.drawLine(m_texts.title, {left, top - 150, titleWidth, 25}, titleStyle);
+    m_page.drawLine(m_texts.creationDate, {left, top - 175, titleWidth, largeLineHeight}, subtitle);
+    if (m_texts.hourlyRate)
+        drawNumberFrom(left, top - 200 + largeLineHeight, *m_texts.hourlyRate, titleWidth, subtitle);
+}
+
+void ReportDrawing::drawHeaderBar(double barBottom) {
+    m_page.fillRectangle({left, barBottom, width, barHeight}, barBrightness);
+    for (const Column& column : m_columns)
+        m_page.drawLine(column.header,
+                        {column.x + indent, barBottom + barTitleInset, column.width - indent, barTitleHeight},
+                        barTitle);
+    m_y = barBottom - gapUnderBar;
+}
+
+void ReportDrawing::drawRows() {
+    bool isStriped = false;
+    for (const ReportRow& row : m_texts.rows) {
+        if (m_y < lowestRow) {
+            m_page.beginPage();
+            drawHeaderBar(laterBarBottom);
+        }
+        if (isStriped)
+            m_page.fillRectangle({left, m_y - rowHeight, width, rowHeight}, stripeBrightness);
+        drawRow(row);
+        m_y -= rowHeight;
+        isStriped = !isStriped;
+    }
+}
+
+void ReportDrawing::drawRow(const ReportRow& row) {
+    const Column& task = m_columns.front();
+    m_page.drawLine(row.taskName,
+                    {task.x + indent, m_y - oneLineInset - lineHeight, task.width - 2 * indent, lineHeight},
+                    cellStyle);
+    drawMoment(row.start, m_columns[1]);
+    drawMoment(row.end, m_columns[2]);
+    drawCentred(row.duration, m_columns[3]);
+    if (row.earnings)
+        drawAtRight(*row.earnings, m_columns[4]);
+}
+
+void ReportDrawing::drawMoment(const ReportMoment& moment, const Column& column) {
+    const double x = column.x + indent;
+    const double room = column.width - indent - numberInset;
+    const double dayTop = m_y - twoLinesInset;
+    drawNumberFrom(x, dayTop, moment.day, room, cellStyle);
+    drawNumberFrom(x, dayTop - lineHeight, moment.time, room, cellStyle);
+}
+
+void ReportDrawing::drawCentred(std::string_view text, const Column& column) {
+    const double room = column.width - 2 * numberInset;
+    const double spare = std::max(0.0, room - m_page.widthOfNumber(text, cellStyle));
+    drawNumberFrom(column.x + numberInset + spare / 2, m_y - oneLineInset, text, room, cellStyle);
+}
+
+void ReportDrawing::drawAtRight(std::string_view text, const Column& column) {
+    const double room = column.width - indent - numberInset;
+    m_page.drawNumber(text, {column.x + numberInset, m_y - oneLineInset - lineHeight, room, lineHeight},
+                      cellStyle);
+}
+
+void ReportDrawing::drawNumberFrom(double x, double textTop, std::string_view text, double room,
+                                   const TextStyle& style) {
+    const double needed = std::min(m_page.widthOfNumber(text, style), room);
+    m_page.drawNumber(text, {x, textTop - lineHeight, needed, lineHeight}, style);
+}
+
+void ReportDrawing::drawTotals() {
+    const double height = largeLineHeight * static_cast<double>(m_texts.totals.size());
+    double y = m_y - gapOverTotals;
+    if (y - height < pageBottom) {
+        m_page.beginPage();
+        y = pageTop;
+    }
+    for (const std::string& total : m_texts.totals) {
+        drawNumberFrom(left, y, total, totalsWidth, totalStyle);
+        y -= largeLineHeight;
+    }
+}
+
+void ReportDrawing::drawBankLines() {
+    double y = pageBottom + lineHeight * static_cast<double>(m_texts.bankLines.size());
+    for (const std::string& line : m_texts.bankLines) {
+        y -= lineHeight;
+        m_page.drawLine(line, {bankX, y, bankWidth, lineHeight}, regular);
+    }
+}
+
+} // namespace brisklog

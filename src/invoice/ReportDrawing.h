@@ -1,0 +1,53 @@
+#pragma once
+
+#include "invoice/ReportTexts.h"
+#include "platform/PdfDocument.h"
+
+#include <string_view>
+#include <vector>
+
+namespace brisklog {
+
+/// Draws an entry report page by page, from the sender's lines down to the bank details at the foot of the
+/// last page.
+class ReportDrawing {
+public:
+    /// Both must outlive this.
+    ReportDrawing(PdfDocument& page, const ReportTexts& texts);
+
+    void draw();
+
+private:
+    struct Column {
+        const char* header;
+        double x;
+        double width;
+    };
+
+    [[nodiscard]] static std::vector<Column> makeColumns(const ReportTexts& texts);
+
+    void drawLogo();
+    void drawSender();
+    void drawTitle();
+    /// The bar with the column titles; rows begin under it.
+    void drawHeaderBar(double barBottom);
+
+    void drawRows();
+    void drawRow(const ReportRow& row);
+    void drawMoment(const ReportMoment& moment, const Column& column);
+    void drawCentred(std::string_view text, const Column& column);
+    void drawAtRight(std::string_view text, const Column& column);
+    /// Draws a number from `x` to the right, smaller where it is wider than `room`.
+    void drawNumberFrom(double x, double textTop, std::string_view text, double room, const TextStyle& style);
+
+    void drawTotals();
+    void drawBankLines();
+
+    PdfDocument& m_page;
+    const ReportTexts& m_texts;
+    const std::vector<Column> m_columns;
+    /// The top of the next row.
+    double m_y = 0;
+};
+
+} // namespace brisklog

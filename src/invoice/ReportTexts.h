@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/Project.h"
+#include "invoice/InvoiceSender.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brisklog {
+
+/// A moment as a report shows it: the date over the time of day. Both are empty for none.
+struct ReportMoment {
+    std::string day;
+    std::string time;
+};
+
+/// The cells of one entry's row.
+struct ReportRow {
+    std::string taskName;
+    ReportMoment start;
+    ReportMoment end;
+    std::string duration;
+    /// Absent in a report without earnings.
+    std::optional<std::string> earnings;
+};
+
+/// Every text of an entry report as it is printed, in the order from top to bottom.
+struct ReportTexts {
+    /// An encoded image.
+    std::optional<std::string> logo;
+    /// Groups of lines; there is a small gap before each but the first, even where a group is empty.
+    std::vector<std::vector<std::string>> senderGroups;
+    std::string title;
+    std::string creationDate;
+    /// The line with the project's rate; absent in a report without earnings.
+    std::optional<std::string> hourlyRate;
+    std::vector<ReportRow> rows;
+    std::vector<std::string> totals;
+    std::vector<std::string> bankLines;
+};
+
+/// The report of all entries of the project, in the project's order. An entry without an end counts up to
+/// `now`.
+[[nodiscard]] ReportTexts reportTexts(const Project& project, const InvoiceSender& sender, Date now);
+
+} // namespace brisklog

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "invoice/InvoiceGenerator.h"
+#include "invoice/SampleInvoice.h"
+
+#include <string>
+
+namespace brisklog::test {
+
+/// A report as a user would export it; a test changes what it is about.
+struct ReportSample {
+    Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 80.0, .entries = billedEntries(3)};
+    InvoiceSender sender = sampleSender();
+    Date now = FakeClock().now();
+
+    /// The document made of all this by the real drawing facility, its times as of Berlin.
+    [[nodiscard]] std::string document() const;
+};
+
+/// The sample with that many entries, "Aufgabe 1", "Aufgabe 2", … of an hour each.
+[[nodiscard]] ReportSample reportOf(int entries);
+
+/// The same without an hourly rate.
+[[nodiscard]] ReportSample reportWithoutRate(int entries);
+
+} // namespace brisklog::test
