@@ -17,6 +17,16 @@ enum class Durability {
     leftToSystem,    ///< survives the end of the process; for files written at every keystroke
 };
 
+/// Something in a folder.
+struct FolderEntry {
+    /// As the system keeps it, which may be no UTF-8.
+    std::string name;
+    /// Also for a link that leads to a folder.
+    bool isFolder = false;
+
+    bool operator==(const FolderEntry&) const = default;
+};
+
 /// The user's folders and whole files in them. Errors read "PATH: what the system says".
 class Files {
 public:
@@ -31,6 +41,12 @@ public:
     /// Where programs keep what may be lost without harm but should outlive them; absent when the user has no
     /// home.
     [[nodiscard]] virtual std::optional<std::filesystem::path> stateFolder() const = 0;
+
+    /// The desktop's folder for pictures, whether or not it exists; absent when the user has none of his own.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> picturesFolder() const = 0;
+
+    /// The user's home; absent when there is none.
+    [[nodiscard]] virtual std::optional<std::filesystem::path> homeFolder() const = 0;
 
     /// Whether anything stands at the path, of whatever kind.
     [[nodiscard]] virtual bool exists(const std::filesystem::path& path) const = 0;
@@ -57,6 +73,11 @@ public:
 
     /// Names of everything in the folder, in no particular order; none when it cannot be read.
     [[nodiscard]] virtual std::vector<std::string> namesIn(const std::filesystem::path& folder) const = 0;
+
+    /// Everything in the folder, in no particular order; an error when it cannot be read. Any thread may call
+    /// it.
+    [[nodiscard]] virtual Result<std::vector<FolderEntry>>
+    entriesIn(const std::filesystem::path& folder) const = 0;
 
     /// Removes the folder with everything in it; a missing one is no error.
     [[nodiscard]] virtual Result<Done> removeFolder(const std::filesystem::path& folder) = 0;

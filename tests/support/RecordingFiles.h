@@ -22,6 +22,14 @@ public:
         return hasHome ? m_files.stateFolder() : std::nullopt;
     }
 
+    [[nodiscard]] std::optional<std::filesystem::path> picturesFolder() const override {
+        return hasHome ? m_files.picturesFolder() : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<std::filesystem::path> homeFolder() const override {
+        return hasHome ? m_files.homeFolder() : std::nullopt;
+    }
+
     [[nodiscard]] bool exists(const std::filesystem::path& path) const override {
         return m_files.exists(path);
     }
@@ -58,6 +66,11 @@ public:
 
     [[nodiscard]] std::vector<std::string> namesIn(const std::filesystem::path& folder) const override {
         return m_files.namesIn(folder);
+    }
+
+    [[nodiscard]] Result<std::vector<FolderEntry>>
+    entriesIn(const std::filesystem::path& folder) const override {
+        return m_files.entriesIn(folder);
     }
 
     [[nodiscard]] Result<Done> removeFolder(const std::filesystem::path& folder) override {

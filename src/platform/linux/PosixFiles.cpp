@@ -6,7 +6,9 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -167,6 +169,18 @@ Result<Done> overwrite(const fs::path& path, std::string_view bytes, mode_t mode
     return writeContent(file, bytes, path, durability);
 }
 
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+/// Most file systems say what a name stands for; a link must be followed, and some file systems asked again.
+bool isFolder(const fs::path& parent, const dirent& entry) {
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
+        return entry.d_type == DT_DIR;
+    std::error_code unreadable;
+    return fs::is_directory(parent / entry.d_name, unreadable);
+}
+
 } // namespace
 
 std::optional<fs::path> PosixFiles::documentsFolder() const {
@@ -174,6 +188,18 @@ std::optional<fs::path> PosixFiles::documentsFolder() const {
         return std::nullopt;
     return fs::path(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString());
 }
+
+std::optional<fs::path> PosixFiles::picturesFolder() const {
+    const auto home = homeFolder();
+    if (!home)
+        return std::nullopt;
+    const fs::path pictures =
+        QStandardPaths::writableLocation(QStandardPaths::PicturesLocation).toStdString();
+    // The desktop's way to say that there is none.
+    return pictures.lexically_relative(*home) == "." ? std::nullopt : std::optional(pictures);
+}
+
+std::optional<fs::path> PosixFiles::homeFolder() const { return absoluteFolder("HOME"); }
 
 std::optional<fs::path> PosixFiles::applicationSupportFolder() const {
     return folderNamed("XDG_DATA_HOME", ".local/share");
@@ -256,6 +282,23 @@ std::vector<std::string> PosixFiles::namesIn(const fs::path& folder) const {
          entry.increment(unreadable))
         names.push_back(entry->path().filename());
     return names;
+}
+
+Result<std::vector<FolderEntry>> PosixFiles::entriesIn(const fs::path& folder) const {
+    const std::unique_ptr<DIR, CloseFolder> open(::opendir(folder.c_str()));
+    if (open == nullptr)
+        return systemError(folder, errno);
+    std::vector<FolderEntry> entries;
+    for (;;) {
+        errno = 0;
+        const dirent* const entry = ::readdir(open.get());
+        if (entry == nullptr)
+            break;
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..")
+            entries.push_back({name, isFolder(folder, *entry)});
+    }
+    return errno == 0 ? Result<std::vector<FolderEntry>>(std::move(entries)) : systemError(folder, errno);
 }
 
 Result<Done> PosixFiles::removeFolder(const fs::path& folder) {

@@ -10,6 +10,8 @@ public:
     [[nodiscard]] std::optional<std::filesystem::path> documentsFolder() const override;
     [[nodiscard]] std::optional<std::filesystem::path> applicationSupportFolder() const override;
     [[nodiscard]] std::optional<std::filesystem::path> stateFolder() const override;
+    [[nodiscard]] std::optional<std::filesystem::path> picturesFolder() const override;
+    [[nodiscard]] std::optional<std::filesystem::path> homeFolder() const override;
     /// The program's own folder among the user's configuration; absent when the user has no home.
     [[nodiscard]] static std::optional<std::filesystem::path> configurationFolder();
 
@@ -22,6 +24,8 @@ public:
                                              std::string_view bytes) override;
     [[nodiscard]] Result<Done> createFolder(const std::filesystem::path& path) override;
     [[nodiscard]] std::vector<std::string> namesIn(const std::filesystem::path& folder) const override;
+    [[nodiscard]] Result<std::vector<FolderEntry>>
+    entriesIn(const std::filesystem::path& folder) const override;
     [[nodiscard]] Result<Done> removeFolder(const std::filesystem::path& folder) override;
     [[nodiscard]] Result<Done> remove(const std::filesystem::path& path) override;
 };

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "foundation/Result.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brisklog {
+
+struct PixelSize {
+    int width = 0;
+    int height = 0;
+
+    bool operator==(const PixelSize&) const = default;
+};
+
+/// A picture in memory: rows from top to bottom, each pixel 0xAARRGGBB, not premultiplied, in sRGB.
+struct Bitmap {
+    PixelSize size;
+    std::vector<std::uint32_t> pixels;
+
+    bool operator==(const Bitmap&) const = default;
+};
+
+/// Pictures in the formats people keep logos in: PNG, JPEG, GIF, BMP, TIFF, told by their content.
+class Images {
+public:
+    /// Gives the size a picture is wanted in for the size it has, both as it is seen upright.
+    using SizeRule = std::function<PixelSize(PixelSize)>;
+
+    virtual ~Images() = default;
+
+    /// The file's first picture, upright, in the size the rule gives. An error for what is no regular file,
+    /// no picture in one of the formats, broken, cut short, or so large that decoding it would fill the
+    /// memory. Any thread may call it.
+    [[nodiscard]] virtual Result<Bitmap> read(const std::filesystem::path& file,
+                                              const SizeRule& rule) const = 0;
+
+    /// The same for a file's bytes.
+    [[nodiscard]] virtual Result<Bitmap> decode(std::string_view bytes, const SizeRule& rule) const = 0;
+
+    /// The picture as a PNG file's bytes; an error when it cannot be encoded.
+    [[nodiscard]] virtual Result<std::string> encodePng(const Bitmap& picture) const = 0;
+};
+
+} // namespace brisklog
