@@ -76,7 +76,7 @@ TEST_F(SqliteBrokenFile, aStrangersDatabaseIsSetAside) {
 }
 
 TEST_F(SqliteBrokenFile, aLaterVersionsDatabaseIsSetAside) {
-    makeDatabase(file(), "CREATE TABLE value (id); PRAGMA user_version = 2");
+    makeDatabase(file(), "CREATE TABLE value (id); PRAGMA user_version = 3");
     expectSetAside(readFile(file()));
 }
 
@@ -195,6 +195,8 @@ TEST_F(SqliteBrokenFile, withoutAFolderValuesLastAsLongAsTheProcess) {
 
 TEST_F(SqliteBrokenFile, whateverIsDamagedTheStoreGoesOnWorking) {
     storeSomething();
+    const std::string picture = "\"" + base64Digits(6000, 1) + "\"";
+    openStore().setValue("pictures", Data{picture + picture + base64Digits(600, 2)});
     const std::string whole = readFile(file());
     std::mt19937 chance(11);
     for (int round = 0; round < 150; ++round) {
@@ -210,6 +212,9 @@ TEST_F(SqliteBrokenFile, whateverIsDamagedTheStoreGoesOnWorking) {
         (void)store.value("short");
         (void)store.replaceTail("long", 150000, "tail");
         (void)store.value("long");
+        (void)store.replaceTail("pictures", 7000, picture);
+        (void)store.value("pictures");
+        (void)store.renameValue("pictures", "moved");
         store.setValue("fresh", Data{"new"});
         ASSERT_EQ(dataValue(store, "fresh"), "new") << "round " << round;
     }

@@ -85,6 +85,19 @@ TEST_F(SqliteHardship, aFirstWriteOnAFullDiskIsLostAndALaterOneKept) {
     });
 }
 
+TEST_F(SqliteHardship, whatCannotBeReadOnAFullDiskIsNotTakenForAbsent) {
+    onSmallDisk(*this, [this] {
+        makeEarlierVersionsStore();
+        fillDisk(home.configuration());
+        auto store = openStore();
+        EXPECT_EQ(store.readData("long", [](DataParts&) {}), UserDefaults::Reading::failed);
+        EXPECT_THAT(log.lines, ElementsAre(StartsWith("Error reading user defaults: long: ")));
+        fs::remove(home.configuration() / "filler");
+        EXPECT_EQ(dataValue(store, "long"), earlierVersionsData());
+        EXPECT_THAT(filesStartingWith("defaults.sqlite.broken-"), IsEmpty());
+    });
+}
+
 TEST_F(SqliteHardship, beyondTheSizeLimitTheValueIsLostWithOneLine) {
     storeSomething();
     const auto end = runInChild([this] {

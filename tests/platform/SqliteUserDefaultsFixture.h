@@ -22,6 +22,9 @@ public:
     /// Stores a short text and 200,000 bytes of data, and closes the store again.
     void storeSomething();
 
+    /// Makes the file as the version without pieces did, holding a short text and `earlierVersionsData()`.
+    void makeEarlierVersionsStore();
+
     TemporaryHome home;
     FakeClock clock;
     RecordingLog log;
@@ -29,5 +32,10 @@ public:
 
 /// Bytes that look different everywhere.
 [[nodiscard]] std::string variedBytes(std::size_t size);
+
+/// Base64 digits that are different for every number.
+[[nodiscard]] std::string base64Digits(std::size_t size, unsigned number);
+
+[[nodiscard]] std::string earlierVersionsData();
 
 } // namespace brisklog::test

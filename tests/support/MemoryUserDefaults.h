@@ -36,15 +36,45 @@ public:
         return all;
     }
 
-    bool replaceTail(std::string_view key, std::size_t offset, std::string_view tail) override {
+    [[nodiscard]] Reading readData(std::string_view key, const Read& read) const override {
         const auto found = m_values.find(key);
         if (found == m_values.end())
+            return Reading::absent;
+        const auto* const data = std::get_if<Data>(&found->second);
+        if (data == nullptr)
+            return Reading::otherType;
+        OnePart parts(data->bytes);
+        read(parts);
+        return Reading::complete;
+    }
+
+    bool writeData(std::string_view key, const Write& write) override {
+        StringSink sink;
+        if (!write(sink))
             return false;
-        auto* const data = std::get_if<Data>(&found->second);
-        if (data == nullptr || data->bytes.size() < offset)
+        m_values.insert_or_assign(std::string(key), Data{std::move(sink.bytes)});
+        return true;
+    }
+
+    bool writeTail(std::string_view key, std::size_t offset, const Write& write) override {
+        const auto found = m_values.find(key);
+        auto* const data = found != m_values.end() ? std::get_if<Data>(&found->second) : nullptr;
+        StringSink sink;
+        if (data == nullptr || data->bytes.size() < offset || !write(sink))
             return false;
-        data->bytes.replace(offset, std::string::npos, tail);
-        tailsReplaced.push_back({std::string(key), tail.size()});
+        data->bytes.replace(offset, std::string::npos, sink.bytes);
+        tailsReplaced.push_back({std::string(key), sink.bytes.size()});
+        return true;
+    }
+
+    bool renameValue(std::string_view key, std::string_view newKey) override {
+        auto node = m_values.extract(std::string(key));
+        if (node.empty() || holds(newKey)) {
+            m_values.insert(std::move(node));
+            return false;
+        }
+        node.key() = newKey;
+        m_values.insert(std::move(node));
         return true;
     }
 
@@ -59,6 +89,25 @@ public:
     int synchronisations = 0;
 
 private:
+    class OnePart final : public DataParts {
+    public:
+        explicit OnePart(std::string_view bytes) : m_bytes(bytes) {}
+
+        std::optional<DataPart> next() override {
+            const auto bytes = std::exchange(m_bytes, std::nullopt);
+            return bytes ? std::optional(DataPart{*bytes, nullptr}) : std::nullopt;
+        }
+
+    private:
+        std::optional<std::string_view> m_bytes;
+    };
+
+    struct StringSink final : DataSink {
+        void append(std::string_view more) override { bytes += more; }
+
+        std::string bytes;
+    };
+
     static std::size_t sizeOf(const Value& value) {
         if (const auto* const text = std::get_if<std::string>(&value))
             return text->size();

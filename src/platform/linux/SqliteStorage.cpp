@@ -1,6 +1,7 @@
 #include "platform/linux/SqliteStorage.h"
 
 #include "platform/linux/PosixFiles.h"
+#include "platform/linux/SqliteLayout.h"
 
 #include <array>
 #include <cerrno>
@@ -50,16 +51,19 @@ bool moveAway(const fs::path& file, const fs::path& target) {
 SqliteUserDefaults::Storage::Storage(std::optional<fs::path> file, const Clock& clock, Log& log)
     : m_file(std::move(file)), m_clock(clock), m_log(log) {}
 
-bool SqliteUserDefaults::Storage::read(std::string_view what, const Access& access) {
+SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::read(std::string_view what,
+                                                                       const Access& access) {
     return perform(WhenMissing::give, "Error reading user defaults: " + std::string(what), access);
 }
 
-bool SqliteUserDefaults::Storage::write(std::string_view what, const Access& access) {
+SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::write(std::string_view what,
+                                                                        const Access& access) {
     m_hasChanges = true;
     return perform(WhenMissing::make, "Error writing user defaults: " + std::string(what), access);
 }
 
-bool SqliteUserDefaults::Storage::change(std::string_view what, const Access& access) {
+SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::change(std::string_view what,
+                                                                         const Access& access) {
     m_hasChanges = true;
     return perform(WhenMissing::give, "Error writing user defaults: " + std::string(what), access);
 }
@@ -67,29 +71,30 @@ bool SqliteUserDefaults::Storage::change(std::string_view what, const Access& ac
 void SqliteUserDefaults::Storage::synchronise() {
     if (!m_hasChanges || !m_database)
         return;
-    m_hasChanges = !perform(WhenMissing::give, "Error writing user defaults",
-                            [](SqliteDatabase& database) { database.checkpoint(); });
+    m_hasChanges = perform(WhenMissing::give, "Error writing user defaults",
+                           [](SqliteDatabase& database) { database.checkpoint(); }) != Outcome::done;
 }
 
-bool SqliteUserDefaults::Storage::perform(WhenMissing whenMissing, std::string_view complaint,
-                                          const Access& access) {
+SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::perform(WhenMissing whenMissing,
+                                                                          std::string_view complaint,
+                                                                          const Access& access) {
     for (int place = 0; place < placesToTry; ++place) {
         Failure failure = open(whenMissing);
         if (!failure && !m_database)
-            return false;
+            return Outcome::nothingThere;
         if (!failure) {
             access(*m_database);
             failure = m_database->takeFailure();
         }
         if (!failure)
-            return true;
+            return Outcome::done;
         if (!failure->isFilesFault()) {
             m_log.print(std::string(complaint) + ": " + failure->description);
-            return false;
+            return Outcome::failed;
         }
         replaceBroken(*failure);
     }
-    return false;
+    return Outcome::failed;
 }
 
 /// Opens the database unless it is open. Neither a failure nor a database means that there is none to open.
@@ -121,7 +126,7 @@ SqliteUserDefaults::Storage::openDatabase(SqliteDatabase::Locking locking) {
     if (m_file && fs::exists(*m_file, ignored) && !fs::is_regular_file(*m_file, ignored))
         return SqliteFailure{SQLITE_CANTOPEN, 0, "not a regular file"};
     auto database = std::make_unique<SqliteDatabase>(m_file ? m_file->string() : ":memory:", locking);
-    SqliteValues(*database).prepare();
+    sqlite_layout::prepare(*database);
     auto failure = database->takeFailure();
     if (failure)
         database->leaveFilesAlone();

@@ -12,20 +12,25 @@ namespace brisklog {
 /// there is no other way.
 class SqliteUserDefaults::Storage {
 public:
+    enum class Outcome {
+        done,
+        nothingThere, ///< there is no database
+        failed,       ///< which is printed with what was accessed
+    };
+
     /// What is done with the open database; done again on a fresh one when the first turns out to be broken.
     using Access = std::function<void(SqliteDatabase&)>;
 
     Storage(std::optional<std::filesystem::path> file, const Clock& clock, Log& log);
 
-    /// Runs `access` unless there is no database. False when there is none and when the access failed, which
-    /// is printed with what was accessed.
-    bool read(std::string_view what, const Access& access);
+    /// Runs `access` unless there is no database.
+    Outcome read(std::string_view what, const Access& access);
 
-    /// Runs `access`, making the database when there is none; false when it failed, which is printed.
-    bool write(std::string_view what, const Access& access);
+    /// Runs `access`, making the database when there is none.
+    Outcome write(std::string_view what, const Access& access);
 
     /// The same for what changes only what is there: without a database nothing happens.
-    bool change(std::string_view what, const Access& access);
+    Outcome change(std::string_view what, const Access& access);
 
     /// Brings all changes made since the last call to the medium.
     void synchronise();
@@ -35,7 +40,7 @@ private:
 
     using Failure = std::optional<SqliteFailure>;
 
-    bool perform(WhenMissing whenMissing, std::string_view complaint, const Access& access);
+    Outcome perform(WhenMissing whenMissing, std::string_view complaint, const Access& access);
     [[nodiscard]] Failure open(WhenMissing whenMissing);
     [[nodiscard]] Failure openDatabase(SqliteDatabase::Locking locking);
     [[nodiscard]] Failure makeFile() const;

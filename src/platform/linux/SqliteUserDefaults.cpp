@@ -14,9 +14,9 @@ SqliteUserDefaults::~SqliteUserDefaults() = default;
 
 std::optional<UserDefaults::Value> SqliteUserDefaults::value(std::string_view key) const {
     std::optional<Value> found;
-    const bool done =
+    const auto outcome =
         m_storage->read(key, [&](SqliteDatabase& database) { found = SqliteValues(database).value(key); });
-    return done ? std::move(found) : std::nullopt;
+    return outcome == Storage::Outcome::done ? std::move(found) : std::nullopt;
 }
 
 void SqliteUserDefaults::setValue(std::string_view key, const Value& value) {
@@ -30,17 +30,46 @@ void SqliteUserDefaults::removeValue(std::string_view key) {
 
 std::vector<UserDefaults::Entry> SqliteUserDefaults::entries() const {
     std::vector<Entry> found;
-    const bool done = m_storage->read(
+    const auto outcome = m_storage->read(
         "list of keys", [&](SqliteDatabase& database) { found = SqliteValues(database).entries(); });
-    return done ? std::move(found) : std::vector<Entry>();
+    return outcome == Storage::Outcome::done ? std::move(found) : std::vector<Entry>();
 }
 
-bool SqliteUserDefaults::replaceTail(std::string_view key, std::size_t offset, std::string_view tail) {
-    bool replaced = false;
-    const bool done = m_storage->change(key, [&](SqliteDatabase& database) {
-        replaced = SqliteValues(database).replaceTail(key, offset, tail);
+UserDefaults::Reading SqliteUserDefaults::readData(std::string_view key, const Read& read) const {
+    auto reading = Reading::absent;
+    const auto outcome = m_storage->read(
+        key, [&](SqliteDatabase& database) { reading = SqliteValues(database).readData(key, read); });
+    switch (outcome) {
+    case Storage::Outcome::done:
+        return reading;
+    case Storage::Outcome::nothingThere:
+        return Reading::absent;
+    case Storage::Outcome::failed:
+        break;
+    }
+    return Reading::failed;
+}
+
+bool SqliteUserDefaults::writeData(std::string_view key, const Write& write) {
+    bool written = false;
+    const auto outcome = m_storage->write(
+        key, [&](SqliteDatabase& database) { written = SqliteValues(database).writeData(key, write); });
+    return outcome == Storage::Outcome::done && written;
+}
+
+bool SqliteUserDefaults::writeTail(std::string_view key, std::size_t offset, const Write& write) {
+    bool written = false;
+    const auto outcome = m_storage->change(key, [&](SqliteDatabase& database) {
+        written = SqliteValues(database).writeTail(key, offset, write);
     });
-    return done && replaced;
+    return outcome == Storage::Outcome::done && written;
+}
+
+bool SqliteUserDefaults::renameValue(std::string_view key, std::string_view newKey) {
+    bool renamed = false;
+    const auto outcome = m_storage->change(
+        key, [&](SqliteDatabase& database) { renamed = SqliteValues(database).renameValue(key, newKey); });
+    return outcome == Storage::Outcome::done && renamed;
 }
 
 void SqliteUserDefaults::synchronise() { m_storage->synchronise(); }

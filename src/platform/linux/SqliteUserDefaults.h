@@ -23,7 +23,10 @@ public:
     void setValue(std::string_view key, const Value& value) override;
     void removeValue(std::string_view key) override;
     [[nodiscard]] std::vector<Entry> entries() const override;
-    bool replaceTail(std::string_view key, std::size_t offset, std::string_view tail) override;
+    [[nodiscard]] Reading readData(std::string_view key, const Read& read) const override;
+    bool writeData(std::string_view key, const Write& write) override;
+    bool writeTail(std::string_view key, std::size_t offset, const Write& write) override;
+    bool renameValue(std::string_view key, std::string_view newKey) override;
     void synchronise() override;
 
 private:

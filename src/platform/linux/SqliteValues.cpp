@@ -1,6 +1,7 @@
 #include "platform/linux/SqliteValues.h"
 
-#include "platform/linux/SqliteDatabase.h"
+#include "platform/linux/SqliteChunks.h"
+#include "platform/linux/SqliteLayout.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,32 +13,13 @@ namespace {
 using Type = UserDefaults::Type;
 using Value = UserDefaults::Value;
 
-constexpr std::int64_t layoutVersion = 1;
-
-/// The bytes of a data value lie in chunks. A chunk's place is its value's id times 2^40 plus the position of
-/// its first byte in the value, so that a value's chunks lie side by side and in order in one tree, and
-/// chunks need not all be of one length.
-constexpr const char* tables =
-    "BEGIN IMMEDIATE;"
-    "CREATE TABLE value (id INTEGER PRIMARY KEY, key TEXT NOT NULL UNIQUE, type INTEGER NOT NULL,"
-    "                    size INTEGER NOT NULL, content);"
-    "CREATE TABLE chunk (place INTEGER PRIMARY KEY, bytes BLOB NOT NULL);"
-    "PRAGMA user_version = 1;"
-    "COMMIT;";
-
-constexpr int placeBits = 40;
-constexpr std::size_t largestSize = (std::size_t{1} << placeBits) - 1;
-constexpr std::size_t chunkSize = 16384;
+using namespace sqlite_layout;
 
 /// What a corrupted size must not make us ask for at once.
 constexpr std::size_t largestReservation = std::size_t{1} << 28;
 
 /// Room worth giving back to the file system.
 constexpr std::size_t noticeableRoom = std::size_t{1} << 20;
-
-constexpr std::int64_t place(std::int64_t id, std::size_t position) {
-    return id * (std::int64_t{1} << placeBits) + static_cast<std::int64_t>(position);
-}
 
 struct SizeOf {
     std::size_t operator()(const std::string& text) const { return text.size(); }
@@ -83,39 +65,6 @@ std::optional<Value> scalar(Type type, const SqliteQuery& row, int column) {
 
 } // namespace
 
-void SqliteValues::prepare() {
-    switch (lookAtContent()) {
-    case Content::ours:
-        return;
-    case Content::foreign:
-        m_database.failAsCorrupt("not a store this version can read");
-        return;
-    case Content::none:
-        makeTables();
-    }
-}
-
-SqliteValues::Content SqliteValues::lookAtContent() {
-    // One statement: another process may be making the tables just now.
-    SqliteQuery query = m_database.query(
-        "SELECT user_version, (SELECT count(*) FROM sqlite_schema) FROM pragma_user_version");
-    if (!query.next() || query.integer(0) == layoutVersion)
-        return Content::ours;
-    return query.integer(0) == 0 && query.integer(1) == 0 ? Content::none : Content::foreign;
-}
-
-void SqliteValues::makeTables() {
-    m_database.run("PRAGMA journal_mode = WAL");
-    if (m_database.hasFailed() || m_database.run(tables))
-        return;
-    // Another process may have made them between our look and our try.
-    const auto failure = m_database.takeFailure();
-    m_database.run("ROLLBACK");
-    (void)m_database.takeFailure();
-    if (lookAtContent() != Content::ours)
-        m_database.fail(*failure);
-}
-
 std::optional<Type> SqliteValues::typeOf(std::int64_t stored) {
     if (stored >= 0 && stored <= static_cast<std::int64_t>(Type::data))
         return static_cast<Type>(stored);
@@ -134,44 +83,54 @@ std::optional<SqliteValues::Row> SqliteValues::find(std::string_view key) {
 }
 
 std::optional<Value> SqliteValues::value(std::string_view key) {
-    // One statement, so that what another process changes meanwhile is seen wholly or not at all.
-    SqliteQuery query = m_database.query(
-        "SELECT value.type, value.content, value.size, chunk.bytes FROM value LEFT JOIN chunk"
-        " ON chunk.place >= value.id << 40 AND chunk.place < (value.id + 1) << 40"
-        " WHERE value.key = ?1 ORDER BY chunk.place");
+    // Both statements see the same state, whatever another process changes meanwhile.
+    SqliteQuery query = m_database.query("SELECT id, type, size, content FROM value WHERE key = ?1");
     if (!query.bindText(1, key).next())
         return std::nullopt;
-    const auto type = typeOf(query.integer(0));
+    const auto type = typeOf(query.integer(1));
     if (type && *type != Type::data) {
-        auto found = scalar(*type, query, 1);
+        auto found = scalar(*type, query, 3);
         if (!found)
             m_database.failAsCorrupt("a value that is not of its type");
         return found;
     }
     const auto size = static_cast<std::size_t>(query.integer(2));
+    SqliteChunkReader parts(m_database, query.integer(0), size);
     Data data;
     data.bytes.reserve(std::min(size, largestReservation));
-    do
-        data.bytes += query.bytes(3);
-    while (query.next());
-    if (data.bytes.size() != size)
-        m_database.failAsCorrupt("a value that is not of its length");
+    while (const auto part = parts.next())
+        data.bytes += part->bytes;
     return data;
 }
 
+UserDefaults::Reading SqliteValues::readData(std::string_view key, const UserDefaults::Read& read) {
+    SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
+    if (!query.bindText(1, key).next())
+        return UserDefaults::Reading::absent;
+    const auto type = typeOf(query.integer(1));
+    if (type != Type::data)
+        return UserDefaults::Reading::otherType;
+    SqliteChunkReader parts(m_database, query.integer(0), static_cast<std::size_t>(query.integer(2)));
+    read(parts);
+    return UserDefaults::Reading::complete;
+}
+
 void SqliteValues::setValue(std::string_view key, const Value& value) {
-    const bool isData = std::holds_alternative<Data>(value);
-    if (!isData && this->value(key) == value)
+    if (const auto* const data = std::get_if<Data>(&value)) {
+        writeData(key, [data](DataSink& sink) {
+            sink.append(data->bytes);
+            return true;
+        });
+        return;
+    }
+    if (this->value(key) == value)
         return;
     SqliteTransaction change(m_database);
     const auto before = find(key);
     if (before)
         removeChunks(before->id, 0);
     putRow(key, value);
-    const auto after = find(key);
-    if (isData && after)
-        addChunks(after->id, {}, std::get<Data>(value).bytes);
-    if (change.commit() && before)
+    if (commit(change) && before)
         reclaimSpace(before->size, sizeOf(value));
 }
 
@@ -193,7 +152,7 @@ void SqliteValues::removeValue(std::string_view key) {
     SqliteTransaction change(m_database);
     removeChunks(row->id, 0);
     m_database.query("DELETE FROM value WHERE id = ?1").bindInteger(1, row->id).run();
-    if (change.commit())
+    if (commit(change))
         reclaimSpace(row->size, 0);
 }
 
@@ -207,70 +166,95 @@ std::vector<UserDefaults::Entry> SqliteValues::entries() {
     return entries;
 }
 
-bool SqliteValues::replaceTail(std::string_view key, std::size_t offset, std::string_view tail) {
+bool SqliteValues::writeData(std::string_view key, const UserDefaults::Write& write) {
     SqliteTransaction change(m_database);
+    const auto before = find(key);
+    if (!before || before->type != Type::data)
+        putRow(key, Data{});
     const auto row = find(key);
-    if (!row || row->type != Type::data || offset > row->size || tail.size() > largestSize - offset)
+    if (!row || !this->write(*row, 0, write) || !commit(change))
         return false;
-    Head head = headBefore(row->id, offset);
-    removeChunks(row->id, head.start);
-    addChunks(row->id, std::move(head), tail);
-    m_database.query("UPDATE value SET size = ?2 WHERE id = ?1")
-        .bindInteger(1, row->id)
-        .bindInteger(2, static_cast<std::int64_t>(offset + tail.size()))
-        .run();
-    if (!change.commit())
-        return false;
-    reclaimSpace(row->size, offset + tail.size());
+    if (before)
+        reclaimSpace(before->size, 0);
     return true;
 }
 
+bool SqliteValues::writeTail(std::string_view key, std::size_t offset, const UserDefaults::Write& write) {
+    SqliteTransaction change(m_database);
+    const auto row = find(key);
+    if (!row || row->type != Type::data || offset > row->size)
+        return false;
+    if (!this->write(*row, offset, write) || !commit(change))
+        return false;
+    reclaimSpace(row->size, offset);
+    return true;
+}
+
+/// Replaces what stands from the offset on, as part of a change.
+bool SqliteValues::write(const Row& row, std::size_t offset, const UserDefaults::Write& write) {
+    const Head head = headBefore(row.id, offset);
+    removeChunks(row.id, head.start);
+    SqliteChunkWriter writer(m_database, row.id, head.start);
+    writer.append(head.bytes);
+    if (!write(writer))
+        return false;
+    setSize(row.id, writer.finish());
+    return true;
+}
+
+bool SqliteValues::renameValue(std::string_view key, std::string_view newKey) {
+    SqliteTransaction change(m_database);
+    if (!find(key) || find(newKey))
+        return false;
+    m_database.query("UPDATE value SET key = ?2 WHERE key = ?1").bindText(1, key).bindText(2, newKey).run();
+    return commit(change);
+}
+
 SqliteValues::Head SqliteValues::headBefore(std::int64_t id, std::size_t offset) {
-    SqliteQuery query = m_database.query("SELECT place, bytes FROM chunk WHERE place >= ?1 AND place < ?2"
-                                         " ORDER BY place DESC LIMIT 1");
+    SqliteQuery query =
+        m_database.query("SELECT place, bytes, piece FROM chunk WHERE place >= ?1 AND place < ?2"
+                         " ORDER BY place DESC LIMIT 1");
     if (offset == 0 || !query.bindInteger(1, place(id, 0)).bindInteger(2, place(id, offset)).next()) {
         if (offset != 0)
             m_database.failAsCorrupt("a value without its bytes");
         return {offset, {}};
     }
     const auto start = static_cast<std::size_t>(query.integer(0) - place(id, 0));
-    const std::string_view bytes = query.bytes(1);
+    const bool isPiece = query.kind(2) == SqliteQuery::Kind::integer;
+    const std::string bytes =
+        isPiece ? sqlitePiece(m_database, query.integer(2)) : std::string(query.bytes(1));
     if (start + bytes.size() < offset)
         m_database.failAsCorrupt("a value that is not of its length");
     // A full chunk that ends just there stays as it is.
-    if (bytes.size() >= chunkSize && start + bytes.size() == offset)
+    if ((isPiece || bytes.size() >= chunkSize) && start + bytes.size() == offset)
         return {offset, {}};
-    return {start, std::string(bytes.substr(0, offset - start))};
+    return {start, bytes.substr(0, offset - start)};
 }
 
 void SqliteValues::removeChunks(std::int64_t id, std::size_t from) {
+    SqliteQuery naming = m_database.query("SELECT 1 FROM chunk WHERE place >= ?1 AND place < ?2"
+                                          " AND +piece IS NOT NULL LIMIT 1");
+    if (naming.bindInteger(1, place(id, from)).bindInteger(2, place(id + 1, 0)).next())
+        m_hasLetGoOfPieces = true;
     m_database.query("DELETE FROM chunk WHERE place >= ?1 AND place < ?2")
         .bindInteger(1, place(id, from))
         .bindInteger(2, place(id + 1, 0))
         .run();
 }
 
-void SqliteValues::addChunks(std::int64_t id, Head head, std::string_view tail) {
-    std::string first = std::move(head.bytes);
-    if (!first.empty()) {
-        const std::string_view joined = tail.substr(0, chunkSize - std::min(chunkSize, first.size()));
-        first += joined;
-        tail.remove_prefix(joined.size());
-    }
-    const auto add = [this, id](std::size_t position, std::string_view bytes) {
-        m_database.query("INSERT INTO chunk (place, bytes) VALUES (?1, ?2)")
-            .bindInteger(1, place(id, position))
-            .bindBytes(2, bytes)
+void SqliteValues::setSize(std::int64_t id, std::size_t size) {
+    m_database.query("UPDATE value SET size = ?2 WHERE id = ?1")
+        .bindInteger(1, id)
+        .bindInteger(2, static_cast<std::int64_t>(size))
+        .run();
+}
+
+bool SqliteValues::commit(SqliteTransaction& change) {
+    if (m_hasLetGoOfPieces)
+        m_database
+            .query("DELETE FROM piece WHERE NOT EXISTS (SELECT 1 FROM chunk WHERE chunk.piece = piece.id)")
             .run();
-    };
-    std::size_t position = head.start;
-    if (!first.empty())
-        add(position, first);
-    position += first.size();
-    for (; !tail.empty() && !m_database.hasFailed(); tail.remove_prefix(std::min(chunkSize, tail.size()))) {
-        add(position, tail.substr(0, chunkSize));
-        position += std::min(chunkSize, tail.size());
-    }
+    return change.commit();
 }
 
 /// A file grown large by what was deleted since is made small again: deleting a long history frees the disk.

@@ -5,6 +5,7 @@
 namespace brisklog {
 
 class SqliteDatabase;
+class SqliteTransaction;
 
 /// The user defaults' tables in an open database. Whatever fails is left in the database to be taken there;
 /// the result then means nothing.
@@ -12,18 +13,16 @@ class SqliteValues {
 public:
     explicit SqliteValues(SqliteDatabase& database) : m_database(database) {}
 
-    /// Makes the tables in an empty database; a database that holds anything but our tables is a failure.
-    void prepare();
-
     [[nodiscard]] std::optional<UserDefaults::Value> value(std::string_view key);
     void setValue(std::string_view key, const UserDefaults::Value& value);
     void removeValue(std::string_view key);
     [[nodiscard]] std::vector<UserDefaults::Entry> entries();
-    bool replaceTail(std::string_view key, std::size_t offset, std::string_view tail);
+    [[nodiscard]] UserDefaults::Reading readData(std::string_view key, const UserDefaults::Read& read);
+    bool writeData(std::string_view key, const UserDefaults::Write& write);
+    bool writeTail(std::string_view key, std::size_t offset, const UserDefaults::Write& write);
+    bool renameValue(std::string_view key, std::string_view newKey);
 
 private:
-    enum class Content { none, ours, foreign };
-
     struct Row {
         std::int64_t id;
         UserDefaults::Type type;
@@ -36,17 +35,19 @@ private:
         std::string bytes;
     };
 
-    [[nodiscard]] Content lookAtContent();
-    void makeTables();
     [[nodiscard]] std::optional<Row> find(std::string_view key);
     [[nodiscard]] std::optional<UserDefaults::Type> typeOf(std::int64_t stored);
     void putRow(std::string_view key, const UserDefaults::Value& value);
+    bool write(const Row& row, std::size_t offset, const UserDefaults::Write& write);
     [[nodiscard]] Head headBefore(std::int64_t id, std::size_t offset);
     void removeChunks(std::int64_t id, std::size_t from);
-    void addChunks(std::int64_t id, Head head, std::string_view tail);
+    void setSize(std::int64_t id, std::size_t size);
+    bool commit(SqliteTransaction& change);
     void reclaimSpace(std::size_t sizeBefore, std::size_t sizeAfter);
 
     SqliteDatabase& m_database;
+    /// Whether chunks were removed that named pieces.
+    bool m_hasLetGoOfPieces = false;
 };
 
 } // namespace brisklog
