@@ -218,6 +218,59 @@ TEST_F(BrisklogAppTest, aHeldPopoverStaysOpenWhenTheUserTurnsElsewhere) {
     }
 }
 
+TEST_F(BrisklogAppTest, clickingTheIconUnderASheetKeepsBothAndGivesTheSheetTheKeyboard) {
+    statusItem->click();
+    settle();
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    app.popover()->activateWindow();
+    settle();
+    statusItem->click();
+    settle();
+    EXPECT_TRUE(app.popover()->isShown());
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(QApplication::activeWindow(), sheet);
+    click(u"Abbrechen"_s);
+    statusItem->click();
+    EXPECT_FALSE(app.popover()->isShown());
+}
+
+TEST_F(BrisklogAppTest, openingItUnderASheetGivesTheSheetTheKeyboard) {
+    statusItem->click();
+    settle();
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    app.popover()->activateWindow();
+    app.open();
+    settle();
+    EXPECT_EQ(QApplication::activeWindow(), sheet);
+}
+
+TEST_F(BrisklogAppTest, quittingTwiceAsksOnceAndInFrontOfAnOpenSheet) {
+    statusItem->click();
+    settle();
+    startTimer(u"Entwurf"_s);
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    app.quit();
+    settle();
+    QWidget* const question = QApplication::activeModalWidget();
+    EXPECT_EQ(question->windowTitle(), u"Brisklog beenden?"_s);
+    EXPECT_EQ(question->parentWidget(), sheet);
+    app.quit();
+    settle();
+    EXPECT_EQ(QApplication::activeModalWidget(), question);
+    QTest::keyClick(question, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(QApplication::activeModalWidget(), sheet);
+    EXPECT_EQ(terminations, 0);
+    app.quit();
+    settle();
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
 TEST_F(BrisklogAppTest, escapeClosesThePopoverOnly) {
     statusItem->click();
     settle();

@@ -108,11 +108,13 @@ void BrisklogApp::quit() {
     if (m_content->timeStore.activeEntries->empty())
         return m_platform.terminate();
     open();
-    presentAlert(*m_popover,
-                 {.title = u"Brisklog beenden?"_s,
-                  .message = u"Laufende Timer gehen beim Beenden verloren."_s,
-                  .actionCaption = u"Beenden"_s},
-                 m_platform.terminate);
+    if (m_quitQuestion && m_quitQuestion->isVisible())
+        return;
+    m_quitQuestion = &presentAlert(m_popover->frontWindow(),
+                                   {.title = u"Brisklog beenden?"_s,
+                                    .message = u"Laufende Timer gehen beim Beenden verloren."_s,
+                                    .actionCaption = u"Beenden"_s},
+                                   m_platform.terminate);
 }
 
 void BrisklogApp::handlePointerPress() {

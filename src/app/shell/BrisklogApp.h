@@ -8,6 +8,7 @@
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
 
+#include <QPointer>
 #include <memory>
 
 class QWidget;
@@ -15,6 +16,7 @@ class QWidget;
 namespace brisklog {
 
 class PopoverWindow;
+class SheetWindow;
 class X11Watcher;
 
 /// Everything outside the program, as its parts need it.
@@ -74,6 +76,7 @@ private:
     std::unique_ptr<Timer> m_colorSchemeChange;
     AppDelegate m_delegate;
     PopoverWindow* m_popover = nullptr;
+    QPointer<SheetWindow> m_quitQuestion;
 };
 
 } // namespace brisklog

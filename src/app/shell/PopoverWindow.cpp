@@ -109,7 +109,13 @@ void PopoverWindow::showInFront() {
     takeFocusBack();
 }
 
-void PopoverWindow::close() { hide(); }
+void PopoverWindow::close() {
+    // Its sheets would stay behind alone.
+    if (isHeldOpen())
+        takeFocusBack();
+    else
+        hide();
+}
 
 void PopoverWindow::hideEvent(QHideEvent* event) {
     if (m_parts.x11 != nullptr)
@@ -122,8 +128,14 @@ std::shared_ptr<void> PopoverWindow::holdOpen() { return m_hold; }
 void PopoverWindow::takeFocusBack() {
     if (!isVisible())
         return;
-    raise();
-    activateWindow();
+    QWidget& front = frontWindow();
+    front.raise();
+    front.activateWindow();
+}
+
+QWidget& PopoverWindow::frontWindow() {
+    QWidget* const sheet = QApplication::activeModalWidget();
+    return sheet != nullptr ? *sheet : *this;
 }
 
 bool PopoverWindow::event(QEvent* event) {
@@ -134,10 +146,9 @@ bool PopoverWindow::event(QEvent* event) {
 }
 
 void PopoverWindow::closeIfLeft() {
-    const bool isHeldOpen = m_hold.use_count() > 1;
     const bool isOurs =
         QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr;
-    if (m_form == Form::popover && !isHeldOpen && !isOurs && !isPointerOnAnchor())
+    if (m_form == Form::popover && !isHeldOpen() && !isOurs && !isPointerOnAnchor())
         close();
 }
 
@@ -149,8 +160,7 @@ bool PopoverWindow::isPointerOnAnchor() const {
 }
 
 void PopoverWindow::handlePointerPress() {
-    const bool isHeldOpen = m_hold.use_count() > 1;
-    if (isVisible() && m_form == Form::popover && !isHeldOpen && !isPointerOnOwnWindow() &&
+    if (isVisible() && m_form == Form::popover && !isHeldOpen() && !isPointerOnOwnWindow() &&
         !isPointerOnAnchor())
         close();
 }

@@ -32,12 +32,16 @@ public:
     [[nodiscard]] bool isShown() const override { return isVisible(); }
 
     void show(const std::optional<ScreenRectangle>& anchor) override;
+    /// Closes it; while something holds it open, brings that to the front instead.
     void close() override;
     void setAppearance(ColorScheme appearance) override;
     void loadContent() override;
 
     [[nodiscard]] std::shared_ptr<void> holdOpen() override;
     void takeFocusBack() override;
+
+    /// What has the user's attention: the sheet opened last, else the popover itself.
+    [[nodiscard]] QWidget& frontWindow();
 
     /// Opens it as a window of its own, because no panel shows an icon.
     void showAsWindow();
@@ -58,6 +62,9 @@ private:
     void setForm(Form form);
     void showInFront();
     void closeIfLeft();
+
+    [[nodiscard]] bool isHeldOpen() const { return m_hold.use_count() > 1; }
+
     [[nodiscard]] bool isPointerOnAnchor() const;
 
     Parts m_parts;
