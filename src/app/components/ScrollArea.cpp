@@ -8,6 +8,8 @@ namespace brisklog {
 namespace {
 
 constexpr int step = 24;
+/// What is left around the part that has the focus, so that its ring is seen too.
+constexpr int roomForFocus = 12;
 
 } // namespace
 
@@ -26,6 +28,18 @@ void ScrollArea::setContent(QWidget* content) {
     setWidget(content);
     // The toolkit has just made it paint a ground of its own.
     content->setAutoFillBackground(false);
+}
+
+/// The toolkit is content when a field's cursor is in view.
+bool ScrollArea::focusNextPrevChild(bool next) {
+    if (!QScrollArea::focusNextPrevChild(next))
+        return false;
+    const QWidget* const focused = focusWidget();
+    if (focused && widget()->isAncestorOf(focused)) {
+        const QPoint middle = focused->mapTo(widget(), focused->rect().center());
+        ensureVisible(middle.x(), middle.y(), 0, focused->height() / 2 + roomForFocus);
+    }
+    return true;
 }
 
 QSize ScrollArea::sizeHint() const { return widget() ? widget()->sizeHint() : QSize(0, 0); }

@@ -16,6 +16,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
+
+protected:
+    bool focusNextPrevChild(bool next) override;
 };
 
 } // namespace brisklog

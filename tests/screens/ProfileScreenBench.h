@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/qt/QtImages.h"
+#include "profile/screens/ProfileScreen.h"
+#include "support/MemoryUserDefaults.h"
+#include "support/RecordingFiles.h"
+#include "support/RecordingLog.h"
+#include "support/TemporaryHome.h"
+#include "support/screen/ScreenTest.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace brisklog::test {
+
+/// Keeps what it was asked to show.
+class RecordingLogoPicker final : public LogoPickerPresenter {
+public:
+    void present(const std::string& title, Completion completed) override {
+        titles.push_back(title);
+        pending = std::move(completed);
+    }
+
+    void close() override { ++closings; }
+
+    std::vector<std::string> titles;
+    Completion pending;
+    int closings = 0;
+};
+
+/// The profile section as the popover shows it, over a real profile and its files.
+class ProfileScreenBench : public ScreenTest {
+protected:
+    /// The popover's inside under its navigation bar.
+    static constexpr QSize sectionSize{370, 592};
+
+    void open() {
+        screen = std::make_unique<ProfileScreen>(profile, images);
+        screen->resize(sectionSize);
+        showActive(*screen);
+    }
+
+    /// The field of that name, which must exist.
+    [[nodiscard]] QLineEdit& field(const QString& name) {
+        auto* const found = findNamed<QLineEdit>(*screen, name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+
+    [[nodiscard]] QAbstractButton& button(const QString& name) {
+        auto* const found = findNamed<QAbstractButton>(*screen, name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+
+    /// Key by key; the toolkit's own help knows no umlauts.
+    static void type(QLineEdit& field, const QString& text) {
+        for (const QChar character : text) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, character);
+            QCoreApplication::sendEvent(&field, &press);
+        }
+    }
+
+    [[nodiscard]] std::filesystem::path folder() const { return home.applicationSupport() / "Pennavo"; }
+
+    [[nodiscard]] std::filesystem::path profileFile() const { return folder() / "profile.json"; }
+
+    TemporaryHome home;
+    RecordingFiles files;
+    MemoryUserDefaults defaults;
+    RecordingLog log;
+    RecordingLogoPicker picker;
+    QtImages images;
+    UserProfile profile{{files, defaults, log, &picker}};
+    std::unique_ptr<ProfileScreen> screen;
+};
+
+} // namespace brisklog::test
