@@ -328,6 +328,13 @@ TEST_F(Profile, everyOlderKeyIsTakenOverInOrderAndSavedOnceMore) {
     EXPECT_EQ(figuresOf(profile), (std::vector<double>{14, 15, 16, 17}));
 }
 
+TEST_F(Profile, logoIsLoadedBeforeOlderValuesAreTakenOver) {
+    writeFile(logoFile(), "logo");
+    defaults.setValue("profile_city", "Pirna");
+    const UserProfile profile(platform());
+    EXPECT_EQ(files.written, (std::vector<std::string>{"userLogo.png", "profile.json", "profile.json"}));
+}
+
 TEST_F(Profile, taxOfficeHasNoOlderKey) {
     defaults.setValue("profile_taxOffice", "Pirna");
     const UserProfile profile(platform());

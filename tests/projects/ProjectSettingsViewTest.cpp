@@ -51,6 +51,15 @@ TEST_F(ProjectSettings, savingTrimsTheNameReadsTheCommaAndCloses) {
     EXPECT_EQ(bench.projectSaves(), 1);
 }
 
+TEST_F(ProjectSettings, nameOfOnlySpacesIsSavedEmpty) {
+    ProjectSettingsView view(bench.store, 1);
+    view.projectName = "  \n";
+    view.save();
+    EXPECT_EQ(bench.project(1).name, "");
+    EXPECT_FALSE(view.isPresented);
+    EXPECT_EQ(bench.projectSaves(), 1);
+}
+
 TEST_F(ProjectSettings, savingUnchangedKeepsNameRateAndEntries) {
     bench.store.addManualEntry(bench.project(1).id, bench.entry("Entwurf"));
     ProjectSettingsView(bench.store, 1).save();

@@ -56,10 +56,10 @@ TEST_F(ProjectScreenState, typedNameIsClearedThreeTenthsOfASecondLater) {
     view.taskName = "Entwurf";
     view.start();
     EXPECT_TRUE(view.isProcessing);
-    bench.runLoop.advance(0.29);
+    bench.runLoop.advance(0.299);
     EXPECT_EQ(*view.taskName, "Entwurf");
     EXPECT_TRUE(view.isProcessing);
-    bench.runLoop.advance(0.02);
+    bench.runLoop.advance(0.002);
     EXPECT_EQ(*view.taskName, "");
     EXPECT_FALSE(view.isProcessing);
 }
