@@ -284,5 +284,48 @@ TEST(CairoPdf, aRuleIsAGreyLineOfHalfAPoint) {
     EXPECT_NEAR(picture.brightness(3000, static_cast<int>(fromTop(400) * 10)), 128, 2);
 }
 
+TEST(CairoPdf, aFilledRectangleCoversItselfAndNothingElse) {
+    const PdfReader pdf(onePage([](PdfDocument& page) { page.fillRectangle({50, 400, 495, 30}, 0.2); }));
+    const auto picture = pdf.picture(1, 720);
+    const auto ink = picture.inkWithin({1, 0, 0, a4.width, a4.height});
+    ASSERT_TRUE(ink);
+    EXPECT_NEAR(ink->left, 50, 0.2);
+    EXPECT_NEAR(ink->right, 545, 0.2);
+    EXPECT_NEAR(ink->top, fromTop(430), 0.2);
+    EXPECT_NEAR(ink->bottom, fromTop(400), 0.2);
+    for (const int row : {4130, 4270, 4410})
+        for (const int column : {510, 3000, 5440})
+            EXPECT_NEAR(picture.brightness(column, row), 51, 1);
+}
+
+TEST(CairoPdf, whiteInkShowsOnADarkGroundAndWhatFollowsIsBlackAgain) {
+    TextStyle white = regular;
+    white.ink = Ink::white;
+    const PageRectangle under{line.x, line.y - 50, line.width, line.height};
+    const PdfReader pdf(onePage([&](PdfDocument& page) {
+        page.fillRectangle(line, 0);
+        page.drawLine("Aufgabe", line, white);
+        page.drawNumber("12", line, white);
+        page.drawLine("danach", under, regular);
+        page.drawNumber("34", under, regular);
+    }));
+    EXPECT_EQ(pdf.copiedText(), "Aufgabe12danach34");
+    const auto picture = pdf.picture(1, 288);
+    const auto isWhiteSomewhere = [&](double left, double right) {
+        for (int row = 4 * 128; row < 4 * 142; ++row)
+            for (auto column = static_cast<int>(4 * left); column < static_cast<int>(4 * right); ++column)
+                if (picture.brightness(column, row) == 255)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(isWhiteSomewhere(100, 140));
+    EXPECT_FALSE(isWhiteSomewhere(150, 270));
+    EXPECT_TRUE(isWhiteSomewhere(280, 300));
+    const auto ink = picture.inkWithin({1, 0, 170, a4.width, 200});
+    ASSERT_TRUE(ink);
+    EXPECT_NEAR(ink->left, 100.7, 1);
+    EXPECT_NEAR(ink->right, 299.5, 1);
+}
+
 } // namespace
 } // namespace brisklog::test

@@ -102,6 +102,13 @@ TEST_F(SaveDialog, itLooksAsAsked) {
         dialog->grab().save(qEnvironmentVariable("BRISKLOG_PICTURES") + u"/save-dialog.png"_s);
 }
 
+TEST_F(SaveDialog, aTitleOfSeveralLinesStandsOnOne) {
+    panel.savePanel.present(
+        {.title = std::string("Web\n\0Shop als PDF exportieren", 29), .suggestedName = "x"},
+        [](const auto&) {});
+    EXPECT_EQ(waitForDialog()->windowTitle(), u"Web  Shop als PDF exportieren"_s);
+}
+
 TEST_F(SaveDialog, savingGivesTheFile) {
     panel.present("Rechnung.pdf");
     buttonOf(*waitForDialog(), u"Speichern"_s)->click();

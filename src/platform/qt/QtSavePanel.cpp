@@ -1,5 +1,6 @@
 #include "platform/qt/QtSavePanel.h"
 
+#include "foundation/Text.h"
 #include "platform/PdfFileName.h"
 #include "platform/qt/PortalSaveRequest.h"
 #include "platform/qt/SaveDialog.h"
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 SaveQuestion questionFor(const SaveRequest& request, const Files& files) {
     const auto documents = files.documentsFolder();
     const bool hasDocuments = documents && files.exists(*documents);
-    return {.title = QString::fromStdString(request.title),
+    return {.title = QString::fromStdString(text::onOneLine(request.title)),
             .name = QString::fromStdString(pdfFileName(request.suggestedName)),
             .folder = hasDocuments ? QFile::decodeName(documents->c_str()) : QDir::homePath()};
 }
