@@ -1,0 +1,66 @@
+#pragma once
+
+#include "foundation/Observable.h"
+#include "platform/Background.h"
+#include "platform/Images.h"
+#include "platform/Log.h"
+#include "profile/FileItem.h"
+
+#include <functional>
+#include <optional>
+
+namespace brisklog {
+
+/// The outside world as the logo picker needs it. All of it must outlive work in the background, and so the
+/// picker.
+struct LogoPickerPlatform {
+    const Files& files;
+    const Images& images;
+    /// Reads folders.
+    Background& background;
+    Log& log;
+};
+
+/// A small file browser: the user walks the folders and chooses an image, which is handed on as the bytes to
+/// keep as the logo.
+class LogoPickerView final : public ObservableObject {
+public:
+    struct Actions {
+        /// Gets the bytes of the chosen image.
+        std::function<void(std::string bytes)> onImageSelected;
+        /// Closes the window; it may end the view once the operation that called it has returned.
+        std::function<void()> dismiss;
+    };
+
+    /// Starts reading the user's folder for pictures.
+    LogoPickerView(const LogoPickerPlatform& platform, Actions actions);
+
+    Published<std::filesystem::path> currentDirectory{*this, {}, [this] { loadDirectoryContents(); }};
+    Published<std::vector<FileItem>> items{*this};
+    Published<bool> isLoading{*this, false};
+    /// Empty when there is nothing to complain about.
+    Published<std::string> errorText{*this};
+
+    /// Has no effect at the root of the file system.
+    void moveToParentFolder();
+
+    /// Opens a folder, or takes an image and closes the picker.
+    void handleSelection(const FileItem& item);
+
+    /// The row of the folder the user has just come up from; none otherwise.
+    [[nodiscard]] std::optional<std::size_t> rowCameFrom() const;
+
+private:
+    [[nodiscard]] std::filesystem::path startFolder() const;
+    void loadDirectoryContents();
+    void takeContents(Result<std::vector<FileItem>> contents);
+    [[nodiscard]] std::optional<std::string> processImage(const Bitmap& image,
+                                                          const std::filesystem::path& file);
+
+    LogoPickerPlatform m_platform;
+    Actions m_actions;
+    std::filesystem::path m_cameFrom;
+    std::unique_ptr<BackgroundTask> m_loading;
+};
+
+} // namespace brisklog

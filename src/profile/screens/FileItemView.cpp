@@ -1,0 +1,112 @@
+#include "profile/screens/FileItemView.h"
+
+#include "app/components/BitmapImage.h"
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/Symbols.h"
+#include "profile/Thumbnails.h"
+#include "profile/screens/FileItemModel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+/// Inside its cell; around it there is room for the focus ring.
+constexpr QRect tileInCell{4, 5, 132, 124};
+constexpr int tileRadius = 8;
+constexpr int padding = 10;
+constexpr int pictureRadius = 6;
+constexpr int symbolSize = 40;
+constexpr int nameTop = 98;
+
+QRect tileIn(const QRect& cell) { return tileInCell.translated(cell.topLeft()); }
+
+QRect pictureBoxIn(const QRect& tile) {
+    const int left = tile.left() + (tile.width() - FileItemView::pictureSide) / 2;
+    return {left, tile.top() + padding, FileItemView::pictureSide, FileItemView::pictureSide};
+}
+
+QRect nameBoxIn(const QRect& tile) {
+    return {tile.left() + padding, tile.top() + nameTop, tile.width() - 2 * padding,
+            lineHeight(FontRole::caption11)};
+}
+
+FontRole nameFont(bool isMarked) { return isMarked ? FontRole::caption11Medium : FontRole::caption11; }
+
+void paintThumbnail(QPainter& painter, const QRect& box, const QImage& picture) {
+    QRectF place(QPointF(), picture.deviceIndependentSize());
+    place.moveCenter(QRectF(box).center());
+    place.moveTopLeft(place.topLeft().toPoint());
+    QPainterPath shape;
+    shape.addRoundedRect(place, pictureRadius, pictureRadius);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(shape, Qt::IntersectClip);
+    painter.drawImage(place, picture);
+    painter.restore();
+}
+
+} // namespace
+
+FileItemView::FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, ListView& list)
+    : QStyledItemDelegate(&list), m_model(model), m_thumbnails(thumbnails), m_list(list) {}
+
+QSize FileItemView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return cell; }
+
+void FileItemView::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_list);
+    const QRect tile = tileIn(option.rect);
+    const bool isFocused = m_list.showsFocusRing() && m_list.currentIndex() == index;
+    const bool isMarked = isFocused || option.state.testFlag(QStyle::State_MouseOver);
+    if (isMarked)
+        fillRounded(*painter, tile, tileRadius, withOpacity(palette.control, 0.7));
+    if (isFocused)
+        paintFocusRing(*painter, tile, tileRadius, palette);
+    paintPicture(*painter, pictureBoxIn(tile), index);
+    paintText(*painter, nameBoxIn(tile), index.data().toString(), nameFont(isMarked), palette.text,
+              Qt::AlignCenter, Qt::ElideMiddle);
+}
+
+void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QModelIndex& index) const {
+    const FileItem* const item = m_model.item(index.row());
+    if (!item)
+        return;
+    const Palette& palette = Palette::of(m_list);
+    if (item->isDirectory) {
+        fillRounded(painter, box, pictureRadius, withOpacity(palette.blueFill, 0.1));
+        paintSymbol(painter, box, u"folder"_s, symbolSize, palette.blue);
+        return;
+    }
+    const auto* const thumbnail = m_thumbnails.find(item->path);
+    if (thumbnail && thumbnail->succeeded()) {
+        paintThumbnail(painter, box, imageOf(thumbnail->value(), m_list.devicePixelRatioF()));
+        return;
+    }
+    fillRounded(painter, box, pictureRadius, withOpacity(palette.control, 0.5));
+    if (thumbnail)
+        paintSymbol(painter, box, u"photo"_s, symbolSize, palette.secondary);
+}
+
+bool FileItemView::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString name = index.data().toString();
+    const bool isElided = textWidth(name, nameFont(true)) > nameBoxIn(tileIn(option.rect)).width();
+    if (isElided)
+        QToolTip::showText(event->globalPos(), plainTooltip(name), view->viewport());
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+} // namespace brisklog

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace brisklog {
+
+class FileItemModel;
+class ListView;
+class Thumbnails;
+
+/// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it.
+class FileItemView final : public QStyledItemDelegate {
+public:
+    /// What one tile takes in the grid, the gaps to its neighbours included.
+    static constexpr QSize cell{145, 132};
+    /// The longer side of a thumbnail.
+    static constexpr int pictureSide = 80;
+
+    FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, ListView& list);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// What was shortened is shown in full.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+private:
+    void paintPicture(QPainter& painter, const QRect& box, const QModelIndex& index) const;
+
+    const FileItemModel& m_model;
+    const Thumbnails& m_thumbnails;
+    ListView& m_list;
+};
+
+} // namespace brisklog

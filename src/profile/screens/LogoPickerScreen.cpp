@@ -1,0 +1,168 @@
+#include "profile/screens/LogoPickerScreen.h"
+
+#include "app/components/Button.h"
+#include "app/components/EmptyState.h"
+#include "app/components/Hairline.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/SymbolButton.h"
+#include "profile/screens/FileItemView.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QTimer>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int barHeight = 47;
+constexpr QMargins barMargins{12, 0, 16, 0};
+constexpr QMargins errorMargins{16, 10, 16, 0};
+/// With what the first tile leaves in its cell for the focus ring, the first row stands 12 under the bar and
+/// 16 from the edge.
+constexpr QMargins listMargins{12, 7, 0, 0};
+constexpr int gap = 8;
+
+QString nameOf(const std::filesystem::path& folder) {
+    const auto name = folder.has_filename() ? folder.filename() : folder;
+    return onOneLine(QString::fromStdString(name.string()));
+}
+
+QWidget* nothingHere() {
+    return new EmptyState({.symbol = u"photo"_s,
+                           .headline = u"Hier liegen keine Bilder"_s,
+                           .sentence = u"Mit dem Pfeil in den übergeordneten Ordner wechseln."_s},
+                          EmptyState::Place::sheet);
+}
+
+bool isReturn(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+} // namespace
+
+LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Background& pictures,
+                                   LogoPickerView::Actions actions, QWidget* parent)
+    : Screen(parent), m_view(platform, actions),
+      m_thumbnails(platform.images, pictures, [this] { m_list->viewport()->update(); }),
+      m_scrolled(new QTimer(this)), m_up(new SymbolButton(u"arrow.up"_s, u"Übergeordneter Ordner"_s)),
+      m_folder(new ElidedLabel({}, FontRole::body13Semibold)), m_cancel(new Button(u"Abbrechen"_s)),
+      m_error(new Label({}, FontRole::tab12, &Palette::red, Label::Lines::wrapped)), m_list(new ListView),
+      m_loading(new Label(u"Lade Inhalte..."_s, FontRole::body13, &Palette::secondary)),
+      m_nothing(nothingHere()) {
+    m_up->onClick([this] { m_view.moveToParentFolder(); });
+    m_cancel->onClick(actions.dismiss);
+    makeList();
+    Column{bar(), new Hairline, Row{expanding(m_error)}.margins(errorMargins), expanding(body())}.applyTo(
+        *this);
+    setTabOrder(m_up, m_list);
+    setTabOrder(m_list, m_cancel);
+    setFocusProxy(m_list);
+    observe(m_view);
+}
+
+QWidget* LogoPickerScreen::bar() {
+    auto* const bar = new QWidget;
+    bar->setFixedHeight(barHeight);
+    Row{m_up, expanding(m_folder), m_cancel}.spacing(gap).margins(barMargins).applyTo(*bar);
+    return bar;
+}
+
+QWidget* LogoPickerScreen::body() {
+    auto* const body = new QWidget;
+    auto* const layers = new QGridLayout(body);
+    layers->setContentsMargins(listMargins);
+    // The list stays under the others, so that it keeps the keyboard while a folder is read.
+    layers->addWidget(m_list, 0, 0);
+    layers->addWidget(m_loading, 0, 0, Qt::AlignCenter);
+    layers->addWidget(m_nothing, 0, 0);
+    return body;
+}
+
+void LogoPickerScreen::makeList() {
+    m_list->setFlow(QListView::LeftToRight);
+    m_list->setWrapping(true);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setGridSize(FileItemView::cell);
+    m_list->setModel(&m_model);
+    m_list->setItemDelegate(new FileItemView(m_model, m_thumbnails, *m_list));
+    m_list->installEventFilter(this);
+    m_list->viewport()->installEventFilter(this);
+    connect(m_list, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index); });
+    m_scrolled->setSingleShot(true);
+    connect(m_scrolled, &QTimer::timeout, this, [this] { showThumbnails(); });
+    connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, m_scrolled,
+            [this] { m_scrolled->start(0); });
+}
+
+void LogoPickerScreen::refresh() {
+    const QString folder = nameOf(m_view.currentDirectory);
+    const bool isLoading = m_view.isLoading;
+    const bool hasError = !m_view.errorText->empty();
+    m_folder->setValue(folder);
+    m_list->setAccessibleName(folder);
+    m_error->setValue(onOneLine(QString::fromStdString(m_view.errorText)));
+    m_error->setVisible(hasError);
+    m_loading->setVisible(isLoading);
+    m_nothing->setVisible(!isLoading && !hasError && m_view.items->empty());
+    showItems();
+}
+
+void LogoPickerScreen::showItems() {
+    if (m_shownItems == m_view.items.revision())
+        return;
+    m_shownItems = m_view.items.revision();
+    m_thumbnails.clear();
+    m_model.setItems(m_view.items);
+    m_list->scrollToTop();
+    const auto cameFrom = m_view.rowCameFrom();
+    if (cameFrom || m_list->showsFocusRing())
+        m_list->setCurrentIndex(m_model.index(static_cast<int>(cameFrom.value_or(0))));
+    m_scrolled->start(0);
+}
+
+void LogoPickerScreen::resizeEvent(QResizeEvent* event) {
+    Screen::resizeEvent(event);
+    m_scrolled->start(0);
+}
+
+void LogoPickerScreen::showThumbnails() {
+    const QSize seen = m_list->viewport()->size();
+    const int columns = std::max(1, seen.width() / FileItemView::cell.width());
+    const int scrolled = m_list->verticalScrollBar()->value();
+    const int first = scrolled / FileItemView::cell.height() * columns;
+    const int behindLast = ((scrolled + seen.height()) / FileItemView::cell.height() + 1) * columns;
+    std::vector<std::filesystem::path> files;
+    for (int row = first; row < std::min(behindLast, m_model.rowCount()); ++row)
+        if (const FileItem* const item = m_model.item(row); !item->isDirectory)
+            files.push_back(item->path);
+    const int side = static_cast<int>(std::ceil(FileItemView::pictureSide * devicePixelRatioF()));
+    m_thumbnails.show(files, {side, side});
+}
+
+void LogoPickerScreen::choose(const QModelIndex& index) {
+    // A copy: the model may have others before the choice is over.
+    if (const FileItem* const item = m_model.item(index.row()))
+        m_view.handleSelection(FileItem(*item));
+}
+
+bool LogoPickerScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_list && event->type() == QEvent::KeyPress && isReturn(*static_cast<QKeyEvent*>(event))) {
+        choose(m_list->currentIndex());
+        return true;
+    }
+    // Who opens a folder with a double click, as elsewhere, must not choose what lies under the pointer then.
+    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonDblClick)
+        return m_isSecondClick = true;
+    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
+        return std::exchange(m_isSecondClick, false);
+    return Screen::eventFilter(watched, event);
+}
+
+} // namespace brisklog

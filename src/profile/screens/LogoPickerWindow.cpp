@@ -1,0 +1,77 @@
+#include "profile/screens/LogoPickerWindow.h"
+
+#include "app/components/Layout.h"
+#include "app/components/SheetHost.h"
+#include "app/components/Sheets.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+constexpr QSize windowSize{600, 500};
+constexpr QSize smallestSize{330, 240};
+
+/// The window manager's frame comes on top of it, of a height that nobody knows before.
+QPoint centredOn(const QScreen& screen) {
+    QRect place(QPoint(), windowSize);
+    place.moveCenter(screen.availableGeometry().center());
+    return place.topLeft();
+}
+
+} // namespace
+
+LogoPickerWindow::LogoPickerWindow(const QString& title, LogoPickerScreen* screen, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint) {
+    setWindowTitle(title);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::WindowModal);
+    setMinimumSize(smallestSize);
+    resize(windowSize);
+    Column{expanding(screen)}.applyTo(*this);
+    screen->setFocus();
+}
+
+void LogoPickerWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void LogoPickerWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    if (const auto closed = std::exchange(m_closed, nullptr))
+        closed();
+}
+
+LogoPickerWindowController::~LogoPickerWindowController() { delete m_window.data(); }
+
+void LogoPickerWindowController::present(const std::string& title, Completion completed) {
+    close();
+    QWidget& parent = *m_platform.parentWindow();
+    auto* const screen =
+        new LogoPickerScreen(m_platform.picker, m_platform.pictures,
+                             {.onImageSelected = std::move(completed), .dismiss = [this] { close(); }});
+    m_window = new LogoPickerWindow(QString::fromStdString(title), screen, &parent);
+    SheetHost* const host = sheetHostOf(parent);
+    m_window->onClosed([back = QPointer(&parent), host, hold = host ? host->holdOpen() : nullptr]() mutable {
+        hold.reset();
+        if (back && host)
+            host->takeFocusBack();
+    });
+    m_window->move(centredOn(*parent.screen()));
+    m_window->show();
+    m_window->activateWindow();
+}
+
+void LogoPickerWindowController::close() {
+    if (m_window)
+        std::exchange(m_window, nullptr)->close();
+}
+
+} // namespace brisklog

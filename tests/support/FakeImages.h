@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Images.h"
+
+#include <string>
+#include <vector>
+
+namespace brisklog::test {
+
+/// Images that are whatever a test says they are: a file is an image when it begins with "image", its size
+/// stands behind that ("image 1600 400").
+class FakeImages final : public Images {
+public:
+    [[nodiscard]] Result<Bitmap> read(const std::filesystem::path& file, const SizeRule& rule) const override;
+    [[nodiscard]] Result<Bitmap> decode(std::string_view bytes, const SizeRule& rule) const override;
+    /// "png 800 200".
+    [[nodiscard]] Result<std::string> encodePng(const Bitmap& picture) const override;
+
+    bool encodingFails = false;
+    /// Names of the files read, in order.
+    mutable std::vector<std::string> readFiles;
+};
+
+} // namespace brisklog::test
