@@ -53,17 +53,16 @@ LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Backgroun
       m_thumbnails(platform.images, pictures, [this] { m_list->viewport()->update(); }),
       m_scrolled(new QTimer(this)), m_up(new SymbolButton(u"arrow.up"_s, u"Übergeordneter Ordner"_s)),
       m_folder(new ElidedLabel({}, FontRole::body13Semibold)), m_cancel(new Button(u"Abbrechen"_s)),
-      m_error(new Label({}, FontRole::tab12, &Palette::red, Label::Lines::wrapped)), m_list(new ListView),
+      m_error(new Label({}, FontRole::tab12, &Palette::red, Label::Lines::wrapped)),
+      m_errorStrip(errorStrip()), m_list(new ListView),
       m_loading(new Label(u"Lade Inhalte..."_s, FontRole::body13, &Palette::secondary)),
       m_nothing(nothingHere()) {
     m_up->onClick([this] { m_view.moveToParentFolder(); });
     m_cancel->onClick(actions.dismiss);
     makeList();
-    Column{bar(), new Hairline, Row{expanding(m_error)}.margins(errorMargins), expanding(body())}.applyTo(
-        *this);
+    Column{bar(), new Hairline, m_errorStrip, expanding(body())}.applyTo(*this);
     setTabOrder(m_up, m_list);
     setTabOrder(m_list, m_cancel);
-    setFocusProxy(m_list);
     observe(m_view);
 }
 
@@ -72,6 +71,12 @@ QWidget* LogoPickerScreen::bar() {
     bar->setFixedHeight(barHeight);
     Row{m_up, expanding(m_folder), m_cancel}.spacing(gap).margins(barMargins).applyTo(*bar);
     return bar;
+}
+
+QWidget* LogoPickerScreen::errorStrip() {
+    auto* const strip = new QWidget;
+    Row{expanding(m_error)}.margins(errorMargins).applyTo(*strip);
+    return strip;
 }
 
 QWidget* LogoPickerScreen::body() {
@@ -84,6 +89,8 @@ QWidget* LogoPickerScreen::body() {
     layers->addWidget(m_nothing, 0, 0);
     return body;
 }
+
+void LogoPickerScreen::focusTiles() { m_list->setFocus(); }
 
 void LogoPickerScreen::makeList() {
     m_list->setFlow(QListView::LeftToRight);
@@ -108,7 +115,7 @@ void LogoPickerScreen::refresh() {
     m_folder->setValue(folder);
     m_list->setAccessibleName(folder);
     m_error->setValue(onOneLine(QString::fromStdString(m_view.errorText)));
-    m_error->setVisible(hasError);
+    m_errorStrip->setVisible(hasError);
     m_loading->setVisible(isLoading);
     m_nothing->setVisible(!isLoading && !hasError && m_view.items->empty());
     showItems();

@@ -24,6 +24,9 @@ public:
     LogoPickerScreen(const LogoPickerPlatform& platform, Background& pictures,
                      LogoPickerView::Actions actions, QWidget* parent = nullptr);
 
+    /// Gives the tiles the keyboard.
+    void focusTiles();
+
 protected:
     void refresh() override;
     void resizeEvent(QResizeEvent* event) override;
@@ -32,6 +35,7 @@ protected:
 private:
     [[nodiscard]] QWidget* bar();
     [[nodiscard]] QWidget* body();
+    [[nodiscard]] QWidget* errorStrip();
     void makeList();
     void showItems();
     void showThumbnails();
@@ -48,6 +52,7 @@ private:
     ElidedLabel* m_folder;
     Button* m_cancel;
     Label* m_error;
+    QWidget* m_errorStrip;
     ListView* m_list;
     Label* m_loading;
     QWidget* m_nothing;

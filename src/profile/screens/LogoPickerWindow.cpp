@@ -33,7 +33,7 @@ LogoPickerWindow::LogoPickerWindow(const QString& title, LogoPickerScreen* scree
     setMinimumSize(smallestSize);
     resize(windowSize);
     Column{expanding(screen)}.applyTo(*this);
-    screen->setFocus();
+    screen->focusTiles();
 }
 
 void LogoPickerWindow::keyPressEvent(QKeyEvent* event) {
