@@ -26,6 +26,13 @@ private:
     QPainter& m_painter;
 };
 
+void paintCardIn(const QColor& color, QPainter& painter, const QRect& area, const Palette& palette) {
+    const QRectF sheet = QRectF(area).adjusted(0, 0, 0, -1);
+    fillRounded(painter, sheet.translated(0, 1), cardRadius, withOpacity(QColor(0, 0, 0), 0.05));
+    fillRounded(painter, sheet, cardRadius, color);
+    frameRounded(painter, sheet, cardRadius, palette.line);
+}
+
 } // namespace
 
 void fillRounded(QPainter& painter, const QRectF& area, qreal radius, const QColor& color) {
@@ -46,10 +53,11 @@ void frameRounded(QPainter& painter, const QRectF& area, qreal radius, const QCo
 }
 
 void paintCard(QPainter& painter, const QRect& area, const Palette& palette) {
-    const QRectF sheet = QRectF(area).adjusted(0, 0, 0, -1);
-    fillRounded(painter, sheet.translated(0, 1), cardRadius, withOpacity(QColor(0, 0, 0), 0.05));
-    fillRounded(painter, sheet, cardRadius, palette.card);
-    frameRounded(painter, sheet, cardRadius, palette.line);
+    paintCardIn(palette.card, painter, area, palette);
+}
+
+void paintHoveredCard(QPainter& painter, const QRect& area, const Palette& palette) {
+    paintCardIn(laidOver(withOpacity(palette.control, 0.5), palette.ground), painter, area, palette);
 }
 
 void paintField(QPainter& painter, const QRect& area, const FieldLook& look, const Palette& palette) {

@@ -19,6 +19,8 @@ void frameRounded(QPainter& painter, const QRectF& area, qreal radius, const QCo
 
 /// Ground, line and shadow line of a card; the shadow takes the lowest pixel row of `area`.
 void paintCard(QPainter& painter, const QRect& area, const Palette& palette);
+/// The card while the pointer is over it, where it can be pressed as a whole.
+void paintHoveredCard(QPainter& painter, const QRect& area, const Palette& palette);
 
 struct FieldLook {
     bool isHovered = false;

@@ -5,6 +5,7 @@
 #include "app/components/ListView.h"
 #include "app/components/Painting.h"
 #include "app/components/Symbols.h"
+#include "foundation/Text.h"
 #include "profile/screens/CustomerModel.h"
 
 #include <QHelpEvent>
@@ -38,7 +39,7 @@ struct Line {
     QString symbol;
 };
 
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+QString text(const std::string& utf8) { return QString::fromStdString(text::onOneLine(utf8)); }
 
 int heightOf(const CustomerRowView& row) {
     int height = 2 * paddingDown + shadow;
@@ -106,7 +107,10 @@ void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const Palette& palette = Palette::of(m_list);
     const QRect card = cardIn(option.rect, index);
     painter->save();
-    paintCard(*painter, card, palette);
+    if (option.state.testFlag(QStyle::State_MouseOver))
+        paintHoveredCard(*painter, card, palette);
+    else
+        paintCard(*painter, card, palette);
     for (const Line& line : linesOf(m_model.row(index), card))
         paintLine(*painter, line, palette);
     if (m_list.showsFocusRing() && m_list.currentIndex() == index)

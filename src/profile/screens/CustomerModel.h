@@ -5,26 +5,39 @@
 
 #include <QAbstractListModel>
 #include <optional>
+#include <vector>
 
 namespace brisklog {
 
-/// The store's customers for a list view.
+/// The store's customers for a list view, as they were at the last `synchronise`.
 class CustomerModel final : public QAbstractListModel {
 public:
     explicit CustomerModel(const TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}
 
-    /// What the row shows; an empty row for one that is gone.
-    [[nodiscard]] CustomerRowView row(const QModelIndex& index) const;
+    [[nodiscard]] const CustomerRowView& row(const QModelIndex& index) const;
+    [[nodiscard]] const Uuid& customerId(const QModelIndex& index) const;
 
-    /// Tells the list that the customers changed since the last call, if they did.
+    /// Tells the list what changed in the customers since the last call. What stayed keeps its place under
+    /// the eyes of the reader.
     void synchronise();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
+    struct Row {
+        Uuid id;
+        CustomerRowView shown;
+    };
+
+    using Rows = std::vector<Row>;
+
+    [[nodiscard]] Rows currentRows() const;
+    void take(Rows rows);
+    void replaceAll(Rows rows);
+
     const TimeTrackingStore& m_timeStore;
-    int m_count = 0;
+    Rows m_rows;
     std::optional<std::uint64_t> m_revision;
 };
 

@@ -3,8 +3,12 @@
 #include "app/components/EmptyState.h"
 #include "app/components/Layout.h"
 #include "app/components/ListView.h"
-#include "app/components/SheetWindow.h"
+#include "app/components/NavigationButton.h"
+#include "app/components/Sheets.h"
 #include "profile/screens/CustomerDelegate.h"
+#include "profile/screens/CustomerEditScreen.h"
+
+#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -13,36 +17,90 @@ namespace {
 
 constexpr QSize sheetSize{460, 560};
 
-EmptyState* noCustomers() {
+EmptyState* noCustomers(std::function<void()> createCustomer) {
     return new EmptyState(
         {.symbol = u"person.crop.circle.badge.questionmark"_s,
          .headline = u"Keine Kunden vorhanden"_s,
-         .sentence = u"Erstellen Sie Kundenprofile, um diese bei der Rechnungserstellung auszuwählen."_s},
+         .sentence = u"Erstellen Sie Kundenprofile, um diese bei der Rechnungserstellung auszuwählen."_s,
+         .buttonCaption = u"Ersten Kunden anlegen"_s,
+         .action = std::move(createCustomer)},
         EmptyState::Place::sheet);
 }
 
 } // namespace
 
 CustomerScreen::CustomerScreen(TimeTrackingStore& timeStore)
-    : m_timeStore(timeStore), m_model(timeStore), m_noCustomers(noCustomers()),
+    : m_timeStore(timeStore), m_view(timeStore), m_model(timeStore),
+      m_newCustomer(new NavigationButton({.icon = u"plus"_s,
+                                          .label = u"Neuer Kunde"_s,
+                                          .action = [this] { m_view.createCustomer(); },
+                                          .accent = true})),
+      m_noCustomers(noCustomers([this] { m_view.createCustomer(); })),
       m_list(new ListView(ListView::RowHeights::different)) {
-    m_list->setAccessibleName(u"Kundenverwaltung"_s);
-    m_list->setModel(&m_model);
-    m_list->setItemDelegate(new CustomerDelegate(m_model, *m_list));
+    makeList();
     Column{expanding(m_noCustomers), expanding(m_list)}.applyTo(*this);
     observe(m_timeStore);
+    observe(m_view);
+}
+
+void CustomerScreen::makeList() {
+    m_list->setAccessibleName(u"Kundenverwaltung"_s);
+    m_list->setAccessibleDescription(u"Die Eingabetaste öffnet einen Kunden."_s);
+    m_list->setModel(&m_model);
+    m_list->setItemDelegate(new CustomerDelegate(m_model, *m_list));
+    m_list->installEventFilter(this);
+    connect(m_list, &QAbstractItemView::clicked, this, [this](const QModelIndex& i) { editCustomer(i); });
+}
+
+bool CustomerScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return Screen::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (chooses)
+        editCustomer(m_list->currentIndex());
+    return chooses;
+}
+
+void CustomerScreen::editCustomer(const QModelIndex& index) {
+    if (index.isValid())
+        m_view.editCustomer(m_model.customerId(index));
 }
 
 void CustomerScreen::refresh() {
+    refreshRows();
+    m_noCustomers->setVisible(!m_view.hasCustomers());
+    m_list->setVisible(m_view.hasCustomers());
+    refreshForm();
+}
+
+void CustomerScreen::refreshRows() {
+    const int before = m_model.rowCount();
     m_model.synchronise();
-    m_noCustomers->setVisible(m_timeStore.customers->empty());
-    m_list->setVisible(!m_timeStore.customers->empty());
+    const bool customerWasAdded = before > 0 && m_model.rowCount() == before + 1;
+    if (customerWasAdded)
+        m_list->scrollToBottom();
+}
+
+void CustomerScreen::refreshForm() {
+    if (!m_view.isFormShown() || m_form)
+        return;
+    const std::optional<Customer>& customer = m_view.editingCustomer;
+    auto form = customer ? std::make_unique<CustomerEditScreen>(m_timeStore, *customer)
+                         : std::make_unique<CustomerEditScreen>(m_timeStore);
+    m_form = &presentSheet(*this, std::move(form));
+    m_form->onClosed([this] {
+        m_form = nullptr;
+        m_view.formClosed();
+    });
 }
 
 std::unique_ptr<SheetWindow> makeCustomerSheet(TimeTrackingStore& timeStore) {
     auto sheet = std::make_unique<SheetWindow>(u"Kundenverwaltung"_s, sheetSize);
+    auto* screen = new CustomerScreen(timeStore);
+    sheet->addHeaderWidget(&screen->newCustomerButton());
     sheet->addCloseButton(u"Schließen"_s);
-    sheet->setBody(new CustomerScreen(timeStore), SheetWindow::Body::fixed);
+    sheet->setBody(screen, SheetWindow::Body::fixed);
     return sheet;
 }
 

@@ -2,29 +2,45 @@
 
 #include "app/components/Screen.h"
 #include "core/TimeTrackingStore.h"
+#include "profile/CustomerView.h"
 #include "profile/screens/CustomerModel.h"
 
+#include <QPointer>
 #include <memory>
 
 namespace brisklog {
 
 class EmptyState;
 class ListView;
+class NavigationButton;
 class SheetWindow;
 
-/// The list of customers that invoices are addressed to.
+/// The list of customers that invoices are addressed to. The button for a new one is the sheet header's.
 class CustomerScreen final : public Screen {
 public:
     explicit CustomerScreen(TimeTrackingStore& timeStore);
 
+    /// "Neuer Kunde".
+    [[nodiscard]] NavigationButton& newCustomerButton() const { return *m_newCustomer; }
+
 protected:
     void refresh() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void makeList();
+    void refreshRows();
+    /// Shows or takes away a customer's form, as the view says.
+    void refreshForm();
+    void editCustomer(const QModelIndex& index);
+
     TimeTrackingStore& m_timeStore;
+    CustomerView m_view;
     CustomerModel m_model;
+    NavigationButton* m_newCustomer;
     EmptyState* m_noCustomers;
     ListView* m_list;
+    QPointer<SheetWindow> m_form;
 };
 
 /// The sheet, ready to be presented.

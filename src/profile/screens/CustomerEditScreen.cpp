@@ -1,0 +1,175 @@
+#include "profile/screens/CustomerEditScreen.h"
+
+#include "app/components/Button.h"
+#include "app/components/Card.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/Picker.h"
+#include "app/components/Sheets.h"
+#include "app/components/TextField.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr QSize sheetSize{500, 600};
+constexpr int labelGap = 3;
+constexpr int rowGap = 8;
+constexpr int columnGap = 12;
+constexpr int genderWidth = 120;
+constexpr int postalCodeWidth = 96;
+constexpr int confirmWidth = 112;
+/// The lowest pixel row of a card is its shadow.
+constexpr int shadow = 1;
+
+QString text(const std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A box of rows under its title.
+LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
+    auto* card = new Card;
+    Column column{};
+    for (const LayoutItem& row : rows)
+        column.add(row);
+    column.spacing(rowGap).margins({14, 10, 14, 12 + shadow}).applyTo(*card);
+    return Column{Row{space(2), new Label(title, FontRole::body13Semibold)}, space(4), card};
+}
+
+/// The widget in a column of that width.
+QWidget* ofWidth(QWidget* widget, int width) {
+    widget->setFixedWidth(width);
+    return widget;
+}
+
+} // namespace
+
+CustomerEditScreen::CustomerEditScreen(TimeTrackingStore& timeStore)
+    : SheetWindow({}, sheetSize), m_view(timeStore) {
+    build();
+}
+
+CustomerEditScreen::CustomerEditScreen(TimeTrackingStore& timeStore, const Customer& customer)
+    : SheetWindow({}, sheetSize), m_view(timeStore, customer) {
+    build();
+}
+
+void CustomerEditScreen::build() {
+    setTitle(text(m_view.title()));
+    m_confirm = new Button(text(m_view.confirmCaption()), Button::Kind::primary);
+    addHeader();
+    setBody(makeBody());
+    addFooter();
+}
+
+QWidget* CustomerEditScreen::makeBody() {
+    auto* body = new QWidget;
+    Column{basicInformation(), address(), contact(), stretch()}
+        .spacing(9)
+        .margins({20, 10, 20, 0})
+        .applyTo(*body);
+    return body;
+}
+
+LayoutItem CustomerEditScreen::basicInformation() {
+    QWidget* const firstName = field(u"Vorname"_s, m_view.firstName);
+    QWidget* const gender = ofWidth(genderPicker(), genderWidth);
+    // The keyboard starts there, ready to go on writing.
+    firstName->findChild<QLineEdit*>()->end(false);
+    return group(u"Grundinformationen"_s,
+                 {Row{firstName, field(u"Nachname"_s, m_view.name)}.spacing(columnGap),
+                  Row{gender, field(u"Firma"_s, m_view.company)}.spacing(columnGap),
+                  field(u"Steuernummer / USt-ID"_s, m_view.taxId)});
+}
+
+LayoutItem CustomerEditScreen::address() {
+    QWidget* const street = field(u"Straße und Hausnummer"_s, m_view.address);
+    QWidget* const postalCode = ofWidth(field(u"PLZ"_s, m_view.postalCode), postalCodeWidth);
+    return group(u"Adresse"_s, {street, Row{postalCode, field(u"Ort"_s, m_view.city)}.spacing(columnGap)});
+}
+
+LayoutItem CustomerEditScreen::contact() {
+    QWidget* const email = field(u"E-Mail"_s, m_view.email);
+    return group(u"Kontakt"_s, {Row{email, field(u"Telefon"_s, m_view.phone)}.spacing(columnGap)});
+}
+
+QWidget* CustomerEditScreen::field(const QString& label, Published<std::string>& value) {
+    auto* field = new TextField;
+    field->setValue(text(*value));
+    // What does not fit is seen from its beginning.
+    field->setCursorPosition(0);
+    field->onEdited([this, &value](const QString& typed) {
+        value = typed.toStdString();
+        m_confirm->setEnabled(m_view.canSave());
+    });
+    return withLabelAbove(label, field, labelGap);
+}
+
+QWidget* CustomerEditScreen::genderPicker() {
+    auto* picker = new Picker;
+    std::vector<QString> words;
+    for (const Gender gender : allGenders)
+        words.push_back(text(salutationWord(gender)));
+    picker->setOptions(words);
+    const auto* const chosen = std::ranges::find(allGenders, m_view.gender.get());
+    picker->setSelectedIndex(static_cast<int>(chosen - allGenders.begin()));
+    picker->onChosen([this](int index) { m_view.gender = allGenders.at(static_cast<std::size_t>(index)); });
+    return withLabelAbove(u"Geschlecht"_s, picker, labelGap);
+}
+
+void CustomerEditScreen::addHeader() {
+    auto* cancelButton = new Button(u"Abbrechen"_s, Button::Kind::textual);
+    cancelButton->onClick([this] { cancel(); });
+    addHeaderWidget(cancelButton);
+}
+
+void CustomerEditScreen::addFooter() {
+    if (m_view.isEditing()) {
+        auto* deleteButton = new Button(u"Löschen"_s, Button::Kind::destructive);
+        deleteButton->setSymbol(u"trash"_s);
+        deleteButton->onClick([this] { confirmDeleting(); });
+        addFooterLeading(deleteButton);
+    }
+    auto* cancelButton = new Button(u"Abbrechen"_s);
+    cancelButton->onClick([this] { cancel(); });
+    m_confirm->setMinimumWidth(confirmWidth);
+    m_confirm->setEnabled(m_view.canSave());
+    m_confirm->onClick([this] { save(); });
+    addFooterTrailing(cancelButton);
+    addFooterTrailing(m_confirm);
+    setMainAction(*m_confirm);
+}
+
+void CustomerEditScreen::save() {
+    m_view.saveCustomer();
+    closeWhenDone();
+}
+
+void CustomerEditScreen::cancel() {
+    m_view.cancel();
+    closeWhenDone();
+}
+
+void CustomerEditScreen::confirmDeleting() {
+    m_view.showingDeleteAlert = true;
+    SheetWindow& alert = presentAlert(
+        *this,
+        {.title = u"Kunden löschen?"_s,
+         .message = u"Möchten Sie diesen Kunden wirklich löschen? Diese Aktion kann nicht rückgängig "
+                    "gemacht werden."_s},
+        [this] {
+            m_view.deleteCustomer();
+            closeWhenDone();
+        });
+    alert.onClosed([this] { m_view.showingDeleteAlert = false; });
+}
+
+void CustomerEditScreen::closeWhenDone() {
+    if (!m_view.isPresented)
+        dismiss();
+}
+
+} // namespace brisklog

@@ -1,0 +1,54 @@
+// What an open invoice sheet makes of a chosen customer who has been deleted.
+
+#include "invoice/InvoiceSheet.h"
+
+#include <gtest/gtest.h>
+
+namespace brisklog::test {
+namespace {
+
+constexpr TimeInterval hour = 3600;
+
+/// One ticked entry, and a customer who was chosen and then deleted; others may be left.
+class InvoiceDeletedCustomer : public testing::Test, protected InvoiceSheet {
+protected:
+    InvoiceDeletedCustomer() : InvoiceSheet({entryOf("Eins", hour)}, 60.0) {
+        addCustomer(gone);
+        view->toggleEntry(0);
+        view->selectedCustomerId = gone.id;
+    }
+
+    const Customer gone = customerNamed("Müller");
+};
+
+TEST_F(InvoiceDeletedCustomer, isNobodySoAnotherOneMustBeChosen) {
+    addCustomer(customerNamed("Adler"));
+    EXPECT_TRUE(view->canCreateInvoice());
+    store.deleteCustomer(0);
+    EXPECT_EQ(view->selectedCustomer(), std::nullopt);
+    EXPECT_FALSE(view->canCreateInvoice());
+    view->selectedCustomerId = store.customers->front().id;
+    EXPECT_TRUE(view->canCreateInvoice());
+}
+
+TEST_F(InvoiceDeletedCustomer, needsNoSuccessorWhenNobodyIsLeft) {
+    store.deleteCustomer(0);
+    ASSERT_TRUE(view->canCreateInvoice());
+    view->createInvoice();
+    EXPECT_EQ(store.archivedInvoices->front().customerName, std::nullopt);
+    savePanel.answer(home.path() / "Rechnung.pdf");
+    ASSERT_EQ(generated.size(), 1U);
+    EXPECT_EQ(generated[0].customer, std::nullopt);
+}
+
+TEST_F(InvoiceDeletedCustomer, isLeftOutOfTheDocumentWhenDeletedUnderThePanel) {
+    view->createInvoice();
+    store.deleteCustomer(0);
+    savePanel.answer(home.path() / "Rechnung.pdf");
+    ASSERT_EQ(generated.size(), 1U);
+    EXPECT_EQ(generated[0].customer, std::nullopt);
+    EXPECT_EQ(store.archivedInvoices->front().customerName, "Müller");
+}
+
+} // namespace
+} // namespace brisklog::test

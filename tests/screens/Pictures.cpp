@@ -1,0 +1,33 @@
+#include "screens/Pictures.h"
+
+#include "app/components/Palette.h"
+#include "support/screen/ScreenTest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog::test {
+namespace {
+
+constexpr int pixelRatio = 2;
+
+void keep(const QImage& image, const QString& name) {
+    const QString folder = qEnvironmentVariable("BRISKLOG_PICTURES");
+    if (folder.isEmpty())
+        return;
+    EXPECT_TRUE(image.save(u"%1/%2.png"_s.arg(folder, name)));
+}
+
+} // namespace
+
+void takePictures(QWidget& window, const QString& name, const QPoint& groundAt) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        applyColorScheme(scheme);
+        settle();
+        const QImage image = picture(window, pixelRatio);
+        EXPECT_EQ(image.pixelColor(groundAt * pixelRatio), Palette::of(scheme).ground) << name.toStdString();
+        keep(image, name + (scheme == ColorScheme::light ? u"-light"_s : u"-dark"_s));
+    }
+    applyColorScheme(ColorScheme::light);
+}
+
+} // namespace brisklog::test

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+
+class QWidget;
+
+namespace brisklog::test {
+
+/// Takes the window in both schemes and fails where one is not on its scheme's ground at `groundAt`. With
+/// BRISKLOG_PICTURES naming a folder the pictures are kept there as NAME-light.png and NAME-dark.png, to be
+/// looked at.
+void takePictures(QWidget& window, const QString& name, const QPoint& groundAt);
+
+} // namespace brisklog::test
