@@ -57,6 +57,7 @@ TEST_F(InvoiceNotesTest, savesUnderTheTypedNameWithReturn) {
     SheetWindow* sheet = typeNotesAndSave(window);
     ASSERT_NE(sheet, nullptr);
     EXPECT_EQ(sheet->size(), QSize(400, 150));
+    EXPECT_NE(findNamed<QWidget>(*sheet, u"Geben Sie einen Namen für die Notiz ein:"_s), nullptr);
     showActive(*sheet);
     auto* name = qobject_cast<QLineEdit*>(sheet->focusWidget());
     ASSERT_NE(name, nullptr);

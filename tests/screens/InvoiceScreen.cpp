@@ -2,11 +2,13 @@
 
 #include "app/components/Palette.h"
 #include "app/components/Picker.h"
+#include "app/components/Stepper.h"
 #include "screens/InvoiceSheetWindow.h"
 
 #include <QAbstractSlider>
 #include <QDateTimeEdit>
 #include <QLineEdit>
+#include <QShortcut>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -41,6 +43,25 @@ TEST_F(InvoiceScreenTest, namesTheProjectAndClosesWithEscape) {
     QTest::keyClick(window.sheet, Qt::Key_Escape);
     settle();
     EXPECT_TRUE(window.sheet.isNull());
+}
+
+TEST_F(InvoiceScreenTest, sectionsStandInTheirOrderUnderTheirNames) {
+    InvoiceSheet content({entryOf("Entwurf", hour)}, 60.0);
+    InvoiceSheetWindow window(content);
+    int above = 0;
+    for (const QString& text :
+         {u"Kundenauswahl"_s, u"Keine Kunden vorhanden. Bitte zuerst Kunden anlegen."_s,
+          u"Rechnungsnummer:"_s, u"Einträge zur Abrechnung"_s, u"Ausgewählte Einträge:"_s,
+          u"Manueller Eintrag"_s, u"Datum:"_s, u"Beschreibung:"_s, u"Dauer:"_s, u"Stundenlohn:"_s,
+          u"Zusätzliche Hinweise"_s}) {
+        const QWidget* const label = window.label(text);
+        ASSERT_NE(label, nullptr) << text.toStdString();
+        const int top = label->mapTo(window.sheet, QPoint()).y();
+        EXPECT_GT(top, above) << text.toStdString();
+        above = top;
+    }
+    EXPECT_NE(window.label(u"Gesamtzeit:"_s), nullptr);
+    EXPECT_EQ(field(window, u"Rechnungsnummer:"_s).width(), 200);
 }
 
 TEST_F(InvoiceScreenTest, theButtonInTheHeaderClosesToo) {
@@ -181,6 +202,36 @@ TEST_F(InvoiceScreenTest, theDocumentIsStillWrittenWhenTheSheetWasClosedUnderThe
     ASSERT_TRUE(window.sheet.isNull());
     content.savePanel.answer(file);
     EXPECT_EQ(readFile(file), "%PDF 7");
+}
+
+TEST_F(InvoiceScreenTest, controlReturnHeldDownBillsOnce) {
+    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    int count = 0;
+    for (const auto* shortcut : window.sheet->findChildren<QShortcut*>()) {
+        EXPECT_FALSE(shortcut->autoRepeat());
+        ++count;
+    }
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(InvoiceScreenTest, aManualEntryIsAtMost23HoursAnd59MinutesLong) {
+    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    const auto steps = [&](const QString& name, const QString& unit, int most) {
+        auto* stepper = findNamed<Stepper>(*window.sheet, name);
+        EXPECT_EQ(stepper->value(), 0);
+        Stepper expected(0, most, unit, name);
+        expected.resize(stepper->size());
+        EXPECT_EQ(picture(*stepper), picture(expected));
+        QTest::keyClick(stepper, Qt::Key_End);
+        QTest::keyClick(stepper, Qt::Key_Up);
+        EXPECT_EQ(stepper->value(), most);
+    };
+    steps(u"Stunden"_s, u"h"_s, 23);
+    steps(u"Minuten"_s, u"m"_s, 59);
+    EXPECT_EQ(window.view().manualHours, 23);
+    EXPECT_EQ(window.view().manualMinutes, 59);
 }
 
 TEST_F(InvoiceScreenTest, addsWhatWasTypedAsManualEntry) {

@@ -1,6 +1,8 @@
 // The actions of a project's screen and its list of entries.
 
 #include "app/components/CountBadge.h"
+#include "app/components/NavigationButton.h"
+#include "app/components/SymbolButton.h"
 #include "screens/ProjectPaintCounter.h"
 #include "screens/ProjectScreenBench.h"
 
@@ -229,6 +231,29 @@ TEST_F(ProjectEntries, invoiceIsOpenedForTheShownProject) {
     open();
     click(u"Rechnung"_s);
     EXPECT_EQ(opened, std::vector<int>{1});
+}
+
+TEST_F(ProjectEntries, actionsShowTheirSymbols) {
+    actions.exportReport = [](const Project&) {};
+    open();
+    const auto expectSymbol = [this](const QString& name, QWidget& expected) {
+        QAbstractButton& shown = button(name);
+        expected.resize(shown.size());
+        EXPECT_EQ(picture(shown), picture(expected)) << name.toStdString();
+    };
+    const auto expectAction = [&](const QString& icon, const QString& label, bool isAccent) {
+        NavigationButton expected({.icon = icon, .label = label, .action = {}, .accent = isAccent});
+        expectSymbol(label, expected);
+    };
+    expectAction(u"arrow.down.doc"_s, u"PDF Export"_s, false);
+    expectAction(u"person.crop.circle"_s, u"Kunde"_s, false);
+    expectAction(u"doc.text"_s, u"Rechnung"_s, true);
+    SymbolButton gear(u"gearshape.fill"_s, {});
+    expectSymbol(u"Projekteinstellungen"_s, gear);
+    SymbolButton trash(u"trash"_s, {}, SymbolButton::Size::normal, SymbolButton::Purpose::deleting);
+    expectSymbol(u"Alle Einträge löschen"_s, trash);
+    SymbolButton trashAll(u"trash"_s, {});
+    expectSymbol(u"Alle Daten zurücksetzen"_s, trashAll);
 }
 
 TEST_F(ProjectEntries, pdfExportIsDisabledWithoutAnyoneToDoIt) {

@@ -2,6 +2,7 @@
 
 #include "app/components/Figures.h"
 #include "app/components/Label.h"
+#include "app/components/SymbolButton.h"
 #include "app/projects/screens/TimerListView.h"
 #include "screens/ProjectPaintCounter.h"
 #include "screens/ProjectScreenBench.h"
@@ -75,6 +76,32 @@ TEST_F(ProjectTimers, returnStartsATimerAndKeepsTheKeyboard) {
     EXPECT_TRUE(taskField().hasFocus());
     typeAndReturn(u"Telefonat"_s);
     EXPECT_EQ(timerRows().size(), 2U);
+}
+
+TEST_F(ProjectTimers, startPressedWithTheKeyboardGivesItBackToTheTaskField) {
+    open();
+    QTest::keyClicks(&taskField(), u"Entwurf"_s);
+    QTest::keyClick(&taskField(), Qt::Key_Tab);
+    ASSERT_TRUE(button(u"Start"_s).hasFocus());
+    QTest::keyClick(&button(u"Start"_s), Qt::Key_Space);
+    settle();
+    ASSERT_EQ(timerRows().size(), 1U);
+    EXPECT_TRUE(taskField().hasFocus());
+}
+
+TEST_F(ProjectTimers, buttonsShowTheirSymbols) {
+    const auto pictured = [](const QString& symbol, ColorRole color) {
+        SymbolButton expected(symbol, {}, SymbolButton::Size::timer);
+        expected.setColor(color);
+        expected.resize(expected.sizeHint());
+        return picture(expected);
+    };
+    open();
+    typeAndReturn(u"Entwurf"_s);
+    EXPECT_EQ(picture(button(u"Stoppen"_s)), pictured(u"stop.fill"_s, &Palette::text));
+    EXPECT_EQ(picture(button(u"Pausieren"_s)), pictured(u"pause.fill"_s, &Palette::blue));
+    click(u"Pausieren"_s);
+    EXPECT_EQ(picture(button(u"Fortsetzen"_s)), pictured(u"play.fill"_s, &Palette::orangeFill));
 }
 
 TEST_F(ProjectTimers, startDoesTheSameAsReturn) {
