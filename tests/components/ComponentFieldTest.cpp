@@ -4,6 +4,7 @@
 
 #include "support/screen/ScreenTest.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
@@ -57,6 +58,16 @@ TEST_F(ComponentField, tellsTheCleanTextWhenEditedAndNothingWhenSet) {
     field.selectAll();
     paste(field, u"a\nb"_s);
     EXPECT_EQ(told, QStringList{u"a b"_s});
+}
+
+TEST_F(ComponentField, tellsWhatAScreenReaderWroteIntoIt) {
+    TextField field;
+    QStringList told;
+    field.onEdited([&told](const QString& text) { told.push_back(text); });
+    auto* const interface = QAccessible::queryAccessibleInterface(&field);
+    interface->editableTextInterface()->insertText(0, u"Muster\nmann"_s);
+    interface->setText(QAccessible::Value, u"Beispiel"_s);
+    EXPECT_EQ(told, (QStringList{u"Muster mann"_s, u"Beispiel"_s}));
 }
 
 TEST_F(ComponentField, settingTheSameTextLeavesTheCursor) {

@@ -47,16 +47,23 @@ void TextField::cleanUp(const QString& text) {
 }
 
 void TextField::onEdited(std::function<void(const QString&)> edited) {
-    connect(this, &QLineEdit::textEdited, this,
-            [this, edited = std::move(edited)] { edited(onOneLine(text())); });
+    // Not textEdited: what a screen reader or a dictation writes would go unheard.
+    connect(this, &QLineEdit::textChanged, this, [this, edited = std::move(edited)](const QString& text) {
+        const bool isClean = text == onOneLine(text);
+        if (!m_isBeingSet && isClean)
+            edited(text);
+    });
 }
 
 void TextField::onReturn(std::function<void()> returned) { m_returned = std::move(returned); }
 
 void TextField::setValue(const QString& value) {
     const QString line = onOneLine(value);
-    if (text() != line)
-        setText(line);
+    if (text() == line)
+        return;
+    m_isBeingSet = true;
+    setText(line);
+    m_isBeingSet = false;
 }
 
 QSize TextField::sizeHint() const { return {200, m_size == Size::tall ? 34 : 32}; }

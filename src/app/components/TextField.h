@@ -15,7 +15,8 @@ public:
 
     explicit TextField(const QString& placeholder = {}, Size size = Size::normal, QWidget* parent = nullptr);
 
-    /// Runs after every change made by the user; never after `setValue`.
+    /// Runs after every change made by the user, with the keyboard or through a screen reader; never after
+    /// `setValue`.
     void onEdited(std::function<void(const QString&)> edited);
     /// Runs on Return. Without it Return goes to the sheet's main action.
     void onReturn(std::function<void()> returned);
@@ -36,6 +37,8 @@ private:
     void cleanUp(const QString& text);
 
     Size m_size;
+    /// `setValue` is under way.
+    bool m_isBeingSet = false;
     bool m_isHovered = false;
     std::function<void()> m_returned;
 };
