@@ -12,9 +12,12 @@
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/X11Watcher.h"
 #include "platform/qt/PortalAppearance.h"
+#include "platform/qt/QtBackground.h"
+#include "platform/qt/QtImages.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/QtSavePanel.h"
 #include "platform/qt/RunningInstance.h"
+#include "profile/screens/LogoPickerWindow.h"
 
 #include <QApplication>
 #include <cstdlib>
@@ -27,6 +30,9 @@ using namespace Qt::StringLiterals;
 
 /// How long a desktop may take to show its panel before the popover opens as a window.
 constexpr TimeInterval waitForPanel = 3;
+
+/// For each kind of work in the background.
+constexpr int threads = 2;
 
 /// Windows can be placed under X alone, so it comes first, unless the user decided otherwise.
 void preferPlatformThatPlacesWindows() {
@@ -57,6 +63,10 @@ struct Machine {
     QtRunLoop runLoop;
     SqliteUserDefaults userDefaults{*PosixFiles::configurationFolder() / "defaults.sqlite", clock, log};
     CairoPdfFacility pdf;
+    QtImages images;
+    /// Apart, so that a folder is listed at once while large pictures are being decoded.
+    QtBackground folders{threads};
+    QtBackground pictures{threads};
     PortalAppearance appearance;
 };
 
@@ -106,6 +116,12 @@ private:
     QtSavePanel m_savePanel{m_machine.files,
                             {.parentWindow = [this] { return windowInFront(); },
                              .holdOpen = [this] { return m_app.popover()->holdOpen(); }}};
+    LogoPickerWindowController m_logoPicker{{.picker = {.files = m_machine.files,
+                                                        .images = m_machine.images,
+                                                        .background = m_machine.folders,
+                                                        .log = m_machine.log},
+                                             .pictures = m_machine.pictures,
+                                             .parentWindow = [this] { return m_app.popover(); }}};
     QtStatusItem* m_statusItem = nullptr;
     BrisklogApp m_app{{.files = m_machine.files,
                        .userDefaults = m_machine.userDefaults,
@@ -114,6 +130,8 @@ private:
                        .log = m_machine.log,
                        .savePanel = m_savePanel,
                        .pdf = m_machine.pdf,
+                       .images = m_machine.images,
+                       .logoPicker = m_logoPicker,
                        .systemAppearance = m_machine.appearance,
                        .makeStatusItem = [this] { return makeStatusItem(); },
                        .hasStatusItem = [this] { return hasStatusItem(); },

@@ -167,6 +167,12 @@ TEST_F(ProfileScreenTest, typingInTheMiddleKeepsTheCursorThere) {
     EXPECT_EQ(company.cursorPosition(), 10);
 }
 
+TEST_F(ProfileScreenTest, aLongTextIsReadFromItsBeginningWhereNobodyWrites) {
+    profile.companyName = std::string(100, 'w');
+    open();
+    EXPECT_EQ(field(u"Firma"_s).cursorPosition(), 0);
+}
+
 TEST_F(ProfileScreenTest, postalCodeAndTownStandSideBySide) {
     open();
     const QRect code(field(u"PLZ & Ort, 12345"_s).mapTo(screen.get(), QPoint()),
@@ -189,7 +195,8 @@ TEST_F(ProfileScreenTest, tabGoesThroughTheFormInReadingOrderAndKeepsTheFocusInV
         QWidget* const focused = screen->focusWidget();
         reached.push_back(accessibleNameOf(*focused));
         const QRect seen(focused->mapTo(screen.get(), QPoint()), focused->size());
-        EXPECT_TRUE(screen->rect().contains(seen)) << reached.back().toStdString() << ' ' << seen.top() << " to " << seen.bottom();
+        EXPECT_TRUE(screen->rect().contains(seen))
+            << reached.back().toStdString() << ' ' << seen.top() << " to " << seen.bottom();
     }
     std::vector<QString> expected{u"Logo entfernen"_s};
     for (const Expected& each : expectedFields())

@@ -5,6 +5,7 @@
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
+#include "support/RecordingLogoPicker.h"
 #include "support/TemporaryHome.h"
 #include "support/screen/ScreenTest.h"
 
@@ -14,21 +15,6 @@
 #include <QLineEdit>
 
 namespace brisklog::test {
-
-/// Keeps what it was asked to show.
-class RecordingLogoPicker final : public LogoPickerPresenter {
-public:
-    void present(const std::string& title, Completion completed) override {
-        titles.push_back(title);
-        pending = std::move(completed);
-    }
-
-    void close() override { ++closings; }
-
-    std::vector<std::string> titles;
-    Completion pending;
-    int closings = 0;
-};
 
 /// The profile section as the popover shows it, over a real profile and its files.
 class ProfileScreenBench : public ScreenTest {

@@ -3,10 +3,12 @@
 #include "app/components/Palette.h"
 #include "app/shell/PopoverWindow.h"
 #include "platform/linux/CairoPdfFacility.h"
+#include "platform/qt/QtImages.h"
 #include "support/FakeClock.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
+#include "support/RecordingLogoPicker.h"
 #include "support/RecordingSavePanel.h"
 #include "support/TemporaryHome.h"
 #include "support/VirtualRunLoop.h"
@@ -83,6 +85,8 @@ protected:
     RecordingLog log;
     RecordingSavePanel savePanel;
     CairoPdfFacility pdf;
+    QtImages images;
+    RecordingLogoPicker logoPicker;
     SilentAppearance appearance;
     SilentStatusItem* statusItem = nullptr;
     bool hasStatusItem = true;
@@ -94,6 +98,8 @@ protected:
                      .log = log,
                      .savePanel = savePanel,
                      .pdf = pdf,
+                     .images = images,
+                     .logoPicker = logoPicker,
                      .systemAppearance = appearance,
                      .makeStatusItem =
                          [this] {
@@ -189,6 +195,19 @@ TEST_F(BrisklogAppTest, everySectionHasAScreenAndMarksItsButton) {
         EXPECT_NE(button(section), nullptr);
     }
     EXPECT_NE(button(u"Start"_s), nullptr);
+}
+
+TEST_F(BrisklogAppTest, aChosenLogoIsShownInTheProfileAndKept) {
+    statusItem->click();
+    settle();
+    click(u"Profil"_s);
+    click(u"Logo auswählen"_s);
+    ASSERT_EQ(logoPicker.titles, std::vector<std::string>{"Logo auswählen"});
+    logoPicker.pending("logo");
+    EXPECT_EQ(logoPicker.closings, 1);
+    EXPECT_EQ(readFile(home.applicationSupport() / "Pennavo" / "userLogo.png"), "logo");
+    click(u"Logo entfernen"_s);
+    EXPECT_FALSE(files.exists(home.applicationSupport() / "Pennavo" / "userLogo.png"));
 }
 
 TEST_F(BrisklogAppTest, anInvoiceGoesFromTheTimerToTheChosenFile) {

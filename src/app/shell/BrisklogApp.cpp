@@ -11,6 +11,7 @@
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "profile/screens/CustomerScreen.h"
+#include "profile/screens/ProfileScreen.h"
 
 #include <QCoreApplication>
 
@@ -21,7 +22,10 @@ using namespace Qt::StringLiterals;
 BrisklogApp::BrisklogApp(BrisklogPlatform platform)
     : m_platform(std::move(platform)),
       m_shared({.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log},
-               {.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log}),
+               {.files = m_platform.files,
+                .userDefaults = m_platform.userDefaults,
+                .log = m_platform.log,
+                .logoPicker = &m_platform.logoPicker}),
       m_delegate({.userDefaults = m_platform.userDefaults,
                   .systemAppearance = m_platform.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
@@ -63,7 +67,11 @@ QWidget* BrisklogApp::makeScreen() {
 }
 
 QWidget* BrisklogApp::makeSection(int section) {
-    return section == projectsSection ? makeProjectsSection() : makePlaceholderScreen(section);
+    if (section == projectsSection)
+        return makeProjectsSection();
+    if (section == profileSection)
+        return new ProfileScreen(m_shared.profile(), m_platform.images);
+    return makePlaceholderScreen(section);
 }
 
 QWidget* BrisklogApp::makeProjectsSection() {

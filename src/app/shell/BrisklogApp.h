@@ -5,6 +5,7 @@
 #include "app/shell/SharedObjects.h"
 #include "foundation/NotificationCenter.h"
 #include "invoice/InvoiceView.h"
+#include "platform/Images.h"
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
 
@@ -28,6 +29,8 @@ struct BrisklogPlatform {
     Log& log;
     SavePanel& savePanel;
     PdfFacility& pdf;
+    const Images& images;
+    LogoPickerPresenter& logoPicker;
     SystemAppearance& systemAppearance;
     std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
     /// Whether a panel shows the icon by now.

@@ -23,6 +23,7 @@ inline constexpr std::array sections{
 
 /// The section with the projects and timers, the first one shown.
 inline constexpr int projectsSection = 1;
+inline constexpr int profileSection = 2;
 
 /// The main view: which section is shown, and the program's one store.
 class ContentView final : public ObservableObject {

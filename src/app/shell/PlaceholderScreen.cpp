@@ -16,12 +16,6 @@ QWidget* makePlaceholderScreen(int section) {
              .headline = u"Dashboard"_s,
              .sentence = u"Hier erscheinen die Arbeitszeit von heute und der letzten sieben Tage, die "
                          u"Projekte und der Umsatz der letzten drei Monate."_s});
-    case 2:
-        return new EmptyState({.symbol = u"person.fill"_s,
-                               .headline = u"Profil"_s,
-                               .sentence =
-                                   u"Hier stehen bald Anschrift, Steuer- und Bankdaten und das Logo für Ihre "
-                                   u"Rechnungen."_s});
     case 3:
         return new EmptyState({.symbol = u"gearshape.fill"_s,
                                .headline = u"Einstellungen"_s,

@@ -81,10 +81,12 @@ QWidget* LogoPickerScreen::errorStrip() {
 
 QWidget* LogoPickerScreen::body() {
     auto* const body = new QWidget;
+    auto* const grid = new QWidget;
+    Column{expanding(m_list)}.margins(listMargins).applyTo(*grid);
     auto* const layers = new QGridLayout(body);
-    layers->setContentsMargins(listMargins);
+    layers->setContentsMargins({});
     // The list stays under the others, so that it keeps the keyboard while a folder is read.
-    layers->addWidget(m_list, 0, 0);
+    layers->addWidget(grid, 0, 0);
     layers->addWidget(m_loading, 0, 0, Qt::AlignCenter);
     layers->addWidget(m_nothing, 0, 0);
     return body;

@@ -40,6 +40,14 @@ QString nameOf(const ProfileRow& row, const ProfileField& field) {
     return row.fields.size() == 1 ? label : label + u", "_s + text(field.exampleText);
 }
 
+/// Where nobody writes, a long text is read from its beginning.
+void showValue(TextField& field, const QString& value) {
+    const QString before = field.text();
+    field.setValue(value);
+    if (field.text() != before && !field.hasFocus())
+        field.setCursorPosition(0);
+}
+
 QWidget* note() {
     return new NoteBox(u"Hinweis"_s,
                        u"Diese Daten werden auf Ihren Rechnungen verwendet. Bitte füllen Sie alle relevanten "
@@ -110,7 +118,7 @@ TextField* ProfileScreen::field(const ProfileRow& row, const ProfileField& field
 void ProfileScreen::refresh() {
     UserProfile& profile = m_view.profile();
     for (const BoundField& bound : m_fields)
-        bound.field->setValue(text((profile.*bound.property).get()));
+        showValue(*bound.field, text((profile.*bound.property).get()));
     // Decoding the logo anew at every keystroke would be felt.
     if (m_shownLogo != profile.logoData.revision())
         m_logo->setLogo(profile.logoData);
