@@ -36,21 +36,36 @@ Calendar Calendar::current() { return Calendar(QTimeZone::systemTimeZone()); }
 
 Date Calendar::addingDays(Date date, int days) const {
     // Within an hour that the clocks show twice the time of day alone would not tell which.
-    if (days == 0)
-        return date;
+    return days == 0 ? date : moved(date, [days](QDate day) { return day.addDays(days); });
+}
+
+Date Calendar::addingMonths(Date date, int months) const {
+    return months == 0 ? date : moved(date, [months](QDate day) { return day.addMonths(months); });
+}
+
+Date Calendar::moved(Date date, const std::function<QDate(QDate)>& move) const {
     const qint64 before = unixMilliseconds(date);
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(before, m_zone);
     // Not QDateTime::addDays: into an hour that the clocks skip it lands one hour too late.
-    const qint64 after = momentOf(local.date().addDays(days), local.time(), m_zone);
-    const auto moved = static_cast<double>(after - before);
-    return date.addingSeconds(moved / millisecondsPerSecond);
+    const qint64 after = momentOf(move(local.date()), local.time(), m_zone);
+    const auto distance = static_cast<double>(after - before);
+    return date.addingSeconds(distance / millisecondsPerSecond);
 }
 
-Day Calendar::dayOf(Date date) const {
+QDate Calendar::dayNumber(Date date) const {
     // Cut off, not rounded: the last half millisecond of a day is still in it.
     const double unixSeconds = date.secondsSinceReference + secondsFromUnixEpochToReference;
     const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds * millisecondsPerSecond));
-    const QDate day = QDateTime::fromMSecsSinceEpoch(milliseconds, m_zone).date();
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, m_zone).date();
+}
+
+Date Calendar::startOfMonth(Date date) const {
+    const QDate day = dayNumber(date);
+    return firstMomentOf(QDate(day.year(), day.month(), 1), m_zone);
+}
+
+Day Calendar::dayOf(Date date) const {
+    const QDate day = dayNumber(date);
     return {firstMomentOf(day, m_zone), firstMomentOf(day.addDays(1), m_zone)};
 }
 

@@ -3,6 +3,7 @@
 #include "foundation/Date.h"
 
 #include <QTimeZone>
+#include <functional>
 
 namespace brisklog {
 
@@ -28,12 +29,23 @@ public:
     /// as much later as they skip.
     [[nodiscard]] Date addingDays(Date date, int days) const;
 
+    /// The same time of day on the same day a number of months later (earlier when negative), on the month's
+    /// last day where it has no such day.
+    [[nodiscard]] Date addingMonths(Date date, int months) const;
+
+    /// The first moment of the month in which the date lies.
+    [[nodiscard]] Date startOfMonth(Date date) const;
+
     /// The day in which the moment lies. Where the clocks skip midnight it begins when they go on.
     [[nodiscard]] Day dayOf(Date date) const;
 
     [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
 
 private:
+    /// The same time of day on another day.
+    [[nodiscard]] Date moved(Date date, const std::function<QDate(QDate)>& move) const;
+    [[nodiscard]] QDate dayNumber(Date date) const;
+
     QTimeZone m_zone;
 };
 

@@ -111,5 +111,30 @@ TEST(Calendar, whereMidnightIsSkippedTheDayBeginsWhenTheClocksGoOn) {
     EXPECT_EQ(beirut.dayOf(day.start.addingSeconds(-1)).end, day.start);
 }
 
+TEST_F(BerlinCalendar, monthsKeepTheDayOrEndOnTheLastOne) {
+    EXPECT_EQ(calendar.addingMonths(at("2026-11-15T12:00:00"), 1), at("2026-12-15T12:00:00"));
+    EXPECT_EQ(calendar.addingMonths(at("2026-03-31T12:00:00"), -1), at("2026-02-28T12:00:00"));
+    EXPECT_EQ(calendar.addingMonths(at("2028-01-31T12:00:00"), 1), at("2028-02-29T12:00:00"));
+    EXPECT_EQ(calendar.addingMonths(at("2026-01-10T12:00:00"), -1), at("2025-12-10T12:00:00"));
+    EXPECT_EQ(calendar.addingMonths(at("2026-12-10T12:00:00"), 1), at("2027-01-10T12:00:00"));
+}
+
+TEST_F(BerlinCalendar, monthBeginsWithItsFirstMoment) {
+    EXPECT_EQ(calendar.startOfMonth(at("2026-11-30T23:59:59")), at("2026-11-01T00:00:00"));
+    EXPECT_EQ(calendar.startOfMonth(at("2026-11-01T00:00:00")), at("2026-11-01T00:00:00"));
+    // Up to the end of October clocks show summer time, which no length in seconds would tell.
+    EXPECT_EQ(calendar.startOfMonth(at("2026-10-31T12:00:00")), at("2026-10-01T00:00:00"));
+}
+
+TEST(CalendarElsewhere, monthBeginsWhenTheClocksGoOnWhereTheySkipMidnight) {
+    const Calendar calendar{QTimeZone("America/Asuncion")};
+    const QDateTime afternoon(QDate(2017, 10, 15), QTime(15, 0), calendar.zone());
+    const QDateTime first(QDate(2017, 10, 1), QTime(1, 0), calendar.zone());
+    const auto moment = [](const QDateTime& time) {
+        return Date{static_cast<double>(time.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+    };
+    EXPECT_EQ(calendar.startOfMonth(moment(afternoon)), moment(first));
+}
+
 } // namespace
 } // namespace brisklog::test

@@ -1,5 +1,7 @@
 #include "foundation/GermanFormat.h"
 
+#include "foundation/Calendar.h"
+
 #include <QTimeZone>
 #include <clocale>
 #include <gtest/gtest.h>
@@ -41,7 +43,10 @@ TEST_F(GermanDates, everyForm) {
     EXPECT_EQ(format::date(anEvening, DateForm::shortDate), "15.11.26");
     EXPECT_EQ(format::date(anEvening, DateForm::mediumDate), "15.11.2026");
     EXPECT_EQ(format::date(anEvening, DateForm::longDate), "15. November 2026");
+    EXPECT_EQ(format::date(anEvening, DateForm::fullDate), "Sonntag, 15. November 2026");
     EXPECT_EQ(format::date(anEvening, DateForm::shortTime), "18:20");
+    EXPECT_EQ(format::date(anEvening, DateForm::weekday), "So.");
+    EXPECT_EQ(format::date(anEvening, DateForm::month), "Nov.");
     EXPECT_EQ(format::isoDay(anEvening), "2026-11-15");
 }
 
@@ -195,6 +200,26 @@ TEST(Duration, whatIsNoFigureGivesThePlacesFallback) {
 
 TEST(Duration, tenThousandYearsAreStillWritten) {
     EXPECT_EQ(running(10000.0 * 365 * 86400), "87600000:00:00");
+}
+
+TEST_F(GermanDates, weekdaysAndMonthsAreAbbreviatedTheGermanWay) {
+    const Calendar calendar{QTimeZone("Europe/Berlin")};
+    std::vector<std::string> weekdays;
+    std::vector<std::string> months;
+    for (int i = 1; i <= 7; ++i)
+        weekdays.push_back(format::date(calendar.addingDays(anEvening, i), DateForm::weekday));
+    for (int i = 2; i <= 13; ++i)
+        months.push_back(format::date(calendar.addingMonths(anEvening, i), DateForm::month));
+    EXPECT_EQ(weekdays, (std::vector<std::string>{"Mo.", "Di.", "Mi.", "Do.", "Fr.", "Sa.", "So."}));
+    EXPECT_EQ(months, (std::vector<std::string>{"Jan.", "Feb.", "März", "Apr.", "Mai", "Juni", "Juli", "Aug.",
+                                                "Sept.", "Okt.", "Nov.", "Dez."}));
+}
+
+TEST(WholeMoney, hasNoCents) {
+    EXPECT_EQ(visible(format::wholeMoney(9000, "0 €")), "9.000·€");
+    EXPECT_EQ(visible(format::wholeMoney(0, "0 €")), "0·€");
+    EXPECT_EQ(visible(format::wholeMoney(-0.2, "0 €")), "0·€");
+    EXPECT_EQ(format::wholeMoney(infinity, "0 €"), "0 €");
 }
 
 } // namespace

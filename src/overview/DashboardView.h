@@ -1,0 +1,117 @@
+#pragma once
+
+#include "core/TimeTrackingStore.h"
+#include "foundation/Calendar.h"
+#include "overview/ChartScale.h"
+#include "overview/DashboardFigures.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brisklog {
+
+/// One day of the last seven.
+struct WeeklyDataPoint {
+    Uuid id;
+    /// Abbreviated weekday.
+    std::string day;
+    double hours = 0;
+};
+
+/// One of the last three months.
+struct MonthlyRevenueDataPoint {
+    Uuid id;
+    /// Abbreviated name.
+    std::string month;
+    /// Euros.
+    double revenue = 0;
+};
+
+/// One running or paused timer as its row shows it. The duration is that of the moment when the row was made.
+struct ActiveTimerRow {
+    std::string projectName;
+    std::string taskName;
+    /// "Gestartet: 13:02"
+    std::string started;
+    /// 01:24:07
+    std::string duration;
+    bool isPaused = false;
+
+    bool operator==(const ActiveTimerRow&) const = default;
+};
+
+/// One project as its row shows it.
+struct ProjectOverviewRow {
+    std::string name;
+    std::string workingTime;
+    /// Absent for a project without a rate.
+    std::optional<std::string> earnings;
+
+    bool operator==(const ProjectOverviewRow&) const = default;
+};
+
+/// Everything the dashboard shows, as texts.
+struct DashboardContent {
+    std::string currentDate;
+    std::string todaysWork;
+    std::string totalWork;
+    std::vector<ProjectOverviewRow> projects;
+    std::string totalEarnings;
+    ChartContent week;
+    std::string weeklyTotal;
+    std::string averagePerDay;
+    std::vector<ActiveTimerRow> timers;
+    ChartContent revenue;
+    std::string currentMonth;
+
+    bool operator==(const DashboardContent&) const = default;
+};
+
+/// What the dashboard works with.
+struct DashboardPlatform {
+    TimeTrackingStore& store;
+    Clock& clock;
+    RunLoop& runLoop;
+    /// Asked anew each time: the user may travel.
+    std::function<Calendar()> calendar = &Calendar::current;
+};
+
+/// The overview of all work. It changes nothing and keeps nothing: every figure is computed when it is shown.
+class DashboardView final : public ObservableObject {
+public:
+    explicit DashboardView(DashboardPlatform platform);
+
+    /// A fresh one redraws the whole screen.
+    Published<Uuid> refreshID;
+
+    [[nodiscard]] TimeTrackingStore& store() const { return m_platform.store; }
+
+    /// Between these the screen is refreshed every 30 seconds besides at each change of the store.
+    void appear();
+    void disappear();
+
+    [[nodiscard]] DashboardContent content() const;
+
+private:
+    [[nodiscard]] std::vector<ActiveTimerRow> timerRows(Date now) const;
+    [[nodiscard]] std::vector<ProjectOverviewRow> projectRows(const DashboardFigures& figures) const;
+
+    DashboardPlatform m_platform;
+    std::unique_ptr<Timer> m_tick;
+};
+
+/// The last seven days, from six days ago to today.
+[[nodiscard]] std::vector<WeeklyDataPoint> weeklyData(const DashboardFigures& figures,
+                                                      const Calendar& calendar, Date now);
+
+/// The last three months, from two months ago to this one.
+[[nodiscard]] std::vector<MonthlyRevenueDataPoint> monthlyRevenueData(const DashboardFigures& figures,
+                                                                      const Calendar& calendar, Date now);
+
+/// Hours as an axis names them: 3h, 1h 30min, 45min; fractions of a minute are cut off.
+[[nodiscard]] std::string formatHoursForAxis(double hours);
+
+} // namespace brisklog

@@ -1,0 +1,73 @@
+#include "overview/screens/ActiveTimerRowView.h"
+
+#include "app/components/Figures.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+#include "app/components/Painting.h"
+
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int radius = 8;
+constexpr int rowHeight = 70;
+constexpr QRect timeEdge{5, 9, 3, rowHeight - 18};
+
+/// "Pausiert" in a small orange field.
+class PausedBadge final : public QLabel {
+public:
+    PausedBadge() : QLabel(u"Pausiert"_s) { setFixedSize(sizeHint()); }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return {textWidth(text(), FontRole::caption11Medium) + 2 * 8,
+                lineHeight(FontRole::caption11Medium) + 2 * 2};
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const Palette& palette = Palette::of(*this);
+        fillRounded(painter, rect(), 4, withOpacity(palette.orangeFill, 0.2));
+        paintText(painter, rect(), text(), FontRole::caption11Medium, palette.orange, Qt::AlignCenter,
+                  Qt::ElideNone);
+    }
+};
+
+} // namespace
+
+ActiveTimerRowView::ActiveTimerRowView(QWidget* parent)
+    : QWidget(parent), m_project(new ElidedLabel({}, FontRole::body13Semibold)),
+      m_task(new ElidedLabel({}, FontRole::body13, &Palette::secondary)),
+      m_started(new Label({}, FontRole::caption11, &Palette::secondary)),
+      m_duration(new FigureLabel({}, FontRole::title17, &Palette::blue, Qt::AlignRight | Qt::AlignVCenter)),
+      m_paused(new PausedBadge) {
+    setFixedHeight(rowHeight);
+    Row{expanding(Column{stretch(), m_project, m_task, m_started, stretch()}), space(8),
+        Column{stretch(), aligned(m_duration, Qt::AlignRight), aligned(m_paused, Qt::AlignRight), stretch()}
+            .spacing(3)}
+        .margins({16, 0, 12, 0})
+        .applyTo(*this);
+}
+
+void ActiveTimerRowView::setTimer(const ActiveTimerRow& timer) {
+    m_project->setValue(QString::fromStdString(timer.projectName));
+    m_task->setValue(QString::fromStdString(timer.taskName));
+    m_started->setValue(QString::fromStdString(timer.started));
+    m_duration->setValue(QString::fromStdString(timer.duration));
+    m_duration->setColor(timer.isPaused ? &Palette::orange : &Palette::blue);
+    m_paused->setVisible(timer.isPaused);
+    m_isPaused = timer.isPaused;
+    update();
+}
+
+void ActiveTimerRowView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    fillRounded(painter, rect(), radius, withOpacity(palette.secondary, 0.05));
+    paintTimeEdge(painter, timeEdge, m_isPaused ? palette.orangeFill : palette.blue);
+}
+
+} // namespace brisklog

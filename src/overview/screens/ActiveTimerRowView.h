@@ -1,0 +1,32 @@
+#pragma once
+
+#include "overview/DashboardView.h"
+
+#include <QWidget>
+
+namespace brisklog {
+
+class ElidedLabel;
+class FigureLabel;
+class Label;
+
+/// One running or paused timer on the dashboard. It only shows: there is nothing to press.
+class ActiveTimerRowView final : public QWidget {
+public:
+    explicit ActiveTimerRowView(QWidget* parent = nullptr);
+
+    void setTimer(const ActiveTimerRow& timer);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_isPaused = false;
+    ElidedLabel* m_project;
+    ElidedLabel* m_task;
+    Label* m_started;
+    FigureLabel* m_duration;
+    QWidget* m_paused;
+};
+
+} // namespace brisklog

@@ -1,0 +1,33 @@
+#include "overview/screens/ProjectOverviewRowView.h"
+
+#include "app/components/Figures.h"
+#include "app/components/Hairline.h"
+#include "app/components/Label.h"
+#include "app/components/Layout.h"
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+
+ProjectOverviewRowView::ProjectOverviewRowView(QWidget* parent)
+    : QWidget(parent), m_name(new ElidedLabel({}, FontRole::body13)),
+      m_workingTime(new FigureLabel({}, FontRole::caption11Medium)),
+      m_earningsCaption(new Label(u"Verdienst:"_s, FontRole::caption11, &Palette::secondary)),
+      m_earnings(new FigureLabel({}, FontRole::caption11Semibold, &Palette::green,
+                                 Qt::AlignRight | Qt::AlignVCenter)) {
+    auto* caption = new Label(u"Arbeitszeit:"_s, FontRole::caption11, &Palette::secondary);
+    Column{space(8), m_name,
+           space(3), Row{caption, m_workingTime, stretch(), m_earningsCaption, m_earnings}.spacing(4),
+           space(8), new Hairline(Hairline::Kind::card)}
+        .applyTo(*this);
+}
+
+void ProjectOverviewRowView::setProject(const ProjectOverviewRow& project) {
+    m_name->setValue(QString::fromStdString(project.name));
+    m_workingTime->setValue(QString::fromStdString(project.workingTime));
+    m_earnings->setValue(QString::fromStdString(project.earnings.value_or("")));
+    m_earnings->setVisible(project.earnings.has_value());
+    m_earningsCaption->setVisible(project.earnings.has_value());
+}
+
+} // namespace brisklog

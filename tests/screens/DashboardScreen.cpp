@@ -1,0 +1,185 @@
+#include "overview/screens/DashboardScreen.h"
+
+#include "app/components/Palette.h"
+#include "foundation/GermanFormat.h"
+#include "overview/screens/BarChart.h"
+#include "projects/ProjectWorkbench.h"
+#include "support/screen/ScreenTest.h"
+
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog::test {
+namespace {
+
+constexpr double hour = 3600;
+constexpr Date friday{816879600}; // 20 November 2026, 15:00 UTC
+
+class DashboardScreenTest : public ScreenTest {
+protected:
+    DashboardScreenTest() {
+        format::useTimeZone(QTimeZone::utc());
+        bench.clock.set(friday);
+        screen.resize(370, 592);
+    }
+
+    void open() { showActive(screen); }
+
+    void addEntry(std::size_t project, double daysAgo, double hours) {
+        TimeEntry entry;
+        entry.id = Uuid::generate();
+        entry.startTime = friday.addingSeconds(-daysAgo * 24 * hour - 6 * hour);
+        entry.endTime = entry.startTime.addingSeconds(hours * hour);
+        bench.store.addManualEntry(bench.project(project).id, entry);
+    }
+
+    void fill() {
+        bench.store.updateProject(0, "Website-Relaunch Müller & Söhne", 95);
+        bench.store.addProject("Schulungen Verwaltungshochschule Niedersachsen-Nord und Umgebung", 120);
+        bench.store.addProject("Buchhaltung intern", std::nullopt);
+        const std::array worked{4.8, 9.2, 6.75, 8.6, 7.5, 1.2, 0.0};
+        for (std::size_t day = 0; day < worked.size(); ++day)
+            addEntry(0, static_cast<double>(day), worked[day]);
+        addEntry(1, 22, 8);
+        addEntry(1, 55, 7);
+        addEntry(2, 2, 1);
+        bench.store.selectedProjectIndex = 0;
+        bench.store.startTracking("Rückmeldungen aus dem Usability-Test einarbeiten");
+        bench.clock.advance(1800);
+        bench.store.startTracking("Telefonat Druckerei Jäger");
+        bench.clock.advance(600);
+        bench.store.pauseTracking(newest());
+    }
+
+    [[nodiscard]] Uuid newest() const {
+        const auto& timers = bench.store.activeEntries.get();
+        return std::ranges::max_element(timers, {},
+                                        [](const auto& timer) { return timer.second.entry.startTime; })
+            ->first;
+    }
+
+    [[nodiscard]] bool shows(const QString& text) const {
+        for (const auto* label : screen.findChildren<QLabel*>())
+            if (label->isVisible() && QString(label->text()).replace(u'\u00A0', u' ') == text)
+                return true;
+        return false;
+    }
+
+    /// The whole column, however long, in both schemes.
+    void keep(const QString& name) {
+        auto& content = *screen.findChild<QScrollArea*>()->widget();
+        for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+            applyColorScheme(scheme);
+            settle();
+            const QImage image = picture(content, 2);
+            const QString folder = qEnvironmentVariable("BRISKLOG_PICTURES");
+            if (folder.isEmpty())
+                continue;
+            EXPECT_TRUE(image.save(
+                u"%1/%2-%3.png"_s.arg(folder, name, scheme == ColorScheme::light ? u"light"_s : u"dark"_s)));
+        }
+        applyColorScheme(ColorScheme::light);
+    }
+
+    ProjectWorkbench bench;
+    DashboardScreen screen{
+        {bench.store, bench.clock, bench.runLoop, [] { return Calendar(QTimeZone::utc()); }}};
+};
+
+TEST_F(DashboardScreenTest, showsEveryFigureUnderItsCaption) {
+    fill();
+    open();
+    keep(u"dashboard"_s);
+    for (const QString& text : {u"Arbeitszeitübersicht"_s,
+                                u"Freitag, 20. November 2026"_s,
+                                u"Arbeitszeit heute:"_s,
+                                u"5 h 38 min"_s,
+                                u"Gesamtarbeitszeit:"_s,
+                                u"Projekte Übersicht"_s,
+                                u"Buchhaltung intern"_s,
+                                u"Arbeitszeit:"_s,
+                                u"Verdienst:"_s,
+                                u"Gesamtverdienst"_s,
+                                u"Wochenübersicht"_s,
+                                u"Gesamt diese Woche:"_s,
+                                u"Durchschnitt pro Tag:"_s,
+                                u"Laufende Timer"_s,
+                                u"Gestartet: 15:00"_s,
+                                u"Pausiert"_s,
+                                u"Finanzen & Abrechnung"_s,
+                                u"Monatlicher Umsatz"_s,
+                                u"Aktueller Monat:"_s,
+                                u"Gesamt:"_s})
+        EXPECT_TRUE(shows(text)) << text.toStdString();
+    EXPECT_FALSE(shows(u"Keine aktiven Timer"_s));
+}
+
+TEST_F(DashboardScreenTest, emptyOneSaysThatNoTimerRuns) {
+    bench.store.projects = std::vector<Project>();
+    open();
+    keep(u"dashboard-empty"_s);
+    EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));
+    EXPECT_TRUE(shows(u"0 h 0 min"_s));
+    EXPECT_TRUE(shows(u"0,00 €"_s));
+}
+
+TEST_F(DashboardScreenTest, hugeFiguresStayWhole) {
+    bench.store.updateProject(0, "Jahrhundertprojekt", 98765);
+    addEntry(0, 4, 10);
+    addEntry(0, 30, 480);
+    open();
+    keep(u"dashboard-huge"_s);
+    EXPECT_TRUE(shows(u"48.394.850,00 €"_s));
+}
+
+TEST_F(DashboardScreenTest, barsTellTheirValueToPointerAndScreenReader) {
+    fill();
+    open();
+    const auto* bar = findNamed<QWidget>(screen, u"Do.: 9\u00A0h 12\u00A0min"_s);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->toolTip(), bar->accessibleName());
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_GT(bar->height(), 100);
+}
+
+TEST_F(DashboardScreenTest, timersComeAndGoWithTheStore) {
+    open();
+    EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));
+    bench.store.startTracking("Entwurf");
+    settle();
+    EXPECT_TRUE(shows(u"Entwurf"_s));
+    EXPECT_TRUE(shows(u"00:00:00"_s));
+    bench.runLoop.advance(5);
+    settle();
+    EXPECT_TRUE(shows(u"00:00:05"_s));
+    bench.store.stopTracking(newest());
+    settle();
+    EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));
+}
+
+TEST_F(DashboardScreenTest, ticksOnlyWhileItIsSeen) {
+    const auto before = bench.runLoop.timerCount();
+    open();
+    EXPECT_EQ(bench.runLoop.timerCount(), before + 1);
+    screen.hide();
+    EXPECT_EQ(bench.runLoop.timerCount(), before);
+}
+
+TEST_F(DashboardScreenTest, isReadWithTheKeyboardAlone) {
+    fill();
+    open();
+    auto* area = screen.findChild<QScrollArea*>();
+    QTest::keyClick(&screen, Qt::Key_Tab);
+    ASSERT_TRUE(area->hasFocus());
+    QTest::keyClick(area, Qt::Key_PageDown);
+    EXPECT_GT(area->verticalScrollBar()->value(), 200);
+    QTest::keyClick(area, Qt::Key_PageUp);
+    EXPECT_EQ(area->verticalScrollBar()->value(), 0);
+}
+
+} // namespace
+} // namespace brisklog::test
