@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/components/Clickable.h"
+
+namespace brisklog {
+
+/// The card that is one button and leads to the archive.
+class ArchiveButton final : public Clickable {
+public:
+    explicit ArchiveButton(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace brisklog
