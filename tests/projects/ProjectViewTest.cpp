@@ -205,6 +205,16 @@ TEST_F(ProjectScreenState, pdfIsExportedThroughWhatWasHandedIn) {
     EXPECT_EQ(exported, std::vector<std::string>{"Standardprojekt"});
 }
 
+TEST_F(ProjectScreenState, theSubstituteIsNeverExported) {
+    std::vector<std::string> exported;
+    ProjectPlatform platform = bench.platform();
+    platform.exportReport = [&](const Project& project) { exported.push_back(project.name); };
+    ProjectView nowhere(platform, 7);
+    EXPECT_FALSE(nowhere.canExportPDF());
+    nowhere.exportPDF();
+    EXPECT_TRUE(exported.empty());
+}
+
 TEST_F(ProjectScreenState, taskNameOfSeveralLinesStaysOnOne) {
     bench.store.startTracking("Entwurf\nTeil zwei");
     EXPECT_EQ(timerNames(view), std::vector<std::string>{"Entwurf Teil zwei"});

@@ -61,9 +61,10 @@ public:
     /// Removes all entries of the project; to be called once the user has confirmed it.
     void resetProject();
 
-    [[nodiscard]] bool canExportPDF() const { return static_cast<bool>(m_platform.exportReport); }
+    /// There is a project, and an export was handed in.
+    [[nodiscard]] bool canExportPDF() const { return hasProject() && m_platform.exportReport; }
 
-    /// Nothing happens where no export was handed in.
+    /// Asks where to save the report of the project's entries; nothing happens while that cannot be done.
     void exportPDF();
 
 private:

@@ -8,6 +8,7 @@
 #include "app/shell/GermanTexts.h"
 #include "app/shell/PlaceholderScreen.h"
 #include "app/shell/PopoverWindow.h"
+#include "invoice/InvoiceGenerator.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "profile/screens/CustomerScreen.h"
@@ -82,7 +83,8 @@ QWidget* BrisklogApp::makeProjectsSection() {
             [this, &store](QWidget& from, int projectIndex) {
                 presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
             },
-        .exportReport = {}};
+        .exportReport =
+            [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }};
     return new MultiProjectScreen({.store = store,
                                    .clock = m_platform.clock,
                                    .runLoop = m_platform.runLoop,
@@ -102,6 +104,18 @@ InvoicePlatform BrisklogApp::invoicePlatform() {
                 const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(m_shared.profile()),
                                                       Calendar::current(), m_platform.clock.now());
                 return document.generate(project, customer, number, entries, notes);
+            }};
+}
+
+ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
+    return {.store = store,
+            .savePanel = m_platform.savePanel,
+            .files = m_platform.files,
+            .log = m_platform.log,
+            .generate = [this](const Project& project) {
+                const InvoiceGenerator report(m_platform.pdf, invoiceSender(m_shared.profile()),
+                                              m_platform.clock.now());
+                return report.generate(project);
             }};
 }
 

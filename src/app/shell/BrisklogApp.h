@@ -5,6 +5,7 @@
 #include "app/shell/SharedObjects.h"
 #include "foundation/NotificationCenter.h"
 #include "invoice/InvoiceView.h"
+#include "invoice/ReportExport.h"
 #include "platform/Images.h"
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
@@ -70,6 +71,7 @@ private:
     [[nodiscard]] QWidget* makeProjectsSection();
     void followColorScheme();
     [[nodiscard]] InvoicePlatform invoicePlatform();
+    [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
 
     BrisklogPlatform m_platform;
     SharedObjects m_shared;
