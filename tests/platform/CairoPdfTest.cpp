@@ -180,6 +180,19 @@ TEST(CairoPdf, lineBreaksAreKeptInWrappedTextAndBlanksInALine) {
         EXPECT_NEAR(tops[i] - tops[i - 1], tops[1] - tops[0], tolerance);
 }
 
+TEST(CairoPdf, linesOfUnknownCharactersAreAsHighAsOthers) {
+    const std::string text = "eins\n\U000F0000\nzwei";
+    const PdfReader pdf(onePage([&](PdfDocument& page) {
+        EXPECT_DOUBLE_EQ(page.sizeOfWrapped(text, 300, regular).height,
+                         page.sizeOfWrapped("x\nx\nx", 300, regular).height);
+        std::ignore = page.drawWrapped(text, {100, 500, 300, 100}, regular);
+    }));
+    const auto first = pdf.find("eins");
+    const auto last = pdf.find("zwei");
+    ASSERT_TRUE(first && last);
+    EXPECT_NEAR(last->top - first->top, 2 * (first->bottom - first->top), 0.1);
+}
+
 TEST(CairoPdf, aLineBreakOfTwoCharactersIsOneLineBreakWhereverItStands) {
     std::string lines;
     std::string twice;

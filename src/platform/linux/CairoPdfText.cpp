@@ -107,7 +107,15 @@ CairoPdfText::Face& CairoPdfText::face(const TextStyle& style) {
     Layout layout = makeLayout(attributes.get());
     pango_layout_set_text(layout.get(), "x", 1);
     const double ascent = toPoints(pango_layout_get_baseline(layout.get()));
-    m_faces.push_back({style, std::move(attributes), std::move(ordinary), std::move(layout), ascent, {}});
+    int height = 0;
+    pango_layout_get_size(layout.get(), nullptr, &height);
+    m_faces.push_back({style,
+                       std::move(attributes),
+                       std::move(ordinary),
+                       std::move(layout),
+                       ascent,
+                       toPoints(height) - ascent,
+                       {}});
     return m_faces.back();
 }
 
@@ -199,7 +207,7 @@ void CairoPdfText::drawNumber(std::string_view text, double x, double top, doubl
 
 std::string CairoPdfText::visitLines(std::string_view text, double width, const TextStyle& style,
                                      const std::function<bool(const WrappedLine&)>& visit) {
-    double top = 0;
+    double bottom = 0;
     std::string portion;
     for (bool isFirst = true; isFirst || !text.empty(); isFirst = false) {
         const std::string_view added = nextPortion(text);
@@ -207,9 +215,8 @@ std::string CairoPdfText::visitLines(std::string_view text, double width, const 
         portion += printableLines(added);
         const OwnedIterator lines(pango_layout_get_iter(wrapped(portion, width, style)));
         std::size_t unseen = 0;
-        double bottom = top;
         do {
-            const WrappedLine line = lineAt(lines.get(), top);
+            const WrappedLine line = lineAt(lines.get(), bottom, face(style));
             unseen = static_cast<std::size_t>(line.line->start_index);
             // The last line of a portion is only begun: it goes on with the next one.
             if (unseen > 0 && !text.empty() && pango_layout_iter_at_last_line(lines.get()))
@@ -220,17 +227,19 @@ std::string CairoPdfText::visitLines(std::string_view text, double width, const 
             bottom = line.bottom;
         } while (pango_layout_iter_next_line(lines.get()));
         portion.erase(0, unseen);
-        top = bottom;
     }
     return {};
 }
 
-CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double top) {
+CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double top, const Face& face) {
     PangoRectangle extents;
     pango_layout_iter_get_line_extents(iterator, nullptr, &extents);
-    return {pango_layout_iter_get_layout(iterator), pango_layout_iter_get_line_readonly(iterator),
-            top + toPoints(pango_layout_iter_get_baseline(iterator)),
-            top + toPoints(extents.y + extents.height), toPoints(extents.width)};
+    const double ascent = toPoints(pango_layout_iter_get_baseline(iterator) - extents.y);
+    const double descent = toPoints(extents.height) - ascent;
+    // A line of characters that no font has would be lower than the others and reach into its neighbours.
+    const double baseline = top + std::max(ascent, face.ascent);
+    return {pango_layout_iter_get_layout(iterator), pango_layout_iter_get_line_readonly(iterator), baseline,
+            baseline + std::max(descent, face.descent), toPoints(extents.width)};
 }
 
 std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,

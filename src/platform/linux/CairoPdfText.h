@@ -67,6 +67,8 @@ private:
         Layout layout;
         /// From the top of a line to its base line.
         double ascent = 0;
+        /// From there to its bottom.
+        double descent = 0;
         /// Lines shaped lately, by their text: numbers are measured before they are drawn, and much repeats.
         std::unordered_map<std::string, ShapedLine> recent;
     };
@@ -76,8 +78,8 @@ private:
     [[nodiscard]] ShapedLine shape(std::string line, const Face& face) const;
     [[nodiscard]] const ShapedLine& shaped(const std::string& line, Face& face) const;
     [[nodiscard]] PangoLayout* wrapped(const std::string& text, double width, const TextStyle& style);
-    /// The line the iterator stands at, in a layout that begins at `top`.
-    [[nodiscard]] static WrappedLine lineAt(PangoLayoutIter* iterator, double top);
+    /// The line the iterator stands at, with its top there; never lower than a line of ordinary text.
+    [[nodiscard]] static WrappedLine lineAt(PangoLayoutIter* iterator, double top, const Face& face);
     /// Shows `visit` the lines of a wrapped text from the top until it answers false; returns the text from
     /// that line on.
     std::string visitLines(std::string_view text, double width, const TextStyle& style,
