@@ -73,6 +73,17 @@ TEST(CairoPdfImages, aJpegGoesInByteForByte) {
     EXPECT_EQ(images[0].width, 140);
 }
 
+TEST(CairoPdfImages, aJpegWithFillBytesIsDrawnAsItIsToBeSeen) {
+    const std::string plain = jpegImage(140, 70, QColor(255, 200, 0));
+    for (const std::size_t count : {1, 2, 3}) {
+        std::string filled = plain;
+        filled.insert(filled.find("\xFF\xC0"), count, '\xFF');
+        const PdfReader pdf(withImage(filled));
+        EXPECT_EQ(pdf.complaints(), "");
+        EXPECT_TRUE(pdf.picture(1).pixels == PdfReader(withImage(plain)).picture(1).pixels) << count;
+    }
+}
+
 TEST(CairoPdfImages, aPngKeepsEveryPixelAndItsTransparency) {
     const auto images = PdfReader(withImage(pngImage(140, 70, QColor(0, 0, 255, 128)))).images();
     ASSERT_EQ(images.size(), 2U);

@@ -41,9 +41,11 @@ std::optional<JpegHeader> readJpegHeader(std::string_view encoded) {
     if (byteAt(encoded, 0) != 0xFF || byteAt(encoded, 1) != startOfImage)
         return std::nullopt;
     std::optional<JpegHeader> header;
+    bool hasFillBytes = false;
     for (std::size_t at = 2; byteAt(encoded, at) == 0xFF;) {
         const int marker = byteAt(encoded, at + 1);
-        if (marker == 0xFF) { // a fill byte
+        if (marker == 0xFF) {
+            hasFillBytes = true;
             ++at;
             continue;
         }
@@ -53,8 +55,10 @@ std::optional<JpegHeader> readJpegHeader(std::string_view encoded) {
                 header->isComplete = encoded.find(endOfImage, segment) != std::string_view::npos;
             return header;
         }
-        if (beginsFrame(marker))
+        if (beginsFrame(marker)) {
             header = readFrame(encoded, segment, marker);
+            header->isCommonKind = header->isCommonKind && !hasFillBytes;
+        }
         const int length = twoBytesAt(encoded, segment);
         if (length < 2)
             return std::nullopt;

@@ -9,7 +9,8 @@ namespace brisklog {
 struct JpegHeader {
     int width = 0;
     int height = 0;
-    /// Grey or three colours of eight bits each, Huffman coded: what every PDF viewer shows as it is.
+    /// Grey or three colours of eight bits each, Huffman coded: what every PDF viewer shows as it is. No fill
+    /// bytes in front of the frame, which Cairo stumbles over: it would draw a black area instead.
     bool isCommonKind = false;
     /// The picture's data are followed by the mark that ends it.
     bool isComplete = false;
