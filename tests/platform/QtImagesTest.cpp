@@ -5,7 +5,7 @@
 #include "support/TemporaryHome.h"
 
 #include <QColorSpace>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 namespace brisklog::test {
@@ -94,6 +94,18 @@ TEST_F(QtImagesTest, scalesToTheSizeTheRuleGives) {
     }
 }
 
+TEST_F(QtImagesTest, aPictureOfFewColoursIsScaledInAllColours) {
+    for (const auto format : {QImage::Format_Mono, QImage::Format_Indexed8}) {
+        QImage picture(200, 100, format);
+        picture.setColorTable({0xFFC85AA0, 0xFF000000});
+        picture.fill(0);
+        const auto decoded = images.decode(encoded(picture, "PNG"), atMost40);
+        ASSERT_TRUE(decoded.succeeded());
+        EXPECT_EQ(decoded.value().size, (PixelSize{40, 20}));
+        EXPECT_THAT(decoded.value().pixels, testing::Each(0xFFC85AA0));
+    }
+}
+
 /// Where the red, green and blue quarters come to lie, as "top left, top right, bottom left, bottom right".
 TEST_F(QtImagesTest, turnsAPhotographUprightBeforeItAsksForItsSize) {
     const std::array<std::pair<int, const char*>, 8> orientations{{{1, "RGBW"},
@@ -137,6 +149,9 @@ TEST_F(QtImagesTest, bringsTheWideColoursOfCamerasIntoThoseOfAScreen) {
     const auto decoded = images.decode(encoded(picture, "PNG"), unchanged);
     ASSERT_TRUE(decoded.succeeded());
     EXPECT_GT(channel(pixel(decoded.value(), 0, 0), 8), 200);
+    picture.setColorSpace(QColorSpace(QPointF(0.3127, 0.329), QPointF(0.64, 0.33), QPointF(0.3, 0.6),
+                                      QPointF(0.15, 0.06), QColorSpace::TransferFunction::Gamma, 2.2F));
+    EXPECT_EQ(pixel(images.decode(encoded(picture, "PNG"), unchanged).value(), 0, 0), 0xFF00C800);
     picture.setColorSpace(QColorSpace::SRgb);
     EXPECT_EQ(pixel(images.decode(encoded(picture, "PNG"), unchanged).value(), 0, 0), 0xFF00C800);
 }

@@ -25,11 +25,18 @@ PixelSize pixelSize(const QSize& size) { return {size.width(), size.height()}; }
 
 QSize toolkitSize(const PixelSize& size) { return {size.width, size.height}; }
 
+/// Programs that write bare chromaticities and a gamma mean those of a screen, only less exactly.
+bool areScreenColours(const QColorSpace& colours) {
+    const auto primaries = colours.primaries();
+    const bool isBare = primaries == QColorSpace::Primaries::Custom &&
+                        colours.transferFunction() == QColorSpace::TransferFunction::Gamma;
+    return !colours.isValid() || primaries == QColorSpace::Primaries::SRgb || isBare;
+}
+
 /// The colours of cameras and print shops would look dull if they were taken for those of a screen.
 QImage inScreenColours(QImage picture) {
     picture.convertTo(QImage::Format_ARGB32);
-    const QColorSpace colours = picture.colorSpace();
-    if (colours.isValid() && colours.primaries() != QColorSpace::Primaries::SRgb)
+    if (!areScreenColours(picture.colorSpace()))
         picture.convertToColorSpace(QColorSpace::SRgb);
     return picture;
 }
@@ -48,9 +55,11 @@ Bitmap bitmapOf(const QImage& picture) {
 /// The upright picture in the size the rule gives; null when it cannot be decoded.
 QImage readUpright(QImageReader& reader, const ImageHeader& header, const Images::SizeRule& rule) {
     if (!header.isShrunkInBands) {
-        const QImage picture = reader.read();
+        QImage picture = reader.read();
         if (picture.isNull())
             return picture;
+        // A picture of few colours would be scaled with these alone.
+        picture.convertTo(QImage::Format_ARGB32);
         const QSize wanted = toolkitSize(rule(pixelSize(picture.size())));
         return picture.size() == wanted
                    ? picture

@@ -7,6 +7,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 #include <utility>
 
 namespace brisklog {
@@ -25,7 +26,7 @@ QPoint centredOn(const QScreen& screen) {
 } // namespace
 
 LogoPickerWindow::LogoPickerWindow(const QString& title, LogoPickerScreen* screen, QWidget* parent)
-    : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+    : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint) {
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -45,8 +46,9 @@ void LogoPickerWindow::keyPressEvent(QKeyEvent* event) {
 
 void LogoPickerWindow::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
-    if (const auto closed = std::exchange(m_closed, nullptr))
-        closed();
+    // Not sooner: as long as it is on the screen, no other window gets the keyboard.
+    if (auto closed = std::exchange(m_closed, nullptr))
+        QTimer::singleShot(0, parentWidget(), std::move(closed));
 }
 
 LogoPickerWindowController::~LogoPickerWindowController() { delete m_window.data(); }
@@ -59,9 +61,9 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
                              {.onImageSelected = std::move(completed), .dismiss = [this] { close(); }});
     m_window = new LogoPickerWindow(QString::fromStdString(title), screen, &parent);
     SheetHost* const host = sheetHostOf(parent);
-    m_window->onClosed([back = QPointer(&parent), host, hold = host ? host->holdOpen() : nullptr]() mutable {
+    m_window->onClosed([host, hold = host ? host->holdOpen() : nullptr]() mutable {
         hold.reset();
-        if (back && host)
+        if (host)
             host->takeFocusBack();
     });
     m_window->move(centredOn(*parent.screen()));

@@ -13,7 +13,7 @@ class LogoPickerWindow final : public QWidget {
 public:
     LogoPickerWindow(const QString& title, LogoPickerScreen* screen, QWidget* parent);
 
-    /// Runs once when the window has closed, however that came about.
+    /// Runs once after the window has closed, however that came about, unless its parent goes too.
     void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
 
 protected:
