@@ -4,7 +4,9 @@
 #include "support/SamplePictures.h"
 #include "support/TemporaryHome.h"
 
+#include <QBuffer>
 #include <QColorSpace>
+#include <QImageWriter>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
@@ -179,6 +181,22 @@ TEST_F(QtImagesTest, whatWouldFillTheMemoryIsAnError) {
     std::string gif = smallGif();
     gif.replace(6, 4, "\xFF\xFF\xFF\xFF");
     EXPECT_EQ(complaint(gif), "too large an image");
+}
+
+TEST_F(QtImagesTest, aPhotographInSeveralGoesIsAPictureButOneInHundredsIsNot) {
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    ASSERT_TRUE(writer.write(fourQuarters(64, 64)));
+    const std::string inSeveral = buffer.data().toStdString();
+    EXPECT_GT(buffer.data().count("\xFF\xDA"), 5);
+    EXPECT_EQ(complaint(inSeveral), "it is a picture");
+    const std::size_t lastScan = inSeveral.rfind("\xFF\xDA");
+    const std::size_t end = inSeveral.size() - 2;
+    std::string inHundreds = inSeveral.substr(0, end);
+    for (int count = 0; count < 200; ++count)
+        inHundreds += inSeveral.substr(lastScan, end - lastScan);
+    EXPECT_EQ(complaint(inHundreds + inSeveral.substr(end)), "an image without end");
 }
 
 TEST_F(QtImagesTest, aLargePhotographIsShrunkWhileItIsRead) {

@@ -77,6 +77,12 @@ std::unique_ptr<ImageBytes> ImageBytes::inMemory(std::string_view bytes) {
     return std::make_unique<MemoryBytes>(bytes);
 }
 
+void ImageBytes::startOver() {
+    seek(0);
+    m_ranOut = false;
+    m_cameShort = false;
+}
+
 qint64 ImageBytes::readData(char* target, qint64 count) {
     const qint64 filled = readAt(pos(), target, count);
     m_ranOut |= count > 0 && filled <= 0;

@@ -25,6 +25,9 @@ public:
     /// A decoder got less than it asked for, as those that read ahead do in the end.
     [[nodiscard]] bool cameShort() const { return m_cameShort; }
 
+    /// Goes back to the beginning, as if nothing had been read.
+    void startOver();
+
     [[nodiscard]] bool isSequential() const override { return false; }
 
 protected:

@@ -28,6 +28,9 @@ constexpr qint64 signatureLength = 10;
 /// No camera and no program writes as many before the picture.
 constexpr int mostJpegSegments = 4096;
 
+/// Programs that write a JPEG in several goes write ten or so.
+constexpr qsizetype mostScans = 100;
+
 /// One of the segments a JPEG is made of.
 struct JpegSegment {
     uchar marker;
@@ -77,6 +80,22 @@ bool comesInOneGo(QIODevice& image) {
     return false;
 }
 
+/// The mark that begins a scan cannot stand within its data.
+bool hasTooManyScans(QIODevice& image) {
+    constexpr QByteArrayView scanBegins("\xFF\xDA");
+    constexpr qint64 chunkLength = 1 << 16;
+    qsizetype scans = 0;
+    image.seek(0);
+    for (QByteArray chunk = image.read(chunkLength); !chunk.isEmpty() && scans <= mostScans;
+         chunk = image.read(chunkLength)) {
+        scans += chunk.count(scanBegins);
+        // It may lie across the border to the next chunk.
+        if (chunk.endsWith('\xFF') && chunk.size() == chunkLength)
+            image.seek(image.pos() - 1);
+    }
+    return scans > mostScans;
+}
+
 QSize gifSize(const QByteArray& begin) {
     constexpr int widthAt = 6;
     constexpr int heightAt = 8;
@@ -95,9 +114,10 @@ std::optional<ImageHeader> readImageHeader(QIODevice& image) {
     ImageHeader header{.format = found->format, .size = {}};
     if (header.format == "gif")
         header.size = gifSize(begin);
-    if (header.format == "jpeg")
+    if (header.format == "jpeg") {
         header.isShrunkInBands = comesInOneGo(image);
-    image.seek(0);
+        header.isEndless = !header.isShrunkInBands && hasTooManyScans(image);
+    }
     return header;
 }
 

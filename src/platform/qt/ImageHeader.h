@@ -16,9 +16,11 @@ struct ImageHeader {
     std::optional<QSize> size;
     /// A JPEG that comes in one go can be shrunk band by band; everything else is held in memory as a whole.
     bool isShrunkInBands = false;
+    /// A JPEG that goes over the same picture hundreds of times, to keep its reader busy for minutes.
+    bool isEndless = false;
 };
 
-/// Absent for what is no PNG, JPEG, GIF, BMP or TIFF. The device is at its beginning afterwards.
+/// Absent for what is no PNG, JPEG, GIF, BMP or TIFF. Leaves the device wherever it had to look.
 [[nodiscard]] std::optional<ImageHeader> readImageHeader(QIODevice& image);
 
 } // namespace brisklog

@@ -87,9 +87,12 @@ Result<Bitmap> decodeFrom(ImageBytes& bytes, const Images::SizeRule& rule) {
     const auto header = readImageHeader(bytes);
     if (!header)
         return Error{"not an image"};
+    bytes.startOver();
     QImageReader reader(&bytes, header->format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
+    if (header->isEndless)
+        return Error{"an image without end"};
     if (isTooLarge(bytes, *header, reader))
         return Error{"too large an image"};
     QImage picture = readUpright(reader, *header, rule);
