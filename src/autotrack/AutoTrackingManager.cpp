@@ -21,7 +21,7 @@ std::size_t indexOfDay(const std::vector<DailyAppUsage>& days, const Day& day) {
 } // namespace
 
 AutoTrackingManager::AutoTrackingManager(AutoTrackingPlatform platform)
-    : m_platform(std::move(platform)), m_storage(m_platform.userDefaults, m_icons) {
+    : m_platform(std::move(platform)), m_storage(m_platform.userDefaults, m_platform.clock, m_icons) {
     loadData();
 }
 
@@ -133,7 +133,11 @@ void AutoTrackingManager::loadData() {
 }
 
 void AutoTrackingManager::noticeForeignChange() {
-    if (dailyUsageData.revision() != m_knownRevision)
+    if (dailyUsageData.revision() == m_knownRevision)
+        return;
+    if (dailyUsageData->empty())
+        m_storage.noteCleared();
+    else
         m_storage.noteChangeFrom(0);
     m_knownRevision = dailyUsageData.revision();
 }

@@ -21,7 +21,7 @@ class DataParts {
 public:
     virtual ~DataParts() = default;
 
-    /// The part after the last one; absent at the end.
+    /// The part after the last one; absent at the end, however often it is asked for.
     [[nodiscard]] virtual std::optional<DataPart> next() = 0;
 };
 

@@ -206,6 +206,19 @@ TEST_F(SqlitePieces, aRepeatedStretchIsTheSameObjectEverywhere) {
     EXPECT_EQ(*repeated[1], digits(5000, 2));
 }
 
+TEST_F(SqlitePieces, theEndStaysTheEnd) {
+    auto store = openStore();
+    store.setValue("key", Data{record(1)});
+    (void)store.readData("key", [](DataParts& parts) {
+        while (parts.next()) {
+        }
+        EXPECT_FALSE(parts.next());
+        EXPECT_FALSE(parts.next());
+    });
+    EXPECT_EQ(dataValue(store, "key"), record(1));
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
 TEST_F(SqlitePieces, readingMayStopAnywhere) {
     auto store = openStore();
     store.setValue("key", Data{record(1) + record(2)});

@@ -50,7 +50,7 @@ public:
 
     bool writeData(std::string_view key, const Write& write) override {
         StringSink sink;
-        if (!write(sink))
+        if (!write(sink) || writesFail)
             return false;
         m_values.insert_or_assign(std::string(key), Data{std::move(sink.bytes)});
         return true;
@@ -60,7 +60,7 @@ public:
         const auto found = m_values.find(key);
         auto* const data = found != m_values.end() ? std::get_if<Data>(&found->second) : nullptr;
         StringSink sink;
-        if (data == nullptr || data->bytes.size() < offset || !write(sink))
+        if (data == nullptr || data->bytes.size() < offset || !write(sink) || writesFail)
             return false;
         data->bytes.replace(offset, std::string::npos, sink.bytes);
         tailsReplaced.push_back({std::string(key), sink.bytes.size()});
@@ -87,6 +87,8 @@ public:
     /// Key and length of every tail replaced, in order.
     std::vector<std::pair<std::string, std::size_t>> tailsReplaced;
     int synchronisations = 0;
+    /// Data values cannot be written, as on a full disk.
+    bool writesFail = false;
 
 private:
     class OnePart final : public DataParts {

@@ -66,7 +66,9 @@ SqliteChunkReader::SqliteChunkReader(SqliteDatabase& database, std::int64_t id, 
 }
 
 std::optional<DataPart> SqliteChunkReader::next() {
-    const bool isThere = m_chunks.next();
+    // A finished statement would begin again.
+    const bool isThere = !m_isAtEnd && m_chunks.next();
+    m_isAtEnd = !isThere;
     DataPart part;
     if (isThere && m_chunks.kind(2) == SqliteQuery::Kind::integer)
         part.repeated = piece(m_chunks.integer(2));

@@ -24,6 +24,7 @@ private:
     std::int64_t m_id;
     std::size_t m_size;
     std::size_t m_position = 0;
+    bool m_isAtEnd = false;
     SqliteQuery m_chunks;
     std::unordered_map<std::int64_t, std::shared_ptr<const std::string>> m_pieces;
     std::size_t m_bytesInPieces = 0;
