@@ -57,6 +57,8 @@ public:
         long number = static_cast<long>(numbersOf(tracker.dailyUsageData).size());
         for (int icon = 0; icon < 10; ++icon)
             frontmost.icons["org." + std::to_string(icon)] = std::string(2000, static_cast<char>(icon));
+        if (number > 0)
+            clock.set(tracker.dailyUsageData->back().sessions.back().endTime.value());
         if (!tracker.isTracking)
             tracker.startTracking();
         for (use(number);; ++number) {
