@@ -4,6 +4,7 @@
 #include "app/components/Picker.h"
 #include "support/screen/ScreenTest.h"
 
+#include <QAccessible>
 #include <QListView>
 #include <QPointer>
 #include <QTest>
@@ -53,6 +54,26 @@ TEST_F(ComponentMenu, startsAtTheCheckedRow) {
     MenuContent content = projects();
     content.items[1].isChecked = true;
     EXPECT_EQ(open(content).currentRow(), 1);
+}
+
+/// The names of everything a screen reader finds from there.
+QStringList namesUnder(const QAccessibleInterface& root) {
+    QStringList names{root.text(QAccessible::Name)};
+    for (int i = 0; i < root.childCount(); ++i)
+        if (const auto* child = root.child(i))
+            names += namesUnder(*child);
+    return names;
+}
+
+TEST_F(ComponentMenu, isFoundByAScreenReaderFromItsWindow) {
+    QPointer<MenuPopup> popup = &open(projects());
+    auto* const window = QAccessible::queryAccessibleInterface(&anchor);
+    EXPECT_TRUE(namesUnder(*window).contains(u"Beta"_s));
+    auto* const menu = QAccessible::queryAccessibleInterface(popup.data());
+    EXPECT_EQ(window->indexOfChild(menu), window->childCount() - 1);
+    press(*popup, Qt::Key_Escape);
+    EXPECT_FALSE(isOpen());
+    EXPECT_FALSE(namesUnder(*window).contains(u"Beta"_s));
 }
 
 TEST_F(ComponentMenu, arrowsStepOverDividersAndRoundTheEnds) {

@@ -3,6 +3,7 @@
 #include "app/components/Painting.h"
 #include "app/components/PickerAccessible.h"
 #include "app/components/Typography.h"
+#include "app/components/WindowAccessible.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -87,6 +88,7 @@ void installLook(QApplication& application, Motion motion) {
     QApplication::setFont(fontFor(FontRole::body13));
     QToolTip::setFont(fontFor(FontRole::caption11));
     QAccessible::installFactory(pickerAccessible);
+    QAccessible::installFactory(windowAccessible);
 }
 
 bool motionAllowed() {

@@ -2,12 +2,15 @@
 
 #include "app/components/FloatingScrollBar.h"
 
+#include <QApplication>
 #include <QScrollBar>
 
 namespace brisklog {
 namespace {
 
 constexpr int step = 24;
+/// What has the focus keeps that distance from the edge.
+constexpr int focusMargin = 12;
 /// What is left around the part that has the focus, so that its ring is seen too.
 constexpr int roomForFocus = 12;
 
@@ -20,6 +23,11 @@ ScrollArea::ScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
     viewport()->setAutoFillBackground(false);
     verticalScrollBar()->setSingleStep(step);
     FloatingScrollBar::attach(*this);
+    // The toolkit does so for the tab key alone; a screen reader sets the focus directly.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
+        if (now != nullptr && widget() != nullptr && widget()->isAncestorOf(now))
+            bringIntoView(*now);
+    });
     if (content)
         setContent(content);
 }
@@ -40,6 +48,13 @@ bool ScrollArea::focusNextPrevChild(bool next) {
         ensureVisible(middle.x(), middle.y(), 0, focused->height() / 2 + roomForFocus);
     }
     return true;
+}
+
+/// The whole of it: the toolkit's own way stops once a field's cursor is seen.
+void ScrollArea::bringIntoView(const QWidget& part) {
+    const QRect place(part.mapTo(widget(), QPoint(0, 0)), part.size());
+    if (place.height() + 2 * focusMargin <= viewport()->height())
+        ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + focusMargin);
 }
 
 QSize ScrollArea::sizeHint() const { return widget() ? widget()->sizeHint() : QSize(0, 0); }

@@ -17,6 +17,9 @@ public:
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
 
+private:
+    void bringIntoView(const QWidget& part);
+
 protected:
     bool focusNextPrevChild(bool next) override;
 };
