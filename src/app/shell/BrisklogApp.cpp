@@ -11,6 +11,7 @@
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "invoice/screens/InvoiceScreen.h"
+#include "overview/screens/DashboardScreen.h"
 #include "profile/screens/CustomerScreen.h"
 #include "profile/screens/ProfileScreen.h"
 
@@ -70,6 +71,9 @@ QWidget* BrisklogApp::makeScreen() {
 QWidget* BrisklogApp::makeSection(int section) {
     if (section == projectsSection)
         return makeProjectsSection();
+    if (section == dashboardSection)
+        return new DashboardScreen(
+            {.store = m_content->timeStore, .clock = m_platform.clock, .runLoop = m_platform.runLoop});
     if (section == profileSection)
         return new ProfileScreen(m_shared.profile(), m_platform.images);
     return makePlaceholderScreen(section);
@@ -83,8 +87,8 @@ QWidget* BrisklogApp::makeProjectsSection() {
             [this, &store](QWidget& from, int projectIndex) {
                 presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
             },
-        .exportReport =
-            [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }};
+        .exportReport = [this,
+                         &store](const Project& project) { exportReport(reportPlatform(store), project); }};
     return new MultiProjectScreen({.store = store,
                                    .clock = m_platform.clock,
                                    .runLoop = m_platform.runLoop,

@@ -21,6 +21,8 @@ inline constexpr std::array sections{
     Section{0, "chart.bar.xaxis", "Dashboard"}, Section{1, "timer", "Zeiterfassung"},
     Section{2, "person.fill", "Profil"}, Section{3, "gearshape.fill", "Einstellungen"}};
 
+inline constexpr int dashboardSection = 0;
+
 /// The section with the projects and timers, the first one shown.
 inline constexpr int projectsSection = 1;
 inline constexpr int profileSection = 2;
