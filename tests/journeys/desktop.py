@@ -135,6 +135,11 @@ class Desktop:
 
         return wait_until(look, f"something called {name!r}", seconds)[-1]
 
+    def find_anywhere(self, name, role):
+        """Also what would have to be scrolled into view."""
+        return wait_until(lambda: self.all_visible(lambda node: node.name == name and node.getRole() == role),
+                          f"something called {name!r}")[-1]
+
     def is_there(self, name):
         return bool(self.all_visible(lambda node: node.name == name
                                      and node.getState().contains(pyatspi.STATE_SHOWING)))
