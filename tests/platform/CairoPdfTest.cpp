@@ -136,6 +136,17 @@ TEST(CairoPdf, charactersThatNoFontHasCanStillBeCopied) {
     EXPECT_EQ(pdf.copiedText(), withoutBlanks(text));
 }
 
+TEST(CairoPdf, aCharacterThatNoFontHasCanBeCopiedWhereverItStands) {
+    const std::string unknown = "\U000F0000";
+    for (const double x : {100.0, 100.001, 99.999, 100.25, 100.5, 100.9})
+        for (const double y : {700.0, 700.3125, 700.5}) {
+            const PdfReader pdf(onePage([&](PdfDocument& page) {
+                page.drawLine(unknown, {x, y, 200, 14}, regular);
+            }));
+            EXPECT_EQ(pdf.copiedText(), unknown) << x << ", " << y;
+        }
+}
+
 TEST(CairoPdf, aCharacterThatNoFontHasIsAnEmptyBox) {
     const PdfReader pdf(onePage([](PdfDocument& page) { page.drawLine("\U000F0000", line, regular); }));
     const auto picture = pdf.picture(1, 720);

@@ -15,12 +15,17 @@ double kerningOf(const PdfBox& a, const PdfBox& b) {
     return std::max(0.5, narrower / 3);
 }
 
+/// Boxes of scripts with tall letters reach a little into the line above, their letters do not.
+double tallnessOf(const PdfBox& a, const PdfBox& b) {
+    return std::min(a.bottom - a.top, b.bottom - b.top) / 5;
+}
+
 bool overlap(const PdfBox& a, const PdfBox& b) {
     constexpr double hair = 0.2;
     const bool areOnOneLine = std::abs(a.top - b.top) < 1;
     const double across = std::min(a.right, b.right) - std::max(a.left, b.left);
     const double down = std::min(a.bottom, b.bottom) - std::max(a.top, b.top);
-    return a.page == b.page && down > hair && across > (areOnOneLine ? kerningOf(a, b) : hair);
+    return a.page == b.page && down > tallnessOf(a, b) && across > (areOnOneLine ? kerningOf(a, b) : hair);
 }
 
 } // namespace

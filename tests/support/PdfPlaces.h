@@ -18,7 +18,7 @@ void expectLine(const PdfReader& pdf, std::string_view phrase, double x, double 
 /// The phrase ends at `right` and hangs from the top of a line whose bottom edge is `y`.
 void expectNumber(const PdfReader& pdf, std::string_view phrase, double right, double y, int page = 1);
 
-/// No two words share more than a hair of the page.
+/// No two words share more of the page than letters of neighbouring words and lines do.
 void expectNothingPrintedOver(const PdfReader& pdf);
 
 /// Where the word stands, from the top of the first page on.

@@ -46,6 +46,7 @@ void CairoPdfDocument::beginPage() {
     if (m_hasPage)
         cairo_show_page(m_drawing.get());
     m_hasPage = true;
+    m_text.beginPage();
 }
 
 void CairoPdfDocument::drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) {

@@ -1,6 +1,7 @@
 #include "platform/linux/CairoPdfGlyphs.h"
 
 #include <algorithm>
+#include <cmath>
 #include <hb.h>
 #include <pango/pangocairo.h>
 #include <string_view>
@@ -45,15 +46,26 @@ int countShown(const PangoGlyphString& glyphs, int begin, int end) {
     return static_cast<int>(std::count_if(glyphs.glyphs + begin, glyphs.glyphs + end, isShown));
 }
 
+/// What has no ink at a whole point takes no room at all in Cairo's reckoning, which leaves it out then.
+double offWholePoint(double place) {
+    constexpr double resolution = 256;
+    constexpr double aside = 0.1;
+    const bool isWhole = std::fmod(std::round(place * resolution), resolution) == 0;
+    return isWhole ? place + aside : place;
+}
+
 } // namespace
 
 double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double x, double baseline) {
     PangoFont* const font = run.item->analysis.font;
     if (font != nullptr) {
-        collectGlyphs(run, x, baseline);
+        // Pictures are no text that can be copied, so blanks stand for it where they are.
+        const Font blanks = CairoPdfPictures::areGlyphsOf(font) ? ordinaryFontLike(font) : nullptr;
+        collectGlyphs(run, blanks.get(), x, baseline);
         collectClusters(run, text);
         const std::string_view shown = textOf(run, text);
-        cairo_set_scaled_font(m_drawing, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)));
+        PangoFont* const textFont = blanks ? blanks.get() : font;
+        cairo_set_scaled_font(m_drawing, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(textFont)));
         cairo_show_text_glyphs(m_drawing, shown.data(), static_cast<int>(shown.size()), m_glyphs.data(),
                                static_cast<int>(m_glyphs.size()), m_clusters.data(),
                                static_cast<int>(m_clusters.size()), directionOf(run));
@@ -61,19 +73,35 @@ double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double 
     return toPoints(pango_glyph_string_get_width(run.glyphs));
 }
 
-void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, double x, double baseline) {
+CairoPdfGlyphs::Font CairoPdfGlyphs::ordinaryFontLike(PangoFont* font) const {
+    PangoFontDescription* const description = pango_font_describe(font);
+    pango_font_description_set_family(description, m_fontFamilies);
+    Font ordinary(pango_context_load_font(m_context, description));
+    pango_font_description_free(description);
+    return ordinary;
+}
+
+void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline) {
     m_glyphs.clear();
+    PangoFont* const font = run.item->analysis.font;
+    const unsigned long blank = blankOf(blanks != nullptr ? blanks : font);
     for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
         const PangoGlyphInfo& glyph = run.glyphs->glyphs[i];
         const double width = toPoints(glyph.geometry.width);
         if (isShown(glyph)) {
+            const double glyphX = x + toPoints(glyph.geometry.x_offset);
+            const double glyphY = baseline + toPoints(glyph.geometry.y_offset);
             // Drawn by Pango, a character that no font has would be lost as text. Here it is a blank in a
             // box.
             if (isUnknown(glyph))
                 showUnknown(x, baseline, width);
-            m_glyphs.push_back({isUnknown(glyph) ? blankOf(run.item->analysis.font) : glyph.glyph,
-                                x + toPoints(glyph.geometry.x_offset),
-                                baseline + toPoints(glyph.geometry.y_offset)});
+            else if (blanks != nullptr)
+                m_pictures.show(font, glyph.glyph, glyphX, glyphY);
+            const bool isBlank = isUnknown(glyph) || blanks != nullptr;
+            if (isBlank)
+                m_glyphs.push_back({blank, offWholePoint(glyphX), offWholePoint(glyphY)});
+            else
+                m_glyphs.push_back({glyph.glyph, glyphX, glyphY});
         }
         x += width;
     }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/linux/CairoPdfPictures.h"
+
 #include <cairo.h>
+#include <memory>
 #include <pango/pango.h>
 #include <vector>
 
@@ -10,18 +13,35 @@ namespace brisklog {
 /// the document.
 class CairoPdfGlyphs {
 public:
-    /// The drawing must outlive this.
-    explicit CairoPdfGlyphs(cairo_t* drawing) : m_drawing(drawing) {}
+    /// All must outlive this; `fontFamilies` are those of ordinary text.
+    CairoPdfGlyphs(cairo_t* drawing, PangoContext* context, const char* fontFamilies)
+        : m_drawing(drawing), m_context(context), m_fontFamilies(fontFamilies), m_pictures(drawing) {}
+
+    /// From now on everything stands on another page.
+    void beginPage() { m_pictures.beginPage(); }
 
     /// Shows one run of the text from which it was shaped; returns its width in points.
     double show(const PangoGlyphItem& run, const char* text, double x, double baseline);
 
 private:
-    void collectGlyphs(const PangoGlyphItem& run, double x, double baseline);
+    struct Unreference {
+        void operator()(gpointer object) const { g_object_unref(object); }
+    };
+
+    using Font = std::unique_ptr<PangoFont, Unreference>;
+
+    /// The font of ordinary text in the size of another one.
+    [[nodiscard]] Font ordinaryFontLike(PangoFont* font) const;
+    /// Shows what is no text, and collects the glyphs that are. Those of `blanks`, if any, stand in for all
+    /// others.
+    void collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline);
     void collectClusters(const PangoGlyphItem& run, const char* text);
     void showUnknown(double x, double baseline, double width);
 
     cairo_t* m_drawing;
+    PangoContext* m_context;
+    const char* m_fontFamilies;
+    CairoPdfPictures m_pictures;
     // Kept between runs so that they are not allocated anew for each.
     std::vector<cairo_glyph_t> m_glyphs;
     std::vector<cairo_text_cluster_t> m_clusters;

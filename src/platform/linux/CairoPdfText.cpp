@@ -86,7 +86,8 @@ void setUpForPaper(PangoContext* context) {
 } // namespace
 
 CairoPdfText::CairoPdfText(cairo_t* drawing, PangoFontMap* fonts)
-    : m_drawing(drawing), m_glyphs(drawing), m_context(pango_font_map_create_context(fonts)) {
+    : m_drawing(drawing), m_context(pango_font_map_create_context(fonts)),
+      m_glyphs(drawing, m_context.get(), fontFamilies) {
     setUpForPaper(m_context.get());
     pango_cairo_update_context(drawing, m_context.get());
 }

@@ -18,6 +18,9 @@ public:
     /// Both must outlive this.
     CairoPdfText(cairo_t* drawing, PangoFontMap* fonts);
 
+    /// From now on everything stands on another page.
+    void beginPage() { m_glyphs.beginPage(); }
+
     void drawLine(std::string_view text, double x, double top, double width, const TextStyle& style);
     void drawNumber(std::string_view text, double x, double top, double width, const TextStyle& style);
     [[nodiscard]] double widthOfNumber(std::string_view text, const TextStyle& style);
@@ -90,8 +93,8 @@ private:
     void show(PangoLayout* layout, PangoLayoutLine* line, double x, double baseline);
 
     cairo_t* m_drawing;
-    CairoPdfGlyphs m_glyphs;
     std::unique_ptr<PangoContext, Unreference> m_context;
+    CairoPdfGlyphs m_glyphs;
     std::vector<Face> m_faces;
 };
 
