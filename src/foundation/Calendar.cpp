@@ -7,6 +7,8 @@ namespace brisklog {
 namespace {
 
 constexpr double millisecondsPerSecond = 1000;
+/// Beyond this many seconds (three million years) there are no months.
+constexpr TimeInterval farthestMoment = 1e14;
 
 qint64 unixMilliseconds(Date date) {
     return std::llround((date.secondsSinceReference + secondsFromUnixEpochToReference) *
@@ -62,6 +64,13 @@ QDate Calendar::dayNumber(Date date) const {
 Date Calendar::startOfMonth(Date date) const {
     const QDate day = dayNumber(date);
     return firstMomentOf(QDate(day.year(), day.month(), 1), m_zone);
+}
+
+YearAndMonth Calendar::monthOf(Date date) const {
+    if (std::abs(date.secondsSinceReference) > farthestMoment)
+        return {};
+    const QDate day = dayNumber(date);
+    return {.year = day.year(), .month = day.month()};
 }
 
 Day Calendar::dayOf(Date date) const {

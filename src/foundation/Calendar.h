@@ -17,6 +17,14 @@ struct Day {
     bool operator==(const Day&) const = default;
 };
 
+/// A month of a year, both counted from 1; both 0 where no calendar reaches.
+struct YearAndMonth {
+    int year = 0;
+    int month = 0;
+
+    bool operator==(const YearAndMonth&) const = default;
+};
+
 /// Arithmetic with days as people count them, in one time zone: a day may have 23 or 25 hours.
 class Calendar {
 public:
@@ -38,6 +46,9 @@ public:
 
     /// The day in which the moment lies. Where the clocks skip midnight it begins when they go on.
     [[nodiscard]] Day dayOf(Date date) const;
+
+    /// The month in which the moment lies.
+    [[nodiscard]] YearAndMonth monthOf(Date date) const;
 
     [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
 

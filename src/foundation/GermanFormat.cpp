@@ -43,6 +43,7 @@ struct DateFormatters {
         icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, germany())};
     std::unique_ptr<icu::DateFormat> weekday{makePattern("E")};
     std::unique_ptr<icu::DateFormat> month{makePattern("MMM")};
+    std::unique_ptr<icu::DateFormat> monthAndYear{makePattern("LLLL yyyy")};
     std::unique_ptr<icu::DateFormat> isoDay{makePattern("yyyy-MM-dd")};
 
     static std::unique_ptr<icu::DateFormat> makePattern(const char* pattern) {
@@ -51,9 +52,9 @@ struct DateFormatters {
                                                        status);
     }
 
-    [[nodiscard]] std::array<icu::DateFormat*, 9> all() const {
-        return {shortWithTime.get(), shortDate.get(), mediumDate.get(), longDate.get(), fullDate.get(),
-                shortTime.get(),     weekday.get(),   month.get(),      isoDay.get()};
+    [[nodiscard]] std::array<icu::DateFormat*, 10> all() const {
+        return {shortWithTime.get(), shortDate.get(), mediumDate.get(), longDate.get(),     fullDate.get(),
+                shortTime.get(),     weekday.get(),   month.get(),      monthAndYear.get(), isoDay.get()};
     }
 };
 
@@ -148,6 +149,8 @@ std::string date(Date date, DateForm form) {
         return formatted(*formatters.weekday, date);
     case DateForm::month:
         return formatted(*formatters.month, date);
+    case DateForm::monthAndYear:
+        return formatted(*formatters.monthAndYear, date);
     }
     std::abort();
 }

@@ -20,6 +20,7 @@ enum class DateForm {
     shortTime,     ///< 18:20
     weekday,       ///< So.
     month,         ///< Nov.
+    monthAndYear,  ///< November 2026
 };
 
 [[nodiscard]] std::string date(Date date, DateForm form);

@@ -95,7 +95,7 @@ QSize Label::minimumSizeHint() const {
 int Label::heightForWidth(int width) const {
     if (m_lines == Lines::one)
         return lineHeight(m_font);
-    return lineHeight(m_font) * std::max(1, brokenIntoLines(text(), m_font, width)->lineCount());
+    return wrappedHeight(text(), m_font, width);
 }
 
 void Label::paintEvent(QPaintEvent*) {
@@ -149,6 +149,16 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintText(painter, rect(), text(), m_font, textColor(*this, m_color), alignment() | Qt::AlignVCenter,
               m_mode);
+}
+
+int wrappedHeight(const QString& text, FontRole font, int width) {
+    return lineHeight(font) * std::max(1, brokenIntoLines(text, font, width)->lineCount());
+}
+
+void paintWrapped(QPainter& painter, const QRect& area, const QString& text, FontRole font,
+                  const QColor& color) {
+    painter.setPen(color);
+    drawLines(painter, area, *brokenIntoLines(text, font, area.width()), Qt::AlignLeft);
 }
 
 QString plainTooltip(const QString& text) {

@@ -62,6 +62,12 @@ private:
     Qt::TextElideMode m_mode;
 };
 
+/// How high the text is when it breaks into lines of that width.
+[[nodiscard]] int wrappedHeight(const QString& text, FontRole font, int width);
+/// Paints the text broken into lines, from the area's top on; for delegates.
+void paintWrapped(QPainter& painter, const QRect& area, const QString& text, FontRole font,
+                  const QColor& color);
+
 /// The text as a tooltip that shows it letter by letter (never as markup) and wraps when it is long.
 [[nodiscard]] QString plainTooltip(const QString& text);
 

@@ -108,8 +108,8 @@ void SheetWindow::setBody(QWidget* body, Body kind) {
 
 void SheetWindow::addHeaderWidget(QWidget* widget) { m_headerRow->addWidget(widget); }
 
-void SheetWindow::addCloseButton(const QString& tooltip) {
-    auto* button = new SymbolButton(u"xmark.circle"_s, tooltip, SymbolButton::Size::closing);
+void SheetWindow::addCloseButton(const QString& tooltip, const QString& symbol) {
+    auto* button = new SymbolButton(symbol, tooltip, SymbolButton::Size::closing);
     button->onClick([this] { dismiss(); });
     addHeaderWidget(button);
 }

@@ -32,7 +32,7 @@ public:
     /// Between the title and the close button, in the order of the calls.
     void addHeaderWidget(QWidget* widget);
     /// A symbol button at the header's right end that closes the sheet.
-    void addCloseButton(const QString& tooltip);
+    void addCloseButton(const QString& tooltip, const QString& symbol = QStringLiteral("xmark.circle"));
     /// At the footer's left end.
     void addFooterLeading(QWidget* widget);
     /// At the footer's right end, each to the right of the one before.

@@ -99,7 +99,7 @@ CustomerDelegate::CustomerDelegate(const CustomerModel& model, ListView& list)
     : QStyledItemDelegate(&list), m_model(model), m_list(list) {}
 
 QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
-    return {0, marginAbove(index) + heightOf(m_model.row(index)) + marginBelow(index)};
+    return {0, marginAbove(index) + heightOf(m_model.rowAt(index).shown) + marginBelow(index)};
 }
 
 void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -111,7 +111,7 @@ void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         paintHoveredCard(*painter, card, palette);
     else
         paintCard(*painter, card, palette);
-    for (const Line& line : linesOf(m_model.row(index), card))
+    for (const Line& line : linesOf(m_model.rowAt(index).shown, card))
         paintLine(*painter, line, palette);
     if (m_list.showsFocusRing() && m_list.currentIndex() == index)
         paintFocusRing(*painter, card, radius, palette);
@@ -123,7 +123,7 @@ bool CustomerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     QString elided;
-    for (const Line& line : linesOf(m_model.row(index), cardIn(option.rect, index)))
+    for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(option.rect, index)))
         if (line.area.contains(event->pos()) && textWidth(line.text, line.font) > textArea(line).width())
             elided = line.text;
     if (elided.isEmpty())

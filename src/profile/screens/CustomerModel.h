@@ -1,43 +1,33 @@
 #pragma once
 
+#include "app/components/RowListModel.h"
 #include "core/TimeTrackingStore.h"
 #include "profile/CustomerRowView.h"
 
-#include <QAbstractListModel>
 #include <optional>
-#include <vector>
 
 namespace brisklog {
 
+/// A customer in the list, with the texts of the card.
+struct CustomerRow {
+    Uuid id;
+    CustomerRowView shown;
+
+    [[nodiscard]] const Uuid& identity() const { return id; }
+};
+
 /// The store's customers for a list view, as they were at the last `synchronise`.
-class CustomerModel final : public QAbstractListModel {
+class CustomerModel final : public RowListModel<CustomerRow> {
 public:
     explicit CustomerModel(const TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}
 
-    [[nodiscard]] const CustomerRowView& row(const QModelIndex& index) const;
-    [[nodiscard]] const Uuid& customerId(const QModelIndex& index) const;
-
-    /// Tells the list what changed in the customers since the last call. What stayed keeps its place under
-    /// the eyes of the reader.
+    /// Tells the list what changed in the customers since the last call.
     void synchronise();
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    struct Row {
-        Uuid id;
-        CustomerRowView shown;
-    };
-
-    using Rows = std::vector<Row>;
-
-    [[nodiscard]] Rows currentRows() const;
-    void take(Rows rows);
-    void replaceAll(Rows rows);
-
     const TimeTrackingStore& m_timeStore;
-    Rows m_rows;
     std::optional<std::uint64_t> m_revision;
 };
 

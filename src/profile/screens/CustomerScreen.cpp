@@ -64,7 +64,7 @@ bool CustomerScreen::eventFilter(QObject* watched, QEvent* event) {
 
 void CustomerScreen::editCustomer(const QModelIndex& index) {
     if (index.isValid())
-        m_view.editCustomer(m_model.customerId(index));
+        m_view.editCustomer(m_model.rowAt(index).id);
 }
 
 void CustomerScreen::refresh() {

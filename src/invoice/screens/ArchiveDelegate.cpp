@@ -1,0 +1,246 @@
+#include "invoice/screens/ArchiveDelegate.h"
+
+#include "app/components/Figures.h"
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/SymbolButton.h"
+#include "app/components/Symbols.h"
+#include "foundation/Text.h"
+#include "invoice/screens/ArchiveModel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int side = 16;
+constexpr int inset = 12;
+constexpr int radius = 6;
+constexpr int explanationInset = 18;
+constexpr int marginAbove = 12;
+constexpr int marginBelow = 15;
+constexpr int monthAbove = 14;
+constexpr int monthBelow = 6;
+constexpr int monthSymbol = 16;
+constexpr int monthGap = 6;
+constexpr int headHeight = 46;
+constexpr int numberTop = 7;
+constexpr int chevronSize = 14;
+constexpr int chevronEdge = 8;
+constexpr int panelHeight = 64;
+constexpr int panelRight = 8;
+constexpr int gapUnderPanel = 8;
+constexpr int detailTop = 7;
+constexpr int detailStep = 17;
+constexpr int detailLeft = 10;
+constexpr int valueLeft = 66;
+constexpr int trashSize = 28;
+constexpr int trashEdge = 4;
+constexpr int symbolSize = 18;
+/// The lowest pixel row of a card is its shadow.
+constexpr int shadow = 1;
+/// How far a card that goes on in the next row is drawn past this one's edge.
+constexpr int beyond = 20;
+
+constexpr FontRole explanationFont = FontRole::tab12;
+constexpr FontRole monthFont = FontRole::body13Semibold;
+constexpr FontRole numberFont = FontRole::body13Medium;
+constexpr FontRole customerFont = FontRole::caption11;
+
+QString oneLine(const std::string& utf8) { return QString::fromStdString(text::onOneLine(utf8)); }
+
+QRect headIn(const QRect& item) { return {side, item.top(), item.width() - 2 * side, headHeight}; }
+
+QRect panelIn(const QRect& item) {
+    const QRect head = headIn(item);
+    return {head.left() + inset, head.bottom() + 1, head.width() - inset - panelRight, panelHeight};
+}
+
+QRect trashIn(const QRect& item) {
+    const QRect panel = panelIn(item);
+    return {panel.right() + 1 - trashEdge - trashSize, panel.top() + (panelHeight - trashSize) / 2, trashSize,
+            trashSize};
+}
+
+QRect chevronIn(const QRect& item) {
+    const QRect head = headIn(item);
+    return {head.right() + 1 - chevronEdge - chevronSize, head.top(), chevronSize, head.height()};
+}
+
+/// The line of a head that begins so far under its top.
+QRect lineIn(const QRect& item, int top, FontRole font) {
+    const QRect head = headIn(item);
+    const int left = head.left() + inset;
+    return {left, head.top() + top, chevronIn(item).left() - inset - left, lineHeight(font)};
+}
+
+QRect numberIn(const QRect& item) { return lineIn(item, numberTop, numberFont); }
+
+QRect customerIn(const QRect& item) { return lineIn(item, numberTop + lineHeight(numberFont), customerFont); }
+
+void paintMonth(QPainter& painter, const QRect& item, const QString& title, const Palette& palette) {
+    const bool isDark = palette.scheme == ColorScheme::dark;
+    const QRect line(explanationInset, item.top() + monthAbove, item.width() - 2 * explanationInset,
+                     lineHeight(monthFont));
+    paintSymbol(painter, QRect(line.topLeft(), QSize(monthSymbol, line.height())), u"calendar"_s, monthSymbol,
+                isDark ? palette.white : palette.blue);
+    paintText(painter, line.adjusted(monthSymbol + monthGap, 0, 0, 0), title, monthFont,
+              isDark ? palette.white : palette.text);
+}
+
+/// The row's share of its month's card.
+void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, const Palette& palette) {
+    const QRect part(side, item.top(), item.width() - 2 * side, item.height());
+    paintCard(painter, part.adjusted(0, row.isFirst ? 0 : -beyond, 0, row.isLast ? 0 : beyond), palette);
+    if (!row.isLast)
+        painter.fillRect(QRect(part.left() + inset, part.bottom(), part.width() - 2 * inset, 1),
+                         palette.line);
+}
+
+void paintDetail(QPainter& painter, const QRect& line, const QString& label, const std::string& value,
+                 const Palette& palette) {
+    paintText(painter, line.adjusted(detailLeft, 0, 0, 0), label, FontRole::caption11, palette.secondary);
+    paintFigures(painter, line.adjusted(valueLeft, 0, 0, 0), oneLine(value), FontRole::caption11Medium,
+                 palette.text, Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+} // namespace
+
+ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list)
+    : QStyledItemDelegate(&list), m_model(model), m_view(view), m_list(list) {}
+
+ArchiveDelegate::Part ArchiveDelegate::partAt(const QModelIndex& index, const QRect& item,
+                                              const QPoint& point) const {
+    if (!index.isValid() || m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
+        return Part::none;
+    if (headIn(item).contains(point))
+        return Part::head;
+    const bool isOpen = m_view.isOpen(m_model.rowAt(index).invoice.id);
+    return isOpen && trashIn(item).contains(point) ? Part::trash : Part::none;
+}
+
+void ArchiveDelegate::setActive(const QModelIndex& index, Part part, bool isPressed) {
+    if (m_active == index && m_activePart == part && m_isPressed == isPressed)
+        return;
+    m_active = index;
+    m_activePart = part;
+    m_isPressed = isPressed;
+    m_list.viewport()->update();
+}
+
+void ArchiveDelegate::setMoving(const QModelIndex& index, double shown) {
+    m_moving = index;
+    m_movingShown = shown;
+    Q_EMIT sizeHintChanged(index);
+}
+
+int ArchiveDelegate::detailsHeight(const QModelIndex& index) const {
+    constexpr int whole = panelHeight + gapUnderPanel;
+    if (m_moving == index)
+        return qRound(whole * m_movingShown);
+    return m_view.isOpen(m_model.rowAt(index).invoice.id) ? whole : 0;
+}
+
+int ArchiveDelegate::explanationHeight() const {
+    const int width = m_list.viewport()->width() - 2 * explanationInset;
+    return marginAbove + wrappedHeight(oneLine(ArchiveSheetView::explanation), explanationFont, width);
+}
+
+QSize ArchiveDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+    const ArchiveRow& row = m_model.rowAt(index);
+    if (row.kind == ArchiveRow::Kind::explanation)
+        return {0, explanationHeight()};
+    if (row.kind == ArchiveRow::Kind::month)
+        return {0, monthAbove + lineHeight(monthFont) + monthBelow};
+    const bool isVeryLast = index.row() == m_model.rowCount() - 1;
+    return {0,
+            headHeight + detailsHeight(index) + (row.isLast ? shadow : 0) + (isVeryLast ? marginBelow : 0)};
+}
+
+void ArchiveDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_list);
+    const ArchiveRow& row = m_model.rowAt(index);
+    painter->save();
+    painter->setClipRect(option.rect, Qt::IntersectClip);
+    if (row.kind == ArchiveRow::Kind::explanation)
+        paintWrapped(*painter, option.rect.adjusted(explanationInset, marginAbove, -explanationInset, 0),
+                     oneLine(row.title), explanationFont, palette.secondary);
+    else if (row.kind == ArchiveRow::Kind::month)
+        paintMonth(*painter, option.rect, oneLine(row.title), palette);
+    else
+        paintInvoice(*painter, option.rect, index, palette);
+    painter->restore();
+}
+
+void ArchiveDelegate::paintInvoice(QPainter& painter, const QRect& item, const QModelIndex& index,
+                                   const Palette& palette) const {
+    const bool isVeryLast = index.row() == m_model.rowCount() - 1;
+    paintCardPart(painter, item.adjusted(0, 0, 0, isVeryLast ? -marginBelow : 0), m_model.rowAt(index),
+                  palette);
+    paintHead(painter, item, index, palette);
+    if (detailsHeight(index) > 0)
+        paintDetails(painter, item, index, palette);
+    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
+        paintFocusRing(painter, headIn(item).adjusted(6, 5, -6, -6), 4, palette);
+}
+
+void ArchiveDelegate::paintHead(QPainter& painter, const QRect& item, const QModelIndex& index,
+                                const Palette& palette) const {
+    const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
+    if (m_active == index && m_activePart == Part::head)
+        fillRounded(painter, headIn(item).adjusted(4, 3, -4, -4), radius, withOpacity(palette.control, 0.5));
+    paintText(painter, numberIn(item), oneLine(archiveNumber(invoice)), numberFont,
+              invoice.invoiceNumber.empty() ? palette.secondary : palette.text);
+    paintText(painter, customerIn(item), oneLine(archiveCustomer(invoice)), customerFont, palette.secondary);
+    paintSymbol(painter, chevronIn(item), m_view.isOpen(invoice.id) ? u"chevron.down"_s : u"chevron.right"_s,
+                chevronSize, palette.secondary);
+}
+
+void ArchiveDelegate::paintDetails(QPainter& painter, const QRect& item, const QModelIndex& index,
+                                   const Palette& palette) const {
+    const QRect panel = panelIn(item);
+    const ArchiveDetails details = m_view.details(m_model.rowAt(index).invoice);
+    fillRounded(painter, panel, radius, withOpacity(palette.secondary, 0.07));
+    QRect line(panel.left(), panel.top() + detailTop, panel.width(), detailStep);
+    paintDetail(painter, line, u"Datum:"_s, details.date, palette);
+    paintDetail(painter, line.translated(0, detailStep), u"Zeit:"_s, details.time, palette);
+    paintDetail(painter, line.translated(0, 2 * detailStep), u"Betrag:"_s, details.amount, palette);
+    const bool isActive = m_active == index && m_activePart == Part::trash;
+    paintSymbolButton(painter, trashIn(item), u"trash"_s, symbolSize,
+                      {.isDeleting = true, .isHovered = isActive, .isPressed = isActive && m_isPressed},
+                      palette);
+}
+
+QString ArchiveDelegate::tooltip(const QRect& item, const QPoint& point, const QModelIndex& index) const {
+    const Part part = partAt(index, item, point);
+    if (part != Part::head)
+        return part == Part::trash ? QString::fromUtf16(trashTooltip) : QString();
+    const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
+    const QString number = oneLine(archiveNumber(invoice));
+    const QString customer = oneLine(archiveCustomer(invoice));
+    if (numberIn(item).contains(point) && textWidth(number, numberFont) > numberIn(item).width())
+        return number;
+    const bool isElided = textWidth(customer, customerFont) > customerIn(item).width();
+    return customerIn(item).contains(point) && isElided ? customer : QString();
+}
+
+bool ArchiveDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString shown = tooltip(option.rect, event->pos(), index);
+    if (shown.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(event->globalPos(), plainTooltip(shown), view->viewport());
+    return true;
+}
+
+} // namespace brisklog

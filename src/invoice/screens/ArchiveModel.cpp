@@ -1,0 +1,79 @@
+#include "invoice/screens/ArchiveModel.h"
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+void append(std::vector<ArchiveRow>& rows, ArchiveGroup group) {
+    rows.push_back({.kind = ArchiveRow::Kind::month, .key = group.key, .title = group.title, .invoice = {}});
+    const std::size_t first = rows.size();
+    for (ArchivedInvoice& invoice : group.invoices)
+        rows.push_back({.kind = ArchiveRow::Kind::invoice,
+                        .key = invoice.id.text(),
+                        .title = archiveNumber(invoice),
+                        .invoice = std::move(invoice)});
+    rows.at(first).isFirst = true;
+    rows.back().isLast = true;
+}
+
+} // namespace
+
+void ArchiveModel::synchronise() {
+    if (m_revision == m_timeStore.archivedInvoices.revision())
+        return;
+    m_revision = m_timeStore.archivedInvoices.revision();
+    std::vector<ArchiveRow> rows;
+    rows.push_back({.kind = ArchiveRow::Kind::explanation,
+                    .key = {},
+                    .title = ArchiveSheetView::explanation,
+                    .invoice = {}});
+    for (ArchiveGroup& group : m_view.groups())
+        append(rows, std::move(group));
+    takeRows(std::move(rows));
+}
+
+QModelIndex ArchiveModel::indexOf(const Uuid& id) const {
+    for (int row = 0; row < rowCount(); ++row)
+        if (const ArchiveRow& shown = rowAt(index(row));
+            shown.kind == ArchiveRow::Kind::invoice && shown.invoice.id == id)
+            return index(row);
+    return {};
+}
+
+QModelIndex ArchiveModel::firstInvoice() const {
+    // Under the sentence and the newest month's title.
+    constexpr int first = 2;
+    return index(first);
+}
+
+QString ArchiveModel::spokenText(const ArchiveRow& row) const {
+    if (row.kind != ArchiveRow::Kind::invoice)
+        return text(row.title);
+    const QString closed = text(row.title) + u", "_s + text(archiveCustomer(row.invoice));
+    if (!m_view.isOpen(row.invoice.id))
+        return closed;
+    const ArchiveDetails details = m_view.details(row.invoice);
+    return u"%1, Datum: %2, Zeit: %3, Betrag: %4"_s.arg(closed, text(details.date), text(details.time),
+                                                        text(details.amount));
+}
+
+QVariant ArchiveModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    if (role == Qt::DisplayRole)
+        return text(rowAt(index).title);
+    if (role == Qt::AccessibleTextRole)
+        return spokenText(rowAt(index));
+    return {};
+}
+
+Qt::ItemFlags ArchiveModel::flags(const QModelIndex& index) const {
+    const bool isInvoice =
+        checkIndex(index, CheckIndexOption::IndexIsValid) && rowAt(index).kind == ArchiveRow::Kind::invoice;
+    return isInvoice ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+}
+
+} // namespace brisklog

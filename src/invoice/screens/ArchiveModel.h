@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/components/RowListModel.h"
+#include "invoice/ArchiveSheetView.h"
+
+#include <optional>
+
+namespace brisklog {
+
+/// A row of the archive: the sentence on top, a month's title, or an invoice.
+struct ArchiveRow {
+    enum class Kind { explanation, month, invoice };
+
+    Kind kind = Kind::explanation;
+    /// Of the month, or the invoice's id as text.
+    std::string key;
+    std::string title;
+    ArchivedInvoice invoice;
+    /// The invoice's place among those of its month.
+    bool isFirst = false;
+    bool isLast = false;
+
+    [[nodiscard]] const std::string& identity() const { return key; }
+};
+
+/// The archive for a list view.
+class ArchiveModel final : public RowListModel<ArchiveRow> {
+public:
+    ArchiveModel(const TimeTrackingStore& timeStore, const ArchiveSheetView& view)
+        : m_timeStore(timeStore), m_view(view) {}
+
+    /// Tells the list what changed in the archive since the last call.
+    void synchronise();
+
+    /// The row of the invoice with that id; an invalid index without one.
+    [[nodiscard]] QModelIndex indexOf(const Uuid& id) const;
+    /// The row of the invoice listed first.
+    [[nodiscard]] QModelIndex firstInvoice() const;
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    /// Only invoices can be reached with the keyboard.
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    [[nodiscard]] QString spokenText(const ArchiveRow& row) const;
+
+    const TimeTrackingStore& m_timeStore;
+    const ArchiveSheetView& m_view;
+    std::optional<std::uint64_t> m_revision;
+};
+
+} // namespace brisklog

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "invoice/ArchiveSheetView.h"
+
+#include <memory>
+
+namespace brisklog {
+
+class ArchiveList;
+class SheetWindow;
+
+/// The archive sheet's body: the issued invoices by month, or what to do while there is none.
+class ArchiveSheetScreen final : public Screen {
+public:
+    ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock, const Calendar& calendar);
+
+protected:
+    void refresh() override;
+
+private:
+    [[nodiscard]] static QWidget* makeEmptyArchive();
+
+    ArchiveSheetView m_view;
+    ArchiveList* m_list;
+    QWidget* m_emptyArchive;
+};
+
+/// The sheet, ready to be presented.
+[[nodiscard]] std::unique_ptr<SheetWindow> makeArchiveSheet(TimeTrackingStore& timeStore, const Clock& clock,
+                                                            const Calendar& calendar);
+
+} // namespace brisklog
