@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QPointer>
 #include <QTest>
+#include <QWindow>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -28,12 +30,15 @@ public:
     void takeFocusBack() override {
         holdersWhenFocusCameBack = holders();
         ++focusReturns;
+        if (whenFocusComesBack)
+            whenFocusComesBack();
     }
 
     [[nodiscard]] long holders() const { return m_token.use_count() - 1; }
 
     int focusReturns = 0;
     long holdersWhenFocusCameBack = -1;
+    std::function<void()> whenFocusComesBack;
 
 private:
     std::shared_ptr<void> m_token = std::make_shared<int>(0);
@@ -89,6 +94,22 @@ TEST_F(ComponentSheet, holdsItsHostWhileOpenAndGivesTheFocusBack) {
     EXPECT_EQ(host.holders(), 0);
     EXPECT_EQ(host.focusReturns, 1);
     EXPECT_EQ(host.holdersWhenFocusCameBack, 1);
+}
+
+TEST_F(ComponentSheet, itsWindowIsGoneBeforeTheFocusComesBackHoweverItIsClosed) {
+    const auto closed = [this](const std::function<void(SheetWindow&)>& close) {
+        SheetWindow& shown = present();
+        bool isGone = false;
+        host.whenFocusComesBack = [&] { isGone = shown.windowHandle()->handle() == nullptr; };
+        close(shown);
+        settle();
+        EXPECT_TRUE(isGone);
+        EXPECT_TRUE(sheet.isNull());
+    };
+    closed([](SheetWindow& shown) { shown.dismiss(); });
+    closed([](SheetWindow& shown) { shown.close(); });
+    closed([](SheetWindow& shown) { QTest::keyClick(&shown, Qt::Key_Escape); });
+    EXPECT_EQ(host.focusReturns, 3);
 }
 
 TEST_F(ComponentSheet, liesOverItsWindowModalAndInsideTheScreen) {

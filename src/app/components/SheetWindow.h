@@ -42,7 +42,7 @@ public:
     void setMainAction(Button& button) { m_mainAction = &button; }
 
     /// Closes the sheet; it is destroyed once the event loop turns.
-    void dismiss() { close(); }
+    void dismiss() { reject(); }
 
     /// Runs once when the sheet has closed, however that came about.
     void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
@@ -59,6 +59,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
     void done(int result) override;
 
 private:
