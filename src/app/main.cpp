@@ -20,6 +20,8 @@
 #include "profile/screens/LogoPickerWindow.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
 #include <cstdlib>
 #include <optional>
 
@@ -53,6 +55,10 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
     if (RunningInstance::activateOther())
         std::exit(EXIT_SUCCESS);
     stopProgram("already running, but not reachable over the session bus");
+}
+
+void openLink(std::string_view address) {
+    QDesktopServices::openUrl(QUrl(QString::fromUtf8(address.data(), qsizetype(address.size()))));
 }
 
 /// This machine, as it really is.
@@ -136,7 +142,8 @@ private:
                        .makeStatusItem = [this] { return makeStatusItem(); },
                        .hasStatusItem = [this] { return hasStatusItem(); },
                        .x11 = m_x11.get(),
-                       .terminate = [] { QApplication::quit(); }}};
+                       .terminate = [] { QApplication::quit(); },
+                       .openLink = openLink}};
     std::optional<StatusItemHosts> m_hosts;
     std::unique_ptr<Timer> m_fallback;
     RunningInstance m_instance{[this] { m_app.open(); }};

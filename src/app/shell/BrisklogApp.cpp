@@ -6,14 +6,15 @@
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "app/shell/ContentScreen.h"
 #include "app/shell/GermanTexts.h"
-#include "app/shell/PlaceholderScreen.h"
 #include "app/shell/PopoverWindow.h"
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
+#include "invoice/screens/ArchiveSheetScreen.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "overview/screens/DashboardScreen.h"
 #include "profile/screens/CustomerScreen.h"
 #include "profile/screens/ProfileScreen.h"
+#include "settings/screens/SettingsScreen.h"
 
 #include <QCoreApplication>
 
@@ -69,14 +70,25 @@ QWidget* BrisklogApp::makeScreen() {
 }
 
 QWidget* BrisklogApp::makeSection(int section) {
-    if (section == projectsSection)
-        return makeProjectsSection();
-    if (section == dashboardSection)
+    switch (section) {
+    case dashboardSection:
         return new DashboardScreen(
             {.store = m_content->timeStore, .clock = m_platform.clock, .runLoop = m_platform.runLoop});
-    if (section == profileSection)
+    case profileSection:
         return new ProfileScreen(m_shared.profile(), m_platform.images);
-    return makePlaceholderScreen(section);
+    case settingsSection:
+        return makeSettingsSection();
+    default:
+        return makeProjectsSection();
+    }
+}
+
+QWidget* BrisklogApp::makeSettingsSection() {
+    return new SettingsScreen(
+        m_shared.settings(),
+        {.makeArchiveSheet =
+             [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock, Calendar::current()); },
+         .openLink = m_platform.openLink});
 }
 
 QWidget* BrisklogApp::makeProjectsSection() {

@@ -12,6 +12,7 @@
 
 #include <QPointer>
 #include <memory>
+#include <string_view>
 
 class QWidget;
 
@@ -39,6 +40,9 @@ struct BrisklogPlatform {
     /// Null where there is no X server.
     X11Watcher* x11 = nullptr;
     std::function<void()> terminate;
+    /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it has
+    /// none.
+    std::function<void(std::string_view address)> openLink = [](std::string_view) {};
 };
 
 /// The application object: puts the parts together and keeps them for the life of the process.
@@ -69,6 +73,7 @@ private:
     [[nodiscard]] QWidget* makeScreen();
     [[nodiscard]] QWidget* makeSection(int section);
     [[nodiscard]] QWidget* makeProjectsSection();
+    [[nodiscard]] QWidget* makeSettingsSection();
     void followColorScheme();
     [[nodiscard]] InvoicePlatform invoicePlatform();
     [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);

@@ -26,6 +26,7 @@ inline constexpr int dashboardSection = 0;
 /// The section with the projects and timers, the first one shown.
 inline constexpr int projectsSection = 1;
 inline constexpr int profileSection = 2;
+inline constexpr int settingsSection = 3;
 
 /// The main view: which section is shown, and the program's one store.
 class ContentView final : public ObservableObject {
