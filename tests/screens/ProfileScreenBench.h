@@ -10,6 +10,7 @@
 #include "support/screen/ScreenTest.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -28,11 +29,16 @@ protected:
         showActive(*screen);
     }
 
-    /// The field of that name, which must exist.
-    [[nodiscard]] QLineEdit& field(const QString& name) {
-        auto* const found = findNamed<QLineEdit>(*screen, name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
+    /// The field a screen reader calls by that name, and describes by that example where it says so.
+    [[nodiscard]] QLineEdit& field(const QString& name, const QString& example = {}) {
+        for (auto* const found : screen->findChildren<QLineEdit*>()) {
+            const auto* const spoken = QAccessible::queryAccessibleInterface(found);
+            if (spoken->text(QAccessible::Name) == name &&
+                (example.isEmpty() || spoken->text(QAccessible::Description) == example))
+                return *found;
+        }
+        ADD_FAILURE() << "no field " << name.toStdString();
+        std::abort();
     }
 
     [[nodiscard]] QAbstractButton& button(const QString& name) {

@@ -34,12 +34,6 @@ QWidget* card(const LayoutBox& content) {
     return card;
 }
 
-/// Fields that share a label are told apart by their examples.
-QString nameOf(const ProfileRow& row, const ProfileField& field) {
-    const QString label = text(row.label);
-    return row.fields.size() == 1 ? label : label + u", "_s + text(field.exampleText);
-}
-
 /// Where nobody writes, a long text is read from its beginning.
 void showValue(TextField& field, const QString& value) {
     const QString before = field.text();
@@ -105,7 +99,8 @@ LayoutItem ProfileScreen::row(const ProfileRow& row) {
 
 TextField* ProfileScreen::field(const ProfileRow& row, const ProfileField& field) {
     auto* const created = new TextField(text(field.exampleText));
-    created->setAccessibleName(nameOf(row, field));
+    // Fields that share a label are told apart by their examples, which the toolkit gives as descriptions.
+    created->setAccessibleName(text(row.label));
     if (field.property == &UserProfile::postalCode)
         created->setFixedWidth(narrowFieldWidth);
     created->onEdited([this, property = field.property](const QString& edited) {
