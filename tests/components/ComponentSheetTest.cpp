@@ -59,6 +59,7 @@ protected:
         made->addFooterTrailing(create);
         made->setMainAction(*create);
         create->onClick([this] { ++created; });
+        cancel->onClick([this] { sheet->dismiss(); });
         showActive(host);
         SheetWindow& shown = presentSheet(*button, std::move(made));
         sheet = &shown;
@@ -96,7 +97,7 @@ TEST_F(ComponentSheet, holdsItsHostWhileOpenAndGivesTheFocusBack) {
     EXPECT_EQ(host.holdersWhenFocusCameBack, 1);
 }
 
-TEST_F(ComponentSheet, itsWindowIsGoneBeforeTheFocusComesBackHoweverItIsClosed) {
+TEST_F(ComponentSheet, itsWindowIsGoneBeforeTheFocusComesBackHoweverTheUserClosesIt) {
     const auto closed = [this](const std::function<void(SheetWindow&)>& close) {
         SheetWindow& shown = present();
         bool isGone = false;
@@ -107,9 +108,14 @@ TEST_F(ComponentSheet, itsWindowIsGoneBeforeTheFocusComesBackHoweverItIsClosed) 
         EXPECT_TRUE(sheet.isNull());
     };
     closed([](SheetWindow& shown) { shown.dismiss(); });
-    closed([](SheetWindow& shown) { shown.close(); });
+    closed([this](SheetWindow&) { cancel->click(); });
     closed([](SheetWindow& shown) { QTest::keyClick(&shown, Qt::Key_Escape); });
     EXPECT_EQ(host.focusReturns, 3);
+}
+
+TEST_F(ComponentSheet, letsTheProgramEndWhileItIsOpen) {
+    // Quitting closes all windows and is given up when one refuses.
+    EXPECT_TRUE(present().close());
 }
 
 TEST_F(ComponentSheet, liesOverItsWindowModalAndInsideTheScreen) {

@@ -9,7 +9,6 @@
 #include "app/components/SymbolButton.h"
 
 #include <QAbstractSpinBox>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -197,13 +196,6 @@ void SheetWindow::arrive() {
     });
     setWindowOpacity(0);
     arrival->start(QAbstractAnimation::DeleteWhenStopped);
-}
-
-void SheetWindow::closeEvent(QCloseEvent* event) {
-    // From the beginning, once this event is over: inside it the window would be destroyed only after the one
-    // beneath was given the keyboard, and window managers then give it to nobody.
-    event->ignore();
-    QMetaObject::invokeMethod(this, &SheetWindow::reject, Qt::QueuedConnection);
 }
 
 void SheetWindow::done(int result) {

@@ -42,7 +42,11 @@ public:
     void setMainAction(Button& button) { m_mainAction = &button; }
 
     /// Closes the sheet; it is destroyed once the event loop turns.
-    void dismiss() { reject(); }
+    void dismiss() {
+        // Not by a close event: inside one the window is destroyed only after the one beneath was given the
+        // keyboard, and window managers then give it to nobody.
+        reject();
+    }
 
     /// Runs once when the sheet has closed, however that came about.
     void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
@@ -59,7 +63,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
     void done(int result) override;
 
 private:
