@@ -135,10 +135,10 @@ class Desktop:
 
         return wait_until(look, f"something called {name!r}", seconds)[-1]
 
-    def find_anywhere(self, name, role):
-        """Also what would have to be scrolled into view."""
+    def all_anywhere(self, name, role):
+        """All of that name in their order, also what would have to be scrolled into view."""
         return wait_until(lambda: self.all_visible(lambda node: node.name == name and node.getRole() == role),
-                          f"something called {name!r}")[-1]
+                          f"something called {name!r}")
 
     def is_there(self, name):
         return bool(self.all_visible(lambda node: node.name == name

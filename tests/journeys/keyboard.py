@@ -1,0 +1,103 @@
+"""Without the pointer: from the opened popover through customers, profile and settings and back."""
+
+import json
+import subprocess
+
+import pyatspi
+from desktop import HOME, Program, main, read_json, wait_until
+
+PROFILE = HOME / ".local/share/Pennavo/profile.json"
+
+
+def focused(desktop):
+    nodes = desktop.all_visible(lambda node: node.getState().contains(pyatspi.STATE_FOCUSED))
+    return nodes[-1].name if nodes else ""
+
+
+def tab_to(desktop, name, key="Tab", most=40):
+    """Presses the key until the control of that name has the focus; says where it came by."""
+    way = []
+    for _ in range(most):
+        if focused(desktop) == name:
+            return
+        desktop.press(key)
+        way.append(focused(desktop))
+    raise AssertionError(f"{name!r} is not reached with {key}; the way was {way}")
+
+
+def choose_section(desktop, name):
+    tab_to(desktop, name, "shift+Tab")
+    desktop.press("space")
+
+
+def keep_a_customer(desktop):
+    tab_to(desktop, "Kunde")
+    desktop.press("space")
+    desktop.find("Keine Kunden vorhanden")
+    tab_to(desktop, "Ersten Kunden anlegen")
+    desktop.press("Return")
+    desktop.find("Vorname")
+    wait_until(lambda: focused(desktop) == "Vorname", "the form to start in its first field")
+    desktop.type("Erika")
+    desktop.press("Tab")
+    desktop.type("Muster")
+    tab_to(desktop, "Geschlecht")
+    desktop.press("space")
+    desktop.find("Frau")
+    desktop.press("Up", "Return")
+    tab_to(desktop, "Ort")
+    desktop.type("Dresden")
+    desktop.press("Return")
+    customer = wait_until(lambda: read_json("customers.json"), "the customer in the file")[0]
+    assert (customer["firstName"], customer["name"], customer["gender"], customer["city"]) == \
+        ("Erika", "Muster", "w", "Dresden"), customer
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.is_there("Kundenverwaltung"), "the customers to close")
+
+
+def fill_in_profile(desktop):
+    choose_section(desktop, "Profil")
+    desktop.find("Firmenlogo")
+    tab_to(desktop, "Firma")
+    desktop.type("Atelier")
+    tab_to(desktop, "BIC")
+    desktop.type("COBADEFFXXX")
+    wait_until(lambda: json.loads(PROFILE.read_text(encoding="utf-8"))["bic"] == "COBADEFFXXX", "the profile's file")
+    assert json.loads(PROFILE.read_text(encoding="utf-8"))["companyName"] == "Atelier"
+    desktop.screenshot("keyboard-profile")
+
+
+def choose_dark(desktop):
+    choose_section(desktop, "Einstellungen")
+    desktop.find("Archiv anzeigen")
+    tab_to(desktop, "Farbschema")
+    desktop.press("space")
+    desktop.find("Dunkel")
+    desktop.press("Down", "Return")
+    wait_until(lambda: read_json("app_settings.json")["colorScheme"] == "Dunkel", "the settings' file")
+    tab_to(desktop, "Rechnungsrundung")
+    desktop.screenshot("keyboard-settings")
+    tab_to(desktop, "Archiv anzeigen", "shift+Tab")
+    desktop.press("space")
+    desktop.find("Archivierte Rechnungen")
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.is_there("Archivierte Rechnungen"), "the archive to close")
+
+
+def journey(path, desktop):
+    Program(path)
+    desktop.wait_for_icon()
+    assert subprocess.run([path], timeout=10).returncode == 0  # a second start opens the popover
+    wait_until(desktop.popover_is_open, "the popover")
+    wait_until(lambda: focused(desktop) == "Aufgabe eingeben", "the focus in the task's name")
+    keep_a_customer(desktop)
+    fill_in_profile(desktop)
+    choose_dark(desktop)
+    choose_section(desktop, "Zeiterfassung")
+    desktop.find("Aufgabe eingeben")
+    desktop.screenshot("keyboard-back")
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
+
+
+main(journey)
