@@ -322,6 +322,31 @@ TEST(CairoPdf, aFilledRectangleCoversItselfAndNothingElse) {
             EXPECT_NEAR(picture.brightness(column, row), 51, 1);
 }
 
+TEST(CairoPdf, whatIsDrawnLaterCoversWhatWasDrawnBefore) {
+    const PdfReader pdf(onePage([](PdfDocument& page) {
+        page.drawLine("verdeckt", line, regular);
+        page.fillRectangle({line.x - 10, line.y - 10, 300, 40}, 1);
+        page.drawLine("sichtbar", {line.x, line.y - 100, line.width, line.height}, regular);
+    }));
+    const auto ink = pdf.picture(1).inkWithin({1, 0, 0, a4.width, a4.height});
+    ASSERT_TRUE(ink);
+    EXPECT_GT(ink->top, fromTop(line.y - 60));
+    EXPECT_EQ(pdf.copiedText(), "verdecktsichtbar");
+}
+
+TEST(CairoPdf, moreWordsThanAreRememberedAreDrawnWhole) {
+    std::string text;
+    const PdfReader pdf(onePage([&](PdfDocument& page) {
+        for (int i = 0; i < 9000; ++i) {
+            const std::string word = "w" + std::to_string(i);
+            page.drawLine("immer " + word, {50.0 + i % 8 * 60, 800.0 - i / 8 % 70 * 11, 60, 10}, regular);
+            text += "immer" + word;
+        }
+    }));
+    EXPECT_EQ(pdf.complaints(), "");
+    EXPECT_EQ(pdf.copiedText().size(), text.size());
+}
+
 TEST(CairoPdf, whiteInkShowsOnADarkGroundAndWhatFollowsIsBlackAgain) {
     TextStyle white = regular;
     white.ink = Ink::white;

@@ -43,6 +43,7 @@ void CairoPdfDocument::setInformation(const DocumentInformation& information) {
 }
 
 void CairoPdfDocument::beginPage() {
+    m_text.flush();
     if (m_hasPage)
         cairo_show_page(m_drawing.get());
     m_hasPage = true;
@@ -71,6 +72,7 @@ PageSize CairoPdfDocument::sizeOfWrapped(std::string_view text, double width, co
 }
 
 void CairoPdfDocument::drawRule(double fromX, double toX, double y) {
+    m_text.flush();
     cairo_t* const drawing = m_drawing.get();
     cairo_save(drawing);
     cairo_set_source_rgb(drawing, grey, grey, grey);
@@ -82,6 +84,7 @@ void CairoPdfDocument::drawRule(double fromX, double toX, double y) {
 }
 
 void CairoPdfDocument::fillRectangle(const PageRectangle& box, double brightness) {
+    m_text.flush();
     cairo_t* const drawing = m_drawing.get();
     cairo_save(drawing);
     cairo_set_source_rgb(drawing, brightness, brightness, brightness);
@@ -94,6 +97,7 @@ void CairoPdfDocument::drawImage(std::string_view encoded, const PageRectangle& 
     const auto image = decodedImage(encoded);
     if (!image)
         return;
+    m_text.flush();
     const double width = cairo_image_surface_get_width(image.get());
     const double height = cairo_image_surface_get_height(image.get());
     const double scale = std::min({1.0, box.width / width, box.height / height});
@@ -107,6 +111,7 @@ void CairoPdfDocument::drawImage(std::string_view encoded, const PageRectangle& 
 }
 
 std::string CairoPdfDocument::finish() {
+    m_text.flush();
     if (m_hasPage)
         cairo_show_page(m_drawing.get());
     const cairo_status_t drawn = cairo_status(m_drawing.get());

@@ -10,6 +10,7 @@ namespace brisklog {
 namespace {
 
 constexpr std::string_view ellipsis = "…";
+constexpr std::size_t mostGlyphsAtOnce = 1000;
 
 double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
 
@@ -60,17 +61,34 @@ double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double 
     PangoFont* const font = run.item->analysis.font;
     if (font != nullptr) {
         // Pictures are no text that can be copied, so blanks stand for it where they are.
-        const Font blanks = CairoPdfPictures::areGlyphsOf(font) ? ordinaryFontLike(font) : nullptr;
-        collectGlyphs(run, blanks.get(), x, baseline);
+        Font blanks = CairoPdfPictures::areGlyphsOf(font) ? ordinaryFontLike(font) : nullptr;
+        PangoFont* const blanksOrNone = blanks.get();
+        use(blanks ? std::move(blanks) : Font(static_cast<PangoFont*>(g_object_ref(font))), directionOf(run));
+        collectGlyphs(run, blanksOrNone, x, baseline);
         collectClusters(run, text);
-        const std::string_view shown = textOf(run, text);
-        PangoFont* const textFont = blanks ? blanks.get() : font;
-        cairo_set_scaled_font(m_drawing, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(textFont)));
-        cairo_show_text_glyphs(m_drawing, shown.data(), static_cast<int>(shown.size()), m_glyphs.data(),
-                               static_cast<int>(m_glyphs.size()), m_clusters.data(),
-                               static_cast<int>(m_clusters.size()), directionOf(run));
+        m_text += textOf(run, text);
     }
     return toPoints(pango_glyph_string_get_width(run.glyphs));
+}
+
+void CairoPdfGlyphs::use(Font font, cairo_text_cluster_flags_t direction) {
+    const bool isBackward = direction != 0;
+    if (font != m_font || isBackward || direction != m_direction || m_glyphs.size() >= mostGlyphsAtOnce)
+        flush();
+    m_font = std::move(font);
+    m_direction = direction;
+}
+
+void CairoPdfGlyphs::flush() {
+    if (!m_clusters.empty()) {
+        cairo_set_scaled_font(m_drawing, pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(m_font.get())));
+        cairo_show_text_glyphs(m_drawing, m_text.data(), static_cast<int>(m_text.size()), m_glyphs.data(),
+                               static_cast<int>(m_glyphs.size()), m_clusters.data(),
+                               static_cast<int>(m_clusters.size()), m_direction);
+    }
+    m_text.clear();
+    m_glyphs.clear();
+    m_clusters.clear();
 }
 
 CairoPdfGlyphs::Font CairoPdfGlyphs::ordinaryFontLike(PangoFont* font) const {
@@ -82,7 +100,6 @@ CairoPdfGlyphs::Font CairoPdfGlyphs::ordinaryFontLike(PangoFont* font) const {
 }
 
 void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline) {
-    m_glyphs.clear();
     PangoFont* const font = run.item->analysis.font;
     const unsigned long blank = blankOf(blanks != nullptr ? blanks : font);
     for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
@@ -108,9 +125,9 @@ void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks,
 }
 
 void CairoPdfGlyphs::collectClusters(const PangoGlyphItem& run, const char* text) {
-    m_clusters.clear();
     if (isEllipsis(run)) {
-        m_clusters.push_back({static_cast<int>(ellipsis.size()), static_cast<int>(m_glyphs.size())});
+        const int shown = countShown(*run.glyphs, 0, run.glyphs->num_glyphs);
+        m_clusters.push_back({static_cast<int>(ellipsis.size()), shown});
         return;
     }
     auto* const item = const_cast<PangoGlyphItem*>(&run);

@@ -5,12 +5,14 @@
 #include <cairo.h>
 #include <memory>
 #include <pango/pango.h>
+#include <string>
 #include <vector>
 
 namespace brisklog {
 
 /// Puts shaped text on a drawing together with the characters it stands for, so that it can be copied from
-/// the document.
+/// the document. What follows each other in one font is handed over at once, because each time costs Cairo
+/// more than a word.
 class CairoPdfGlyphs {
 public:
     /// All must outlive this; `fontFamilies` are those of ordinary text.
@@ -20,8 +22,12 @@ public:
     /// From now on everything stands on another page.
     void beginPage() { m_pictures.beginPage(); }
 
-    /// Shows one run of the text from which it was shaped; returns its width in points.
+    /// Shows one run of the text from which it was shaped; returns its width in points. It may be on the
+    /// drawing only after `flush()`.
     double show(const PangoGlyphItem& run, const char* text, double x, double baseline);
+
+    /// To be called before anything else is drawn, and before the colour changes.
+    void flush();
 
 private:
     struct Unreference {
@@ -32,6 +38,8 @@ private:
 
     /// The font of ordinary text in the size of another one.
     [[nodiscard]] Font ordinaryFontLike(PangoFont* font) const;
+    /// What is shown from now on is in that font and direction.
+    void use(Font font, cairo_text_cluster_flags_t direction);
     /// Shows what is no text, and collects the glyphs that are. Those of `blanks`, if any, stand in for all
     /// others.
     void collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline);
@@ -42,7 +50,11 @@ private:
     PangoContext* m_context;
     const char* m_fontFamilies;
     CairoPdfPictures m_pictures;
-    // Kept between runs so that they are not allocated anew for each.
+
+    // What is waiting to be shown.
+    Font m_font;
+    cairo_text_cluster_flags_t m_direction{};
+    std::string m_text;
     std::vector<cairo_glyph_t> m_glyphs;
     std::vector<cairo_text_cluster_t> m_clusters;
 };

@@ -16,8 +16,8 @@ constexpr const char* fontFamilies = "Inter, Liberation Sans, DejaVu Sans, sans-
 /// them from the text that can be copied.
 constexpr const char* fontFeatures = "calt=0, tnum=1";
 /// The same without the joining of letters and accents, which takes a font half its time and has nothing to
-/// do in ordinary text.
-constexpr const char* ordinaryFontFeatures = "calt=0, tnum=1, ccmp=0";
+/// do in plain text.
+constexpr const char* plainFontFeatures = "calt=0, tnum=1, ccmp=0";
 
 /// More than any line holds; a line is not laid out beyond it.
 constexpr std::size_t longestLine = 2048;
@@ -35,15 +35,6 @@ struct FreeIterator {
 };
 
 using OwnedIterator = std::unique_ptr<PangoLayoutIter, FreeIterator>;
-
-/// Letters of western Europe, digits, punctuation and currency signs, no accents that stand by themselves.
-/// Told by the first bytes of characters: below U+0300, and U+2000 to U+2FFF.
-bool isOrdinary(std::string_view line) {
-    return std::ranges::all_of(line, [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0xCC || byte == 0xE2;
-    });
-}
 
 /// As much of the text as is laid out at once; never half of a line break.
 std::string_view nextPortion(std::string_view text) {
@@ -104,7 +95,7 @@ CairoPdfText::Face& CairoPdfText::face(const TextStyle& style) {
     if (known != m_faces.end())
         return *known;
     Attributes attributes(makeAttributes(style, fontFeatures));
-    Attributes ordinary(makeAttributes(style, ordinaryFontFeatures));
+    const Attributes plain(makeAttributes(style, plainFontFeatures));
     Layout layout = makeLayout(attributes.get());
     pango_layout_set_text(layout.get(), "x", 1);
     const double ascent = toPoints(pango_layout_get_baseline(layout.get()));
@@ -112,22 +103,31 @@ CairoPdfText::Face& CairoPdfText::face(const TextStyle& style) {
     pango_layout_get_size(layout.get(), nullptr, &height);
     m_faces.push_back({style,
                        std::move(attributes),
-                       std::move(ordinary),
                        std::move(layout),
+                       CairoPdfWords(m_context.get(), plain.get()),
                        ascent,
                        toPoints(height) - ascent,
+                       {},
                        {}});
     return m_faces.back();
 }
 
-CairoPdfText::ShapedLine CairoPdfText::shape(std::string line, const Face& face) const {
-    // A layout would do this too, in twice the time: it also looks for places to break the line.
+CairoPdfText::ShapedLine CairoPdfText::shape(std::string line, Face& face) const {
     ShapedLine shaped{std::move(line), {}, 0};
+    if (PangoGlyphItem* const plain = face.words.shape(shaped.text))
+        shaped.runs.emplace_back(plain);
+    else
+        shapeRuns(shaped, face);
+    for (const auto& run : shaped.runs)
+        shaped.width += toPoints(pango_glyph_string_get_width(run->glyphs));
+    return shaped;
+}
+
+void CairoPdfText::shapeRuns(ShapedLine& shaped, const Face& face) const {
+    // A layout would do this too, in twice the time: it also looks for places to break the line.
     const char* const text = shaped.text.data();
     const auto length = static_cast<int>(shaped.text.size());
-    PangoAttrList* const attributes =
-        isOrdinary(shaped.text) ? face.ordinaryAttributes.get() : face.attributes.get();
-    GList* const logical = pango_itemize(m_context.get(), text, 0, length, attributes, nullptr);
+    GList* const logical = pango_itemize(m_context.get(), text, 0, length, face.attributes.get(), nullptr);
     GList* const visual = pango_reorder_items(logical);
     g_list_free(logical);
     for (const GList* node = visual; node != nullptr; node = node->next) {
@@ -137,21 +137,25 @@ CairoPdfText::ShapedLine CairoPdfText::shape(std::string line, const Face& face)
         run->glyphs = pango_glyph_string_new();
         pango_shape_full(text + run->item->offset, run->item->length, text, length, &run->item->analysis,
                          run->glyphs);
-        shaped.width += toPoints(pango_glyph_string_get_width(run->glyphs));
     }
     g_list_free(visual);
-    return shaped;
 }
 
 const CairoPdfText::ShapedLine& CairoPdfText::shaped(const std::string& line, Face& face) const {
     if (const auto known = face.recent.find(line); known != face.recent.end())
         return known->second;
     if (face.recent.size() >= mostRecentLines)
-        face.recent.clear();
+        face.earlier = std::exchange(face.recent, {});
+    // What is used again and again is thus never forgotten, however much else is used once.
+    if (auto known = face.earlier.extract(line))
+        return face.recent.insert(std::move(known)).position->second;
     return face.recent.emplace(line, shape(line, face)).first->second;
 }
 
 void CairoPdfText::useInk(Ink ink) {
+    if (std::exchange(m_ink, ink) == ink)
+        return;
+    m_glyphs.flush();
     const double brightness = ink == Ink::white ? 1 : 0;
     cairo_set_source_rgb(m_drawing, brightness, brightness, brightness);
 }

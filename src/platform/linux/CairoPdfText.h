@@ -2,6 +2,7 @@
 
 #include "platform/PdfDocument.h"
 #include "platform/linux/CairoPdfGlyphs.h"
+#include "platform/linux/CairoPdfWords.h"
 
 #include <functional>
 #include <memory>
@@ -20,6 +21,9 @@ public:
 
     /// From now on everything stands on another page.
     void beginPage() { m_glyphs.beginPage(); }
+
+    /// To be called before anything but text is drawn: texts may be on the drawing only then.
+    void flush() { m_glyphs.flush(); }
 
     void drawLine(std::string_view text, double x, double top, double width, const TextStyle& style);
     void drawNumber(std::string_view text, double x, double top, double width, const TextStyle& style);
@@ -65,20 +69,22 @@ private:
     struct Face {
         TextStyle style;
         Attributes attributes;
-        /// For lines of ordinary text.
-        Attributes ordinaryAttributes;
         Layout layout;
+        CairoPdfWords words;
         /// From the top of a line to its base line.
         double ascent = 0;
         /// From there to its bottom.
         double descent = 0;
         /// Lines shaped lately, by their text: numbers are measured before they are drawn, and much repeats.
         std::unordered_map<std::string, ShapedLine> recent;
+        /// And those before them.
+        std::unordered_map<std::string, ShapedLine> earlier;
     };
 
     [[nodiscard]] Face& face(const TextStyle& style);
     [[nodiscard]] Layout makeLayout(PangoAttrList* attributes) const;
-    [[nodiscard]] ShapedLine shape(std::string line, const Face& face) const;
+    [[nodiscard]] ShapedLine shape(std::string line, Face& face) const;
+    void shapeRuns(ShapedLine& shaped, const Face& face) const;
     [[nodiscard]] const ShapedLine& shaped(const std::string& line, Face& face) const;
     [[nodiscard]] PangoLayout* wrapped(const std::string& text, double width, const TextStyle& style);
     /// The line the iterator stands at, with its top there; never lower than a line of ordinary text.
@@ -95,6 +101,7 @@ private:
     cairo_t* m_drawing;
     std::unique_ptr<PangoContext, Unreference> m_context;
     CairoPdfGlyphs m_glyphs;
+    Ink m_ink = Ink::black;
     std::vector<Face> m_faces;
 };
 

@@ -1,0 +1,48 @@
+// What writing an entry report costs: no more than 250 ms for the longest project anybody will have.
+
+#include "invoice/InvoiceGenerator.h"
+#include "platform/linux/CairoPdfFacility.h"
+
+#include <benchmark/benchmark.h>
+#include <string>
+
+namespace brisklog {
+namespace {
+
+constexpr double secondsPerHour = 3600;
+constexpr Date now{816426000};
+
+/// No two rows show the same task, day and time, or earnings.
+Project projectOf(std::int64_t entries) {
+    Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 85.5, .entries = {}};
+    for (std::int64_t i = 0; i < entries; ++i) {
+        const auto number = static_cast<double>(i);
+        TimeEntry entry;
+        entry.taskName = "Überarbeitung der Galerie " + std::to_string(i);
+        entry.startTime = Date{number * 5.3 * secondsPerHour};
+        entry.endTime = entry.startTime.addingSeconds(600 + number * 60);
+        project.entries.push_back(entry);
+    }
+    return project;
+}
+
+void writeReport(benchmark::State& state) {
+    CairoPdfFacility pdf;
+    InvoiceSender sender;
+    sender.companyName = "Schäfer Softwareentwicklung";
+    sender.fullName = "Jürgen Schäfer-Größmann";
+    sender.iban = "DE89 3704 0044 0532 0130 00";
+    const InvoiceGenerator report(pdf, sender, now);
+    const Project project = projectOf(state.range(0));
+    // The fonts are found once in the program's life.
+    benchmark::DoNotOptimize(report.generate(projectOf(1)));
+    std::size_t bytes = 0;
+    for (auto _ : state)
+        bytes = report.generate(project).size();
+    state.counters["document_bytes"] = static_cast<double>(bytes);
+}
+
+BENCHMARK(writeReport)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace brisklog
