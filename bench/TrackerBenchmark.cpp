@@ -40,6 +40,7 @@ std::string iconOf(int application) {
 
 std::vector<DailyAppUsage> history(std::int64_t sessionCount) {
     std::vector<SharedData> icons;
+    icons.reserve(applicationCount);
     for (int application = 0; application < applicationCount; ++application)
         icons.push_back(SharedData::of(iconOf(application)));
     std::vector<DailyAppUsage> days;
@@ -47,7 +48,8 @@ std::vector<DailyAppUsage> history(std::int64_t sessionCount) {
     for (std::int64_t i = 0; i < sessionCount; ++i) {
         const auto application = static_cast<int>(i * 7 % applicationCount);
         if (i % sessionsPerDay == 0) {
-            moment = firstDay.addingSeconds(static_cast<double>(i / sessionsPerDay) * 86400);
+            const std::int64_t day = i / sessionsPerDay;
+            moment = firstDay.addingSeconds(static_cast<double>(day) * 86400);
             days.push_back({.id = Uuid::generate(), .date = moment, .sessions = {}});
         }
         const Date end = moment.addingSeconds(10.123456 + static_cast<double>(i % 97));
@@ -221,6 +223,7 @@ std::pair<double, double> memoryFor(const std::function<void(const std::function
     if (child == 0) {
         // What earlier work left behind would serve this one unseen.
         ::malloc_trim(0);
+        std::ofstream("/proc/self/clear_refs") << "5";
         const double before = megabytesInUse();
         work([&] {
             const double grown[2] = {megabytesInUse() - before, mostMegabytesInUse() - before};

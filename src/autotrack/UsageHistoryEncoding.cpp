@@ -41,13 +41,14 @@ Result<Done> appendDayBeginning(const DailyAppUsage& day, Counter& out) {
 }
 
 Result<Done> appendSessions(const DailyAppUsage& day, std::size_t from, Counter& out) {
+    json::Encoder encoder(json::Layout::compact);
     for (std::size_t i = from; i < day.sessions.size(); ++i) {
-        const auto encoded = json::encode(day.sessions[i], json::Layout::compact);
+        const auto encoded = json::encode(day.sessions[i], encoder);
         if (encoded.failed())
             return Error{"sessions[" + std::to_string(i) + "]." + encoded.error().description};
         if (i > 0)
             out.append(",");
-        out.append(encoded.value().bytes());
+        out.append(encoded.value());
     }
     return Done{};
 }

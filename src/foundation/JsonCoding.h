@@ -269,4 +269,15 @@ Result<EncodedDocument> encode(const T& value, Layout layout) {
     return encoder.takeDocument();
 }
 
+/// The same with an encoder that serves for many values, one after the other; the bytes are valid until the
+/// next one.
+template <class T>
+Result<std::string_view> encode(const T& value, Encoder& encoder) {
+    encoder.beginAnew();
+    detail::encodeValue(encoder, value);
+    if (encoder.failed())
+        return Error{encoder.error()};
+    return encoder.bytes();
+}
+
 } // namespace brisklog::json

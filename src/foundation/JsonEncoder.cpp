@@ -142,6 +142,14 @@ void Encoder::number(double number) {
     m_buffer.Pop(longestNumber - static_cast<std::size_t>(end - out));
 }
 
+void Encoder::beginAnew() {
+    m_buffer.Clear();
+    m_isFirst = true;
+    m_depth = 0;
+    m_reason = nullptr;
+    m_path.clear();
+}
+
 std::string Encoder::error() const {
     const std::string path = m_path.starts_with('.') ? m_path.substr(1) : m_path;
     return path.empty() ? m_reason : path + ": " + m_reason;

@@ -68,6 +68,12 @@ public:
     /// What was refused, after `failed()`.
     [[nodiscard]] std::string error() const;
 
+    /// The document's bytes, until something else is done; only when nothing has failed.
+    [[nodiscard]] std::string_view bytes() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
+
+    /// Begins another document; the memory of the last one serves it.
+    void beginAnew();
+
     /// The document, once; only when nothing has failed.
     [[nodiscard]] EncodedDocument takeDocument() { return EncodedDocument(std::move(m_buffer)); }
 

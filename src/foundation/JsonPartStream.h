@@ -19,7 +19,7 @@ public:
     // The names are the reader's.
     using Ch = char;
 
-    explicit PartStream(DataParts& parts) : m_parts(parts) { take(m_parts.next()); }
+    explicit PartStream(DataParts& parts);
 
     Ch Peek() { return m_at != m_end || advance() ? *m_at : '\0'; }
 
@@ -51,39 +51,10 @@ public:
 
 private:
     /// Goes on to the next part that is not empty; false at the end.
-    bool advance() {
-        while (m_at == m_end && !m_isAtEnd)
-            step();
-        return m_at != m_end;
-    }
-
-    void step() {
-        m_bytesBefore += m_part.bytes.size();
-        const bool isAfterQuote = endsWithQuote();
-        take(m_following ? std::exchange(m_following, std::nullopt) : m_parts.next());
-        if (!isAfterQuote || !m_part.repeated)
-            return;
-        m_following = m_parts.next();
-        if (!m_following || !m_following->bytes.starts_with('"'))
-            return;
-        m_text = m_part.repeated;
-        m_bytesBefore += m_part.bytes.size();
-        take(std::exchange(m_following, std::nullopt));
-    }
-
-    void take(const std::optional<DataPart>& part) {
-        m_isAtEnd = !part;
-        m_part = part.value_or(DataPart());
-        if (m_part.repeated)
-            m_part.bytes = *m_part.repeated;
-        m_begin = m_at = m_part.bytes.data();
-        m_end = m_begin + m_part.bytes.size();
-    }
-
-    /// Whether the part ends with a quotation mark that is no escaped one.
-    [[nodiscard]] bool endsWithQuote() const {
-        return m_part.bytes.size() >= 2 && m_part.bytes.ends_with('"') && !m_part.bytes.ends_with("\\\"");
-    }
+    bool advance();
+    void step();
+    void take(const std::optional<DataPart>& part);
+    [[nodiscard]] bool endsWithQuote() const;
 
     DataParts& m_parts;
     DataPart m_part;

@@ -20,7 +20,7 @@ using ::testing::IsEmpty;
 
 int killCount() {
     const char* const asked = std::getenv("BRISKLOG_KILLS");
-    return asked != nullptr ? std::atoi(asked) : 10;
+    return asked != nullptr ? std::stoi(asked) : 10;
 }
 
 /// The numbers in the names of all sessions, in order.

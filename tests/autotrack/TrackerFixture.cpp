@@ -4,6 +4,13 @@
 
 namespace brisklog::test {
 
+std::vector<std::string> namesOf(const DailyAppUsage& day) {
+    std::vector<std::string> names;
+    for (const AppUsageSession& session : day.sessions)
+        names.push_back(session.appName);
+    return names;
+}
+
 Date inBerlin(const char* isoTime) {
     QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
     local.setTimeZone(QTimeZone("Europe/Berlin"));

@@ -74,6 +74,8 @@ private:
     std::unique_ptr<AutoTrackingManager> m_manager;
 };
 
+[[nodiscard]] std::vector<std::string> namesOf(const DailyAppUsage& day);
+
 /// The moment of this time in Berlin ("2026-11-15T23:59:00").
 [[nodiscard]] Date inBerlin(const char* isoTime);
 
