@@ -42,6 +42,12 @@ void preferPlatformThatPlacesWindows() {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
+/// Asks the process that runs already to show itself; false when there is none within reach.
+bool tellOther(int argumentCount, char** arguments, RunningInstance::Patience patience) {
+    const QCoreApplication messenger(argumentCount, arguments);
+    return RunningInstance::activateOther(patience);
+}
+
 /// The lock of this process; ends the program when another one has it, after asking that one to show itself.
 std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** arguments) {
     const PosixFiles files;
@@ -49,10 +55,13 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
     if (!folder || !files.documentsFolder())
         stopProgram("no documents folder: HOME is not set");
     auto lock = std::make_unique<ProcessLock>(*folder / "lock");
+    // Without a lock file the bus alone can tell.
+    if (lock->state() == ProcessLock::State::unavailable &&
+        tellOther(argumentCount, arguments, RunningInstance::Patience::none))
+        std::exit(EXIT_SUCCESS);
     if (lock->state() != ProcessLock::State::heldByOther)
         return lock;
-    const QCoreApplication messenger(argumentCount, arguments);
-    if (RunningInstance::activateOther())
+    if (tellOther(argumentCount, arguments, RunningInstance::Patience::whileItStarts))
         std::exit(EXIT_SUCCESS);
     stopProgram("already running, but not reachable over the session bus");
 }
@@ -110,7 +119,8 @@ private:
         return sheet != nullptr ? sheet : m_app.popover();
     }
 
-    [[nodiscard]] bool hasStatusItem() const { return m_statusItem->isShown(); }
+    /// Not while the panel is gone: nobody could reach an icon then.
+    [[nodiscard]] bool hasStatusItem() const { return m_statusItem->isShown() && m_hosts->hasHost(); }
 
     void showWithoutPanel() {
         if (!hasStatusItem())

@@ -1,5 +1,7 @@
 """A desktop with an XEmbed tray: the icon, the toggle, clicks outside, the second start."""
 
+import os
+import signal
 import subprocess
 import time
 
@@ -32,6 +34,21 @@ def journey(program_path, desktop):
     assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start ends well"
     wait_until(desktop.popover_is_open, "the second start to open the first one's popover")
     assert program.is_running()
+    without_its_panel(program_path, desktop)
+
+
+def without_its_panel(program_path, desktop):
+    """Once the panel is gone, a second start gives a window that can end the program."""
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
+    panel = subprocess.run(["xdotool", "search", "--class", "trayer", "getwindowpid"], capture_output=True, text=True)
+    os.kill(int(panel.stdout.split()[0]), signal.SIGTERM)
+    time.sleep(0.5)
+    assert subprocess.run([program_path], timeout=10).returncode == 0
+    wait_until(desktop.popover_is_open, "the second start to open the window")
+    desktop.find("Kein Infobereich gefunden: Brisklog läuft als Fenster.")
+    desktop.find("Beenden")
+    desktop.screenshot("tray-gone")
 
 
 main(journey)

@@ -36,7 +36,8 @@ public:
     /// without which some show a sliver.
     void show(StatusItemHostKind host, HostArrival arrival);
 
-    [[nodiscard]] bool isShown() const { return m_icon != nullptr; }
+    /// Whether there is an icon, or will be as soon as its panel has settled.
+    [[nodiscard]] bool isShown() const { return m_icon || m_settling; }
 
 private:
     void makeIcon(StatusItemHostKind host);

@@ -16,6 +16,8 @@ const QString serviceName = u"example.brisklog.Brisklog"_s;
 const QString objectPath = u"/example/brisklog/Brisklog"_s;
 const QString interfaceName = u"org.freedesktop.Application"_s;
 
+const QString connectionName = u"messenger"_s;
+
 constexpr int triesToReachOther = 20;
 constexpr int millisecondsBetweenTries = 100;
 
@@ -65,16 +67,20 @@ RunningInstance::RunningInstance(std::function<void()> activated)
 
 RunningInstance::~RunningInstance() = default;
 
-bool RunningInstance::activateOther() {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+bool RunningInstance::activateOther(Patience patience) {
+    // A connection of its own: the shared one would be broken for whoever goes on after this application
+    // object.
+    const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!bus.isConnected())
         return false;
-    for (int tries = 0; tries < triesToReachOther; ++tries) {
-        if (callActivate(bus))
-            return true;
+    bool isReached = callActivate(bus);
+    for (int tries = 1; !isReached && patience == Patience::whileItStarts && tries < triesToReachOther;
+         ++tries) {
         QThread::msleep(millisecondsBetweenTries);
+        isReached = callActivate(bus);
     }
-    return false;
+    QDBusConnection::disconnectFromBus(connectionName);
+    return isReached;
 }
 
 } // namespace brisklog

@@ -15,9 +15,15 @@ public:
     RunningInstance(const RunningInstance&) = delete;
     RunningInstance& operator=(const RunningInstance&) = delete;
 
-    /// Asks the process that runs already to show itself; tries for two seconds, because it may be starting
-    /// just now. False when it cannot be reached. Needs an application object.
-    [[nodiscard]] static bool activateOther();
+    /// How long to try to reach the other process.
+    enum class Patience {
+        none,          ///< it may well not exist
+        whileItStarts, ///< it exists, but may be starting just now: two seconds
+    };
+
+    /// Asks the process that runs already to show itself. False when it cannot be reached. Needs an
+    /// application object.
+    [[nodiscard]] static bool activateOther(Patience patience);
 
 private:
     class Service;

@@ -7,6 +7,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <utility>
@@ -18,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
 const QString watcherPath = u"/StatusNotifierWatcher"_s;
+/// A panel that has not answered by then, in milliseconds, is as good as gone.
+constexpr int longestWait = 300;
 
 QDBusMessage hostQuestion() {
     QDBusMessage question = QDBusMessage::createMethodCall(watcherService, watcherPath,
@@ -42,6 +45,13 @@ public:
         connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this,
                 [this] { ask(HostArrival::justCame); });
         ask(HostArrival::wasThere);
+    }
+
+    [[nodiscard]] bool hasHost() const {
+        if (!m_bus.isConnected())
+            return false;
+        const QDBusReply<QDBusVariant> reply = m_bus.call(hostQuestion(), QDBus::Block, longestWait);
+        return reply.isValid() && reply.value().variant().toBool();
     }
 
 private:
@@ -75,6 +85,10 @@ StatusItemHosts::StatusItemHosts(X11Watcher* x11, std::function<void(StatusItemH
           [this] { lookForTray(HostArrival::wasThere); })) {}
 
 StatusItemHosts::~StatusItemHosts() = default;
+
+bool StatusItemHosts::hasHost() const {
+    return (m_x11 != nullptr && m_x11->hasTray()) || m_busWatch->hasHost();
+}
 
 void StatusItemHosts::trayAppeared() { lookForTray(HostArrival::justCame); }
 

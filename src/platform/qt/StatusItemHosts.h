@@ -24,6 +24,10 @@ public:
     StatusItemHosts(const StatusItemHosts&) = delete;
     StatusItemHosts& operator=(const StatusItemHosts&) = delete;
 
+    /// Whether there is a panel just now: it may have ended since it was found. Asks it, which takes a
+    /// moment.
+    [[nodiscard]] bool hasHost() const;
+
     /// To be called when an XEmbed tray has come.
     void trayAppeared();
 
