@@ -12,7 +12,8 @@ using Reading = UserDefaults::Reading;
 
 constexpr std::string_view dataKey = "autoTrackingData";
 
-/// Where a value that could not be loaded is kept; the moment follows.
+/// Where a value that could not be loaded is kept; the moment follows. The name has nothing of those by which
+/// the start-up clean-up knows oversized strays.
 constexpr std::string_view unreadableKey = "autoTrackingUnreadable-";
 
 /// Finds out whether the bytes it is given are those that are stored.
