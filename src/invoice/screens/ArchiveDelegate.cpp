@@ -1,18 +1,18 @@
 #include "invoice/screens/ArchiveDelegate.h"
 
-#include "app/components/Figures.h"
 #include "app/components/FocusRing.h"
 #include "app/components/Label.h"
 #include "app/components/ListView.h"
 #include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
 #include "app/components/Symbols.h"
 #include "foundation/Text.h"
+#include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveModel.h"
 
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -33,16 +33,8 @@ constexpr int headHeight = 46;
 constexpr int numberTop = 7;
 constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
-constexpr int panelHeight = 64;
 constexpr int panelRight = 8;
 constexpr int gapUnderPanel = 8;
-constexpr int detailTop = 7;
-constexpr int detailStep = 17;
-constexpr int detailLeft = 10;
-constexpr int valueLeft = 66;
-constexpr int trashSize = 28;
-constexpr int trashEdge = 4;
-constexpr int symbolSize = 18;
 /// The lowest pixel row of a card is its shadow.
 constexpr int shadow = 1;
 /// How far a card that goes on in the next row is drawn past this one's edge.
@@ -59,13 +51,8 @@ QRect headIn(const QRect& item) { return {side, item.top(), item.width() - 2 * s
 
 QRect panelIn(const QRect& item) {
     const QRect head = headIn(item);
-    return {head.left() + inset, head.bottom() + 1, head.width() - inset - panelRight, panelHeight};
-}
-
-QRect trashIn(const QRect& item) {
-    const QRect panel = panelIn(item);
-    return {panel.right() + 1 - trashEdge - trashSize, panel.top() + (panelHeight - trashSize) / 2, trashSize,
-            trashSize};
+    return {head.left() + inset, head.bottom() + 1, head.width() - inset - panelRight,
+            ArchiveDetailsPanel::panelHeight};
 }
 
 QRect chevronIn(const QRect& item) {
@@ -103,34 +90,20 @@ void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, 
                          palette.line);
 }
 
-void paintDetail(QPainter& painter, const QRect& line, const QString& label, const std::string& value,
-                 const Palette& palette) {
-    paintText(painter, line.adjusted(detailLeft, 0, 0, 0), label, FontRole::caption11, palette.secondary);
-    paintFigures(painter, line.adjusted(valueLeft, 0, 0, 0), oneLine(value), FontRole::caption11Medium,
-                 palette.text, Qt::AlignLeft | Qt::AlignVCenter);
-}
-
 } // namespace
 
 ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list)
     : QStyledItemDelegate(&list), m_model(model), m_view(view), m_list(list) {}
 
-ArchiveDelegate::Part ArchiveDelegate::partAt(const QModelIndex& index, const QRect& item,
-                                              const QPoint& point) const {
-    if (!index.isValid() || m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
-        return Part::none;
-    if (headIn(item).contains(point))
-        return Part::head;
-    const bool isOpen = m_view.isOpen(m_model.rowAt(index).invoice.id);
-    return isOpen && trashIn(item).contains(point) ? Part::trash : Part::none;
+bool ArchiveDelegate::isOnHead(const QModelIndex& index, const QRect& item, const QPoint& point) const {
+    return index.isValid() && m_model.rowAt(index).kind == ArchiveRow::Kind::invoice &&
+           headIn(item).contains(point);
 }
 
-void ArchiveDelegate::setActive(const QModelIndex& index, Part part, bool isPressed) {
-    if (m_active == index && m_activePart == part && m_isPressed == isPressed)
+void ArchiveDelegate::setHovered(const QModelIndex& index) {
+    if (m_hovered == index)
         return;
-    m_active = index;
-    m_activePart = part;
-    m_isPressed = isPressed;
+    m_hovered = index;
     m_list.viewport()->update();
 }
 
@@ -141,7 +114,7 @@ void ArchiveDelegate::setMoving(const QModelIndex& index, double shown) {
 }
 
 int ArchiveDelegate::detailsHeight(const QModelIndex& index) const {
-    constexpr int whole = panelHeight + gapUnderPanel;
+    constexpr int whole = ArchiveDetailsPanel::panelHeight + gapUnderPanel;
     if (m_moving == index)
         return qRound(whole * m_movingShown);
     return m_view.isOpen(m_model.rowAt(index).invoice.id) ? whole : 0;
@@ -185,8 +158,6 @@ void ArchiveDelegate::paintInvoice(QPainter& painter, const QRect& item, const Q
     paintCardPart(painter, item.adjusted(0, 0, 0, isVeryLast ? -marginBelow : 0), m_model.rowAt(index),
                   palette);
     paintHead(painter, item, index, palette);
-    if (detailsHeight(index) > 0)
-        paintDetails(painter, item, index, palette);
     if (m_list.showsFocusRing() && m_list.currentIndex() == index)
         paintFocusRing(painter, headIn(item).adjusted(6, 5, -6, -6), 4, palette);
 }
@@ -194,7 +165,7 @@ void ArchiveDelegate::paintInvoice(QPainter& painter, const QRect& item, const Q
 void ArchiveDelegate::paintHead(QPainter& painter, const QRect& item, const QModelIndex& index,
                                 const Palette& palette) const {
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
-    if (m_active == index && m_activePart == Part::head)
+    if (m_hovered == index)
         fillRounded(painter, headIn(item).adjusted(4, 3, -4, -4), radius, withOpacity(palette.control, 0.5));
     paintText(painter, numberIn(item), oneLine(archiveNumber(invoice)), numberFont,
               invoice.invoiceNumber.empty() ? palette.secondary : palette.text);
@@ -203,25 +174,18 @@ void ArchiveDelegate::paintHead(QPainter& painter, const QRect& item, const QMod
                 chevronSize, palette.secondary);
 }
 
-void ArchiveDelegate::paintDetails(QPainter& painter, const QRect& item, const QModelIndex& index,
-                                   const Palette& palette) const {
-    const QRect panel = panelIn(item);
-    const ArchiveDetails details = m_view.details(m_model.rowAt(index).invoice);
-    fillRounded(painter, panel, radius, withOpacity(palette.secondary, 0.07));
-    QRect line(panel.left(), panel.top() + detailTop, panel.width(), detailStep);
-    paintDetail(painter, line, u"Datum:"_s, details.date, palette);
-    paintDetail(painter, line.translated(0, detailStep), u"Zeit:"_s, details.time, palette);
-    paintDetail(painter, line.translated(0, 2 * detailStep), u"Betrag:"_s, details.amount, palette);
-    const bool isActive = m_active == index && m_activePart == Part::trash;
-    paintSymbolButton(painter, trashIn(item), u"trash"_s, symbolSize,
-                      {.isDeleting = true, .isHovered = isActive, .isPressed = isActive && m_isPressed},
-                      palette);
+void ArchiveDelegate::updateEditorGeometry(QWidget* panel, const QStyleOptionViewItem& option,
+                                           const QModelIndex& index) const {
+    QRect place = panelIn(option.rect);
+    // While it arrives or leaves it is cut off where the row ends.
+    place.setHeight(std::min(place.height(), detailsHeight(index)));
+    panel->setGeometry(place);
 }
 
-QString ArchiveDelegate::tooltip(const QRect& item, const QPoint& point, const QModelIndex& index) const {
-    const Part part = partAt(index, item, point);
-    if (part != Part::head)
-        return part == Part::trash ? QString::fromUtf16(trashTooltip) : QString();
+QString ArchiveDelegate::elidedTextAt(const QRect& item, const QPoint& point,
+                                      const QModelIndex& index) const {
+    if (m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
+        return {};
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
     const QString number = oneLine(archiveNumber(invoice));
     const QString customer = oneLine(archiveCustomer(invoice));
@@ -235,7 +199,7 @@ bool ArchiveDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString shown = tooltip(option.rect, event->pos(), index);
+    const QString shown = elidedTextAt(option.rect, event->pos(), index);
     if (shown.isEmpty())
         QToolTip::hideText();
     else

@@ -4,10 +4,15 @@
 #include "app/components/ListView.h"
 #include "app/components/Look.h"
 #include "app/components/Sheets.h"
+#include "app/components/SymbolButton.h"
+#include "invoice/screens/ArchiveDelegate.h"
+#include "invoice/screens/ArchiveDetailsPanel.h"
+#include "invoice/screens/ArchiveListAccessible.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QVariantAnimation>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +34,7 @@ ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
     m_list->viewport()->installEventFilter(this);
     Column{m_list}.applyTo(*this);
     setFocusProxy(m_list);
+    installArchiveListAccessible();
 }
 
 void ArchiveList::showInvoices() {
@@ -36,7 +42,42 @@ void ArchiveList::showInvoices() {
     // The keyboard starts at an invoice: the sentence and the month above it cannot be opened.
     if (!m_list->currentIndex().isValid())
         m_list->setCurrentIndex(m_model.firstInvoice());
+    showPanels();
     m_list->viewport()->update();
+}
+
+std::vector<ArchiveDetailsPanel*> ArchiveList::openPanels() const {
+    std::vector<QModelIndex> rows;
+    for (const Uuid& id : *m_view.openInvoices)
+        if (const QModelIndex row = m_model.indexOf(id); row.isValid())
+            rows.push_back(row);
+    std::ranges::sort(rows, {}, &QModelIndex::row);
+    std::vector<ArchiveDetailsPanel*> panels;
+    for (const QModelIndex& row : rows)
+        if (auto* panel = static_cast<ArchiveDetailsPanel*>(m_list->indexWidget(row)))
+            panels.push_back(panel);
+    return panels;
+}
+
+void ArchiveList::showPanels() {
+    for (const Uuid& id : *m_view.openInvoices)
+        if (const QModelIndex row = m_model.indexOf(id); row.isValid())
+            panelOf(row).setDetails(m_view.details(m_model.rowAt(row).invoice));
+    QWidget* previous = m_list;
+    for (const ArchiveDetailsPanel* panel : openPanels()) {
+        setTabOrder(previous, &panel->deleteButton());
+        previous = &panel->deleteButton();
+    }
+}
+
+ArchiveDetailsPanel& ArchiveList::panelOf(const QModelIndex& index) {
+    if (auto* panel = static_cast<ArchiveDetailsPanel*>(m_list->indexWidget(index)))
+        return *panel;
+    const Uuid& id = m_model.rowAt(index).invoice.id;
+    auto* panel = new ArchiveDetailsPanel([this, id] { confirmDeleting(id); });
+    panel->installEventFilter(this);
+    m_list->setIndexWidget(index, panel);
+    return *panel;
 }
 
 bool ArchiveList::eventFilter(QObject* watched, QEvent* event) {
@@ -46,8 +87,10 @@ bool ArchiveList::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseMove:
         pointerMoved(static_cast<QMouseEvent*>(event)->position().toPoint());
         break;
+    case QEvent::Enter:
     case QEvent::Leave:
-        m_delegate->setActive({}, Part::none, false);
+        // Of the rows' surface, or of details that lie on it.
+        m_delegate->setHovered({});
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -79,82 +122,78 @@ bool ArchiveList::keyPressed(int key) {
             toggle(index);
         return true;
     case Qt::Key_Delete:
-        confirmDeleting(index);
+        confirmDeleting(m_model.rowAt(index).invoice.id);
         return true;
     default:
         return false;
     }
 }
 
-ArchiveList::Part ArchiveList::partAt(const QModelIndex& index, const QPoint& position) const {
-    return index.isValid() ? m_delegate->partAt(index, m_list->visualRect(index), position) : Part::none;
+QModelIndex ArchiveList::headAt(const QPoint& position) const {
+    const QModelIndex index = m_list->indexAt(position);
+    const bool isHead = index.isValid() && m_delegate->isOnHead(index, m_list->visualRect(index), position);
+    return isHead ? index : QModelIndex();
 }
 
-void ArchiveList::pointerMoved(const QPoint& position) {
-    const QModelIndex index = m_list->indexAt(position);
-    const Part part = partAt(index, position);
-    const bool isPressed = part != Part::none && m_pressedPart == part && m_pressedIndex == index;
-    m_delegate->setActive(part == Part::none ? QModelIndex() : index, part, isPressed);
-}
+void ArchiveList::pointerMoved(const QPoint& position) { m_delegate->setHovered(headAt(position)); }
 
 void ArchiveList::pressed(const QMouseEvent& event) {
-    if (event.button() != Qt::LeftButton)
-        return;
-    const QPoint position = event.position().toPoint();
-    m_pressedIndex = m_list->indexAt(position);
-    m_pressedPart = partAt(m_pressedIndex, position);
-    pointerMoved(position);
+    if (event.button() == Qt::LeftButton)
+        m_pressed = headAt(event.position().toPoint());
 }
 
 void ArchiveList::released(const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton)
         return;
-    const QPoint position = event.position().toPoint();
-    const QModelIndex index = m_list->indexAt(position);
-    const Part part = partAt(index, position);
-    const bool isSame = index == m_pressedIndex && part == m_pressedPart;
-    m_pressedPart = Part::none;
-    m_pressedIndex = QModelIndex();
-    pointerMoved(position);
-    if (isSame && part == Part::head)
+    const QModelIndex index = headAt(event.position().toPoint());
+    const bool isSame = index.isValid() && index == m_pressed;
+    m_pressed = QModelIndex();
+    if (isSame)
         toggle(index);
-    else if (isSame && part == Part::trash)
-        confirmDeleting(index);
 }
 
 void ArchiveList::toggle(const QModelIndex& index) {
     m_view.toggle(m_model.rowAt(index).invoice.id);
+    m_list->setCurrentIndex(index);
     move(index);
+    showPanels();
 }
 
 void ArchiveList::move(const QModelIndex& index) {
-    delete m_movement;
+    if (m_movement) {
+        delete m_movement;
+        movementEnded(m_moving);
+    }
+    m_moving = index;
     const bool opens = m_view.isOpen(m_model.rowAt(index).invoice.id);
+    m_delegate->setMoving(index, opens ? 0 : 1);
     m_movement = new QVariantAnimation(this);
     m_movement->setStartValue(opens ? 0.0 : 1.0);
     m_movement->setEndValue(opens ? 1.0 : 0.0);
     m_movement->setDuration(motionAllowed() ? movementMilliseconds : 0);
     m_movement->setEasingCurve(QEasingCurve::OutCubic);
     connect(m_movement, &QVariantAnimation::valueChanged, this,
-            [this, row = QPersistentModelIndex(index)](const QVariant& shown) {
-                m_delegate->setMoving(row, shown.toDouble());
-            });
-    connect(m_movement, &QVariantAnimation::finished, this,
-            [this, row = QPersistentModelIndex(index), opens] {
-                m_delegate->setMoving({}, 0);
-                if (opens)
-                    m_list->scrollTo(row);
-            });
+            [this](const QVariant& shown) { m_delegate->setMoving(m_moving, shown.toDouble()); });
+    connect(m_movement, &QVariantAnimation::finished, this, [this] { movementEnded(m_moving); });
     m_movement->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
-void ArchiveList::confirmDeleting(const QModelIndex& index) {
+void ArchiveList::movementEnded(const QModelIndex& index) {
+    m_delegate->setMoving({}, 0);
+    if (!index.isValid())
+        return;
+    if (m_view.isOpen(m_model.rowAt(index).invoice.id))
+        m_list->scrollTo(index);
+    else
+        m_list->setIndexWidget(index, nullptr);
+}
+
+void ArchiveList::confirmDeleting(const Uuid& id) {
     presentAlert(*this,
                  {.title = u"Archivierte Rechnung löschen?"_s,
-                  .message =
-                      u"Diese Aktion kann nicht rückgängig gemacht werden. Die Zeiteinträge bleiben als "
-                      "abgerechnet markiert."_s},
-                 [this, id = m_model.rowAt(index).invoice.id] { m_view.deleteInvoice(id); });
+                  .message = u"Diese Aktion kann nicht rückgängig gemacht werden. Die Zeiteinträge bleiben "
+                             "als abgerechnet markiert."_s},
+                 [this, id] { m_view.deleteInvoice(id); });
 }
 
 } // namespace brisklog

@@ -1,17 +1,19 @@
 #pragma once
 
-#include "invoice/screens/ArchiveDelegate.h"
 #include "invoice/screens/ArchiveModel.h"
 
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QWidget>
+#include <vector>
 
 class QMouseEvent;
 class QVariantAnimation;
 
 namespace brisklog {
 
+class ArchiveDelegate;
+class ArchiveDetailsPanel;
 class ListView;
 
 /// The archived invoices by month. A click, Return or Space opens one and shuts it again, Right opens, Left
@@ -23,28 +25,36 @@ public:
     /// Shows the invoices as they are now.
     void showInvoices();
 
+    [[nodiscard]] ListView& list() const { return *m_list; }
+
+    /// The details that are shown, in the order of their rows.
+    [[nodiscard]] std::vector<ArchiveDetailsPanel*> openPanels() const;
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    using Part = ArchiveDelegate::Part;
-
     bool keyPressed(int key);
     void pointerMoved(const QPoint& position);
     void pressed(const QMouseEvent& event);
     void released(const QMouseEvent& event);
-    [[nodiscard]] Part partAt(const QModelIndex& index, const QPoint& position) const;
+    /// The invoice whose head lies there; an invalid index where none does.
+    [[nodiscard]] QModelIndex headAt(const QPoint& position) const;
     void toggle(const QModelIndex& index);
     /// Lets the row's details arrive or leave, at once where nothing may move.
     void move(const QModelIndex& index);
-    void confirmDeleting(const QModelIndex& index);
+    void movementEnded(const QModelIndex& index);
+    void showPanels();
+    [[nodiscard]] ArchiveDetailsPanel& panelOf(const QModelIndex& index);
+    void confirmDeleting(const Uuid& id);
 
     ArchiveSheetView& m_view;
     ArchiveModel m_model;
     ListView* m_list;
     ArchiveDelegate* m_delegate;
-    QPersistentModelIndex m_pressedIndex;
-    Part m_pressedPart = Part::none;
+    QPersistentModelIndex m_pressed;
+    /// The row whose details are arriving or leaving.
+    QPersistentModelIndex m_moving;
     QPointer<QVariantAnimation> m_movement;
 };
 
