@@ -30,6 +30,54 @@ TEST_F(LogoPickerChoice, aClickOnAnImageChoosesItAndClosesTheWindow) {
     EXPECT_EQ(host.focusBacks, 1);
 }
 
+TEST_F(LogoPickerChoice, whateverIsChosenAPngOfAtMostEightHundredIsKept) {
+    const QImage wide = fourQuarters(1600, 400);
+    const QImage opaque = wide.convertToFormat(QImage::Format_RGB32);
+    const std::vector<std::pair<std::string, QSize>> logos{
+        {encoded(wide, "PNG"), {800, 200}},
+        {encoded(fourQuarters(400, 1600), "PNG"), {200, 800}},
+        {encoded(fourQuarters(800, 800), "PNG"), {800, 800}},
+        {encoded(fourQuarters(3, 2), "BMP"), {3, 2}},
+        {encoded(opaque, "JPEG"), {800, 200}},
+        {encoded(wide, "TIFF"), {800, 200}},
+        // A camera held sideways: what counts is how it is seen.
+        {turnedJpeg(opaque, 6), {200, 800}},
+        {smallGif(), {2, 2}},
+    };
+    for (std::size_t number = 0; number < logos.size(); ++number) {
+        chosen.clear();
+        writeFile(folder() / "Logo.png", logos[number].first);
+        open();
+        click(0);
+        settle();
+        ASSERT_EQ(chosen.size(), 1U) << number;
+        EXPECT_TRUE(chosen[0].starts_with("\x89PNG")) << number;
+        EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(chosen[0])).size(), logos[number].second)
+            << number;
+    }
+}
+
+TEST_F(LogoPickerChoice, anImageThatFitsIsKeptToThePixelWithItsTransparency) {
+    const QImage original = fourQuarters(800, 800);
+    writeFile(folder() / "Logo.png", encoded(original, "PNG"));
+    open();
+    click(0);
+    settle();
+    ASSERT_EQ(chosen.size(), 1U);
+    EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(chosen[0])).convertToFormat(original.format()),
+              original);
+}
+
+TEST_F(LogoPickerChoice, scalingKeepsTransparency) {
+    addPicture("Logo.png", 1600, 400);
+    open();
+    click(0);
+    settle();
+    const QImage logo = QImage::fromData(QByteArray::fromStdString(chosen.at(0)));
+    EXPECT_EQ(logo.pixelColor(10, 10), QColor(Qt::red));
+    EXPECT_EQ(logo.pixelColor(790, 190), QColor(255, 255, 255, 128));
+}
+
 TEST_F(LogoPickerChoice, aCompletionMayCloseTheWindowItself) {
     addPicture("Logo.png");
     controller.present("Logo auswählen", [this](const std::string& bytes) {
