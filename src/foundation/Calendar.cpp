@@ -26,8 +26,13 @@ qint64 momentOf(QDate day, QTime time, const QTimeZone& zone) {
 }
 
 Date firstMomentOf(QDate day, const QTimeZone& zone) {
-    const auto moment = static_cast<double>(day.startOfDay(zone).toMSecsSinceEpoch());
-    return Date{moment / millisecondsPerSecond - secondsFromUnixEpochToReference};
+    qint64 moment = day.startOfDay(zone).toMSecsSinceEpoch();
+    // Where the clocks are put back to midnight it comes twice: the day begins with the first.
+    const QDateTime justBefore = QDateTime::fromMSecsSinceEpoch(moment - 1, zone);
+    if (justBefore.date() == day)
+        moment =
+            QDateTime(day, QTime(0, 0), Qt::UTC).addSecs(-justBefore.offsetFromUtc()).toMSecsSinceEpoch();
+    return Date{static_cast<double>(moment) / millisecondsPerSecond - secondsFromUnixEpochToReference};
 }
 
 } // namespace
@@ -60,6 +65,8 @@ QDate Calendar::dayNumber(Date date) const {
     const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds * millisecondsPerSecond));
     return QDateTime::fromMSecsSinceEpoch(milliseconds, m_zone).date();
 }
+
+int Calendar::dayNumberOf(Date date) const { return dayNumber(date).day(); }
 
 Date Calendar::startOfMonth(Date date) const {
     const QDate day = dayNumber(date);

@@ -50,6 +50,9 @@ public:
     /// The month in which the moment lies.
     [[nodiscard]] YearAndMonth monthOf(Date date) const;
 
+    /// The day of the month in which the moment lies, counted from 1.
+    [[nodiscard]] int dayNumberOf(Date date) const;
+
     [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
 
 private:

@@ -193,6 +193,14 @@ std::string paddedDuration(TimeInterval seconds, std::string_view fallback) {
     return p.sign + withUnit(p.hours, "h") + " " + withUnit(p.minutes, "min");
 }
 
+std::string paddedDurationWithSeconds(TimeInterval seconds, std::string_view fallback) {
+    if (!isFigure(seconds))
+        return std::string(fallback);
+    const Parts p = parts(seconds, 1);
+    return p.sign + withUnit(p.hours, "h") + " " + withUnit(p.minutes, "min") + " " +
+           withUnit(p.seconds, "s");
+}
+
 std::string runningDuration(TimeInterval seconds, std::string_view fallback) {
     if (!isFigure(seconds))
         return std::string(fallback);

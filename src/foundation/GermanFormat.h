@@ -44,6 +44,9 @@ enum class DateForm {
 /// Hours and minutes, both always written (1 h 0 min); fractions of a minute are cut off.
 [[nodiscard]] std::string paddedDuration(TimeInterval seconds, std::string_view fallback);
 
+/// Hours, minutes and seconds, all always written (0 h 0 min 59 s); fractions of a second are cut off.
+[[nodiscard]] std::string paddedDurationWithSeconds(TimeInterval seconds, std::string_view fallback);
+
 /// Two digits each of hours, minutes and seconds (00:05:07), more digits of hours beyond 99.
 [[nodiscard]] std::string runningDuration(TimeInterval seconds, std::string_view fallback);
 

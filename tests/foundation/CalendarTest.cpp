@@ -136,5 +136,20 @@ TEST(CalendarElsewhere, monthBeginsWhenTheClocksGoOnWhereTheySkipMidnight) {
     EXPECT_EQ(calendar.startOfMonth(moment(afternoon)), moment(first));
 }
 
+TEST(CalendarElsewhere, dayBeginsWithItsFirstMidnightWhereTheClocksGoBackToIt) {
+    const Calendar calendar{QTimeZone("America/Havana")};
+    const auto utc = [](int day, int hours) {
+        const QDateTime time(QDate(2024, 11, day), QTime(hours, 0), Qt::UTC);
+        return Date{static_cast<double>(time.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+    };
+    // On 3 November, 01:00 became 00:00 again.
+    const Day expected{utc(3, 4), utc(4, 5)};
+    EXPECT_EQ(calendar.dayOf(utc(3, 4)), expected);
+    EXPECT_EQ(calendar.dayOf(utc(3, 5)), expected);
+    EXPECT_EQ(calendar.dayOf(utc(4, 4)), expected);
+    EXPECT_EQ(calendar.dayOf(utc(3, 3)).end, expected.start);
+    EXPECT_EQ(calendar.dayNumberOf(utc(3, 4)), 3);
+}
+
 } // namespace
 } // namespace brisklog::test

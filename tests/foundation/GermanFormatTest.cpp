@@ -198,6 +198,18 @@ TEST(Duration, whatIsNoFigureGivesThePlacesFallback) {
     }
 }
 
+TEST(Duration, withSecondsEveryUnitIsWritten) {
+    const auto text = [](TimeInterval seconds) {
+        return visible(format::paddedDurationWithSeconds(seconds, "--"));
+    };
+    EXPECT_EQ(text(0), visible("0\u00A0h 0\u00A0min 0\u00A0s"));
+    EXPECT_EQ(text(59.9), visible("0\u00A0h 0\u00A0min 59\u00A0s"));
+    EXPECT_EQ(text(5407), visible("1\u00A0h 30\u00A0min 7\u00A0s"));
+    EXPECT_EQ(text(360000), visible("100\u00A0h 0\u00A0min 0\u00A0s"));
+    EXPECT_EQ(text(-61), visible("-0\u00A0h 1\u00A0min 1\u00A0s"));
+    EXPECT_EQ(text(1e300), "--");
+}
+
 TEST(Duration, tenThousandYearsAreStillWritten) {
     EXPECT_EQ(running(10000.0 * 365 * 86400), "87600000:00:00");
 }

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "autotrack/AutoTrackingManager.h"
+
+#include <optional>
+#include <string>
+
+namespace brisklog {
+
+/// The panel that switches automatic tracking and says what is being recorded.
+class AutoTrackingView final : public ObservableObject {
+public:
+    AutoTrackingView(AutoTrackingManager& manager, FrontmostApplication& frontmost)
+        : m_manager(manager), m_frontmost(frontmost) {}
+
+    /// The question before everything recorded is deleted.
+    Published<bool> showingClearDataAlert{*this, false};
+
+    [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_manager; }
+
+    [[nodiscard]] FrontmostApplication& frontmostApplication() const { return m_frontmost; }
+
+    [[nodiscard]] bool isTracking() const { return m_manager.isTracking; }
+
+    /// What the switch does; set to what it is, nothing happens.
+    void setTracking(bool isOn);
+
+    [[nodiscard]] std::string status() const;
+
+    /// "Aktuell: Firefox"; absent while nothing is being recorded.
+    [[nodiscard]] std::optional<std::string> current() const;
+
+    /// Why nothing will be recorded; absent where the desktop tells what is in front, or may still tell.
+    [[nodiscard]] std::optional<std::string> unavailability() const;
+
+    /// Deletes all recorded days; to be called once the user has confirmed it. Tracking and the open session
+    /// go on.
+    void clearData();
+
+private:
+    AutoTrackingManager& m_manager;
+    FrontmostApplication& m_frontmost;
+};
+
+} // namespace brisklog

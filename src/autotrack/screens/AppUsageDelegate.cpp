@@ -1,0 +1,114 @@
+#include "autotrack/screens/AppUsageDelegate.h"
+
+#include "app/components/BitmapImage.h"
+#include "app/components/Figures.h"
+#include "app/components/FocusRing.h"
+#include "app/components/Label.h"
+#include "app/components/ListView.h"
+#include "app/components/Painting.h"
+#include "app/components/Symbols.h"
+#include "autotrack/screens/AppUsageModel.h"
+#include "platform/Images.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int rowHeight = 28;
+constexpr int radius = 4;
+constexpr int iconColumn = 24;
+constexpr int iconSize = 16;
+constexpr int durationColumn = 100;
+/// From the row's edge to its contents, and the margin in which the focus ring has room.
+constexpr int padding = 12;
+constexpr int margin = 8;
+
+QRect stripe(const QRect& item) { return item.adjusted(margin, 0, -margin, 0); }
+
+QRect content(const QRect& item) { return stripe(item).adjusted(padding, 0, -padding, 0); }
+
+QRect durationArea(const QRect& item, const QString& duration) {
+    // A figure is never shortened: it grows to the left.
+    const int width = std::max(durationColumn, figureWidth(duration, FontRole::body13));
+    const QRect area = content(item);
+    return area.adjusted(area.width() - width, 0, 0, 0);
+}
+
+QRect nameArea(const QRect& item, const QString& duration) {
+    const QRect area = content(item);
+    return {area.left() + iconColumn, area.top(),
+            durationArea(item, duration).left() - area.left() - iconColumn, area.height()};
+}
+
+QImage decoded(const std::optional<SharedData>& png, const Images& images, qreal devicePixelRatio) {
+    if (!png)
+        return {};
+    const int pixels = qRound(iconSize * devicePixelRatio);
+    const auto icon = images.decode(png->bytes(), [pixels](PixelSize) { return PixelSize{pixels, pixels}; });
+    return icon.failed() ? QImage() : imageOf(icon.value(), devicePixelRatio);
+}
+
+} // namespace
+
+AppUsageDelegate::AppUsageDelegate(const AppUsageModel& model, const Images& images, ListView& list)
+    : QStyledItemDelegate(&list), m_model(model), m_images(images), m_list(list) {}
+
+QSize AppUsageDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
+    return {0, rowHeight};
+}
+
+const QImage& AppUsageDelegate::iconOf(const QModelIndex& index, qreal devicePixelRatio) const {
+    if (std::exchange(m_iconResolution, devicePixelRatio) != devicePixelRatio)
+        m_icons.clear();
+    const auto known = m_icons.find(index.row());
+    if (known != m_icons.end())
+        return known->second;
+    return m_icons[index.row()] = decoded(m_model.rowAt(index).iconData, m_images, devicePixelRatio);
+}
+
+void AppUsageDelegate::paintIcon(QPainter& painter, const QRect& area, const QModelIndex& index) const {
+    const QImage& icon = iconOf(index, painter.device()->devicePixelRatioF());
+    const QRect place(area.left(), area.top() + (area.height() - iconSize) / 2, iconSize, iconSize);
+    if (icon.isNull())
+        paintSymbol(painter, place, u"app.fill"_s, iconSize, Palette::of(m_list).secondary);
+    else
+        painter.drawImage(place, icon);
+}
+
+void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+    const Palette& palette = Palette::of(m_list);
+    const QString duration = QString::fromStdString(m_model.rowAt(index).durationText());
+    painter->save();
+    if (index.row() % 2 == 1)
+        fillRounded(*painter, stripe(option.rect), radius, withOpacity(palette.secondary, 0.05));
+    paintIcon(*painter, content(option.rect), index);
+    paintText(*painter, nameArea(option.rect, duration), index.data().toString(), FontRole::body13,
+              palette.text);
+    paintFigures(*painter, durationArea(option.rect, duration), duration, FontRole::body13, palette.secondary,
+                 Qt::AlignRight | Qt::AlignVCenter);
+    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
+        paintFocusRing(*painter, stripe(option.rect).adjusted(0, 3, 0, -3), radius, palette);
+    painter->restore();
+}
+
+bool AppUsageDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString name = index.data().toString();
+    const QString duration = QString::fromStdString(m_model.rowAt(index).durationText());
+    if (textWidth(name, FontRole::body13) > nameArea(option.rect, duration).width())
+        QToolTip::showText(event->globalPos(), plainTooltip(name), view->viewport());
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+} // namespace brisklog

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "autotrack/AutoTrackingView.h"
+
+namespace brisklog {
+
+class ElidedLabel;
+class Label;
+class Switch;
+
+/// Filled in green while tracking, else empty.
+class TrackingDot final : public QWidget {
+public:
+    explicit TrackingDot(QWidget* parent = nullptr);
+
+    void setOn(bool isOn);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool m_isOn = false;
+};
+
+/// The panel of automatic tracking: its switch, what is being recorded, the calendar, and the way to delete
+/// it all.
+class AutoTrackingScreen final : public Screen {
+public:
+    /// Becomes the calendar's parent.
+    AutoTrackingScreen(AutoTrackingManager& manager, FrontmostApplication& frontmost, QWidget* calendar,
+                       QWidget* parent = nullptr);
+
+protected:
+    void refresh() override;
+
+private:
+    [[nodiscard]] QWidget* statusLines();
+    void confirmClearing();
+
+    AutoTrackingView m_view;
+    Switch* m_switch;
+    TrackingDot* m_dot;
+    Label* m_status;
+    ElidedLabel* m_current;
+    Label* m_unavailability;
+};
+
+} // namespace brisklog

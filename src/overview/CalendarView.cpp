@@ -1,0 +1,141 @@
+#include "overview/CalendarView.h"
+
+#include "foundation/GermanFormat.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <algorithm>
+#include <cmath>
+
+namespace brisklog {
+namespace {
+
+constexpr int daysPerWeek = CalendarView::columns;
+
+/// The days of a month and what a grid needs to know of its neighbours.
+struct MonthGrid {
+    QDate first;
+    /// How many days of the month before stand in the first row.
+    int offset;
+};
+
+MonthGrid gridOf(const YearAndMonth& month, int firstWeekday) {
+    const QDate first(month.year, month.month, 1);
+    // Counted from Sunday as 1, as the first weekday is.
+    const int weekday = first.dayOfWeek() % daysPerWeek + 1;
+    return {first, (weekday - firstWeekday + daysPerWeek) % daysPerWeek};
+}
+
+/// A moment on that day. The formatters' zones may be of another year than the calendar's and disagree about
+/// an hour; at noon both see the same day.
+Date noonOf(const Day& day) { return day.start.addingSeconds(day.end.since(day.start) / 2); }
+
+/// 2026-11-15 09:41:00 +0000
+std::string description(Date date) {
+    const auto seconds =
+        static_cast<qint64>(std::floor(date.secondsSinceReference + secondsFromUnixEpochToReference));
+    return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)
+        .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss '+0000'"))
+        .toStdString();
+}
+
+} // namespace
+
+CalendarView::CalendarView(CalendarPlatform platform)
+    : currentMonth(*this, platform.clock.now()), m_platform(std::move(platform)) {}
+
+std::string CalendarView::monthTitle() const {
+    const Calendar calendar = m_platform.calendar();
+    return format::date(noonOf(calendar.dayOf(calendar.startOfMonth(currentMonth))),
+                        format::DateForm::monthAndYear);
+}
+
+std::string CalendarView::columnHeading(int column) const {
+    // The second row: all of its days are of this month.
+    const auto date = getDate(1, column);
+    return date ? format::date(noonOf(m_platform.calendar().dayOf(*date)), format::DateForm::weekday)
+                : std::string();
+}
+
+std::optional<Date> CalendarView::getDate(int row, int column) const {
+    return dateAt(row, column, m_platform.calendar());
+}
+
+std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& calendar) const {
+    const MonthGrid grid = gridOf(calendar.monthOf(currentMonth), m_platform.firstWeekday);
+    const int day = row * columns + column - grid.offset + 1;
+    const QDate wanted = grid.first.addDays(day - 1);
+    Date start = calendar.startOfMonth(currentMonth);
+    if (day < 1)
+        start = calendar.startOfMonth(calendar.addingMonths(start, -1));
+    else if (day > grid.first.daysInMonth())
+        start = calendar.startOfMonth(calendar.addingMonths(start, 1));
+    const Date date = calendar.addingDays(start, wanted.day() - 1);
+    // A zone that moved across the date line went without a day: what would stand for it is the next one.
+    return calendar.dayNumberOf(date) == wanted.day() ? std::optional(date) : std::nullopt;
+}
+
+std::vector<std::optional<CalendarCell>> CalendarView::cells() const {
+    const Calendar calendar = m_platform.calendar();
+    std::vector<std::optional<CalendarCell>> cells;
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column) {
+            const auto date = dateAt(row, column, calendar);
+            cells.push_back(date ? std::optional(cellOf(*date, calendar)) : std::nullopt);
+        }
+    return cells;
+}
+
+CalendarCell CalendarView::cellOf(Date date, const Calendar& calendar) const {
+    const Day day = calendar.dayOf(date);
+    const bool hasData = usageOn(day) != nullptr;
+    return {.date = date,
+            .dayNumber = std::to_string(calendar.dayNumberOf(date)),
+            .isOfMonth = calendar.monthOf(date) == calendar.monthOf(currentMonth),
+            .isToday = day.contains(m_platform.clock.now()),
+            .isSelected = isSelected(day),
+            .hasData = hasData,
+            .name = format::date(noonOf(day), format::DateForm::longDate) + (hasData ? ", mit Daten" : "")};
+}
+
+bool CalendarView::isSelected(const Day& day) const {
+    const std::optional<Date>& selected = selectedDate;
+    return selected && day.contains(*selected);
+}
+
+bool CalendarView::hasDataForDate(Date date) const {
+    return usageOn(m_platform.calendar().dayOf(date)) != nullptr;
+}
+
+const DailyAppUsage* CalendarView::usageOn(const Day& day) const {
+    const std::vector<DailyAppUsage>& days = m_platform.autoTrackingManager.dailyUsageData;
+    const auto found = std::ranges::find_if(
+        days, [&day](Date date) { return day.contains(date); }, &DailyAppUsage::date);
+    return found == days.end() ? nullptr : &*found;
+}
+
+void CalendarView::selectDate(Date date) {
+    selectedDate = date;
+    if (const DailyAppUsage* const usage = usageOn(m_platform.calendar().dayOf(date)))
+        openDetailWindow(*usage, date);
+}
+
+void CalendarView::openDetailWindow(const DailyAppUsage& usage, Date selected) {
+    const Date day = noonOf(m_platform.calendar().dayOf(usage.date));
+    const DetailWindowContent content{.title = "App-Nutzung: " + formatDate(day),
+                                      .detail = DailyUsageDetailView(usage, m_platform.clock.now())};
+    auto delegate = std::make_shared<DetailWindowDelegate>();
+    auto controller = m_platform.showDetailWindow(content, delegate);
+    m_platform.detailWindows.registerWindow(std::move(controller), std::move(delegate),
+                                            description(selected));
+}
+
+void CalendarView::showPreviousMonth() {
+    currentMonth = m_platform.calendar().addingMonths(currentMonth, -1);
+}
+
+void CalendarView::showNextMonth() { currentMonth = m_platform.calendar().addingMonths(currentMonth, 1); }
+
+std::string CalendarView::formatDate(Date date) { return format::date(date, format::DateForm::mediumDate); }
+
+} // namespace brisklog

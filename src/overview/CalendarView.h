@@ -1,0 +1,102 @@
+#pragma once
+
+#include "autotrack/AutoTrackingManager.h"
+#include "autotrack/DailyUsageDetailView.h"
+#include "foundation/Calendar.h"
+#include "overview/DetailWindowManager.h"
+#include "platform/Clock.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brisklog {
+
+/// What a detail window shows.
+struct DetailWindowContent {
+    /// "App-Nutzung: 15.11.2026"
+    std::string title;
+    DailyUsageDetailView detail;
+};
+
+/// What the calendar works with.
+struct CalendarPlatform {
+    AutoTrackingManager& autoTrackingManager;
+    DetailWindowManager& detailWindows;
+    const Clock& clock;
+    /// The user's first day of the week: 1 is Sunday, 7 is Saturday.
+    int firstWeekday;
+    /// Shows the content in a new window, which tells the delegate for as long as that exists.
+    std::function<std::shared_ptr<DetailWindowController>(const DetailWindowContent& content,
+                                                          std::weak_ptr<DetailWindowDelegate> delegate)>
+        showDetailWindow;
+    /// Asked anew each time: the user may travel.
+    std::function<Calendar()> calendar = &Calendar::current;
+};
+
+/// One day as the grid shows it.
+struct CalendarCell {
+    Date date;
+    std::string dayNumber;
+    bool isOfMonth = false;
+    bool isToday = false;
+    bool isSelected = false;
+    bool hasData = false;
+    /// "15. November 2026, mit Daten"
+    std::string name;
+
+    bool operator==(const CalendarCell&) const = default;
+};
+
+/// A month of six weeks that marks the days with recorded use. A marked day that is chosen opens a window of
+/// its own, one more each time; the calendar never looks for one that is open already. This is deliberate.
+class CalendarView final : public ObservableObject {
+public:
+    static constexpr int rows = 6;
+    static constexpr int columns = 7;
+
+    explicit CalendarView(CalendarPlatform platform);
+
+    Published<std::optional<Date>> selectedDate{*this};
+    /// Any moment within the month shown.
+    Published<Date> currentMonth;
+
+    [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_platform.autoTrackingManager; }
+
+    /// "November 2026"
+    [[nodiscard]] std::string monthTitle() const;
+
+    /// The abbreviated weekday that the column shows.
+    [[nodiscard]] std::string columnHeading(int column) const;
+
+    /// The date in that cell, always the same moment for the same cell of a month. Absent where the zone's
+    /// clocks skipped the whole day.
+    [[nodiscard]] std::optional<Date> getDate(int row, int column) const;
+
+    /// Everything about all cells, row by row; absent where there is no date.
+    [[nodiscard]] std::vector<std::optional<CalendarCell>> cells() const;
+
+    [[nodiscard]] bool hasDataForDate(Date date) const;
+
+    /// Selects the day; opens a window with its detail where there is data.
+    void selectDate(Date date);
+
+    void showPreviousMonth();
+    void showNextMonth();
+
+    /// 15.11.2026
+    [[nodiscard]] static std::string formatDate(Date date);
+
+private:
+    [[nodiscard]] std::optional<Date> dateAt(int row, int column, const Calendar& calendar) const;
+    [[nodiscard]] CalendarCell cellOf(Date date, const Calendar& calendar) const;
+    [[nodiscard]] const DailyAppUsage* usageOn(const Day& day) const;
+    [[nodiscard]] bool isSelected(const Day& day) const;
+    void openDetailWindow(const DailyAppUsage& usage, Date selected);
+
+    CalendarPlatform m_platform;
+};
+
+} // namespace brisklog

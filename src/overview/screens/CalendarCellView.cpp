@@ -1,0 +1,73 @@
+#include "overview/screens/CalendarCellView.h"
+
+#include "app/components/Painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int radius = 4;
+constexpr int numberTop = 9;
+constexpr int numberHeight = 16;
+constexpr int dotGap = 3;
+constexpr int dotSize = 6;
+
+FontRole fontOf(const CalendarCell& cell) {
+    if (cell.isToday)
+        return FontRole::tab12Bold;
+    return cell.isOfMonth ? FontRole::tab12Medium : FontRole::tab12;
+}
+
+QString description(const CalendarCell& cell) {
+    QStringList marks;
+    if (cell.isToday)
+        marks << u"Heute"_s;
+    if (cell.isSelected)
+        marks << u"Ausgewählt"_s;
+    return marks.join(u", "_s);
+}
+
+} // namespace
+
+CalendarCellView::CalendarCellView(QWidget* parent) : Clickable(radius, parent) {
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void CalendarCellView::setCell(const std::optional<CalendarCell>& cell) {
+    if (m_cell == cell)
+        return;
+    m_cell = cell;
+    setEnabled(cell.has_value());
+    setAccessibleName(cell ? QString::fromStdString(cell->name) : QString());
+    setAccessibleDescription(cell ? description(*cell) : QString());
+    update();
+}
+
+void CalendarCellView::paintEvent(QPaintEvent*) {
+    if (!m_cell)
+        return;
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    if (m_cell->isSelected)
+        fillRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.2));
+    else if (isHovered())
+        fillRounded(painter, rect(), radius, withOpacity(palette.control, 0.5));
+    paintText(painter, QRect(0, numberTop, width(), numberHeight), QString::fromStdString(m_cell->dayNumber),
+              fontOf(*m_cell), m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter,
+              Qt::ElideNone);
+    if (m_cell->hasData)
+        fillRounded(painter,
+                    QRect((width() - dotSize) / 2, numberTop + numberHeight + dotGap, dotSize, dotSize),
+                    dotSize / 2.0, palette.blue);
+}
+
+void CalendarCellView::keyPressEvent(QKeyEvent* event) {
+    if (!m_handleKey || event->modifiers() & ~Qt::KeypadModifier || !m_handleKey(event->key()))
+        Clickable::keyPressEvent(event);
+}
+
+} // namespace brisklog

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/components/Clickable.h"
+#include "overview/CalendarView.h"
+
+#include <functional>
+#include <optional>
+
+namespace brisklog {
+
+/// One day of the calendar, 44 × 44.
+class CalendarCellView final : public Clickable {
+public:
+    explicit CalendarCellView(QWidget* parent = nullptr);
+
+    /// Without a day it shows nothing and cannot be chosen.
+    void setCell(const std::optional<CalendarCell>& cell);
+
+    /// Gets the keys that move through the calendar; gives back whether it used the key.
+    void onKey(std::function<bool(int key)> handle) { m_handleKey = std::move(handle); }
+
+    [[nodiscard]] QSize sizeHint() const override { return {44, 44}; }
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    std::optional<CalendarCell> m_cell;
+    std::function<bool(int key)> m_handleKey;
+};
+
+} // namespace brisklog

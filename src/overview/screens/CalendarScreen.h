@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/components/Screen.h"
+#include "overview/CalendarView.h"
+
+#include <vector>
+
+namespace brisklog {
+
+class CalendarCellView;
+class Label;
+
+/// The month calendar on a card. For the keyboard it is one stop after its two chevrons: arrows move by days
+/// and weeks, Page keys by months, Return chooses.
+class CalendarScreen final : public Screen {
+public:
+    explicit CalendarScreen(const CalendarPlatform& platform, QWidget* parent = nullptr);
+
+protected:
+    void refresh() override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* headings();
+    [[nodiscard]] QWidget* grid();
+    /// The cell the keyboard starts from while it is elsewhere.
+    [[nodiscard]] int startingCell() const;
+    [[nodiscard]] bool gridHasFocus() const;
+    [[nodiscard]] bool hasDay(int cell) const;
+    /// Past the last one when it is not shown.
+    [[nodiscard]] int cellNamed(const std::string& name) const;
+    /// The cell of that day of the month shown, or of its last day.
+    [[nodiscard]] int cellOfMonthDay(const std::string& dayNumber) const;
+    void choose(int cell);
+    bool handleKey(int key);
+    void moveBy(int days);
+    void moveByMonth(int months);
+    void moveTo(int cell);
+    /// Makes it the calendar's one stop.
+    void setCurrentCell(int cell);
+
+    CalendarView m_view;
+    Label* m_title;
+    std::vector<Label*> m_headings;
+    std::vector<CalendarCellView*> m_cellViews;
+    std::vector<std::optional<CalendarCell>> m_cells;
+    int m_currentCell = 0;
+};
+
+} // namespace brisklog

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "overview/CalendarView.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <vector>
+
+namespace brisklog {
+
+class Images;
+
+/// A day's detail in a window with the window manager's frame. It belongs to no other window and destroys
+/// itself when it closes.
+class DayDetailWindow final : public QWidget {
+public:
+    DayDetailWindow(const DetailWindowContent& content, const Images& images,
+                    std::weak_ptr<DetailWindowDelegate> delegate);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::weak_ptr<DetailWindowDelegate> m_delegate;
+};
+
+/// Opens the detail windows. Those that are still open when it goes are closed with it.
+class DayDetailWindows {
+public:
+    /// Windows come up in the middle of the screen on which `nearby` is.
+    DayDetailWindows(const Images& images, std::function<const QWidget*()> nearby)
+        : m_images(images), m_nearby(std::move(nearby)) {}
+
+    ~DayDetailWindows();
+    DayDetailWindows(const DayDetailWindows&) = delete;
+    DayDetailWindows& operator=(const DayDetailWindows&) = delete;
+
+    [[nodiscard]] std::shared_ptr<DetailWindowController> show(const DetailWindowContent& content,
+                                                               std::weak_ptr<DetailWindowDelegate> delegate);
+
+private:
+    const Images& m_images;
+    std::function<const QWidget*()> m_nearby;
+    std::vector<QPointer<DayDetailWindow>> m_windows;
+};
+
+} // namespace brisklog
