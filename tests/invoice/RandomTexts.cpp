@@ -20,7 +20,7 @@ std::string repeated(const std::string& text, int count) {
 
 int fromEnvironment(const char* name, int otherwise) {
     const char* const value = std::getenv(name);
-    return value != nullptr ? std::atoi(value) : otherwise;
+    return value != nullptr ? static_cast<int>(std::strtol(value, nullptr, 10)) : otherwise;
 }
 
 } // namespace

@@ -152,7 +152,8 @@ TEST(ReportPdfPositions, cellsStandInTheirRowsAndColumns) {
     const std::vector<std::string> times{"01:00", "02:00", "03:00", "04:00"};
     for (std::size_t cell = 0; cell < 4; ++cell) {
         const double x = startX + columnWidth * static_cast<double>(cell % 2) + indent;
-        const double top = firstRowTop + rowHeight * static_cast<double>(cell / 2);
+        const std::size_t row = cell / 2;
+        const double top = firstRowTop + rowHeight * static_cast<double>(row);
         EXPECT_NEAR(days[cell].left, x, placeTolerance);
         EXPECT_NEAR(days[cell].top, top + 4, placeTolerance);
         expectAt(pdf, times[cell], x, top + 18);

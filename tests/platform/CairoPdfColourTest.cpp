@@ -16,12 +16,12 @@ constexpr PdfBox wholePage{1, 0, 0, a4.width, a4.height};
 /// Documents on a machine that has a font in colour, as most have for emoji.
 class CairoPdfColour : public testing::Test {
 protected:
-    CairoPdfColour() {
+    void SetUp() override {
         const auto* const file = reinterpret_cast<const FcChar8*>(BRISKLOG_COLOUR_FONT);
         EXPECT_TRUE(FcConfigAppFontAddFile(nullptr, file));
     }
 
-    ~CairoPdfColour() override { FcConfigAppFontClear(nullptr); }
+    void TearDown() override { FcConfigAppFontClear(nullptr); }
 
     static std::string documentOf(const std::vector<std::string>& lines, int pages = 1) {
         CairoPdfFacility facility;
@@ -45,9 +45,8 @@ TEST_F(CairoPdfColour, aPictureIsDrawnInItsPlace) {
     EXPECT_NEAR(ink->bottom - ink->top, 10, 0.5);
     const PdfPicture page = pdf.picture(1, 288);
     const auto at = [&](double x, double y) {
-        const auto pixel =
-            static_cast<std::size_t>(static_cast<int>(y * 4) * page.width + static_cast<int>(x * 4));
-        return page.pixels.substr(pixel * 3, 3);
+        const int pixel = static_cast<int>(y * 4) * page.width + static_cast<int>(x * 4);
+        return page.pixels.substr(static_cast<std::size_t>(pixel) * 3, 3);
     };
     const double middle = (ink->top + ink->bottom) / 2;
     EXPECT_EQ(at(51, middle), (std::string{'\xFF', '\0', '\0'}));

@@ -1,24 +1,15 @@
-#include "app/shell/BrisklogApp.h"
+#include "shell/WholeProgram.h"
 
-#include "app/shell/PopoverWindow.h"
 #include "foundation/Text.h"
-#include "platform/linux/CairoPdfFacility.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/qt/QtImages.h"
+#include "invoice/InvoiceGenerator.h"
+#include "invoice/InvoiceView.h"
+#include "invoice/ReportExport.h"
+#include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/qt/QtSavePanel.h"
-#include "support/FakeClock.h"
-#include "support/MemoryUserDefaults.h"
-#include "support/RecordingLog.h"
-#include "support/RecordingLogoPicker.h"
-#include "support/TemporaryHome.h"
-#include "support/VirtualRunLoop.h"
-#include "support/screen/ScreenTest.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QTest>
+#include <QPushButton>
 #include <algorithm>
 #include <cstring>
 #include <set>
@@ -29,42 +20,48 @@ namespace {
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
-class NoStatusItem final : public StatusItem {
+/// Both exports of a project with one entry, through the toolkit's save panel over a window.
+class Exports {
 public:
-    void setDescription(const std::string& /*description*/) override {}
-
-    void setAction(std::function<void()> /*action*/) override {}
-
-    [[nodiscard]] std::optional<ScreenRectangle> anchor() const override { return std::nullopt; }
-};
-
-class NoAppearance final : public SystemAppearance {
-public:
-    void ask(Answer /*answered*/) override {}
-};
-
-/// The program over a home with one project, with the toolkit's save panel.
-class Program {
-public:
-    explicit Program(const std::string& projectName) {
+    explicit Exports(const std::string& projectName) {
         fs::create_directories(home.documents());
         TimeEntry entry;
-        entry.id = Uuid::generate();
         entry.taskName = "Entwurf";
         entry.startTime = clock.now();
         entry.endTime = clock.now().addingSeconds(3600);
-        TimeTrackingStore store({files, userDefaults, clock, runLoop, log});
         store.projects = {
             {.id = Uuid::generate(), .name = projectName, .hourlyRate = 80.0, .entries = {entry}}};
-        store.saveProjects();
-        app.launch();
-        app.open();
+        window.show();
     }
 
-    /// The sheet that is open, else the popover.
-    [[nodiscard]] QWidget* windowInFront() const {
-        QWidget* const sheet = QApplication::activeModalWidget();
-        return sheet != nullptr ? sheet : app.popover();
+    void exportReport() {
+        brisklog::exportReport(
+            {.store = store,
+             .savePanel = savePanel,
+             .files = files,
+             .log = log,
+             .generate =
+                 [this](const Project& project) {
+                     return InvoiceGenerator(pdf, InvoiceSender(), clock.now()).generate(project);
+                 }},
+            store.projects->front());
+    }
+
+    void exportInvoice() {
+        invoice = std::make_unique<InvoiceView>(
+            store, 0,
+            InvoicePlatform{.clock = clock,
+                            .savePanel = savePanel,
+                            .files = files,
+                            .log = log,
+                            .notificationCenter = notifications,
+                            .generate = [this](const Project& project, const auto& customer,
+                                               const auto& number, const auto& entries, const auto& notes) {
+                                const UpdatedInvoiceTemplate document(pdf, InvoiceSender(),
+                                                                      Calendar::current(), clock.now());
+                                return document.generate(project, customer, number, entries, notes);
+                            }});
+        invoice->exportInvoicePDF();
     }
 
     /// Every file below the home but the one in which the toolkit's dialog remembers its size.
@@ -77,33 +74,19 @@ public:
     }
 
     TemporaryHome home;
-    PosixFiles files;
+    RecordingFiles files;
     MemoryUserDefaults userDefaults;
     FakeClock clock;
     VirtualRunLoop runLoop{clock};
     RecordingLog log;
     CairoPdfFacility pdf;
-    QtImages images;
-    RecordingLogoPicker logoPicker;
-    NoAppearance appearance;
+    NotificationCenter notifications;
+    TimeTrackingStore store{{files, userDefaults, clock, runLoop, log}};
+    QWidget window;
     QtSavePanel savePanel{files,
-                          {.parentWindow = [this] { return windowInFront(); },
-                           .holdOpen = [this] { return app.popover()->holdOpen(); }},
+                          {.parentWindow = [this] { return &window; }, .holdOpen = [] { return nullptr; }},
                           QDBusConnection(u"none"_s)};
-    BrisklogApp app{{.files = files,
-                     .userDefaults = userDefaults,
-                     .clock = clock,
-                     .runLoop = runLoop,
-                     .log = log,
-                     .savePanel = savePanel,
-                     .pdf = pdf,
-                     .images = images,
-                     .logoPicker = logoPicker,
-                     .systemAppearance = appearance,
-                     .makeStatusItem = [] { return std::make_unique<NoStatusItem>(); },
-                     .hasStatusItem = [] { return false; },
-                     .x11 = nullptr,
-                     .terminate = [] {}}};
+    std::unique_ptr<InvoiceView> invoice;
 };
 
 class ExportPanels : public ScreenTest {
@@ -115,40 +98,28 @@ protected:
         return nullptr;
     }
 
-    /// The button with that caption or name that is shown in the window, else in any window.
-    static QAbstractButton* button(const QString& name, const QWidget* window = nullptr) {
-        for (QWidget* const widget : QApplication::allWidgets()) {
-            auto* const match = qobject_cast<QAbstractButton*>(widget);
-            if (match == nullptr || !match->isVisible() || (window != nullptr && match->window() != window))
-                continue;
-            if (accessibleNameOf(*match) == name)
-                return match;
-        }
-        return nullptr;
-    }
-
-    static void click(const QString& name, const QWidget* window = nullptr) {
-        auto* const found = button(name, window);
-        ASSERT_NE(found, nullptr) << name.toStdString();
-        ASSERT_TRUE(found->isEnabled()) << name.toStdString();
-        QTest::mouseClick(found, Qt::LeftButton);
+    static void press(QFileDialog& dialog, const QString& caption) {
+        for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+            if (QString(button->text()).remove(u'&') == caption)
+                QTest::mouseClick(button, Qt::LeftButton);
         settle();
     }
 
     /// Saves under the suggested name and expects that the document lies in the documents folder, and that
     /// no file was written anywhere else.
-    static void saveAsSuggested(const Program& program, const QString& title) {
-        auto* const dialog = panel();
+    static void saveAsSuggested(const Exports& exports, const QString& title) {
+        QFileDialog* const dialog = panel();
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->windowTitle(), title);
+        EXPECT_EQ(dialog->parentWidget(), &exports.window);
         const std::string suggested = dialog->findChild<QLineEdit*>()->text().toStdString();
         EXPECT_TRUE(suggested.size() > std::strlen(".pdf") && suggested.ends_with(".pdf")) << suggested;
-        const auto before = program.allFiles();
-        click(u"Speichern"_s, dialog);
+        const auto before = exports.allFiles();
+        press(*dialog, u"Speichern"_s);
         EXPECT_EQ(panel(), nullptr);
         std::vector<fs::path> written;
-        std::ranges::set_difference(program.allFiles(), before, std::back_inserter(written));
-        ASSERT_EQ(written, std::vector<fs::path>{program.home.documents() / suggested});
+        std::ranges::set_difference(exports.allFiles(), before, std::back_inserter(written));
+        ASSERT_EQ(written, std::vector<fs::path>{exports.home.documents() / suggested});
         EXPECT_TRUE(readFile(written[0]).starts_with("%PDF-"));
     }
 };
@@ -166,8 +137,11 @@ std::vector<std::string> troublesomeNames() {
             "~root"s,
             ".versteckt"s,
             ".."s,
+            ""s,
             "a\nb\tc"s,
             "a\0b"s,
+            "Gr\xFC\xDF"
+            "e"s,
             "\"eins\" \"zwei\""s,
             "C:\\Windows\\"s,
             "*?[x]{1,2}"s,
@@ -188,61 +162,72 @@ std::vector<std::string> troublesomeNames() {
 TEST_F(ExportPanels, theReportGoesToTheDocumentsFolderWhateverTheProjectsName) {
     for (const std::string& name : troublesomeNames()) {
         SCOPED_TRACE(name);
-        const Program program(name);
+        Exports exports(name);
+        exports.exportReport();
         settle();
-        click(u"PDF Export"_s);
-        const QString title = QString::fromStdString(text::onOneLine(name)) + u" als PDF exportieren"_s;
-        saveAsSuggested(program, title);
+        const QString shownName = QString::fromStdString(text::onOneLine(name));
+        saveAsSuggested(exports, shownName + u" als PDF exportieren"_s);
     }
 }
 
 TEST_F(ExportPanels, theInvoiceGoesToTheDocumentsFolderWhateverTheProjectsName) {
     for (const std::string& name : troublesomeNames()) {
         SCOPED_TRACE(name);
-        const Program program(name);
+        Exports exports(name);
+        exports.exportInvoice();
         settle();
-        click(u"Rechnung"_s);
-        click(u"Alle auswählen"_s);
-        click(u"Rechnung erstellen"_s);
-        saveAsSuggested(program, u"Rechnung als PDF exportieren"_s);
+        saveAsSuggested(exports, u"Rechnung als PDF exportieren"_s);
     }
 }
 
 TEST_F(ExportPanels, anOrdinaryProjectIsSuggestedUnderItsName) {
-    const Program program("Website-Relaunch");
+    Exports exports("Website-Relaunch");
+    exports.exportReport();
     settle();
-    click(u"PDF Export"_s);
+    ASSERT_NE(panel(), nullptr);
     EXPECT_EQ(panel()->findChild<QLineEdit*>()->text(), u"Website-Relaunch.pdf"_s);
-    saveAsSuggested(program, u"Website-Relaunch als PDF exportieren"_s);
-    EXPECT_TRUE(program.app.popover()->isShown());
+    saveAsSuggested(exports, u"Website-Relaunch als PDF exportieren"_s);
 }
 
 TEST_F(ExportPanels, cancellingTheReportWritesNothing) {
-    const Program program("Website");
-    settle();
-    click(u"PDF Export"_s);
-    const auto before = program.allFiles();
-    const auto lines = program.log.lines;
-    click(u"Abbrechen"_s, panel());
-    EXPECT_EQ(panel(), nullptr);
-    EXPECT_EQ(program.allFiles(), before);
-    EXPECT_EQ(program.log.lines, lines);
-}
-
-TEST_F(ExportPanels, theReportIsExportedWithTheKeyboardAlone) {
-    const Program program("Website");
-    settle();
-    QWidget* const exportButton = button(u"PDF Export"_s);
-    ASSERT_NE(exportButton, nullptr);
-    for (int i = 0; i < 30 && QApplication::focusWidget() != exportButton; ++i)
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    ASSERT_EQ(QApplication::focusWidget(), exportButton);
-    QTest::keyClick(exportButton, Qt::Key_Space);
+    Exports exports("Website");
+    exports.exportReport();
     settle();
     ASSERT_NE(panel(), nullptr);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    const auto before = exports.allFiles();
+    const auto lines = exports.log.lines;
+    press(*panel(), u"Abbrechen"_s);
+    EXPECT_EQ(panel(), nullptr);
+    EXPECT_EQ(exports.allFiles(), before);
+    EXPECT_EQ(exports.log.lines, lines);
+}
+
+class ReportButton : public WholeProgram {};
+
+TEST_F(ReportButton, exportsTheReportOfTheShownProject) {
+    statusItem->click();
     settle();
-    EXPECT_TRUE(fs::exists(program.home.documents() / "Website.pdf"));
+    startTimer(u"Entwurf"_s);
+    clock.advance(3600);
+    click(u"Stoppen"_s);
+    click(u"PDF Export"_s);
+    ASSERT_EQ(savePanel.requests.size(), 1U);
+    EXPECT_EQ(savePanel.requests[0].title, "Standardprojekt als PDF exportieren");
+    EXPECT_EQ(savePanel.requests[0].suggestedName, "Standardprojekt.pdf");
+    savePanel.answer(home.path() / "Bericht.pdf");
+    EXPECT_TRUE(readFile(home.path() / "Bericht.pdf").starts_with("%PDF-"));
+}
+
+TEST_F(ReportButton, canBeReachedAndPressedWithTheKeyboardAlone) {
+    statusItem->click();
+    settle();
+    QWidget* const reportButton = button(u"PDF Export"_s);
+    ASSERT_NE(reportButton, nullptr);
+    for (int i = 0; i < 30 && QApplication::focusWidget() != reportButton; ++i)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), reportButton);
+    QTest::keyClick(reportButton, Qt::Key_Space);
+    EXPECT_TRUE(savePanel.isShown());
 }
 
 } // namespace
