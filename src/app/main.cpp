@@ -3,6 +3,7 @@
 #include "app/shell/PopoverWindow.h"
 #include "app/shell/StatusIcons.h"
 #include "platform/Fatal.h"
+#include "platform/UnavailableFrontmostApplication.h"
 #include "platform/linux/CairoPdfFacility.h"
 #include "platform/linux/FailedWrites.h"
 #include "platform/linux/PosixFiles.h"
@@ -83,6 +84,7 @@ struct Machine {
     QtBackground folders{threads};
     QtBackground pictures{threads};
     PortalAppearance appearance;
+    UnavailableFrontmostApplication frontmost;
 };
 
 /// The running program: the application on this machine, its panel and its neighbours.
@@ -147,6 +149,7 @@ private:
                        .savePanel = m_savePanel,
                        .pdf = m_machine.pdf,
                        .images = m_machine.images,
+                       .frontmost = m_machine.frontmost,
                        .logoPicker = m_logoPicker,
                        .systemAppearance = m_machine.appearance,
                        .makeStatusItem = [this] { return makeStatusItem(); },

@@ -19,7 +19,7 @@ protected:
     }
 
     ProjectWorkbench bench;
-    MultiProjectView view{bench.platform()};
+    MultiProjectView view{bench.platform(), bench.tracking()};
 };
 
 TEST_F(ProjectTabs, areOnePerProjectAndAutoTrackingAfterTheLast) {

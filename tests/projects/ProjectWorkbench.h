@@ -2,6 +2,7 @@
 
 #include "app/projects/MultiProjectView.h"
 #include "support/FakeClock.h"
+#include "support/FakeFrontmostApplication.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
@@ -22,9 +23,19 @@ struct ProjectWorkbench {
     RecordingFiles files;
     RecordingLog log;
     MemoryUserDefaults userDefaults;
+    FakeFrontmostApplication frontmost;
     TimeTrackingStore store{StorePlatform{files, userDefaults, clock, runLoop, log}};
 
     [[nodiscard]] ProjectPlatform platform() { return {store, clock, runLoop, {}}; }
+
+    [[nodiscard]] AutoTrackingPlatform tracking() {
+        return {.frontmost = frontmost,
+                .userDefaults = userDefaults,
+                .clock = clock,
+                .runLoop = runLoop,
+                .log = log,
+                .currentCalendar = [] { return Calendar(QTimeZone::utc()); }};
+    }
 
     [[nodiscard]] const Project& project(std::size_t index) const { return store.projects.get().at(index); }
 

@@ -234,7 +234,7 @@ TEST_F(ProjectEntries, invoiceIsOpenedForTheShownProject) {
 }
 
 TEST_F(ProjectEntries, actionsShowTheirSymbols) {
-    actions.exportReport = [](const Project&) {};
+    exportReport = [](const Project&) {};
     open();
     const auto expectSymbol = [this](const QString& name, QWidget& expected) {
         QAbstractButton& shown = button(name);
@@ -263,7 +263,7 @@ TEST_F(ProjectEntries, pdfExportIsDisabledWithoutAnyoneToDoIt) {
 
 TEST_F(ProjectEntries, pdfExportIsAskedForTheShownProject) {
     std::vector<std::string> exported;
-    actions.exportReport = [&](const Project& project) { exported.push_back(project.name); };
+    exportReport = [&](const Project& project) { exported.push_back(project.name); };
     bench.store.addProject("Web", std::nullopt);
     open();
     click(u"PDF Export"_s);

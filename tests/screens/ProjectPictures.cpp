@@ -99,7 +99,7 @@ protected:
 TEST_F(ProjectPictures, project) {
     fill();
     addTimers();
-    actions.exportReport = [](const Project&) {};
+    exportReport = [](const Project&) {};
     open();
     taskField().insert(u"Navigation für Tablet prüf"_s);
     take(*screen, u"projekt"_s);
@@ -136,13 +136,6 @@ TEST_F(ProjectPictures, threeTabs) {
     bench.store.addProject("Druck", 95);
     open();
     take(*screen, u"projekt-drei"_s);
-}
-
-TEST_F(ProjectPictures, autoTracking) {
-    fill();
-    open();
-    click(u"Auto-Tracking"_s);
-    take(*screen, u"projekt-auto"_s);
 }
 
 TEST_F(ProjectPictures, substitute) {

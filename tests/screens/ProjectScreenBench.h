@@ -23,8 +23,11 @@ protected:
 
     /// Shows the section; what the test put into the store before is there from the start.
     void open() {
+        ProjectPlatform platform = bench.platform();
+        platform.exportReport = exportReport;
+        view = std::make_unique<MultiProjectView>(platform, bench.tracking());
         screen = std::make_unique<MultiProjectScreen>(
-            ProjectScreensContext{bench.store, bench.clock, bench.runLoop, notifications, actions});
+            *view, ProjectScreensContext{bench.store, bench.clock, bench.runLoop, notifications, actions});
         screen->resize(sectionSize);
         showActive(*screen);
     }
@@ -85,6 +88,8 @@ protected:
     ProjectWorkbench bench;
     NotificationCenter notifications;
     ProjectActions actions;
+    std::function<void(const Project&)> exportReport;
+    std::unique_ptr<MultiProjectView> view;
     std::unique_ptr<MultiProjectScreen> screen;
 };
 

@@ -51,9 +51,16 @@ protected:
         settle();
     }
 
-    [[nodiscard]] bool isAutoTrackingShown() {
-        return shows(u"Die automatische Erfassung der benutzten Programme erscheint hier."_s);
+    [[nodiscard]] bool isAutoTrackingShown() { return shows(u"Panel der automatischen Zeiterfassung"_s); }
+
+    void showPanelInItsTab() {
+        actions.makeAutoTrackingPanel = [this] {
+            ++panelsMade;
+            return new QLabel(u"Panel der automatischen Zeiterfassung"_s);
+        };
     }
+
+    int panelsMade = 0;
 };
 
 TEST_F(ProjectTabsOnScreen, nameTheirProjectsAndAutoTracking) {
@@ -73,9 +80,11 @@ TEST_F(ProjectTabsOnScreen, clickShowsTheProject) {
     EXPECT_FALSE(button(u"Web"_s).isChecked());
 }
 
-TEST_F(ProjectTabsOnScreen, autoTrackingShowsItsPlaceholderAndKeepsTheProject) {
+TEST_F(ProjectTabsOnScreen, autoTrackingShowsItsPanelAndKeepsTheProject) {
+    showPanelInItsTab();
     bench.store.addProject("Web", std::nullopt);
     open();
+    EXPECT_EQ(panelsMade, 0);
     click(u"Auto-Tracking"_s);
     EXPECT_TRUE(isAutoTrackingShown());
     EXPECT_FALSE(shows(u"Aktive Zeiterfassung"_s));
@@ -83,6 +92,8 @@ TEST_F(ProjectTabsOnScreen, autoTrackingShowsItsPlaceholderAndKeepsTheProject) {
     click(u"Web"_s);
     EXPECT_FALSE(isAutoTrackingShown());
     EXPECT_TRUE(shows(u"Web"_s));
+    click(u"Auto-Tracking"_s);
+    EXPECT_EQ(panelsMade, 1);
 }
 
 TEST_F(ProjectTabsOnScreen, followTheStore) {
@@ -114,6 +125,7 @@ TEST_F(ProjectTabsOnScreen, moreThanFitAreListedInTheMenu) {
 }
 
 TEST_F(ProjectTabsOnScreen, menuEndsWithAutoTracking) {
+    showPanelInItsTab();
     addProjects(10);
     open();
     click(u"Alle Projekte"_s);
@@ -156,6 +168,7 @@ TEST_F(ProjectTabsOnScreen, sayInWordsWhatTheirTimersDo) {
 }
 
 TEST_F(ProjectTabsOnScreen, controlPageKeysStepFromAnywhere) {
+    showPanelInItsTab();
     addProjects(2);
     open();
     ASSERT_TRUE(taskField().hasFocus());
@@ -192,6 +205,7 @@ TEST_F(ProjectTabsOnScreen, smallWheelMovementsAddUp) {
 }
 
 TEST_F(ProjectTabsOnScreen, arrowsStepAndTheKeyboardFollows) {
+    showPanelInItsTab();
     addProjects(5);
     open();
     button(u"Standardprojekt"_s).setFocus(Qt::TabFocusReason);
@@ -214,7 +228,7 @@ TEST_F(ProjectTabsOnScreen, tabKeyGoesThroughTheScreenInReadingOrder) {
     addProjects(10);
     bench.store.startTracking("läuft");
     bench.store.addManualEntry(bench.project(0).id, bench.entry("Entwurf"));
-    actions.exportReport = [](const Project&) {};
+    exportReport = [](const Project&) {};
     open();
     button(u"Standardprojekt"_s).setFocus(Qt::TabFocusReason);
     QStringList order;

@@ -5,6 +5,7 @@
 #include "platform/linux/CairoPdfFacility.h"
 #include "platform/qt/QtImages.h"
 #include "support/FakeClock.h"
+#include "support/FakeFrontmostApplication.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
@@ -41,7 +42,15 @@ public:
 /// The whole program over a real home, on the toolkit's offscreen platform.
 class WholeProgram : public ScreenTest {
 protected:
+    using Preparation = std::function<void(MemoryUserDefaults&, FakeFrontmostApplication&)>;
+
     WholeProgram() { app.launch(); }
+
+    /// Launched once the test has prepared what it finds.
+    explicit WholeProgram(const Preparation& prepare) {
+        prepare(userDefaults, frontmost);
+        app.launch();
+    }
 
     /// The button with that name that is shown in any window.
     static QAbstractButton* button(const QString& name) {
@@ -83,6 +92,7 @@ protected:
     RecordingSavePanel savePanel;
     CairoPdfFacility pdf;
     QtImages images;
+    FakeFrontmostApplication frontmost;
     RecordingLogoPicker logoPicker;
     SilentAppearance appearance;
     SilentStatusItem* statusItem = nullptr;
@@ -97,6 +107,7 @@ protected:
                      .savePanel = savePanel,
                      .pdf = pdf,
                      .images = images,
+                     .frontmost = frontmost,
                      .logoPicker = logoPicker,
                      .systemAppearance = appearance,
                      .makeStatusItem =

@@ -23,7 +23,8 @@ ActivityByProject timerActivity(const TimeTrackingStore::ActiveEntries& timers) 
 
 } // namespace
 
-MultiProjectView::MultiProjectView(const ProjectPlatform& platform) : m_platform(platform) {}
+MultiProjectView::MultiProjectView(const ProjectPlatform& platform, AutoTrackingPlatform autoTracking)
+    : autoTrackingManager(std::move(autoTracking)), m_platform(platform) {}
 
 std::vector<ProjectTab> MultiProjectView::tabs() const {
     const ActivityByProject activity = timerActivity(m_platform.store.activeEntries);

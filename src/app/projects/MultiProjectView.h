@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/projects/ProjectView.h"
+#include "autotrack/AutoTrackingManager.h"
 
 #include <cstdint>
 #include <map>
@@ -28,10 +29,13 @@ struct ProjectTab {
 
 /// The tabs of the time tracking section: one per project, and "Auto-Tracking" after the last. The project
 /// tabs follow the store's selection, in both directions; "Auto-Tracking" leaves it as it is, and gives way
-/// to the next write of it.
+/// to the next write of it. Automatic tracking itself is owned here and goes on whatever is shown.
 class MultiProjectView final : public ObservableObject {
 public:
-    explicit MultiProjectView(const ProjectPlatform& platform);
+    /// Automatic tracking resumes at once when it was left switched on.
+    MultiProjectView(const ProjectPlatform& platform, AutoTrackingPlatform autoTracking);
+
+    AutoTrackingManager autoTrackingManager;
 
     /// One per project, in the store's order.
     [[nodiscard]] std::vector<ProjectTab> tabs() const;

@@ -7,20 +7,30 @@
 #include "app/shell/ContentScreen.h"
 #include "app/shell/GermanTexts.h"
 #include "app/shell/PopoverWindow.h"
+#include "autotrack/screens/AutoTrackingScreen.h"
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
 #include "invoice/screens/InvoiceScreen.h"
+#include "overview/screens/CalendarScreen.h"
 #include "overview/screens/DashboardScreen.h"
 #include "profile/screens/CustomerScreen.h"
 #include "profile/screens/ProfileScreen.h"
 #include "settings/screens/SettingsScreen.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 namespace brisklog {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As the calendar counts: from Sunday as 1.
+int firstWeekdayOf(const QLocale& locale) { return locale.firstDayOfWeek() % CalendarView::columns + 1; }
+
+} // namespace
 
 BrisklogApp::BrisklogApp(BrisklogPlatform platform)
     : m_platform(std::move(platform)),
@@ -29,6 +39,7 @@ BrisklogApp::BrisklogApp(BrisklogPlatform platform)
                 .userDefaults = m_platform.userDefaults,
                 .log = m_platform.log,
                 .logoPicker = &m_platform.logoPicker}),
+      m_dayWindows(m_platform.images, [this] { return m_popover; }),
       m_delegate({.userDefaults = m_platform.userDefaults,
                   .systemAppearance = m_platform.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
@@ -54,11 +65,29 @@ void BrisklogApp::loadContent() {
                                                             .clock = m_platform.clock,
                                                             .runLoop = m_platform.runLoop,
                                                             .log = m_platform.log});
+    loadProjects();
     m_settingsSubscription = settings.observe([this] {
         // Observers hear of a change before it has happened.
         m_colorSchemeChange = m_platform.runLoop.runAfter(0, [this] { followColorScheme(); });
     });
     followColorScheme();
+}
+
+void BrisklogApp::loadProjects() {
+    TimeTrackingStore& store = m_content->timeStore;
+    m_projects = std::make_unique<MultiProjectView>(
+        ProjectPlatform{
+            .store = store,
+            .clock = m_platform.clock,
+            .runLoop = m_platform.runLoop,
+            .exportReport =
+                [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }},
+        AutoTrackingPlatform{.frontmost = m_platform.frontmost,
+                             .userDefaults = m_platform.userDefaults,
+                             .clock = m_platform.clock,
+                             .runLoop = m_platform.runLoop,
+                             .log = m_platform.log,
+                             .currentCalendar = &Calendar::current});
 }
 
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
@@ -99,13 +128,26 @@ QWidget* BrisklogApp::makeProjectsSection() {
             [this, &store](QWidget& from, int projectIndex) {
                 presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
             },
-        .exportReport = [this,
-                         &store](const Project& project) { exportReport(reportPlatform(store), project); }};
-    return new MultiProjectScreen({.store = store,
-                                   .clock = m_platform.clock,
-                                   .runLoop = m_platform.runLoop,
-                                   .notifications = m_notificationCenter,
-                                   .actions = actions});
+        .makeAutoTrackingPanel = [this] { return makeAutoTrackingPanel(); }};
+    return new MultiProjectScreen(*m_projects, {.store = store,
+                                                .clock = m_platform.clock,
+                                                .runLoop = m_platform.runLoop,
+                                                .notifications = m_notificationCenter,
+                                                .actions = actions});
+}
+
+QWidget* BrisklogApp::makeAutoTrackingPanel() {
+    AutoTrackingManager& manager = m_projects->autoTrackingManager;
+    auto* const calendar =
+        new CalendarScreen({.autoTrackingManager = manager,
+                            .detailWindows = m_detailWindows,
+                            .clock = m_platform.clock,
+                            .firstWeekday = firstWeekdayOf(QLocale::system()),
+                            .showDetailWindow = [this](const DetailWindowContent& content,
+                                                       const std::weak_ptr<DetailWindowDelegate>& delegate) {
+                                return m_dayWindows.show(content, delegate);
+                            }});
+    return new AutoTrackingScreen(manager, m_platform.frontmost, calendar);
 }
 
 InvoicePlatform BrisklogApp::invoicePlatform() {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "app/projects/MultiProjectView.h"
 #include "app/shell/AppDelegate.h"
 #include "app/shell/ContentView.h"
 #include "app/shell/SharedObjects.h"
 #include "foundation/NotificationCenter.h"
 #include "invoice/InvoiceView.h"
 #include "invoice/ReportExport.h"
+#include "overview/DetailWindowManager.h"
+#include "overview/screens/DayDetailWindow.h"
 #include "platform/Images.h"
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
@@ -32,6 +35,7 @@ struct BrisklogPlatform {
     SavePanel& savePanel;
     PdfFacility& pdf;
     const Images& images;
+    FrontmostApplication& frontmost;
     LogoPickerPresenter& logoPicker;
     SystemAppearance& systemAppearance;
     std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
@@ -70,9 +74,11 @@ public:
 private:
     [[nodiscard]] std::unique_ptr<PopoverShell> makePopover();
     void loadContent();
+    void loadProjects();
     [[nodiscard]] QWidget* makeScreen();
     [[nodiscard]] QWidget* makeSection(int section);
     [[nodiscard]] QWidget* makeProjectsSection();
+    [[nodiscard]] QWidget* makeAutoTrackingPanel();
     [[nodiscard]] QWidget* makeSettingsSection();
     void followColorScheme();
     [[nodiscard]] InvoicePlatform invoicePlatform();
@@ -82,6 +88,9 @@ private:
     SharedObjects m_shared;
     NotificationCenter m_notificationCenter;
     std::unique_ptr<ContentView> m_content;
+    std::unique_ptr<MultiProjectView> m_projects;
+    DetailWindowManager m_detailWindows;
+    DayDetailWindows m_dayWindows;
     Subscription m_settingsSubscription;
     std::unique_ptr<Timer> m_colorSchemeChange;
     AppDelegate m_delegate;

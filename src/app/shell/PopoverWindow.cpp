@@ -38,10 +38,17 @@ QWidget* makeWindowStrip(const std::function<void()>& quit) {
     return strip;
 }
 
-bool isPointerOnOwnWindow() {
+/// Its sheets, menus and pickers do; the window of a day stands for itself.
+bool belongsTo(const QWidget& popover, const QWidget* window) {
+    while (window != nullptr && window != &popover)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
+bool isPointerOn(const QWidget& popover) {
     const QPoint pointer = QCursor::pos();
-    return std::ranges::any_of(QApplication::topLevelWidgets(), [pointer](const QWidget* window) {
-        return window->isVisible() && window->frameGeometry().contains(pointer);
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+        return window->isVisible() && window->frameGeometry().contains(pointer) && belongsTo(popover, window);
     });
 }
 
@@ -50,6 +57,9 @@ bool isPointerOnOwnWindow() {
 PopoverWindow::PopoverWindow(Parts parts) : m_parts(std::move(parts)), m_hold(std::make_shared<int>()) {
     setWindowTitle(u"Brisklog"_s);
     setForm(Form::popover);
+    // It need not have the focus itself when the user leaves: the window of a day may.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this] { QTimer::singleShot(0, this, [this] { closeIfLeft(); }); });
 }
 
 PopoverWindow::~PopoverWindow() = default;
@@ -160,7 +170,7 @@ bool PopoverWindow::isPointerOnAnchor() const {
 }
 
 void PopoverWindow::handlePointerPress() {
-    if (isVisible() && m_form == Form::popover && !isHeldOpen() && !isPointerOnOwnWindow() &&
+    if (isVisible() && m_form == Form::popover && !isHeldOpen() && !isPointerOn(*this) &&
         !isPointerOnAnchor())
         close();
 }

@@ -1,6 +1,5 @@
 #include "app/projects/screens/MultiProjectScreen.h"
 
-#include "app/components/EmptyState.h"
 #include "app/components/Layout.h"
 #include "app/components/Sheets.h"
 #include "app/projects/screens/CrossFade.h"
@@ -20,32 +19,17 @@ namespace {
 constexpr int margin = 8;
 constexpr int gapUnderTabs = 4;
 
-QWidget* autoTrackingPlaceholder() {
-    return new EmptyState(
-        {.symbol = u"chart.bar.fill"_s,
-         .headline = u"Auto-Tracking"_s,
-         .sentence = u"Die automatische Erfassung der benutzten Programme erscheint hier."_s});
-}
-
-ProjectPlatform platformOf(const ProjectScreensContext& context) {
-    return {.store = context.store,
-            .clock = context.clock,
-            .runLoop = context.runLoop,
-            .exportReport = context.actions.exportReport};
-}
-
 } // namespace
 
-MultiProjectScreen::MultiProjectScreen(const ProjectScreensContext& context, QWidget* parent)
-    : Screen(parent), m_context(context), m_view(platformOf(context)),
+MultiProjectScreen::MultiProjectScreen(MultiProjectView& view, const ProjectScreensContext& context,
+                                       QWidget* parent)
+    : Screen(parent), m_context(context), m_view(view),
       m_strip(new ProjectTabStrip({.select = [this](int tab) { m_view.selectTab(tab); },
                                    .step = [this](int steps) { m_view.stepTabs(steps); },
                                    .createProject = [this] { openNewProject(); },
                                    .resetAllData = [this] { confirmResetAllData(); }})),
-      m_tabs(new QStackedWidget), m_project(new ProjectScreen(context, m_view.projectView())),
-      m_autoTracking(autoTrackingPlaceholder()) {
+      m_tabs(new QStackedWidget), m_project(new ProjectScreen(context, m_view.projectView())) {
     m_tabs->addWidget(m_project);
-    m_tabs->addWidget(m_autoTracking);
     // The last card runs down to the window's edge.
     Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
         .margins({margin, margin, margin, 0})
@@ -79,10 +63,21 @@ void MultiProjectScreen::refresh() {
     if (std::exchange(m_shownTab, m_view.selectedTab()) != m_view.selectedTab())
         crossFade(*m_tabs);
     m_project->setView(m_view.projectView());
-    m_tabs->setCurrentWidget(m_view.isAutoTrackingSelected() ? m_autoTracking : m_project);
+    m_tabs->setCurrentWidget(selectedScreen());
     m_strip->setContent({.tabs = m_view.tabs(),
                          .selectedTab = m_view.selectedTab(),
                          .currentProject = m_view.lastSelectedIndex()});
+}
+
+QWidget* MultiProjectScreen::selectedScreen() {
+    if (!m_view.isAutoTrackingSelected())
+        return m_project;
+    if (m_autoTracking == nullptr) {
+        const auto& make = m_context.actions.makeAutoTrackingPanel;
+        m_autoTracking = make ? make() : new QWidget;
+        m_tabs->addWidget(m_autoTracking);
+    }
+    return m_autoTracking;
 }
 
 void MultiProjectScreen::openNewProject() {

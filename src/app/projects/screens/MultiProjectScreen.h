@@ -16,7 +16,8 @@ class ProjectTabStrip;
 /// The time tracking section: the tabs and, under them, the selected project or automatic tracking.
 class MultiProjectScreen final : public Screen {
 public:
-    explicit MultiProjectScreen(const ProjectScreensContext& context, QWidget* parent = nullptr);
+    MultiProjectScreen(MultiProjectView& view, const ProjectScreensContext& context,
+                       QWidget* parent = nullptr);
 
 protected:
     void refresh() override;
@@ -34,17 +35,19 @@ private:
 
     [[nodiscard]] Revisions revisions() const;
     void addShortcuts();
+    [[nodiscard]] QWidget* selectedScreen();
     void openNewProject();
     void confirmResetAllData();
 
     const ProjectScreensContext m_context;
-    MultiProjectView m_view;
+    MultiProjectView& m_view;
     std::optional<Revisions> m_shown;
     int m_shownTab = 0;
     ProjectTabStrip* m_strip;
     QStackedWidget* m_tabs;
     ProjectScreen* m_project;
-    QWidget* m_autoTracking;
+    /// Null until its tab is shown.
+    QWidget* m_autoTracking = nullptr;
 };
 
 } // namespace brisklog

@@ -15,8 +15,8 @@ struct ProjectActions {
     std::function<void(QWidget& from)> openCustomers;
     /// Opens the invoice sheet for the project at that position.
     std::function<void(QWidget& from, int projectIndex)> openInvoice;
-    /// Writes the report of the project's entries to a file of the user's choice.
-    std::function<void(const Project& project)> exportReport;
+    /// Makes the panel of automatic tracking, when its tab is first shown.
+    std::function<QWidget*()> makeAutoTrackingPanel;
 };
 
 /// What the project screens work with.
