@@ -3,7 +3,6 @@
 #include "app/shell/PopoverWindow.h"
 #include "app/shell/StatusIcons.h"
 #include "platform/Fatal.h"
-#include "platform/UnavailableFrontmostApplication.h"
 #include "platform/linux/CairoPdfFacility.h"
 #include "platform/linux/FailedWrites.h"
 #include "platform/linux/PosixFiles.h"
@@ -12,6 +11,7 @@
 #include "platform/linux/StandardOutputLog.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/X11Watcher.h"
+#include "platform/qt/FrontmostApplicationChoice.h"
 #include "platform/qt/PortalAppearance.h"
 #include "platform/qt/QtBackground.h"
 #include "platform/qt/QtImages.h"
@@ -84,7 +84,7 @@ struct Machine {
     QtBackground folders{threads};
     QtBackground pictures{threads};
     PortalAppearance appearance;
-    UnavailableFrontmostApplication frontmost;
+    std::unique_ptr<FrontmostApplication> frontmost = chooseFrontmostApplication();
 };
 
 /// The running program: the application on this machine, its panel and its neighbours.
@@ -149,7 +149,7 @@ private:
                        .savePanel = m_savePanel,
                        .pdf = m_machine.pdf,
                        .images = m_machine.images,
-                       .frontmost = m_machine.frontmost,
+                       .frontmost = *m_machine.frontmost,
                        .logoPicker = m_logoPicker,
                        .systemAppearance = m_machine.appearance,
                        .makeStatusItem = [this] { return makeStatusItem(); },
