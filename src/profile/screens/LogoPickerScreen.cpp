@@ -48,7 +48,7 @@ bool isReturn(const QKeyEvent& event) {
 } // namespace
 
 LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Background& pictures,
-                                   LogoPickerView::Actions actions, QWidget* parent)
+                                   const LogoPickerView::Actions& actions, QWidget* parent)
     : Screen(parent), m_view(platform, actions),
       m_thumbnails(platform.images, pictures, [this] { m_list->viewport()->update(); }),
       m_scrolled(new QTimer(this)), m_up(new SymbolButton(u"arrow.up"_s, u"Übergeordneter Ordner"_s)),

@@ -22,7 +22,7 @@ class LogoPickerScreen final : public Screen {
 public:
     /// `pictures` makes the thumbnails; like all of the platform it must outlive the screen.
     LogoPickerScreen(const LogoPickerPlatform& platform, Background& pictures,
-                     LogoPickerView::Actions actions, QWidget* parent = nullptr);
+                     const LogoPickerView::Actions& actions, QWidget* parent = nullptr);
 
     /// Gives the tiles the keyboard.
     void focusTiles();
