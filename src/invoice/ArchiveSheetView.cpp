@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 #include <utility>
 
 namespace brisklog {
@@ -44,17 +45,15 @@ ArchiveSheetView::GroupedInvoices ArchiveSheetView::groupedInvoices() const {
 }
 
 std::vector<ArchiveGroup> ArchiveSheetView::groups() const {
-    GroupedInvoices grouped = groupedInvoices();
     std::vector<ArchiveGroup> groups;
-    groups.reserve(grouped.size());
-    // Keys have a fixed width: the order of their texts is that of the months.
-    for (auto group = grouped.rbegin(); group != grouped.rend(); ++group) {
-        std::vector<ArchivedInvoice>& invoices = group->second;
-        std::ranges::reverse(invoices);
-        groups.push_back({.key = group->first,
-                          .title = groupTitle(group->first, invoices.front().date),
-                          .invoices = std::move(invoices)});
+    for (auto& [key, invoices] : groupedInvoices()) {
+        ArchiveGroup group{.key = key, .title = groupTitle(key, invoices.front().date), .invoices = {}};
+        group.invoices.assign(std::make_move_iterator(invoices.rbegin()),
+                              std::make_move_iterator(invoices.rend()));
+        groups.push_back(std::move(group));
     }
+    // Keys have a fixed width: the order of their texts is that of the months.
+    std::ranges::reverse(groups);
     return groups;
 }
 

@@ -41,8 +41,7 @@ std::vector<EntryInfo> EntryIndex::find(const std::vector<Uuid>& ids) {
             places.push_back(found->second);
     }
     std::ranges::sort(places);
-    const auto repeated = std::ranges::unique(places);
-    places.erase(repeated.begin(), repeated.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
     std::vector<EntryInfo> infos;
     infos.reserve(places.size());
     for (const std::size_t place : places)

@@ -187,8 +187,8 @@ QString ArchiveDelegate::elidedTextAt(const QRect& item, const QPoint& point,
     if (m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
         return {};
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
-    const QString number = oneLine(archiveNumber(invoice));
-    const QString customer = oneLine(archiveCustomer(invoice));
+    QString number = oneLine(archiveNumber(invoice));
+    QString customer = oneLine(archiveCustomer(invoice));
     if (numberIn(item).contains(point) && textWidth(number, numberFont) > numberIn(item).width())
         return number;
     const bool isElided = textWidth(customer, customerFont) > customerIn(item).width();

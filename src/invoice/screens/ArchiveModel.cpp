@@ -10,11 +10,13 @@ QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 void append(std::vector<ArchiveRow>& rows, ArchiveGroup group) {
     rows.push_back({.kind = ArchiveRow::Kind::month, .key = group.key, .title = group.title, .invoice = {}});
     const std::size_t first = rows.size();
-    for (ArchivedInvoice& invoice : group.invoices)
-        rows.push_back({.kind = ArchiveRow::Kind::invoice,
-                        .key = invoice.id.text(),
-                        .title = archiveNumber(invoice),
-                        .invoice = std::move(invoice)});
+    for (ArchivedInvoice& invoice : group.invoices) {
+        ArchiveRow& row = rows.emplace_back();
+        row.kind = ArchiveRow::Kind::invoice;
+        row.key = invoice.id.text();
+        row.title = archiveNumber(invoice);
+        row.invoice = std::move(invoice);
+    }
     rows.at(first).isFirst = true;
     rows.back().isLast = true;
 }
@@ -52,7 +54,7 @@ QModelIndex ArchiveModel::firstInvoice() const {
 QString ArchiveModel::spokenText(const ArchiveRow& row) const {
     if (row.kind != ArchiveRow::Kind::invoice)
         return text(row.title);
-    const QString closed = text(row.title) + u", "_s + text(archiveCustomer(row.invoice));
+    QString closed = text(row.title) + u", "_s + text(archiveCustomer(row.invoice));
     if (!m_view.isOpen(row.invoice.id))
         return closed;
     const ArchiveDetails details = m_view.details(row.invoice);

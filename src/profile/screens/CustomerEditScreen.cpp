@@ -111,6 +111,7 @@ QWidget* CustomerEditScreen::field(const QString& label, Published<std::string>&
 QWidget* CustomerEditScreen::genderPicker() {
     auto* picker = new Picker;
     std::vector<QString> words;
+    words.reserve(allGenders.size());
     for (const Gender gender : allGenders)
         words.push_back(text(salutationWord(gender)));
     picker->setOptions(words);

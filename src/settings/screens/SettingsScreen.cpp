@@ -34,6 +34,7 @@ template <class Option>
 Picker* pickerFor(const QString& name, Published<Option>& property) {
     auto* picker = new Picker;
     std::vector<QString> labels;
+    labels.reserve(allOptions<Option>.size());
     for (const Option option : allOptions<Option>)
         labels.push_back(text(rawValue(option)));
     picker->setAccessibleName(name);
