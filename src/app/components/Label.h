@@ -19,8 +19,6 @@ public:
     void setValue(const QString& text);
     void setColor(ColorRole color);
 
-    [[nodiscard]] FontRole fontRole() const { return m_font; }
-
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -10,9 +10,7 @@
 #include "autotrack/screens/AppUsageModel.h"
 #include "platform/Images.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -57,7 +55,7 @@ QImage decoded(const std::optional<SharedData>& png, const Images& images, qreal
 } // namespace
 
 AppUsageDelegate::AppUsageDelegate(const AppUsageModel& model, const Images& images, ListView& list)
-    : QStyledItemDelegate(&list), m_model(model), m_images(images), m_list(list) {}
+    : RowDelegate(&list), m_model(model), m_images(images), m_list(list) {}
 
 QSize AppUsageDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
     return {0, rowHeight};
@@ -98,17 +96,12 @@ void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->restore();
 }
 
-bool AppUsageDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
+QString AppUsageDelegate::tooltipAt(const QRect& item, const QPoint& /*point*/,
+                                    const QModelIndex& index) const {
     const QString name = index.data().toString();
     const QString duration = QString::fromStdString(m_model.rowAt(index).durationText());
-    if (textWidth(name, FontRole::body13) > nameArea(option.rect, duration).width())
-        QToolTip::showText(event->globalPos(), plainTooltip(name), view->viewport());
-    else
-        QToolTip::hideText();
-    return true;
+    const bool isElided = textWidth(name, FontRole::body13) > nameArea(item, duration).width();
+    return isElided ? name : QString();
 }
 
 } // namespace brisklog

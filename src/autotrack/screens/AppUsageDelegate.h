@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/components/RowDelegate.h"
+
 #include <QImage>
-#include <QStyledItemDelegate>
 #include <unordered_map>
 
 namespace brisklog {
@@ -11,18 +12,17 @@ class Images;
 class ListView;
 
 /// Paints an application's icon, name and duration. Icons are decoded once, when their row is first seen.
-class AppUsageDelegate final : public QStyledItemDelegate {
+class AppUsageDelegate final : public RowDelegate {
 public:
     AppUsageDelegate(const AppUsageModel& model, const Images& images, ListView& list);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// A name that was shortened is shown in full.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     /// Null where there is no icon, or none that can be decoded.
     [[nodiscard]] const QImage& iconOf(const QModelIndex& index, qreal devicePixelRatio) const;
     void paintIcon(QPainter& painter, const QRect& area, const QModelIndex& index) const;

@@ -9,9 +9,7 @@
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveModel.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -93,7 +91,7 @@ void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, 
 } // namespace
 
 ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list)
-    : QStyledItemDelegate(&list), m_model(model), m_view(view), m_list(list) {}
+    : RowDelegate(&list), m_model(model), m_view(view), m_list(list) {}
 
 bool ArchiveDelegate::isOnHead(const QModelIndex& index, const QRect& item, const QPoint& point) const {
     return index.isValid() && m_model.rowAt(index).kind == ArchiveRow::Kind::invoice &&
@@ -182,8 +180,7 @@ void ArchiveDelegate::updateEditorGeometry(QWidget* panel, const QStyleOptionVie
     panel->setGeometry(place);
 }
 
-QString ArchiveDelegate::elidedTextAt(const QRect& item, const QPoint& point,
-                                      const QModelIndex& index) const {
+QString ArchiveDelegate::tooltipAt(const QRect& item, const QPoint& point, const QModelIndex& index) const {
     if (m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
         return {};
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
@@ -193,18 +190,6 @@ QString ArchiveDelegate::elidedTextAt(const QRect& item, const QPoint& point,
         return number;
     const bool isElided = textWidth(customer, customerFont) > customerIn(item).width();
     return customerIn(item).contains(point) && isElided ? customer : QString();
-}
-
-bool ArchiveDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString shown = elidedTextAt(option.rect, event->pos(), index);
-    if (shown.isEmpty())
-        QToolTip::hideText();
-    else
-        QToolTip::showText(event->globalPos(), plainTooltip(shown), view->viewport());
-    return true;
 }
 
 } // namespace brisklog

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/components/RowDelegate.h"
+
 #include <QPersistentModelIndex>
-#include <QStyledItemDelegate>
 
 namespace brisklog {
 
@@ -12,7 +13,7 @@ struct Palette;
 
 /// Paints the archive: the sentence on top, months, and the invoices of each in a card. Under an opened
 /// invoice it keeps room for its details and places them.
-class ArchiveDelegate final : public QStyledItemDelegate {
+class ArchiveDelegate final : public RowDelegate {
 public:
     ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list);
 
@@ -31,14 +32,12 @@ public:
     /// The details' place inside their row.
     void updateEditorGeometry(QWidget* panel, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     [[nodiscard]] int detailsHeight(const QModelIndex& index) const;
     [[nodiscard]] int explanationHeight() const;
-    [[nodiscard]] QString elidedTextAt(const QRect& item, const QPoint& point,
-                                       const QModelIndex& index) const;
     void paintInvoice(QPainter& painter, const QRect& item, const QModelIndex& index,
                       const Palette& palette) const;
     void paintHead(QPainter& painter, const QRect& item, const QModelIndex& index,

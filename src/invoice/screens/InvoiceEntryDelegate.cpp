@@ -9,9 +9,7 @@
 #include "app/components/SymbolButton.h"
 #include "invoice/screens/InvoiceEntryModel.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -86,7 +84,7 @@ QColor groundColor(InvoiceEntryRowView::Ground ground, const Palette& palette) {
 } // namespace
 
 InvoiceEntryDelegate::InvoiceEntryDelegate(const InvoiceEntryModel& model, ListView& list)
-    : QStyledItemDelegate(&list), m_model(model), m_list(list) {}
+    : RowDelegate(&list), m_model(model), m_list(list) {}
 
 InvoiceEntryDelegate::Part InvoiceEntryDelegate::partAt(const QRect& item, const QPoint& point) {
     if (rowIn(item).contains(point))
@@ -144,8 +142,8 @@ void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
     paintFigures(painter, cells.amount, amount, FontRole::body13Medium, palette.text, right);
 }
 
-QString InvoiceEntryDelegate::tooltip(const QRect& item, const QPoint& point,
-                                      const QModelIndex& index) const {
+QString InvoiceEntryDelegate::tooltipAt(const QRect& item, const QPoint& point,
+                                        const QModelIndex& index) const {
     const Part part = partAt(item, point);
     if (part == Part::none)
         return {};
@@ -161,18 +159,6 @@ QString InvoiceEntryDelegate::tooltip(const QRect& item, const QPoint& point,
     if (!isElided)
         return remark;
     return remark.isEmpty() ? name : name + u'\n' + remark;
-}
-
-bool InvoiceEntryDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                     const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString shown = tooltip(option.rect, event->pos(), index);
-    if (shown.isEmpty())
-        QToolTip::hideText();
-    else
-        QToolTip::showText(event->globalPos(), plainTooltip(shown), view->viewport());
-    return true;
 }
 
 } // namespace brisklog

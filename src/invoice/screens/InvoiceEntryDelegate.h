@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/components/Palette.h"
+#include "app/components/RowDelegate.h"
 #include "invoice/InvoiceEntryRowView.h"
 
 #include <QPersistentModelIndex>
-#include <QStyledItemDelegate>
 #include <optional>
 
 namespace brisklog {
@@ -13,7 +13,7 @@ class InvoiceEntryModel;
 class ListView;
 
 /// Paints the invoice sheet's rows and says which part of one lies under a point.
-class InvoiceEntryDelegate final : public QStyledItemDelegate {
+class InvoiceEntryDelegate final : public RowDelegate {
 public:
     /// What can be pressed in a row.
     enum class Part { none, row, trash };
@@ -33,12 +33,11 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     void paintCells(QPainter& painter, const QRect& row, const InvoiceEntryRowView& shown) const;
-    [[nodiscard]] QString tooltip(const QRect& item, const QPoint& point, const QModelIndex& index) const;
 
     const InvoiceEntryModel& m_model;
     ListView& m_list;

@@ -8,9 +8,7 @@
 #include "foundation/Text.h"
 #include "profile/screens/CustomerModel.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <vector>
 
 namespace brisklog {
@@ -96,7 +94,7 @@ void paintLine(QPainter& painter, const Line& line, const Palette& palette) {
 } // namespace
 
 CustomerDelegate::CustomerDelegate(const CustomerModel& model, ListView& list)
-    : QStyledItemDelegate(&list), m_model(model), m_list(list) {}
+    : RowDelegate(&list), m_model(model), m_list(list) {}
 
 QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
     return {0, marginAbove(index) + heightOf(m_model.rowAt(index).shown) + marginBelow(index)};
@@ -118,19 +116,11 @@ void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->restore();
 }
 
-bool CustomerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QString elided;
-    for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(option.rect, index)))
-        if (line.area.contains(event->pos()) && textWidth(line.text, line.font) > textArea(line).width())
-            elided = line.text;
-    if (elided.isEmpty())
-        QToolTip::hideText();
-    else
-        QToolTip::showText(event->globalPos(), plainTooltip(elided), view->viewport());
-    return true;
+QString CustomerDelegate::tooltipAt(const QRect& item, const QPoint& point, const QModelIndex& index) const {
+    for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(item, index)))
+        if (line.area.contains(point) && textWidth(line.text, line.font) > textArea(line).width())
+            return line.text;
+    return {};
 }
 
 } // namespace brisklog

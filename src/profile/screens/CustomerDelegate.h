@@ -1,8 +1,7 @@
 #pragma once
 
+#include "app/components/RowDelegate.h"
 #include "profile/CustomerRowView.h"
-
-#include <QStyledItemDelegate>
 
 namespace brisklog {
 
@@ -10,18 +9,17 @@ class CustomerModel;
 class ListView;
 
 /// Paints customers as cards.
-class CustomerDelegate final : public QStyledItemDelegate {
+class CustomerDelegate final : public RowDelegate {
 public:
     CustomerDelegate(const CustomerModel& model, ListView& list);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// What was shortened is shown in full.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     const CustomerModel& m_model;
     ListView& m_list;
 };

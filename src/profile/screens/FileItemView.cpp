@@ -9,10 +9,8 @@
 #include "profile/Thumbnails.h"
 #include "profile/screens/FileItemModel.h"
 
-#include <QHelpEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +55,7 @@ void paintThumbnail(QPainter& painter, const QRect& box, const QImage& picture) 
 } // namespace
 
 FileItemView::FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, ListView& list)
-    : QStyledItemDelegate(&list), m_model(model), m_thumbnails(thumbnails), m_list(list) {}
+    : RowDelegate(&list), m_model(model), m_thumbnails(thumbnails), m_list(list) {}
 
 QSize FileItemView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return cell; }
 
@@ -96,17 +94,10 @@ void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QMode
         paintSymbol(painter, box, u"photo"_s, symbolSize, palette.secondary);
 }
 
-bool FileItemView::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                             const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
+QString FileItemView::tooltipAt(const QRect& item, const QPoint& /*point*/, const QModelIndex& index) const {
     const QString name = index.data().toString();
-    const bool isElided = textWidth(name, nameFont(true)) > nameBoxIn(tileIn(option.rect)).width();
-    if (isElided)
-        QToolTip::showText(event->globalPos(), plainTooltip(name), view->viewport());
-    else
-        QToolTip::hideText();
-    return true;
+    const bool isElided = textWidth(name, nameFont(true)) > nameBoxIn(tileIn(item)).width();
+    return isElided ? name : QString();
 }
 
 } // namespace brisklog

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "app/components/RowDelegate.h"
 
 namespace brisklog {
 
@@ -9,7 +9,7 @@ class ListView;
 class Thumbnails;
 
 /// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it.
-class FileItemView final : public QStyledItemDelegate {
+class FileItemView final : public RowDelegate {
 public:
     /// What one tile takes in the grid, the gaps to its neighbours included.
     static constexpr QSize cell{145, 132};
@@ -21,11 +21,10 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    /// What was shortened is shown in full.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     void paintPicture(QPainter& painter, const QRect& box, const QModelIndex& index) const;
 
     const FileItemModel& m_model;

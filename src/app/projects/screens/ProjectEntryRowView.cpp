@@ -7,9 +7,7 @@
 #include "app/components/Painting.h"
 #include "app/components/Symbols.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -104,7 +102,7 @@ void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Pale
 } // namespace
 
 ProjectEntryRowView::ProjectEntryRowView(const ProjectEntryModel& model, ListView& view)
-    : QStyledItemDelegate(&view), m_model(model), m_view(view) {}
+    : RowDelegate(&view), m_model(model), m_view(view) {}
 
 QSize ProjectEntryRowView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
     return {0, rowHeight};
@@ -123,17 +121,10 @@ void ProjectEntryRowView::paint(QPainter* painter, const QStyleOptionViewItem& o
         paintFocusRing(*painter, option.rect.marginsRemoved(ringInset), 4, palette);
 }
 
-bool ProjectEntryRowView::helpEvent(QHelpEvent* event, QAbstractItemView* view,
-                                    const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return false;
-    const RowPlacement row(m_model.row(index.row()), option.rect);
-    if (!row.isNameElided() || !row.nameArea.contains(event->pos())) {
-        QToolTip::hideText();
-        return false;
-    }
-    QToolTip::showText(event->globalPos(), plainTooltip(row.name), view->viewport(), row.nameArea);
-    return true;
+QString ProjectEntryRowView::tooltipAt(const QRect& item, const QPoint& point,
+                                       const QModelIndex& index) const {
+    const RowPlacement row(m_model.row(index.row()), item);
+    return row.isNameElided() && row.nameArea.contains(point) ? row.name : QString();
 }
 
 } // namespace brisklog

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "app/components/RowDelegate.h"
 #include "app/projects/screens/ProjectEntryModel.h"
-
-#include <QStyledItemDelegate>
 
 namespace brisklog {
 
@@ -10,7 +9,7 @@ class ListView;
 
 /// Paints the rows of stored entries: task and earnings, under them start, end and duration. Only the task's
 /// name is ever shortened; its tooltip is the whole name then.
-class ProjectEntryRowView final : public QStyledItemDelegate {
+class ProjectEntryRowView final : public RowDelegate {
 public:
     static constexpr int rowHeight = 50;
 
@@ -19,10 +18,10 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override;
 
 private:
+    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
+                                    const QModelIndex& index) const override;
     const ProjectEntryModel& m_model;
     const ListView& m_view;
 };
