@@ -38,7 +38,7 @@ std::string programName(std::uint32_t process) {
     const auto arguments = argumentsOf(process);
     if (arguments.empty())
         return {};
-    const std::string program = fileName(arguments.front());
+    std::string program = fileName(arguments.front());
     if (!isInterpreter(program))
         return program;
     const auto script = std::ranges::find_if(arguments.begin() + 1, arguments.end(),
