@@ -3,17 +3,16 @@
 // saving      at most 1.5 times the bare writer given the same tokens, and one bare write,
 // stopping    a timer among 100,000 entries at most 60 ms where the bare write takes 22.
 
+#include "bench/Histories.h"
 #include "core/TimeTrackingStore.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SqliteUserDefaults.h"
 #include "platform/linux/SystemClock.h"
 
-#include <array>
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <random>
 #include <rapidjson/memorystream.h>
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/reader.h>
@@ -22,44 +21,8 @@
 namespace brisklog {
 namespace {
 
+using bench::workHistory;
 namespace fs = std::filesystem;
-
-// The history
-
-constexpr int projectCount = 20;
-
-/// Always the same row of identifiers: the system's random source would take longer than what is measured.
-Uuid nextId() {
-    static std::mt19937_64 random(20261115);
-    std::string text = "00000000-0000-4000-8000-000000000000";
-    for (char& character : text)
-        if (character == '0')
-            character = "0123456789ABCDEF"[random() % 16];
-    return *Uuid::parse(text);
-}
-
-/// Entries of ten minutes to two hours, one after the other, with names as people give them.
-std::vector<Project> history(std::int64_t entryCount) {
-    constexpr std::array names{"Entwurf der Startseite", "Besprechung mit dem Kunden", "Fehlersuche",
-                               "Übersetzung der Oberfläche, zweiter Teil", "Buchhaltung"};
-    std::vector<Project> projects(projectCount);
-    Date moment{700000000.25};
-    for (Project& project : projects)
-        project = {.id = nextId(), .name = "Projekt", .hourlyRate = 85.5, .entries = {}};
-    for (std::int64_t i = 0; i < entryCount; ++i) {
-        Project& project = projects[static_cast<std::size_t>(i) % projectCount];
-        TimeEntry entry;
-        entry.id = nextId();
-        entry.taskName = names[static_cast<std::size_t>(i) % names.size()];
-        entry.startTime = moment;
-        moment = moment.addingSeconds(600.123456 + static_cast<double>(i % 97) * 68.7);
-        entry.endTime = moment;
-        entry.projectId = project.id;
-        entry.isInvoiced = i % 3 == 0;
-        project.entries.push_back(entry);
-    }
-    return projects;
-}
 
 std::string bytesOf(const std::vector<Project>& projects) {
     return std::string(json::encode(projects, json::Layout::pretty).value().bytes());
@@ -117,7 +80,7 @@ void writeBareThroughToMedium(const fs::path& path, std::string_view bytes) {
 // Reading
 
 void readTyped(benchmark::State& state) {
-    const std::string bytes = bytesOf(history(state.range(0)));
+    const std::string bytes = bytesOf(workHistory(state.range(0)));
     for (auto run : state)
         benchmark::DoNotOptimize(json::decode<std::vector<Project>>(bytes));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
@@ -128,7 +91,7 @@ struct EmptyHandler : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, EmptyHandl
 
 template <unsigned flags>
 void readBare(benchmark::State& state) {
-    const std::string bytes = bytesOf(history(state.range(0)));
+    const std::string bytes = bytesOf(workHistory(state.range(0)));
     for (auto run : state) {
         rapidjson::MemoryStream stream(bytes.data(), bytes.size());
         rapidjson::Reader reader;
@@ -237,13 +200,13 @@ void encodeBare(const std::vector<Token>& tokens, rapidjson::StringBuffer& buffe
 }
 
 void encodeTyped(benchmark::State& state) {
-    const auto projects = history(state.range(0));
+    const auto projects = workHistory(state.range(0));
     for (auto run : state)
         benchmark::DoNotOptimize(json::encode(projects, json::Layout::pretty));
 }
 
 void encodeBareTokens(benchmark::State& state) {
-    const auto tokens = tokensOf(bytesOf(history(state.range(0))));
+    const auto tokens = tokensOf(bytesOf(workHistory(state.range(0))));
     for (auto run : state) {
         rapidjson::StringBuffer buffer;
         encodeBare(tokens, buffer);
@@ -254,7 +217,7 @@ void encodeBareTokens(benchmark::State& state) {
 void saveTyped(benchmark::State& state) {
     const Home home;
     PosixFiles files;
-    const auto projects = history(state.range(0));
+    const auto projects = workHistory(state.range(0));
     const JsonFile<std::vector<Project>> file{home.path / "projects.json", json::Layout::pretty,
                                               Durability::leftToSystem};
     for (auto run : state)
@@ -264,7 +227,7 @@ void saveTyped(benchmark::State& state) {
 
 void saveBareTokens(benchmark::State& state) {
     const Home home;
-    const auto tokens = tokensOf(bytesOf(history(state.range(0))));
+    const auto tokens = tokensOf(bytesOf(workHistory(state.range(0))));
     for (auto run : state) {
         rapidjson::StringBuffer buffer;
         encodeBare(tokens, buffer);
@@ -283,7 +246,7 @@ void stopTracking(benchmark::State& state) {
     SystemClock storeClock;
     SqliteUserDefaults userDefaults(std::nullopt, clock, log);
     TimeTrackingStore store({files, userDefaults, storeClock, runLoop, log});
-    store.projects = history(state.range(0));
+    store.projects = workHistory(state.range(0));
     for (auto run : state) {
         state.PauseTiming();
         store.startTracking("Entwurf");
@@ -295,7 +258,7 @@ void stopTracking(benchmark::State& state) {
 
 void writeSameBytesThroughToMedium(benchmark::State& state) {
     const Home home;
-    const std::string bytes = bytesOf(history(state.range(0)));
+    const std::string bytes = bytesOf(workHistory(state.range(0)));
     for (auto run : state)
         writeBareThroughToMedium(home.path / "projects.json", bytes);
 }
@@ -308,7 +271,7 @@ void start(benchmark::State& state) {
     SystemClock clock;
     SqliteUserDefaults userDefaults(std::nullopt, clock, log);
     fs::create_directories(*files.documentsFolder());
-    writeBare(*files.documentsFolder() / "projects.json", bytesOf(history(state.range(0))));
+    writeBare(*files.documentsFolder() / "projects.json", bytesOf(workHistory(state.range(0))));
     for (auto run : state)
         benchmark::DoNotOptimize(TimeTrackingStore({files, userDefaults, clock, runLoop, log}));
 }

@@ -4,6 +4,7 @@
 // ms and 40 MB more than with nothing on record, on disk                at most 40 MB.
 
 #include "autotrack/AutoTrackingManager.h"
+#include "bench/Histories.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SqliteUserDefaults.h"
 
@@ -12,57 +13,14 @@
 #include <filesystem>
 #include <fstream>
 #include <malloc.h>
-#include <random>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace brisklog {
 namespace {
 
+using namespace bench;
 namespace fs = std::filesystem;
-
-constexpr int applicationCount = 40;
-constexpr int sessionsPerDay = 275;
-constexpr std::size_t iconSize = 4000;
-constexpr Date firstDay{725842800};
-
-std::string nameOf(int application) { return "Anwendung " + std::to_string(application); }
-
-std::string identifierOf(int application) { return "org.example.Anwendung" + std::to_string(application); }
-
-std::string iconOf(int application) {
-    std::minstd_rand random(static_cast<unsigned>(application) + 1);
-    std::string bytes(iconSize, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(random() >> 8);
-    return bytes;
-}
-
-std::vector<DailyAppUsage> history(std::int64_t sessionCount) {
-    std::vector<SharedData> icons;
-    icons.reserve(applicationCount);
-    for (int application = 0; application < applicationCount; ++application)
-        icons.push_back(SharedData::of(iconOf(application)));
-    std::vector<DailyAppUsage> days;
-    Date moment = firstDay;
-    for (std::int64_t i = 0; i < sessionCount; ++i) {
-        const auto application = static_cast<int>(i * 7 % applicationCount);
-        if (i % sessionsPerDay == 0) {
-            const std::int64_t day = i / sessionsPerDay;
-            moment = firstDay.addingSeconds(static_cast<double>(day) * 86400);
-            days.push_back({.id = Uuid::generate(), .date = moment, .sessions = {}});
-        }
-        const Date end = moment.addingSeconds(10.123456 + static_cast<double>(i % 97));
-        days.back().sessions.push_back({.id = Uuid::generate(),
-                                        .appName = nameOf(application),
-                                        .bundleIdentifier = identifierOf(application),
-                                        .startTime = moment,
-                                        .endTime = end,
-                                        .iconData = icons[static_cast<std::size_t>(application)]});
-        moment = end;
-    }
-    return days;
-}
 
 class ManualClock final : public Clock {
 public:
@@ -93,11 +51,11 @@ public:
     void endWatching() override {}
 
     [[nodiscard]] std::optional<DesktopApplication> current() override {
-        return DesktopApplication{nameOf(application), identifierOf(application)};
+        return DesktopApplication{applicationName(application), applicationIdentifier(application)};
     }
 
     [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication&) override {
-        return iconOf(application);
+        return applicationIcon(application);
     }
 
     int application = 0;
@@ -117,7 +75,7 @@ struct Machine {
         SqliteUserDefaults userDefaults(file, clock, log);
         userDefaults.setValue("autoTrackingEnabled", true);
         SharedDataPool icons;
-        const auto days = history(sessionCount);
+        const auto days = usageHistory(sessionCount);
         if (UsageHistoryStorage(userDefaults, clock, icons).save(days).failed())
             std::abort();
         if (!days.empty())
@@ -181,7 +139,7 @@ void changeApplication(benchmark::State& state) {
 void changeApplicationAllAnew(benchmark::State& state) {
     Machine machine(0);
     PosixFiles files;
-    auto days = history(state.range(0));
+    auto days = usageHistory(state.range(0));
     const auto session = days.back().sessions.back();
     const double before = bytesWritten();
     for (auto run : state) {

@@ -1,8 +1,14 @@
-"""Measures the whole program on the desktop it is called on: from exec to the status item on the bus, and the
-processor time of half a minute with a running timer and the popover closed.
+"""Measures the whole program in the home it finds, on the desktop it is called on, and prints the figures as JSON.
 
-usage: bench/start/run (builds, then calls this on a virtual desktop without a panel)"""
+usage: measure.py PROGRAM EMPTY-TRAY STARTS IDLE-SECONDS    (bench/run calls it on a virtual desktop without a panel)
 
+- start: exec to the registration of the status item on the bus, beside a program that is nothing but an icon
+- popover: the panel's call to the icon until the X server has the painted window, the first one of a process and later
+- memory: once the popover was shown
+- idle: processor time with a running timer and the popover closed"""
+
+import json
+import select
 import signal
 import statistics
 import subprocess
@@ -11,6 +17,8 @@ import time
 from pathlib import Path
 
 from gi.repository import Gio, GLib
+from Xlib import X, display
+from Xlib.ext import damage
 
 WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
 <method name="RegisterStatusNotifierItem"><arg type="s" direction="in"/></method>
@@ -22,23 +30,27 @@ WATCHER = """<node><interface name="org.kde.StatusNotifierWatcher">
 <signal name="StatusNotifierHostRegistered"/>
 </interface></node>"""
 
-RUNS = 15
+PROCESSES = 5
+POPOVERS = 10
+POPOVER_AREA = 370 * 650
 
 
 class Watcher:
-    """Stands in for a panel: takes the registration of status items and notes when."""
+    """Stands in for a panel: takes the registration of status items, notes when, and clicks on the last one."""
 
     def __init__(self):
         self.loop = GLib.MainLoop()
         self.registered_at = None
-        bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self.item = None
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
         interface = Gio.DBusNodeInfo.new_for_xml(WATCHER).interfaces[0]
-        bus.register_object("/StatusNotifierWatcher", interface, self.call, self.get, None)
-        Gio.bus_own_name_on_connection(bus, "org.kde.StatusNotifierWatcher", Gio.BusNameOwnerFlags.NONE, None, None)
+        self.bus.register_object("/StatusNotifierWatcher", interface, self.call, self.get, None)
+        Gio.bus_own_name_on_connection(self.bus, "org.kde.StatusNotifierWatcher", Gio.BusNameOwnerFlags.NONE, None, None)
 
-    def call(self, _bus, _sender, _path, _interface, method, _arguments, invocation):
+    def call(self, _bus, sender, _path, _interface, method, _arguments, invocation):
         if method == "RegisterStatusNotifierItem":
             self.registered_at = time.perf_counter()
+            self.item = sender
             self.loop.quit()
         invocation.return_value(None)
 
@@ -47,74 +59,156 @@ class Watcher:
                 "IsStatusNotifierHostRegistered": GLib.Variant("b", True),
                 "ProtocolVersion": GLib.Variant("i", 0)}[name]
 
-    def milliseconds_to_item(self, program):
-        """Starts the program and ends it once its item is registered."""
+    def start(self, program):
+        """Starts the program; gives it and the milliseconds until its item was registered."""
+        self.registered_at = None
         started = time.perf_counter()
         process = subprocess.Popen([program], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        give_up = GLib.timeout_add_seconds(10, self.loop.quit)
-        self.registered_at = None
+        give_up = GLib.timeout_add_seconds(20, self.loop.quit)
         self.loop.run()
         GLib.source_remove(give_up)
-        process.send_signal(signal.SIGKILL)
-        process.wait()
-        return (self.registered_at - started) * 1000
+        return process, (self.registered_at - started) * 1000
+
+    def click(self):
+        self.bus.call(self.item, "/StatusNotifierItem", "org.kde.StatusNotifierItem", "Activate",
+                      GLib.Variant("(ii)", (1269, 11)), None, Gio.DBusCallFlags.NONE, -1, None, None)
+        self.bus.flush_sync()
+
+    def pass_time(self, seconds):
+        """Waits while this panel goes on answering."""
+        loop = GLib.MainLoop()
+        GLib.timeout_add(int(seconds * 1000), loop.quit)
+        loop.run()
+
+
+class Screen:
+    """Tells when something as large as the popover has been painted."""
+
+    def __init__(self):
+        self.display = display.Display()
+        self.root = self.display.screen().root
+        self.display.damage_query_version()
+        self.root.damage_create(damage.DamageReportRawRectangles)
+        self.display.sync()
+        self.empty = self.colour(640, 600)
+
+    def colour(self, x, y):
+        return self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xffffffff).data[:3]
+
+    def forget(self):
+        self.display.sync()
+        while self.display.pending_events():
+            self.display.next_event()
+
+    def painted_at(self):
+        """The moment at which the popover stands painted on the screen."""
+        while True:
+            if not self.display.pending_events() and not select.select([self.display], [], [], 10)[0]:
+                raise RuntimeError("no popover was painted within 10 s")
+            while self.display.pending_events():
+                moment, event = time.perf_counter(), self.display.next_event()
+                area = getattr(event, "area", None)
+                if area is None or area.width * area.height < 0.8 * POPOVER_AREA:
+                    continue
+                if self.colour(area.x + area.width // 2, area.y + area.height // 2) != self.empty:
+                    return moment
 
 
 def processor_seconds(process):
     """Of all its threads, in nanoseconds' precision."""
     return sum(int((task / "schedstat").read_text().split()[0])
-               for task in Path(f"/proc/{process}/task").iterdir()) / 1e9
+               for task in Path(f"/proc/{process.pid}/task").iterdir()) / 1e9
 
 
-def proportional_megabytes(process):
-    for line in open(f"/proc/{process}/smaps_rollup"):
-        if line.startswith("Pss:"):
-            return int(line.split()[1]) / 1024
-    return None
+def memory(process):
+    """Megabytes, proportional (pages shared with others by their share) and resident."""
+    figures = {}
+    for line in open(f"/proc/{process.pid}/smaps_rollup"):
+        words = line.split()
+        if words[0] in ("Pss:", "Rss:"):
+            figures[words[0][:-1].lower()] = int(words[1]) / 1024
+    return figures
 
 
-def pass_time(seconds):
-    """Waits while the stub panel goes on answering."""
-    loop = GLib.MainLoop()
-    GLib.timeout_add(int(seconds * 1000), loop.quit)
-    loop.run()
+def end(process):
+    process.send_signal(signal.SIGKILL)
+    process.wait()
 
 
-def idle_with_running_timer(program):
-    """Processor time of 30 seconds, and the memory after them, with one timer started through the popover."""
-    process = subprocess.Popen([program], stdout=subprocess.DEVNULL)
-    pass_time(1)
-    subprocess.run([program], check=True)  # opens the popover, the keyboard is in the task's field
-    pass_time(0.6)
+def measure_starts(watcher, ours, empty, count):
+    """One after the other, so that both see the same machine."""
+    figures = {"start": [], "floor": []}
+    for _ in range(count):
+        for name, program in (("floor", empty), ("start", ours)):
+            process, milliseconds = watcher.start(program)
+            figures[name].append(milliseconds)
+            if name == "floor" and len(figures[name]) == count:
+                watcher.pass_time(1)
+                figures["floorPss"] = memory(process)["pss"]
+            end(process)
+    return figures
+
+
+def measure_popovers(watcher, screen):
+    """Opens and closes the popover of a process that never showed it."""
+    milliseconds = []
+    for _ in range(POPOVERS + 1):
+        screen.forget()
+        pressed = time.perf_counter()
+        watcher.click()
+        milliseconds.append((screen.painted_at() - pressed) * 1000)
+        watcher.pass_time(0.4)
+        watcher.click()
+        watcher.pass_time(0.4)
+    return {"first": milliseconds[0], "later": milliseconds[1:]}
+
+
+def start_timer(watcher):
+    """In the popover, where the keyboard is in the task's field at once."""
+    watcher.click()
+    watcher.pass_time(0.6)
     subprocess.run(["xdotool", "type", "Entwurf"], check=True)
     subprocess.run(["xdotool", "key", "Return"], check=True)
-    pass_time(0.6)
+    watcher.pass_time(0.6)
     subprocess.run(["xdotool", "key", "Escape"], check=True)
-    pass_time(1)
-    before = processor_seconds(process.pid)
-    pass_time(30)
-    spent = processor_seconds(process.pid) - before
-    memory = proportional_megabytes(process.pid)
-    process.kill()
-    process.wait()
-    return spent, memory
+    watcher.pass_time(1)
+
+
+def projects_file_time():
+    file = Path.home() / "Documents" / "projects.json"
+    return file.stat().st_mtime_ns if file.exists() else 0
+
+
+def measure_idle(watcher, process, seconds):
+    unchanged = projects_file_time()
+    start_timer(watcher)
+    if projects_file_time() == unchanged:
+        raise RuntimeError("no timer was started")
+    before = processor_seconds(process)
+    watcher.pass_time(seconds)
+    return processor_seconds(process) - before
 
 
 def main():
-    ours, empty = sys.argv[1:]
-    watcher = Watcher()
-    floor, start = [], []
-    for _ in range(RUNS):  # one after the other, so that both see the same machine
-        floor.append(watcher.milliseconds_to_item(empty))
-        start.append(watcher.milliseconds_to_item(ours))
-    floor_ms, start_ms = statistics.median(floor), statistics.median(start)
-    spent, memory = idle_with_running_timer(ours)
-    print("| figure | measured | bar |")
-    print("|---|---|---|")
-    print(f"| exec → status item, empty program with a tray icon | {floor_ms:.0f} ms | the floor |")
-    print(f"| exec → status item, no data | {start_ms:.0f} ms ({start_ms / floor_ms:.2f} × floor) | 80 ms or 1.3 × |")
-    print(f"| processor time in 30 s, timer running, popover closed | {spent:.4f} s | 0.01 s |")
-    print(f"| proportional memory, popover once shown | {memory:.1f} MB | 30 MB |")
+    ours, empty, starts, idle = sys.argv[1], sys.argv[2], int(sys.argv[3]), int(sys.argv[4])
+    subprocess.run(["xdotool", "mousemove", "1269", "11"], check=True)
+    watcher, screen = Watcher(), Screen()
+    process, first = watcher.start(ours)  # the day's first start keeps copies of the files
+    end(process)
+    figures = {"firstStartOfDay": first, **measure_starts(watcher, ours, empty, starts), "first": [], "later": []}
+    for last in [False] * (PROCESSES - 1) + [True]:
+        process, _ = watcher.start(ours)
+        watcher.pass_time(1)
+        popovers = measure_popovers(watcher, screen)
+        figures["first"].append(popovers["first"])
+        figures["later"] += popovers["later"]
+        if last:
+            figures.update(memory(process))
+            if idle > 0:
+                figures["idle"] = measure_idle(watcher, process, idle)
+        end(process)
+    print(json.dumps({name: statistics.median(value) if isinstance(value, list) else value
+                      for name, value in figures.items()}))
 
 
 main()

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "autotrack/DailyAppUsage.h"
+#include "core/Project.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace brisklog::bench {
+
+/// Entries of ten minutes to two hours, one after the other over 20 projects, with names as people give them.
+[[nodiscard]] std::vector<Project> workHistory(std::int64_t entryCount);
+
+// Applications used
+
+constexpr int applicationCount = 40;
+constexpr Date firstDay{725842800};
+
+[[nodiscard]] std::string applicationName(int application);
+[[nodiscard]] std::string applicationIdentifier(int application);
+/// 4,000 bytes, as a PNG of 32 pixels may take.
+[[nodiscard]] std::string applicationIcon(int application);
+
+/// Short sessions of 40 applications, 275 a day.
+[[nodiscard]] std::vector<DailyAppUsage> usageHistory(std::int64_t sessionCount);
+
+} // namespace brisklog::bench
