@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace brisklog {
@@ -16,5 +17,9 @@ struct WindowIdentity {
 
     bool operator==(const WindowIdentity&) const = default;
 };
+
+/// A name some program gave its window, as it may be shown and kept: well-formed, on one line, and not
+/// endless.
+[[nodiscard]] std::string windowName(std::string_view bytes);
 
 } // namespace brisklog

@@ -1,33 +1,11 @@
 #include "platform/linux/X11ActiveWindow.h"
 
-#include "foundation/Text.h"
 #include "platform/linux/ProgramName.h"
 
 #include <algorithm>
 
 namespace brisklog {
 namespace {
-
-/// Older programs write their class in Latin-1.
-std::string fromLatin1(std::string_view bytes) {
-    std::string result;
-    for (const char letter : bytes) {
-        const auto code = static_cast<unsigned char>(letter);
-        if (code < 0x80) {
-            result += letter;
-            continue;
-        }
-        result += static_cast<char>(0xC0U | (code >> 6U));
-        result += static_cast<char>(0x80U | (code & 0x3FU));
-    }
-    return result;
-}
-
-/// A property's text as it may be shown.
-std::string readable(std::string_view bytes) {
-    std::string text = text::isValidUtf8(bytes) ? std::string(bytes) : fromLatin1(bytes);
-    return std::string(text::trimmed(text::onOneLine(std::move(text))));
-}
 
 std::string_view textOf(const std::vector<std::uint8_t>& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -38,7 +16,7 @@ std::vector<std::string> textsOf(std::string_view bytes) {
     std::vector<std::string> texts;
     while (!bytes.empty()) {
         const std::size_t end = std::min(bytes.find('\0'), bytes.size());
-        texts.push_back(readable(bytes.substr(0, end)));
+        texts.push_back(windowName(bytes.substr(0, end)));
         bytes.remove_prefix(std::min(end + 1, bytes.size()));
     }
     return texts;

@@ -20,11 +20,27 @@ std::optional<std::string> ApplicationCatalogue::iconPng(const DesktopApplicatio
 }
 
 std::optional<DesktopApplication> FocusGaps::bridged(std::optional<DesktopApplication> seen) {
-    if (seen) {
+    if (seen && *seen != DesktopApplication{}) {
         m_last = seen;
         return seen;
     }
-    return std::exchange(m_last, std::nullopt);
+    auto last = std::exchange(m_last, std::nullopt);
+    return last ? std::move(last) : std::move(seen);
+}
+
+std::optional<DesktopApplication> DescribedWindow::answer(const std::optional<WindowIdentity>& window) {
+    if (!window)
+        return m_gaps.bridged(std::nullopt);
+    if (m_window != window) {
+        m_application = m_catalogue.describe(*window);
+        m_window = window;
+    }
+    return m_gaps.bridged(m_application);
+}
+
+void DescribedWindow::forget() {
+    m_window.reset();
+    m_gaps.forget();
 }
 
 } // namespace brisklog

@@ -22,7 +22,8 @@ private:
 class FocusGaps {
 public:
     /// What to answer when `seen` has the focus now. Asked once a second, a first "none" is a gap of less
-    /// than that; the second in a row is believed.
+    /// than that; the second in a row is believed. So is a window without any name: some are on show only
+    /// while others change places, and some get their name late.
     [[nodiscard]] std::optional<DesktopApplication> bridged(std::optional<DesktopApplication> seen);
 
     /// The next "none" is believed at once.
@@ -30,6 +31,26 @@ public:
 
 private:
     std::optional<DesktopApplication> m_last;
+};
+
+/// Answers who is in front from what a desktop has told by itself; a window is looked up once.
+class DescribedWindow {
+public:
+    /// `window` is in front now, absent when none is.
+    [[nodiscard]] std::optional<DesktopApplication> answer(const std::optional<WindowIdentity>& window);
+
+    [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) {
+        return m_catalogue.iconPng(application);
+    }
+
+    /// What was in front before counts no more.
+    void forget();
+
+private:
+    ApplicationCatalogue m_catalogue;
+    std::optional<WindowIdentity> m_window;
+    DesktopApplication m_application;
+    FocusGaps m_gaps;
 };
 
 } // namespace brisklog

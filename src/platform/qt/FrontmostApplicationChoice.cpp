@@ -1,6 +1,8 @@
 #include "platform/qt/FrontmostApplicationChoice.h"
 
 #include "platform/linux/WaylandSession.h"
+#include "platform/qt/KWinFrontmostApplication.h"
+#include "platform/qt/WlrootsFrontmostApplication.h"
 #include "platform/qt/X11FrontmostApplication.h"
 
 namespace brisklog {
@@ -36,8 +38,10 @@ std::optional<std::string> FirstAnsweringApplication::iconPng(const DesktopAppli
 /// The last way is kept though it does not answer yet: a window manager may come later.
 void FirstAnsweringApplication::tryNextWays() {
     while (m_nextWay < m_ways.size() && (!m_way || m_way->availability() == Availability::unavailable)) {
-        if (m_way)
+        if (m_way) {
+            m_way->endWatching();
             m_givenUp.push_back(std::move(m_way));
+        }
         m_way = m_ways[m_nextWay++]();
         m_subscription = m_way->observe([this] { hearAnnouncement(); });
         if (m_isWatching)
@@ -55,8 +59,12 @@ void FirstAnsweringApplication::hearAnnouncement() {
 
 std::unique_ptr<FrontmostApplication> chooseFrontmostApplication() {
     std::vector<FirstAnsweringApplication::Maker> ways;
-    if (!isWaylandSession())
+    if (isWaylandSession()) {
+        ways.emplace_back([] { return std::make_unique<WlrootsFrontmostApplication>(); });
+        ways.emplace_back([] { return std::make_unique<KWinFrontmostApplication>(); });
+    } else {
         ways.emplace_back([] { return std::make_unique<X11FrontmostApplication>(); });
+    }
     return std::make_unique<FirstAnsweringApplication>(std::move(ways));
 }
 
