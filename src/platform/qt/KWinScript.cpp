@@ -19,6 +19,9 @@ const QString ownPath = u"/example/brisklog/Brisklog/frontmost"_s;
 const QString ownInterface = u"example.brisklog.Brisklog.Frontmost"_s;
 const QString toldMethod = u"tell"_s;
 
+/// What is told of a window: desktop file, class, instance, process.
+const QString fourTexts = u"ssss"_s;
+
 /// In milliseconds.
 constexpr int longestFarewell = 500;
 
@@ -91,13 +94,13 @@ KWinScript::~KWinScript() {
 
 QString KWinScript::introspect(const QString& /*path*/) const { return {}; }
 
-bool KWinScript::handleMessage(const QDBusMessage& message, const QDBusConnection& /*connection*/) {
+bool KWinScript::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
     if (message.service() != m_kwin || message.interface() != ownInterface || message.member() != toldMethod)
         return false;
     const QVariantList arguments = message.arguments();
-    constexpr qsizetype texts = 4;
-    if (!arguments.isEmpty() && arguments.size() != texts)
+    if (!message.signature().isEmpty() && message.signature() != fourTexts)
         return false;
+    connection.send(message.createReply());
     m_wasHeard = true;
     m_handlers.told(arguments.isEmpty() ? std::nullopt : std::optional(identityFrom(arguments)));
     return true;
