@@ -4,6 +4,26 @@ namespace brisklog::json {
 
 PartStream::PartStream(DataParts& parts) : m_parts(parts) { take(m_parts.next()); }
 
+void PartStream::skipAtStart(std::string_view bytes) {
+    gatherBeginning(bytes.size());
+    if (std::string_view(m_at, m_end).starts_with(bytes))
+        m_at += bytes.size();
+}
+
+/// Makes the first part at least as long, unless the whole document is shorter.
+void PartStream::gatherBeginning(std::size_t length) {
+    if (m_isAtEnd || m_part.bytes.size() >= length)
+        return;
+    m_beginning = m_part.bytes;
+    while (m_beginning.size() < length) {
+        const auto part = m_parts.next();
+        if (!part)
+            break;
+        m_beginning += part->repeated ? *part->repeated : part->bytes;
+    }
+    take(DataPart{m_beginning, nullptr});
+}
+
 // Not where the characters are taken: what happens once a part is kept out of what happens a million times.
 bool PartStream::advance() {
     while (m_at == m_end && !m_isAtEnd)

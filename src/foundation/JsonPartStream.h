@@ -43,20 +43,20 @@ public:
 
     [[nodiscard]] bool isAtEnd() { return m_at == m_end && !advance(); }
 
-    /// Passes over the bytes if the document's first part begins with them.
-    void skipAtStart(std::string_view bytes) {
-        if (std::string_view(m_at, m_end).starts_with(bytes))
-            m_at += bytes.size();
-    }
+    /// Passes over the bytes if the document begins with them. Only before anything was taken.
+    void skipAtStart(std::string_view bytes);
 
 private:
     /// Goes on to the next part that is not empty; false at the end.
     bool advance();
     void step();
     void take(const std::optional<DataPart>& part);
+    void gatherBeginning(std::size_t length);
     [[nodiscard]] bool endsWithQuote() const;
 
     DataParts& m_parts;
+    /// The first parts in one, where they are too short to tell how the document begins.
+    std::string m_beginning;
     DataPart m_part;
     /// The part after a repeated one, already asked for.
     std::optional<DataPart> m_following;

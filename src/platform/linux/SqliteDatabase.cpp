@@ -17,6 +17,9 @@ constexpr const char* configure = "PRAGMA synchronous = NORMAL;"
                                   "PRAGMA cell_size_check = ON;"
                                   "PRAGMA trusted_schema = OFF;";
 
+/// What one row may hold, and so what a broken one can make us ask for.
+constexpr int mostBytesInRow = 1 << 28;
+
 constexpr int primaryCode(int code) { return code & 0xFF; }
 
 /// Errors of the moment, which say nothing about the file.
@@ -61,6 +64,10 @@ SqliteDatabase::SqliteDatabase(const std::string& name, Locking locking) {
         return;
     }
     sqlite3_busy_timeout(m_connection, busyMilliseconds);
+    sqlite3_limit(m_connection, SQLITE_LIMIT_LENGTH, mostBytesInRow);
+    // We make neither; in a file that is not as we left it they could run for ever.
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     if (locking == Locking::exclusive && !run("PRAGMA locking_mode = EXCLUSIVE"))
         return;
     run(configure);

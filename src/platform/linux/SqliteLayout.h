@@ -26,6 +26,10 @@ inline constexpr std::size_t chunkSize = 4000;
 inline constexpr std::size_t shortestPiece = 512;
 inline constexpr std::size_t longestPiece = std::size_t{1} << 20;
 
+/// Beyond these, a value's chunks would have no place.
+inline constexpr std::int64_t smallestId = 1;
+inline constexpr std::int64_t largestId = (std::int64_t{1} << (63 - placeBits)) - 2;
+
 constexpr std::int64_t place(std::int64_t id, std::size_t position) {
     return id * (std::int64_t{1} << placeBits) + static_cast<std::int64_t>(position);
 }

@@ -65,21 +65,25 @@ std::optional<Value> scalar(Type type, const SqliteQuery& row, int column) {
 
 } // namespace
 
-std::optional<Type> SqliteValues::typeOf(std::int64_t stored) {
-    if (stored >= 0 && stored <= static_cast<std::int64_t>(Type::data))
-        return static_cast<Type>(stored);
-    m_database.failAsCorrupt("a value of unknown type");
-    return std::nullopt;
+/// From the first three columns: id, type and size.
+std::optional<SqliteValues::Row> SqliteValues::rowIn(const SqliteQuery& query) {
+    const auto id = query.integer(0);
+    const auto type = query.integer(1);
+    const auto size = query.integer(2);
+    if (type < 0 || type > static_cast<std::int64_t>(Type::data)) {
+        m_database.failAsCorrupt("a value of unknown type");
+        return std::nullopt;
+    }
+    if (id < smallestId || id > largestId || size < 0 || size > static_cast<std::int64_t>(largestSize)) {
+        m_database.failAsCorrupt("a value without a place");
+        return std::nullopt;
+    }
+    return Row{id, static_cast<Type>(type), static_cast<std::size_t>(size)};
 }
 
 std::optional<SqliteValues::Row> SqliteValues::find(std::string_view key) {
     SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
-    if (!query.bindText(1, key).next())
-        return std::nullopt;
-    const auto type = typeOf(query.integer(1));
-    if (!type)
-        return std::nullopt;
-    return Row{query.integer(0), *type, static_cast<std::size_t>(query.integer(2))};
+    return query.bindText(1, key).next() ? rowIn(query) : std::nullopt;
 }
 
 std::optional<Value> SqliteValues::value(std::string_view key) {
@@ -87,17 +91,18 @@ std::optional<Value> SqliteValues::value(std::string_view key) {
     SqliteQuery query = m_database.query("SELECT id, type, size, content FROM value WHERE key = ?1");
     if (!query.bindText(1, key).next())
         return std::nullopt;
-    const auto type = typeOf(query.integer(1));
-    if (type && *type != Type::data) {
-        auto found = scalar(*type, query, 3);
+    const auto row = rowIn(query);
+    if (row && row->type != Type::data) {
+        auto found = scalar(row->type, query, 3);
         if (!found)
             m_database.failAsCorrupt("a value that is not of its type");
         return found;
     }
-    const auto size = static_cast<std::size_t>(query.integer(2));
-    SqliteChunkReader parts(m_database, query.integer(0), size);
+    if (!row)
+        return std::nullopt;
+    SqliteChunkReader parts(m_database, row->id, row->size);
     Data data;
-    data.bytes.reserve(std::min(size, largestReservation));
+    data.bytes.reserve(std::min(row->size, largestReservation));
     while (const auto part = parts.next())
         data.bytes += part->bytes;
     return data;
@@ -107,10 +112,10 @@ UserDefaults::Reading SqliteValues::readData(std::string_view key, const UserDef
     SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
     if (!query.bindText(1, key).next())
         return UserDefaults::Reading::absent;
-    const auto type = typeOf(query.integer(1));
-    if (type != Type::data)
+    const auto row = rowIn(query);
+    if (!row || row->type != Type::data)
         return UserDefaults::Reading::otherType;
-    SqliteChunkReader parts(m_database, query.integer(0), static_cast<std::size_t>(query.integer(2)));
+    SqliteChunkReader parts(m_database, row->id, row->size);
     read(parts);
     return UserDefaults::Reading::complete;
 }
@@ -158,11 +163,10 @@ void SqliteValues::removeValue(std::string_view key) {
 
 std::vector<UserDefaults::Entry> SqliteValues::entries() {
     std::vector<UserDefaults::Entry> entries;
-    SqliteQuery query = m_database.query("SELECT key, type, size FROM value ORDER BY id");
+    SqliteQuery query = m_database.query("SELECT id, type, size, key FROM value ORDER BY id");
     while (query.next())
-        if (const auto type = typeOf(query.integer(1)))
-            entries.push_back(
-                {std::string(query.bytes(0)), *type, static_cast<std::size_t>(query.integer(2))});
+        if (const auto row = rowIn(query))
+            entries.push_back({std::string(query.bytes(3)), row->type, row->size});
     return entries;
 }
 

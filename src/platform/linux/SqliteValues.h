@@ -5,6 +5,7 @@
 namespace brisklog {
 
 class SqliteDatabase;
+class SqliteQuery;
 class SqliteTransaction;
 
 /// The user defaults' tables in an open database. Whatever fails is left in the database to be taken there;
@@ -36,7 +37,7 @@ private:
     };
 
     [[nodiscard]] std::optional<Row> find(std::string_view key);
-    [[nodiscard]] std::optional<UserDefaults::Type> typeOf(std::int64_t stored);
+    [[nodiscard]] std::optional<Row> rowIn(const SqliteQuery& query);
     void putRow(std::string_view key, const UserDefaults::Value& value);
     bool write(const Row& row, std::size_t offset, const UserDefaults::Write& write);
     [[nodiscard]] Head headBefore(std::int64_t id, std::size_t offset);
