@@ -12,6 +12,7 @@ endif()
 
 option(BRISKLOG_WARNINGS_AS_ERRORS "Treat every warning as an error" OFF)
 option(BRISKLOG_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(BRISKLOG_FUZZERS "Build the fuzzers; needs clang, sanitizes everything" OFF)
 
 add_library(brisklog-options INTERFACE)
 target_include_directories(brisklog-options INTERFACE ${CMAKE_SOURCE_DIR}/src)
@@ -20,9 +21,14 @@ target_compile_options(brisklog-options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     $<$<BOOL:${BRISKLOG_WARNINGS_AS_ERRORS}>:-Werror>
-    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined>)
+    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined>
+    $<$<BOOL:${BRISKLOG_FUZZERS}>:-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined
+        -fsanitize-ignorelist=${CMAKE_SOURCE_DIR}/tests/fuzz/ignored-checks.txt>)
 target_link_options(brisklog-options INTERFACE
-    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined>)
+    $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined>
+    $<$<BOOL:${BRISKLOG_FUZZERS}>:-fsanitize=address,undefined>)
+# Looking behind the end of a container is a finding too.
+target_compile_definitions(brisklog-options INTERFACE $<$<BOOL:${BRISKLOG_FUZZERS}>:_GLIBCXX_ASSERTIONS>)
 # Keywords such as "signals" would collide with other libraries' headers.
 target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 

@@ -47,7 +47,7 @@ constexpr std::size_t longestReaderMemory = std::size_t{1} << 24;
 /// much. The reader knows no refusal, so going beyond is an exception.
 class LimitedMemory {
 public:
-    static constexpr bool kNeedFree = true;
+    [[maybe_unused]] static constexpr bool kNeedFree = true;
 
     // The names are the reader's.
     static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }

@@ -54,7 +54,7 @@ int endOf(pid_t helper) {
     int status = 0;
     pid_t ended = 0;
     do
-        ended = ::waitpid(helper, &status, __WCLONE);
+        ended = ::waitpid(helper, &status, static_cast<int>(__WCLONE));
     while (ended < 0 && errno == EINTR);
     return ended == helper && WIFEXITED(status) ? WEXITSTATUS(status) : EIO;
 }

@@ -1,0 +1,20 @@
+// archivedInvoices.json, and the dates that the archive shows.
+
+#include "RoundTrip.h"
+
+#include "core/ArchivedInvoice.h"
+#include "foundation/GermanFormat.h"
+
+namespace brisklog::fuzz {
+
+void tryInput(std::string_view bytes) {
+    const auto invoices = decodedAndBack<std::vector<ArchivedInvoice>>(bytes, json::Layout::compact);
+    if (!invoices)
+        return;
+    for (const ArchivedInvoice& invoice : *invoices)
+        for (const auto form : {format::DateForm::mediumDate, format::DateForm::longDate,
+                                format::DateForm::monthAndYear, format::DateForm::weekday})
+            requireShowable(format::date(invoice.date, form));
+}
+
+} // namespace brisklog::fuzz

@@ -1,0 +1,88 @@
+#include "DefaultsFile.h"
+
+#include "platform/linux/SqliteUserDefaults.h"
+#include "support/FakeClock.h"
+#include "support/RecordingLog.h"
+
+#include <cstdlib>
+#include <fstream>
+
+namespace brisklog::fuzz {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The file, a fresh file in its place.
+constexpr int triesUntilItWorks = 2;
+
+const std::string picture(600, 'Q');
+
+void read(const UserDefaults& defaults, const UserDefaults::Entry& entry) {
+    const auto value = defaults.value(entry.key);
+    (void)numberValue(defaults, entry.key);
+    (void)truthValue(defaults, entry.key);
+    std::string inParts;
+    const auto reading = defaults.readData(entry.key, [&](DataParts& parts) {
+        while (const auto part = parts.next())
+            inParts += part->bytes;
+    });
+    if (reading == UserDefaults::Reading::complete && value && std::holds_alternative<Data>(*value))
+        require(std::get<Data>(*value).bytes == inParts, "in parts as whole");
+}
+
+/// Everything that the program does to a value that it found.
+void change(UserDefaults& defaults, const UserDefaults::Entry& entry) {
+    const auto before = dataValue(defaults, entry.key);
+    const std::size_t kept = before ? before->size() / 2 : entry.size / 2;
+    const bool isChanged = defaults.replaceTail(entry.key, kept, "\"" + picture + "\"");
+    const auto after = dataValue(defaults, entry.key);
+    if (before && isChanged && after)
+        require(*after == before->substr(0, kept) + "\"" + picture + "\"", "the rest of a value stays");
+    const std::string newKey = entry.key + " aside";
+    if (defaults.renameValue(entry.key, newKey))
+        defaults.removeValue(newKey);
+}
+
+bool keepsWhatItIsGiven(UserDefaults& defaults) {
+    defaults.setValue("fresh", Data{"new"});
+    defaults.setValue("text", std::string("kurz"));
+    return dataValue(defaults, "fresh") == "new" && textValue(defaults, "text") == "kurz";
+}
+
+} // namespace
+
+DefaultsFile::DefaultsFile() {
+    std::string name = fs::temp_directory_path() / "brisklog-fuzz-XXXXXX";
+    require(::mkdtemp(name.data()) != nullptr, "there is room for a folder");
+    m_folder = name;
+}
+
+DefaultsFile::~DefaultsFile() {
+    std::error_code ignored;
+    fs::remove_all(m_folder, ignored);
+}
+
+void DefaultsFile::reset(std::string_view bytes) const {
+    for (const auto& entry : fs::directory_iterator(m_folder))
+        fs::remove(entry.path());
+    std::ofstream(path(), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void DefaultsFile::use() const {
+    const test::FakeClock clock;
+    test::RecordingLog log;
+    SqliteUserDefaults defaults(path(), clock, log);
+    const auto entries = defaults.entries();
+    for (const auto& entry : entries)
+        read(defaults, entry);
+    for (const auto& entry : entries)
+        change(defaults, entry);
+    bool works = false;
+    for (int tries = 0; tries < triesUntilItWorks && !works; ++tries)
+        works = keepsWhatItIsGiven(defaults);
+    require(works, "a store works, on a fresh file at the latest");
+    defaults.synchronise();
+}
+
+} // namespace brisklog::fuzz

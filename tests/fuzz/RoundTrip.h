@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Fuzzer.h"
+
+#include "foundation/JsonCoding.h"
+#include "foundation/Text.h"
+
+#include <functional>
+#include <optional>
+
+namespace brisklog::fuzz {
+
+/// Decodes the bytes and holds what was decoded to its promises: it can be encoded, reads back as the same,
+/// and is then written as the same bytes. Absent for what does not decode.
+template <class T, class Same = std::equal_to<T>>
+std::optional<T> decodedAndBack(std::string_view bytes, json::Layout layout, Same same = {}) {
+    const auto decoded = json::decode<T>(bytes);
+    if (decoded.failed()) {
+        require(!decoded.error().description.empty(), "a refusal says why");
+        return std::nullopt;
+    }
+    const auto encoded = json::encode(decoded.value(), layout);
+    require(encoded.succeeded(), "what was decoded can be encoded");
+    const auto again = json::decode<T>(encoded.value().bytes());
+    require(again.succeeded(), "our own encoding decodes");
+    require(same(again.value(), decoded.value()), "our own encoding holds the same value");
+    const auto encodedAgain = json::encode(again.value(), layout);
+    require(encodedAgain.succeeded() && encodedAgain.value().bytes() == encoded.value().bytes(),
+            "the same value has the same encoding");
+    return decoded.value();
+}
+
+/// What a screen or a document is handed must be well-formed, whatever a file held.
+inline void requireShowable(std::string_view text) {
+    require(text::isValidUtf8(text), "a text to be shown is well-formed");
+}
+
+} // namespace brisklog::fuzz

@@ -1,0 +1,149 @@
+// The tracker's history: read whole, read in parts, continued and replaced.
+
+#include "RoundTrip.h"
+
+#include "autotrack/UsageHistoryEncoding.h"
+#include "autotrack/UsageHistoryStorage.h"
+#include "foundation/Base64.h"
+#include "support/FakeClock.h"
+#include "support/MemoryUserDefaults.h"
+
+#include <algorithm>
+
+namespace brisklog::fuzz {
+namespace {
+
+using Days = std::vector<DailyAppUsage>;
+
+constexpr std::string_view dataKey = "autoTrackingData";
+
+class ListedParts final : public DataParts {
+public:
+    void add(std::string_view bytes) { m_parts.push_back({bytes, nullptr}); }
+
+    void addObject(std::string_view bytes) {
+        m_parts.push_back({{}, std::make_shared<const std::string>(bytes)});
+    }
+
+    std::optional<DataPart> next() override {
+        if (m_position == m_parts.size())
+            return std::nullopt;
+        DataPart part = m_parts[m_position++];
+        // A copy of its own, so that looking behind the part's end is noticed.
+        m_current.assign(part.bytes.begin(), part.bytes.end());
+        part.bytes = part.repeated ? *part.repeated : std::string_view(m_current.data(), m_current.size());
+        return part;
+    }
+
+private:
+    std::vector<DataPart> m_parts;
+    std::size_t m_position = 0;
+    std::vector<char> m_current;
+};
+
+ListedParts cutEvery(std::size_t length, std::string_view bytes) {
+    ListedParts parts;
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(length, bytes.size())))
+        parts.add(bytes.substr(0, length));
+    return parts;
+}
+
+bool isDigit(char character) {
+    const std::array group{character, 'A', 'A', 'A'};
+    return base64::isWellFormed({group.data(), group.size()});
+}
+
+/// Long stretches of digits as objects of their own, as the database keeps them.
+ListedParts cutAsStored(std::string_view bytes) {
+    constexpr std::ptrdiff_t shortestObject = 4;
+    ListedParts parts;
+    while (!bytes.empty()) {
+        const bool areDigits = isDigit(bytes.front());
+        const auto* const end = std::ranges::find(bytes, !areDigits, isDigit);
+        const auto stretch = bytes.substr(0, static_cast<std::size_t>(end - bytes.begin()));
+        if (areDigits && std::ssize(stretch) >= shortestObject)
+            parts.addObject(stretch);
+        else
+            parts.add(stretch);
+        bytes.remove_prefix(stretch.size());
+    }
+    return parts;
+}
+
+Result<Days> decodedInParts(ListedParts parts) {
+    SharedDataPool pool;
+    return json::decode<Days>(parts, pool);
+}
+
+void requireSameValue(const Result<Days>& whole, const Result<Days>& inParts) {
+    require(inParts.succeeded() == whole.succeeded(), "in parts as whole, decoded or not");
+    if (whole.succeeded())
+        require(inParts.value() == whole.value(), "in parts as whole, the same value");
+}
+
+void requireSameHoweverCut(std::string_view bytes) {
+    const auto whole = json::decode<Days>(bytes);
+    // An object where no text can be is an error too, but told of the place behind it.
+    requireSameValue(whole, decodedInParts(cutAsStored(bytes)));
+    for (const std::size_t length : {1U, 7U, 64U}) {
+        const auto inParts = decodedInParts(cutEvery(length, bytes));
+        requireSameValue(whole, inParts);
+        if (whole.failed())
+            require(inParts.error() == whole.error(), "in parts as whole, the same complaint");
+    }
+}
+
+struct StringSink final : DataSink {
+    void append(std::string_view more) override { bytes += more; }
+
+    std::string bytes;
+};
+
+std::string compact(const Days& days) {
+    const auto encoded = json::encode(days, json::Layout::compact);
+    require(encoded.succeeded(), "a history can be encoded");
+    return std::string(encoded.value().bytes());
+}
+
+void requireSameStreamed(const Days& days) {
+    StringSink sink;
+    require(encodeHistory(days, {}, sink).succeeded(), "a history can be encoded bit by bit");
+    require(sink.bytes == compact(days), "bit by bit as whole");
+}
+
+/// Loads the stored bytes and closes a session, as the tracker does.
+void continueHistory(std::string_view bytes) {
+    test::MemoryUserDefaults defaults;
+    const test::FakeClock clock;
+    SharedDataPool icons;
+    defaults.setValue(dataKey, Data{std::string(bytes)});
+    UsageHistoryStorage storage(defaults, clock, icons);
+    const auto loaded = storage.load();
+    Days days = loaded.succeeded() ? loaded.value() : Days();
+    if (days.empty())
+        days.push_back({.id = {}, .date = clock.now(), .sessions = {}});
+    days.back().sessions.push_back({.id = {},
+                                    .appName = "Editor",
+                                    .bundleIdentifier = "editor",
+                                    .startTime = clock.now(),
+                                    .endTime = {},
+                                    .iconData = {}});
+    storage.noteSessionAppended(days.size() - 1);
+    require(storage.save(days).succeeded(), "a history can be continued");
+    require(dataValue(defaults, dataKey) == compact(days), "a continued history is the encoding of all days");
+    const bool isAside = std::ranges::any_of(defaults.entries(), [&](const auto& entry) {
+        return entry.key != dataKey && dataValue(defaults, entry.key) == bytes;
+    });
+    require(isAside == loaded.failed(), "what cannot be read is kept aside");
+}
+
+} // namespace
+
+void tryInput(std::string_view bytes) {
+    requireSameHoweverCut(bytes);
+    if (const auto days = decodedAndBack<Days>(bytes, json::Layout::compact))
+        requireSameStreamed(*days);
+    continueHistory(bytes);
+}
+
+} // namespace brisklog::fuzz

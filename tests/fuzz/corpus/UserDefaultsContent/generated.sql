@@ -1,0 +1,1 @@
+DROP TABLE value; CREATE TABLE value (id INTEGER PRIMARY KEY, key TEXT, type INTEGER, size INTEGER, content AS (zeroblob(size))); INSERT INTO value (key, type, size) VALUES ('text', 0, 900000000);

@@ -1,0 +1,1 @@
+INSERT INTO value (key, type, size, content) VALUES (x'00ff', 0, 2, CAST(x'ff00' AS TEXT)); UPDATE value SET key = '' WHERE id = 2;

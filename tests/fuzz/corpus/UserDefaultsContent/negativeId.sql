@@ -1,0 +1,1 @@
+UPDATE chunk SET place = place - (10 << 40); UPDATE value SET id = -5 WHERE id = 5;

@@ -1,0 +1,1 @@
+DROP TABLE value; CREATE TABLE value (id, key, type, size, content); INSERT INTO value VALUES ('a', NULL, 'b', 1.5, x'00'); INSERT INTO value VALUES (NULL, 'k', 4, 3, 'c');

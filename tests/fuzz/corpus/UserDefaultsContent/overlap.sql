@@ -1,0 +1,1 @@
+INSERT INTO chunk VALUES ((5 << 40) + 1, x'414243', NULL); DELETE FROM chunk WHERE piece IS NULL;

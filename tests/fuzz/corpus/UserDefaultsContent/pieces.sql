@@ -1,0 +1,1 @@
+UPDATE chunk SET piece = 77 WHERE piece = 1; DELETE FROM piece; INSERT INTO piece VALUES (77, 0, x'4142'); INSERT INTO piece (hash, bytes) VALUES (1, 'text');

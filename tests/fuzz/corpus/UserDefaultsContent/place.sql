@@ -1,0 +1,1 @@
+UPDATE chunk SET place = place + 1 WHERE bytes <> x'';

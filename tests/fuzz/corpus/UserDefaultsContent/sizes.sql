@@ -1,0 +1,1 @@
+UPDATE value SET size = -1 WHERE key = 'data'; UPDATE value SET size = 9223372036854775807 WHERE type = 0;

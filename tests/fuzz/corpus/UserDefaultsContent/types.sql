@@ -1,0 +1,1 @@
+UPDATE value SET type = 4 WHERE id = 1; UPDATE value SET type = 0 WHERE key = 'integer'; UPDATE value SET content = NULL WHERE type = 3;

@@ -1,0 +1,1 @@
+UPDATE value SET type = 9 WHERE id = 2;

@@ -1,0 +1,1 @@
+DROP TABLE value; CREATE VIEW value AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i AS id, 'k' || i AS key, 2 AS type, 0 AS size, i AS content FROM n;
