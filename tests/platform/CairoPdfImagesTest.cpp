@@ -115,6 +115,11 @@ TEST(CairoPdfImages, anImageCutShortIsSkipped) {
             expectSkipped(whole.substr(0, length));
 }
 
+TEST(CairoPdfImages, aPngThatClaimsMoreThanThereIsIsSkipped) {
+    std::string png = pngImage(40, 40);
+    expectSkipped(png.insert(png.find("IEND") - 4, "\x41\x54\x01\x25tEXtcomment"));
+}
+
 TEST(CairoPdfImages, anImageOfMoreThanThirtyTwoMillionPixelsIsSkipped) {
     expectSkipped(hugePng());
     expectSkipped(hugeJpeg());

@@ -183,6 +183,24 @@ TEST_F(QtImagesTest, whatWouldFillTheMemoryIsAnError) {
     EXPECT_EQ(complaint(gif), "too large an image");
 }
 
+TEST_F(QtImagesTest, aPngThatClaimsMoreThanThereIsIsAnError) {
+    const std::string whole = encoded(fourQuarters(16, 8), "PNG");
+    for (const char* const part : {"IDAT", "IEND"}) {
+        std::string png = whole;
+        png.insert(png.find(part) - 4, "\x41\x54\x01\x25tEXtcomment");
+        EXPECT_EQ(complaint(png), "the image is cut short") << part;
+    }
+}
+
+TEST_F(QtImagesTest, aPngOfMorePartsThanAnyProgramWritesIsAnError) {
+    const std::string whole = encoded(fourQuarters(16, 8), "PNG");
+    const std::string emptyPart("\0\0\0\0teXt\xD6\x2C\xB8\x2B", 12);
+    std::string parts;
+    for (int count = 0; count < 1 << 20; ++count)
+        parts += emptyPart;
+    EXPECT_EQ(complaint(std::string(whole).insert(whole.find("IDAT") - 4, parts)), "the image is cut short");
+}
+
 TEST_F(QtImagesTest, aPhotographInSeveralGoesIsAPictureButOneInHundredsIsNot) {
     QBuffer buffer;
     QImageWriter writer(&buffer, "jpeg");

@@ -1,6 +1,7 @@
 #include "platform/linux/CairoPdfImage.h"
 
 #include "platform/linux/CairoPdfJpeg.h"
+#include "platform/linux/PngParts.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -16,6 +17,8 @@ using OwnedImage = std::unique_ptr<cairo_surface_t, DestroyImage>;
 
 /// What the image reader itself is willing to hold in memory.
 constexpr qint64 mostPixels = 32'000'000;
+
+constexpr std::string_view pngSignature = "\x89PNG\r\n\x1a\n";
 
 bool isKnownFormat(const QByteArray& format) {
     constexpr std::array known{"png", "jpeg", "gif", "bmp", "tiff"};
@@ -85,6 +88,9 @@ OwnedImage decodedImage(std::string_view encoded) {
     QByteArray bytes = QByteArray::fromRawData(encoded.data(), static_cast<qsizetype>(encoded.size()));
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
+    if (encoded.starts_with(pngSignature) && claimsMoreThanThereIs(buffer))
+        return nullptr;
+    buffer.seek(0);
     QImageReader reader(&buffer);
     if (!isKnownFormat(reader.format()) || !isReasonable(reader.size()))
         return nullptr;

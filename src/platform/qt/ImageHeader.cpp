@@ -1,5 +1,7 @@
 #include "platform/qt/ImageHeader.h"
 
+#include "platform/linux/PngParts.h"
+
 #include <QIODevice>
 #include <QtEndian>
 #include <array>
@@ -114,6 +116,8 @@ std::optional<ImageHeader> readImageHeader(QIODevice& image) {
     ImageHeader header{.format = found->format, .size = {}};
     if (header.format == "gif")
         header.size = gifSize(begin);
+    if (header.format == "png")
+        header.isOverstated = claimsMoreThanThereIs(image);
     if (header.format == "jpeg") {
         header.isShrunkInBands = comesInOneGo(image);
         header.isEndless = !header.isShrunkInBands && hasTooManyScans(image);

@@ -18,6 +18,8 @@ struct ImageHeader {
     bool isShrunkInBands = false;
     /// A JPEG that goes over the same picture hundreds of times, to keep its reader busy for minutes.
     bool isEndless = false;
+    /// A PNG that makes its reader take memory for what is not there.
+    bool isOverstated = false;
 };
 
 /// Absent for what is no PNG, JPEG, GIF, BMP or TIFF. Leaves the device wherever it had to look.

@@ -91,6 +91,8 @@ Result<Bitmap> decodeFrom(ImageBytes& bytes, const Images::SizeRule& rule) {
     QImageReader reader(&bytes, header->format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
+    if (header->isOverstated)
+        return Error{"the image is cut short"};
     if (header->isEndless)
         return Error{"an image without end"};
     if (isTooLarge(bytes, *header, reader))
