@@ -3,7 +3,7 @@
 import subprocess
 import time
 
-from desktop import Program, main, wait_until
+from desktop import Program, command, main, wait_until
 
 
 def journey(program_path, desktop):
@@ -11,6 +11,8 @@ def journey(program_path, desktop):
     wait_until(desktop.popover_is_open, "the window that stands in for the popover")
     desktop.find("Kein Infobereich gefunden: Brisklog läuft als Fenster.")
     desktop.screenshot("window-without-panel")
+
+    wait_until(lambda: command("xdotool", "getactivewindow").strip() in desktop.windows(), "the keyboard to be in it")
 
     # Closing it keeps the program running; a second start brings it back.
     desktop.press("alt+F4")
