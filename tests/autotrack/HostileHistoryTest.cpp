@@ -75,8 +75,9 @@ public:
             tracker.startTracking();
             use("Editor", 5);
             tracker.stopTracking();
-            if (!underSanitizer)
+            if (!underSanitizer) {
                 EXPECT_LT(memoryFigure("VmHWM"), before + muchData / 2);
+            }
             AutoTrackingManager next(platformWith(database));
             EXPECT_EQ(next.dailyUsageData->size(), 1u);
             EXPECT_THAT(log.lines, ::testing::SizeIs(1));

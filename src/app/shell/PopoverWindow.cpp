@@ -144,8 +144,9 @@ void PopoverWindow::takeFocusBack() {
 }
 
 QWidget& PopoverWindow::frontWindow() {
-    QWidget* const sheet = QApplication::activeModalWidget();
-    return sheet != nullptr ? *sheet : *this;
+    if (QWidget* const sheet = QApplication::activeModalWidget())
+        return *sheet;
+    return *this;
 }
 
 bool PopoverWindow::event(QEvent* event) {

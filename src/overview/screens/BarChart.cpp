@@ -103,7 +103,7 @@ void BarChart::paintBar(QPainter& painter, const Palette& palette, std::size_t i
     const ChartBar& bar = m_content.bars[index];
     const QRect area = column(index);
     const qreal height = std::round(m_content.scale.share(bar.value) * area.height());
-    const qreal left = area.center().x() - m_look.barWidth / 2 + 1;
+    const int left = area.center().x() - m_look.barWidth / 2 + 1;
     const QRectF shape(left, area.bottom() + 1 - height, m_look.barWidth, height);
     fillRounded(painter, shape, std::min(barRadius, height / 2), palette.*m_look.barColor);
     const bool isLast = index + 1 == m_content.bars.size();

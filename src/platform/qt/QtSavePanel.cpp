@@ -88,7 +88,8 @@ QtSavePanel::QtSavePanel(const Files& files, Ground ground, QDBusConnection bus)
 QtSavePanel::~QtSavePanel() = default;
 
 void QtSavePanel::present(const SaveRequest& request, Completion completed) {
-    (new Run(*this, request, std::move(completed)))->start(m_bus);
+    auto* const run = new Run(*this, request, std::move(completed));
+    run->start(m_bus);
 }
 
 } // namespace brisklog
