@@ -70,6 +70,19 @@ TEST_F(SqliteBrokenFile, aDamagedBeginningIsSetAside) {
     expectSetAside(readFile(file()));
 }
 
+TEST_F(SqliteBrokenFile, damageThatLooksLikeALackOfMemoryIsSetAside) {
+    storeSomething();
+    const std::string whole = readFile(file());
+    const auto byteAt = [&](std::size_t at) { return std::size_t{static_cast<unsigned char>(whole[at])}; };
+    // The database's first page lists where the descriptions of its tables lie.
+    const std::size_t lastOfList = 108 + 2 * (byteAt(104) - 1);
+    const std::size_t description = byteAt(lastOfList) << 8 | byteAt(lastOfList + 1);
+    // It says to be 68 gigabytes long, and to go on where no bytes are.
+    constexpr std::string_view boastful("\xFF\xFF\xFF\xFF\xFF\x65\0\x20\0\0\0\x87\x74", 13);
+    overwrite(file(), description, boastful);
+    expectSetAside(readFile(file()));
+}
+
 TEST_F(SqliteBrokenFile, aStrangersDatabaseIsSetAside) {
     makeDatabase(file(), "CREATE TABLE value (id); INSERT INTO value VALUES (1)");
     expectSetAside(readFile(file()));

@@ -50,6 +50,8 @@ bool SqliteFailure::isFilesFault() const {
 
 bool SqliteFailure::isLock() const { return primaryCode(code) == SQLITE_BUSY; }
 
+bool SqliteFailure::isLackOfMemory() const { return primaryCode(code) == SQLITE_NOMEM; }
+
 bool SqliteFailure::isSharedMemorys() const {
     constexpr std::array codes{SQLITE_IOERR_SHMOPEN, SQLITE_IOERR_SHMSIZE, SQLITE_IOERR_SHMMAP,
                                SQLITE_IOERR_SHMLOCK};

@@ -28,6 +28,10 @@ struct SqliteFailure {
     /// Whether another process was in the way.
     [[nodiscard]] bool isLock() const;
 
+    /// Whether SQLite got no memory, or thinks so: a broken file that has it fetch what is not there looks
+    /// the same.
+    [[nodiscard]] bool isLackOfMemory() const;
+
     /// Whether only the memory shared between processes could not be made (a full disk does that).
     [[nodiscard]] bool isSharedMemorys() const;
 };

@@ -36,6 +36,13 @@ SqliteFailure cannotOpen(int systemError) {
     return {SQLITE_CANTOPEN, systemError, std::strerror(systemError)};
 }
 
+/// Whether there is memory enough to open a database, just now.
+bool isMemoryThere() {
+    SqliteDatabase database(":memory:", SqliteDatabase::Locking::shared);
+    sqlite_layout::prepare(database);
+    return !database.hasFailed();
+}
+
 /// Renames the database with what belongs to it; false when that cannot be. One that is gone is no failure.
 bool moveAway(const fs::path& file, const fs::path& target) {
     if (::rename(file.c_str(), target.c_str()) != 0 && errno != ENOENT)
@@ -128,6 +135,9 @@ SqliteUserDefaults::Storage::openDatabase(SqliteDatabase::Locking locking) {
     auto database = std::make_unique<SqliteDatabase>(m_file ? m_file->string() : ":memory:", locking);
     sqlite_layout::prepare(*database);
     auto failure = database->takeFailure();
+    // Taken at its word, a file broken in this way would be in the way at every start.
+    if (failure && failure->isLackOfMemory() && isMemoryThere())
+        failure->code = SQLITE_CORRUPT;
     if (failure)
         database->leaveFilesAlone();
     else
