@@ -69,6 +69,8 @@ void DesktopWithBus::startPortal(const QStringList& behaviour) {
 void DesktopWithBus::killPortal() {
     m_portal.kill();
     m_portal.waitForFinished(patience);
+    // The bus may hear of its end a moment later; until then the next portal would seem to be there already.
+    EXPECT_TRUE(waitUntil([this] { return !bus().interface()->isServiceRegistered(portalName).value(); }));
 }
 
 void DesktopWithBus::killBus() {

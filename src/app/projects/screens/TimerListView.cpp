@@ -50,6 +50,7 @@ bool TimerListView::showsTheSameTimers(const std::vector<TimerRow>& timers) cons
 
 void TimerListView::rebuild(const std::vector<TimerRow>& timers) {
     std::vector<TimerRowView*> rows;
+    rows.reserve(timers.size());
     for (const TimerRow& timer : timers)
         rows.push_back(takeRow(timer));
     // The press that ended a timer may still be under way in its row.
