@@ -74,7 +74,7 @@ std::string withoutQuotes(std::string word) {
 std::string programIn(const std::string& commandLine) {
     std::istringstream words(commandLine);
     for (std::string word; words >> word;) {
-        const std::string program = std::filesystem::path(withoutQuotes(word)).filename();
+        std::string program = std::filesystem::path(withoutQuotes(word)).filename();
         if (program != "env" && word.find('=') == std::string::npos)
             return program;
     }
