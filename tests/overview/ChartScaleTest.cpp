@@ -34,7 +34,8 @@ TEST(ChartScale, moneyFromCentsToMillions) {
 }
 
 TEST(ChartScale, everySizeHasFourToSixStepsAndRoomForIt) {
-    for (double most = 0.02; most < 1e15; most *= 1.07) {
+    for (int power = 0; power < 570; ++power) {
+        const double most = 0.02 * std::pow(1.07, power);
         const ChartScale scale = moneyScale({most, most / 2});
         EXPECT_GE(scale.stepCount, 4) << most;
         EXPECT_LE(scale.stepCount, 6) << most;
