@@ -39,6 +39,7 @@ TEST_F(LogoPickerChoice, whateverIsChosenAPngOfAtMostEightHundredIsKept) {
         {encoded(fourQuarters(800, 800), "PNG"), {800, 800}},
         {encoded(fourQuarters(3, 2), "BMP"), {3, 2}},
         {encoded(opaque, "JPEG"), {800, 200}},
+        {encoded(opaque.scaled(300, 75), "JPEG"), {300, 75}},
         {encoded(wide, "TIFF"), {800, 200}},
         // A camera held sideways: what counts is how it is seen.
         {turnedJpeg(opaque, 6), {200, 800}},

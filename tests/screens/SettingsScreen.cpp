@@ -31,17 +31,17 @@ protected:
     /// The popover's inside under its navigation bar.
     static constexpr QSize sectionSize{370, 592};
 
-    SettingsScreenTest() { reopen(); }
+    SettingsScreenTest() { openOver(settings); }
 
-    void reopen() {
+    void openOver(AppSettings& shownSettings) {
         screen = std::make_unique<SettingsScreen>(
-            settings, SettingsActions{.makeArchiveSheet =
-                                          [this] {
-                                              ++archivesMade;
-                                              return std::make_unique<SheetWindow>(u"Archiv"_s,
-                                                                                   QSize(400, 600));
-                                          },
-                                      .openLink = [this](std::string_view a) { opened.emplace_back(a); }});
+            shownSettings,
+            SettingsActions{.makeArchiveSheet =
+                                [this] {
+                                    ++archivesMade;
+                                    return std::make_unique<SheetWindow>(u"Archiv"_s, QSize(400, 600));
+                                },
+                            .openLink = [this](std::string_view a) { opened.emplace_back(a); }});
         screen->resize(sectionSize);
         showActive(*screen);
     }
@@ -179,11 +179,13 @@ TEST_F(SettingsScreenTest, theMenuChoosesAsTheArrowsDo) {
 TEST_F(SettingsScreenTest, openedAgainItShowsWhatTheFileHolds) {
     choose(u"Farbschema"_s, 1);
     choose(u"Zeitrundung"_s, 2);
-    const AppSettings loaded({files, defaults, log});
-    EXPECT_EQ(loaded.colorScheme.get(), ColorSchemeOption::dark);
-    reopen();
+    choose(u"Rechnungsrundung"_s, 2);
+    AppSettings loaded({files, defaults, log});
+    openOver(loaded);
     EXPECT_EQ(picker(u"Farbschema"_s).currentText(), u"Dunkel"_s);
     EXPECT_EQ(picker(u"Zeitrundung"_s).currentText(), u"10 Minuten"_s);
+    EXPECT_EQ(picker(u"Rechnungsrundung"_s).currentText(), u"Abrunden"_s);
+    screen.reset();
 }
 
 TEST_F(SettingsScreenTest, followsAChangeMadeElsewhere) {
