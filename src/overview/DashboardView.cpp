@@ -97,6 +97,7 @@ DashboardContent DashboardView::content() const {
             .weeklyTotal = formatDuration(figures.weeklyTotal),
             // Always by seven, however many days had work: an average of the week, not of its working days.
             .averagePerDay = formatDuration(figures.weeklyTotal / DashboardFigures::dayCount),
+            .hasTimers = !m_platform.store.activeEntries->empty(),
             .timers = timerRows(now),
             .revenue = revenueChart(monthlyRevenueData(figures, calendar, now)),
             .currentMonth = formatCurrency(figures.revenue.back())};

@@ -63,6 +63,8 @@ struct DashboardContent {
     ChartContent week;
     std::string weeklyTotal;
     std::string averagePerDay;
+    /// Also when none of them has a row, because their projects were deleted.
+    bool hasTimers = false;
     std::vector<ActiveTimerRow> timers;
     ChartContent revenue;
     std::string currentMonth;

@@ -290,6 +290,16 @@ TEST_F(ComponentAlert, itsActionConfirmsAfterItHasClosed) {
     EXPECT_EQ(host.holders(), 0);
 }
 
+TEST_F(ComponentAlert, whoeverWaitsForItsEndHearsOfItBeforeTheAction) {
+    std::vector<std::string> heard;
+    SheetWindow& shown =
+        presentAlert(host, {.title = u"a"_s, .message = u"b"_s}, [&] { heard.push_back("action"); });
+    shown.onClosed([&] { heard.push_back("end"); });
+    findNamed<QAbstractButton>(shown, u"Löschen"_s)->click();
+    settle();
+    EXPECT_EQ(heard, (std::vector<std::string>{"end", "action"}));
+}
+
 TEST_F(ComponentAlert, escapeCancels) {
     QTest::keyClick(&present(), Qt::Key_Escape);
     settle();

@@ -139,6 +139,7 @@ TEST_F(DashboardViewTest, timerOfADeletedProjectHasNoRow) {
     store.startTracking("Entwurf");
     setProjects({projectWith({})});
     EXPECT_TRUE(view.content().timers.empty());
+    EXPECT_TRUE(view.content().hasTimers);
 }
 
 TEST_F(DashboardViewTest, refreshesEveryThirtySecondsWhileItIsShown) {

@@ -1,5 +1,6 @@
 #include "overview/screens/CalendarScreen.h"
 
+#include "app/components/Palette.h"
 #include "screens/AutoTrackingBench.h"
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,35 @@ TEST_F(CalendarScreenTest, cellsAreNamedByTheirDayAndWhetherItHasData) {
     record(5, "Editor", 60);
     EXPECT_EQ(accessibleNameOf(cell(u"15. November 2026, mit Daten"_s)), u"15. November 2026, mit Daten"_s);
     EXPECT_EQ(cell(u"20. November 2026"_s).accessibleDescription(), u"Heute"_s);
+}
+
+TEST_F(CalendarScreenTest, dotsComeWithDataAndGoWithIt) {
+    openPanel();
+    // A day of the month on show, and one of its neighbour.
+    for (const auto& [daysAgo, name] : {std::pair{5, u"15. November 2026"_s}, {25, u"26. Oktober 2026"_s}}) {
+        const QImage without = cell(name).grab().toImage();
+        record(daysAgo, "Editor", 60);
+        const QImage with = cell(name + u", mit Daten"_s).grab().toImage();
+        const QPoint dot(with.width() / 2, 31);
+        EXPECT_NE(with.pixelColor(dot), without.pixelColor(dot));
+        EXPECT_EQ(with.pixelColor(dot), Palette::of(*screen).blue);
+        manager().clearAllData();
+        settle();
+        EXPECT_EQ(cell(name).grab().toImage(), without);
+    }
+}
+
+TEST_F(CalendarScreenTest, daysOfNeighbouringMonthsAreGreyed) {
+    openPanel();
+    const auto darkest = [this](const QString& name) {
+        const QImage image = cell(name).grab().toImage();
+        int lightness = 255;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                lightness = std::min(lightness, image.pixelColor(x, y).lightness());
+        return lightness;
+    };
+    EXPECT_GT(darkest(u"28. Oktober 2026"_s), darkest(u"18. November 2026"_s) + 30);
 }
 
 TEST_F(CalendarScreenTest, isOneStopForTheKeyboardBeginningWithToday) {

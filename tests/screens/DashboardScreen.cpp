@@ -62,11 +62,37 @@ protected:
             ->first;
     }
 
-    [[nodiscard]] bool shows(const QString& text) const {
+    [[nodiscard]] static QString textOf(const QLabel& label) {
+        return QString(label.text()).replace(u'\u00A0', u' ');
+    }
+
+    [[nodiscard]] QList<const QLabel*> visibleLabels() const {
+        QList<const QLabel*> labels;
         for (const auto* label : screen.findChildren<QLabel*>())
-            if (label->isVisible() && QString(label->text()).replace(u'\u00A0', u' ') == text)
-                return true;
-        return false;
+            if (label->isVisible())
+                labels.push_back(label);
+        return labels;
+    }
+
+    [[nodiscard]] qsizetype countOf(const QString& text) const {
+        return std::ranges::count(visibleLabels(), text, [](const QLabel* label) { return textOf(*label); });
+    }
+
+    [[nodiscard]] bool shows(const QString& text) const { return countOf(text) > 0; }
+
+    /// What stands in the same row, right of the caption.
+    [[nodiscard]] QString beside(const QString& caption) const {
+        const auto placeOf = [](const QLabel& label) {
+            return QRect(label.mapToGlobal(QPoint()), label.size());
+        };
+        for (const QLabel* left : visibleLabels())
+            for (const QLabel* right : visibleLabels()) {
+                const QRect place = placeOf(*right);
+                const bool isSameRow = std::abs(place.center().y() - placeOf(*left).center().y()) < 6;
+                if (textOf(*left) == caption && isSameRow && place.left() > placeOf(*left).left())
+                    return textOf(*right);
+            }
+        return {};
     }
 
     /// The whole column, however long, in both schemes.
@@ -116,6 +142,37 @@ TEST_F(DashboardScreenTest, showsEveryFigureUnderItsCaption) {
                                 u"Gesamt:"_s})
         EXPECT_TRUE(shows(text)) << text.toStdString();
     EXPECT_FALSE(shows(u"Keine aktiven Timer"_s));
+}
+
+TEST_F(DashboardScreenTest, everySumStandsBesideItsOwnCaption) {
+    bench.store.updateProject(0, "Website", 100);
+    addEntry(0, 0, 2);
+    addEntry(0, 8, 3);
+    addEntry(0, 40, 4);
+    open();
+    EXPECT_EQ(beside(u"Arbeitszeit heute:"_s), u"2 h 0 min"_s);
+    EXPECT_EQ(beside(u"Gesamtarbeitszeit:"_s), u"9 h 0 min"_s);
+    EXPECT_EQ(beside(u"Gesamtverdienst"_s), u"900,00 €"_s);
+    EXPECT_EQ(beside(u"Gesamt diese Woche:"_s), u"2 h 0 min"_s);
+    EXPECT_EQ(beside(u"Durchschnitt pro Tag:"_s), u"0 h 17 min"_s);
+    EXPECT_EQ(beside(u"Aktueller Monat:"_s), u"500,00 €"_s);
+    EXPECT_EQ(beside(u"Gesamt:"_s), u"900,00 €"_s);
+}
+
+TEST_F(DashboardScreenTest, projectWithoutRateShowsNoEarnings) {
+    bench.store.updateProject(0, "Website", 95);
+    bench.store.addProject("Buchhaltung", std::nullopt);
+    open();
+    EXPECT_EQ(countOf(u"Arbeitszeit:"_s), 2);
+    EXPECT_EQ(countOf(u"Verdienst:"_s), 1);
+}
+
+TEST_F(DashboardScreenTest, timerOfADeletedProjectHasNeitherRowNorTheSentenceThatNoneRuns) {
+    bench.store.startTracking("Entwurf");
+    bench.store.projects = std::vector<Project>();
+    open();
+    EXPECT_FALSE(shows(u"Keine aktiven Timer"_s));
+    EXPECT_FALSE(shows(u"Entwurf"_s));
 }
 
 TEST_F(DashboardScreenTest, emptyOneSaysThatNoTimerRuns) {

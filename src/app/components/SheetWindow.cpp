@@ -209,7 +209,7 @@ void SheetWindow::end() {
     const auto kept = std::exchange(m_kept, nullptr);
     if (const auto ended = std::exchange(m_ended, nullptr))
         ended();
-    if (const auto closed = std::exchange(m_closed, nullptr))
+    for (const auto& closed : std::exchange(m_closed, {}))
         closed();
 }
 

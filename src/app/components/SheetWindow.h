@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 class QHBoxLayout;
 class QVBoxLayout;
@@ -48,8 +49,8 @@ public:
         reject();
     }
 
-    /// Runs once when the sheet has closed, however that came about.
-    void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
+    /// Runs once when the sheet has closed, however that came about; all that were given, in their order.
+    void onClosed(std::function<void()> closed) { m_closed.push_back(std::move(closed)); }
 
     /// Keeps something alive until the sheet has closed.
     void keep(std::shared_ptr<void> token) { m_kept = std::move(token); }
@@ -82,7 +83,7 @@ private:
     QHBoxLayout* m_headerRow = nullptr;
     QHBoxLayout* m_footerRow = nullptr;
     Button* m_mainAction = nullptr;
-    std::function<void()> m_closed;
+    std::vector<std::function<void()>> m_closed;
     std::function<void()> m_ended;
     std::shared_ptr<void> m_kept;
     int m_leadingCount = 0;

@@ -1,5 +1,6 @@
 #include "overview/screens/CalendarCellView.h"
 
+#include "app/components/Figures.h"
 #include "app/components/Painting.h"
 
 #include <QKeyEvent>
@@ -56,9 +57,9 @@ void CalendarCellView::paintEvent(QPaintEvent*) {
         fillRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.2));
     else if (isHovered())
         fillRounded(painter, rect(), radius, withOpacity(palette.control, 0.5));
-    paintText(painter, QRect(0, numberTop, width(), numberHeight), QString::fromStdString(m_cell->dayNumber),
-              fontOf(*m_cell), m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter,
-              Qt::ElideNone);
+    paintFigures(painter, QRect(0, numberTop, width(), numberHeight),
+                 QString::fromStdString(m_cell->dayNumber), fontOf(*m_cell),
+                 m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter);
     if (m_cell->hasData)
         fillRounded(painter,
                     QRect((width() - dotSize) / 2, numberTop + numberHeight + dotGap, dotSize, dotSize),

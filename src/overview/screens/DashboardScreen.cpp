@@ -125,7 +125,7 @@ void DashboardScreen::refresh() {
     show(m_weeklyTotal, content.weeklyTotal);
     show(m_averagePerDay, content.averagePerDay);
     m_timers->show(content.timers, &ActiveTimerRowView::setTimer);
-    m_noTimers->setVisible(content.timers.empty());
+    m_noTimers->setVisible(!content.hasTimers);
     m_revenue->setContent(content.revenue);
     show(m_currentMonth, content.currentMonth);
     show(m_total, content.totalEarnings);
