@@ -57,7 +57,7 @@ def opened(path, desktop, **environment):
     program = Program(path, **environment)
     desktop.wait_for_icon()
     desktop.open_popover()
-    desktop.press_named("Aufgabe eingeben")
+    wait_until(lambda: desktop.find("Aufgabe eingeben").getState().contains(pyatspi.STATE_FOCUSED), "the keyboard in the field")
     return program
 
 
