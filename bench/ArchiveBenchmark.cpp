@@ -7,6 +7,8 @@
 
 #include "OffscreenApplication.h"
 #include "app/components/SheetWindow.h"
+#include "bench/Histories.h"
+#include "bench/IdlePlatform.h"
 #include "invoice/ArchiveSheetView.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
 #include "platform/linux/PosixFiles.h"
@@ -17,41 +19,19 @@
 #include <benchmark/benchmark.h>
 #include <cstdlib>
 #include <filesystem>
-#include <random>
 #include <unistd.h>
 #include <unordered_map>
 
 namespace brisklog {
 namespace {
 
+using namespace bench;
 namespace fs = std::filesystem;
 
 constexpr int projectCount = 20;
 constexpr int entriesPerInvoice = 10;
 constexpr TimeInterval hour = 3600;
 constexpr TimeInterval day = 24 * hour;
-
-class SilentLog final : public Log {
-public:
-    void print(std::string_view /*line*/) override {}
-};
-
-class IdleRunLoop final : public RunLoop {
-public:
-    std::unique_ptr<Timer> repeatEvery(TimeInterval, std::function<void()>) override { return nullptr; }
-
-    std::unique_ptr<Timer> runAfter(TimeInterval, std::function<void()>) override { return nullptr; }
-};
-
-/// Always the same row of identifiers.
-Uuid nextId() {
-    static std::mt19937_64 random(20261115);
-    std::string text = "00000000-0000-4000-8000-000000000000";
-    for (char& character : text)
-        if (character == '0')
-            character = "0123456789ABCDEF"[random() % 16];
-    return *Uuid::parse(text);
-}
 
 /// An archive of so many invoices, one every other day, each over ten entries of several projects.
 struct Archive {

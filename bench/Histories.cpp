@@ -8,7 +8,11 @@ namespace {
 
 constexpr int projectCount = 20;
 
-/// Always the same row of identifiers: the system's random source would take longer than what is measured.
+constexpr int sessionsPerDay = 275;
+constexpr std::size_t iconSize = 4000;
+
+} // namespace
+
 Uuid nextId() {
     static std::mt19937_64 random(20261115);
     std::string text = "00000000-0000-4000-8000-000000000000";
@@ -17,11 +21,6 @@ Uuid nextId() {
             character = "0123456789ABCDEF"[random() % 16];
     return *Uuid::parse(text);
 }
-
-constexpr int sessionsPerDay = 275;
-constexpr std::size_t iconSize = 4000;
-
-} // namespace
 
 std::vector<Project> workHistory(std::int64_t entryCount) {
     constexpr std::array names{"Entwurf der Startseite", "Besprechung mit dem Kunden", "Fehlersuche",

@@ -9,6 +9,9 @@
 
 namespace brisklog::bench {
 
+/// Always the same row of identifiers: the system's random source would take longer than what is measured.
+[[nodiscard]] Uuid nextId();
+
 /// Entries of ten minutes to two hours, one after the other over 20 projects, with names as people give them.
 [[nodiscard]] std::vector<Project> workHistory(std::int64_t entryCount);
 

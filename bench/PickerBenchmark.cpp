@@ -4,6 +4,7 @@
 // pictures too         at most as long as decoding the same ones one after another without scaling
 
 #include "OffscreenApplication.h"
+#include "bench/IdlePlatform.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/qt/QtBackground.h"
 #include "platform/qt/QtImages.h"
@@ -23,16 +24,12 @@
 namespace brisklog {
 namespace {
 
+using namespace bench;
 namespace fs = std::filesystem;
 
 constexpr int fileCount = 5000;
 /// How many tiles are seen at first, the row at the lower edge included.
 constexpr int seenAtFirst = 16;
-
-class SilentLog final : public Log {
-public:
-    void print(std::string_view /*line*/) override {}
-};
 
 QImage photograph(int number) {
     QImage image(3000, 2000, QImage::Format_RGB32);

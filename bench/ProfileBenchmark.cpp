@@ -4,6 +4,7 @@
 // typing a letter     at most 1 ms with the form read and painted anew, so that nobody feels it
 
 #include "OffscreenApplication.h"
+#include "bench/IdlePlatform.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SqliteUserDefaults.h"
 #include "platform/linux/SystemClock.h"
@@ -22,12 +23,8 @@
 namespace brisklog {
 namespace {
 
+using namespace bench;
 namespace fs = std::filesystem;
-
-class SilentLog final : public Log {
-public:
-    void print(std::string_view /*line*/) override {}
-};
 
 /// A filled-in profile in a home of its own.
 struct Desk {

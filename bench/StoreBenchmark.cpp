@@ -4,6 +4,7 @@
 // stopping    a timer among 100,000 entries at most 60 ms where the bare write takes 22.
 
 #include "bench/Histories.h"
+#include "bench/IdlePlatform.h"
 #include "core/TimeTrackingStore.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SqliteUserDefaults.h"
@@ -21,7 +22,7 @@
 namespace brisklog {
 namespace {
 
-using bench::workHistory;
+using namespace bench;
 namespace fs = std::filesystem;
 
 std::string bytesOf(const std::vector<Project>& projects) {
@@ -43,18 +44,6 @@ struct Home {
     Home& operator=(const Home&) = delete;
 
     ~Home() { fs::remove_all(path); }
-};
-
-class SilentLog final : public Log {
-public:
-    void print(std::string_view /*line*/) override {}
-};
-
-class IdleRunLoop final : public RunLoop {
-public:
-    std::unique_ptr<Timer> repeatEvery(TimeInterval, std::function<void()>) override { return nullptr; }
-
-    std::unique_ptr<Timer> runAfter(TimeInterval, std::function<void()>) override { return nullptr; }
 };
 
 /// The least that replacing a file can cost.

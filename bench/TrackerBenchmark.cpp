@@ -5,6 +5,7 @@
 
 #include "autotrack/AutoTrackingManager.h"
 #include "bench/Histories.h"
+#include "bench/IdlePlatform.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/SqliteUserDefaults.h"
 
@@ -59,11 +60,6 @@ public:
     }
 
     int application = 0;
-};
-
-class SilentLog final : public Log {
-public:
-    void print(std::string_view /*line*/) override {}
 };
 
 /// A machine with so many sessions on record, in a folder of its own.

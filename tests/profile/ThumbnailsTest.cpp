@@ -12,7 +12,6 @@ namespace {
 namespace fs = std::filesystem;
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ThumbnailsTest : public testing::Test {
 protected:
