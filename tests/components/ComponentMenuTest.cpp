@@ -18,7 +18,7 @@ class ComponentMenu : public ScreenTest {
 protected:
     ComponentMenu() { anchor.resize(120, 28); }
 
-    MenuPopup& open(MenuContent content) {
+    MenuPopup& open(const MenuContent& content) {
         showActive(anchor);
         auto* popup = static_cast<MenuPopup*>(showMenu(anchor, content));
         m_popup = popup;
