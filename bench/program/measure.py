@@ -115,9 +115,9 @@ class Screen:
 
 
 def processor_seconds(process):
-    """Of all its threads, in nanoseconds' precision."""
-    return sum(int((task / "schedstat").read_text().split()[0])
-               for task in Path(f"/proc/{process.pid}/task").iterdir()) / 1e9
+    """Of all its threads, also those that have ended, in nanoseconds' precision."""
+    process_clock = (~process.pid << 3) | 2  # as clock_getcpuclockid gives it
+    return time.clock_gettime(process_clock)
 
 
 def memory(process):

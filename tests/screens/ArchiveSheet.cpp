@@ -146,6 +146,7 @@ TEST_F(ArchiveSheet, theKeyboardsInvoiceHasTheRing) {
 
 TEST_F(ArchiveSheet, twoThousandInvoicesOpenWithoutMakingOneWait) {
     std::vector<ArchivedInvoice> invoices;
+    invoices.reserve(2000);
     for (int count = 0; count < 2000; ++count)
         invoices.push_back({.id = Uuid::generate(),
                             .invoiceNumber = std::to_string(count),
