@@ -2,6 +2,7 @@
 
 #include "DesktopFixture.h"
 #include "FakeKWin.h"
+#include "FrontmostExpectations.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -11,10 +12,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using Availability = FrontmostApplication::Availability;
-
-DesktopApplication application(const std::string& name) {
-    return {.localizedName = name, .bundleIdentifier = name};
-}
 
 QVariantList window(const QString& desktopFile, const QString& windowClass, const QString& process = u"0"_s) {
     return {desktopFile, windowClass, QString(), process};
@@ -67,8 +64,7 @@ protected:
     }
 
     [[nodiscard]] bool becomes(const std::optional<DesktopApplication>& expected) {
-        return waitUntil(
-            [&] { return frontmost().current() == expected && frontmost().current() == expected; });
+        return becomesFrontmost(frontmost(), expected);
     }
 
 private:
@@ -81,8 +77,7 @@ TEST_F(KWinFrontmostApplicationTest, whatItIsToldIsInFront) {
     watchUntilTheScriptRuns();
     EXPECT_EQ(frontmost().current(), std::nullopt);
     kwin().tell(window(u"editor"_s, u"Editor-Class"_s));
-    EXPECT_TRUE(
-        becomes(DesktopApplication{.localizedName = "Editor-Class", .bundleIdentifier = "Editor-Class"}));
+    EXPECT_TRUE(becomes(application("Editor-Class")));
     kwin().tell(window(u"browser"_s, u""_s));
     EXPECT_TRUE(becomes(application("browser")));
     kwin().tell({});

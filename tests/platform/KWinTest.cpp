@@ -1,9 +1,7 @@
-#include "WaylandDesktop.h"
+#include "CompositorTest.h"
 #include "platform/qt/FrontmostApplicationChoice.h"
 #include "platform/qt/KWinFrontmostApplication.h"
 
-#include <QElapsedTimer>
-#include <csignal>
 #include <gmock/gmock.h>
 
 namespace brisklog::test {
@@ -14,69 +12,31 @@ using Availability = FrontmostApplication::Availability;
 
 const QString scriptName = u"example.brisklog.Brisklog.frontmost"_s;
 
-DesktopApplication application(const std::string& name, const std::string& identifier) {
-    return {.localizedName = name, .bundleIdentifier = identifier};
-}
-
 /// The real window manager of KDE.
-class KWinTest : public WaylandDesktop {
+class KWinTest : public CompositorTest {
 protected:
     void SetUp() override {
-        WaylandDesktop::SetUp();
+        CompositorTest::SetUp();
         startKWin();
-        if (IsSkipped() || HasFatalFailure())
-            return;
-        m_frontmost = std::make_unique<KWinFrontmostApplication>(bus());
-        ASSERT_TRUE(waitUntil([this] { return frontmost().availability() == Availability::available; }));
+        if (!IsSkipped() && !HasFatalFailure())
+            ask([this] { return std::make_unique<KWinFrontmostApplication>(bus()); });
     }
-
-    void TearDown() override {
-        end();
-        WaylandDesktop::TearDown();
-    }
-
-    FrontmostApplication& frontmost() { return *m_frontmost; }
-
-    void end() { m_frontmost.reset(); }
-
-    [[nodiscard]] bool becomes(const std::optional<DesktopApplication>& expected) {
-        return waitUntil(
-            [&] { return frontmost().current() == expected && frontmost().current() == expected; });
-    }
-
-private:
-    std::unique_ptr<FrontmostApplication> m_frontmost;
 };
 
 TEST_F(KWinTest, namesTheProgramWhoseWindowIsInFront) {
-    install("org.example.Editor", "Name=Editor\nName[de]=Schreibprogramm");
-    install("browser-of-mine", "Name=Browser\nStartupWMClass=Browser");
+    installPrograms();
     install("org.example.Window", "Name=Fenster\nExec=test-window %U");
     frontmost().beginWatching();
     EXPECT_EQ(frontmost().current(), std::nullopt);
-    startWindow(u"org.example.Editor"_s);
-    EXPECT_TRUE(becomes(application("Schreibprogramm", "org.example.Editor")));
-    startWindow(u"browser"_s);
-    EXPECT_TRUE(becomes(application("Browser", "browser-of-mine")));
+    expectProgramsByTheirEntries([this](const QString& id) { startWindow(id); });
     startWindow(u"other"_s);
     EXPECT_TRUE(becomes(application("Fenster", "org.example.Window"))) << "recognised by its process";
-
-    bringToFrontOnKWin(u"org.example.Editor"_s);
-    EXPECT_TRUE(becomes(application("Schreibprogramm", "org.example.Editor")));
-    bringToFrontOnKWin(u"browser"_s);
-    EXPECT_TRUE(becomes(application("Browser", "browser-of-mine")));
+    expectProgramsByTheirEntries([this](const QString& id) { bringToFrontOnKWin(id); });
 }
 
 TEST_F(KWinTest, afterTheLastWindowNothingIsInFront) {
     frontmost().beginWatching();
-    QProcess& one = startWindow(u"one"_s);
-    EXPECT_TRUE(becomes(application("one", "one")));
-    QProcess& two = startWindow(u"two"_s);
-    EXPECT_TRUE(becomes(application("two", "two")));
-    two.kill();
-    EXPECT_TRUE(becomes(application("one", "one")));
-    one.kill();
-    EXPECT_TRUE(becomes(std::nullopt));
+    expectNothingAfterTheLastWindow();
 }
 
 TEST_F(KWinTest, theScriptIsThereOnlyWhileWatching) {
@@ -84,14 +44,14 @@ TEST_F(KWinTest, theScriptIsThereOnlyWhileWatching) {
     EXPECT_FALSE(isLoadedInKWin(scriptName));
     for (int times = 0; times < 3; ++times) {
         frontmost().beginWatching();
-        EXPECT_TRUE(becomes(application("one", "one")));
+        EXPECT_TRUE(becomes(application("one")));
         EXPECT_TRUE(isLoadedInKWin(scriptName));
         frontmost().endWatching();
         EXPECT_EQ(frontmost().current(), std::nullopt);
         EXPECT_TRUE(waitUntil([this] { return !isLoadedInKWin(scriptName); }));
     }
     frontmost().beginWatching();
-    end();
+    stopAsking();
     EXPECT_TRUE(waitUntil([this] { return !isLoadedInKWin(scriptName); }));
 }
 
@@ -102,7 +62,7 @@ TEST_F(KWinTest, switchingBackAndForthEndsWithTheLastWish) {
         frontmost().endWatching();
     }
     frontmost().beginWatching();
-    EXPECT_TRUE(becomes(application("one", "one")));
+    EXPECT_TRUE(becomes(application("one")));
 }
 
 TEST_F(KWinTest, aScriptLeftBehindIsReplaced) {
@@ -110,7 +70,7 @@ TEST_F(KWinTest, aScriptLeftBehindIsReplaced) {
     loadIntoKWin(scriptName, u"var left = 1;"_s);
     EXPECT_TRUE(isLoadedInKWin(scriptName));
     frontmost().beginWatching();
-    EXPECT_TRUE(becomes(application("one", "one")));
+    EXPECT_TRUE(becomes(application("one")));
 }
 
 TEST_F(KWinTest, theScriptRunsThoughItsNumberIsTaken) {
@@ -120,36 +80,18 @@ TEST_F(KWinTest, theScriptRunsThoughItsNumberIsTaken) {
     // KWin counts the scripts it has to number the next one.
     unloadFromKWin(u"first"_s);
     frontmost().beginWatching();
-    EXPECT_TRUE(becomes(application("one", "one")));
+    EXPECT_TRUE(becomes(application("one")));
     EXPECT_EQ(frontmost().availability(), Availability::available);
 }
 
 TEST_F(KWinTest, isUnavailableWhenItEnds) {
     frontmost().beginWatching();
-    startWindow(u"one"_s);
-    EXPECT_TRUE(becomes(application("one", "one")));
-    endCompositor();
-    EXPECT_TRUE(waitUntil([this] { return frontmost().availability() == Availability::unavailable; }));
-    EXPECT_TRUE(becomes(std::nullopt));
+    expectUnavailableOnceItEnds();
 }
 
 TEST_F(KWinTest, keepsNobodyWaitingWhenItHangs) {
     frontmost().beginWatching();
-    startWindow(u"one"_s);
-    EXPECT_TRUE(becomes(application("one", "one")));
-    ASSERT_EQ(::kill(static_cast<pid_t>(compositorProcess()), SIGSTOP), 0);
-    constexpr int soon = 1000;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    EXPECT_EQ(frontmost().current(), application("one", "one"));
-    frontmost().endWatching();
-    frontmost().beginWatching();
-    EXPECT_EQ(frontmost().current(), std::nullopt);
-    const KWinFrontmostApplication other(bus());
-    EXPECT_EQ(other.availability(), Availability::beingFoundOut);
-    EXPECT_LT(elapsed.elapsed(), soon);
-    ASSERT_EQ(::kill(static_cast<pid_t>(compositorProcess()), SIGCONT), 0);
-    EXPECT_TRUE(becomes(application("one", "one")));
+    expectNobodyWaitsWhileItHangs();
 }
 
 TEST_F(KWinTest, isChosenWhereItAnswers) {
@@ -157,7 +99,7 @@ TEST_F(KWinTest, isChosenWhereItAnswers) {
     chosen->beginWatching();
     EXPECT_TRUE(waitUntil([&] { return chosen->availability() == Availability::available; }));
     startWindow(u"one"_s);
-    EXPECT_TRUE(waitUntil([&] { return chosen->current() == application("one", "one"); }));
+    EXPECT_TRUE(waitUntil([&] { return chosen->current() == application("one"); }));
 }
 
 } // namespace

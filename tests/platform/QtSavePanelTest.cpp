@@ -2,6 +2,7 @@
 
 #include "DesktopFixture.h"
 #include "platform/linux/PosixFiles.h"
+#include "support/screen/Windows.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -55,17 +56,9 @@ struct Panel {
     bool wasHeldAtCompletion = false;
 };
 
-template <class T>
-T* topLevel() {
-    for (QWidget* const widget : QApplication::topLevelWidgets())
-        if (auto* const match = qobject_cast<T*>(widget); match && match->isVisible())
-            return match;
-    return nullptr;
-}
-
 QFileDialog* waitForDialog() {
-    EXPECT_TRUE(waitUntil([] { return topLevel<QFileDialog>() != nullptr; }));
-    return topLevel<QFileDialog>();
+    EXPECT_TRUE(waitUntil([] { return visibleWindow<QFileDialog>() != nullptr; }));
+    return visibleWindow<QFileDialog>();
 }
 
 QString nameIn(const QFileDialog& dialog) { return dialog.findChild<QLineEdit*>()->text(); }
@@ -115,7 +108,7 @@ TEST_F(SaveDialog, savingGivesTheFile) {
     EXPECT_TRUE(panel.endsOnce());
     EXPECT_EQ(panel.chosen, home.documents() / "Rechnung.pdf");
     EXPECT_TRUE(panel.wasHeldAtCompletion);
-    EXPECT_EQ(topLevel<QFileDialog>(), nullptr);
+    EXPECT_EQ(visibleWindow<QFileDialog>(), nullptr);
 }
 
 TEST_F(SaveDialog, cancellingGivesNone) {
@@ -147,8 +140,8 @@ TEST_F(SaveDialog, anExistingFileIsOnlyReplacedWhenTheUserSaysSo) {
     auto* const dialog = waitForDialog();
     // The question runs an event loop of its own inside the click.
     QTimer::singleShot(0, dialog, [] {
-        ASSERT_TRUE(waitUntil([] { return topLevel<QMessageBox>() != nullptr; }));
-        topLevel<QMessageBox>()->button(QMessageBox::No)->click();
+        ASSERT_TRUE(waitUntil([] { return visibleWindow<QMessageBox>() != nullptr; }));
+        visibleWindow<QMessageBox>()->button(QMessageBox::No)->click();
     });
     buttonOf(*dialog, u"Speichern"_s)->click();
     EXPECT_EQ(panel.completions, 0);
@@ -222,7 +215,7 @@ TEST_F(PortalSavePanel, thePortalIsAskedAsItWantsToBe) {
     EXPECT_TRUE(panel().endsOnce());
     EXPECT_EQ(panel().chosen, home.documents() / "Rechnung 2.pdf");
     EXPECT_TRUE(panel().wasHeldAtCompletion);
-    EXPECT_EQ(topLevel<QFileDialog>(), nullptr);
+    EXPECT_EQ(visibleWindow<QFileDialog>(), nullptr);
     const std::string asked = calls();
     EXPECT_THAT(asked, HasSubstr("SaveFile parent= title=Rechnung als PDF exportieren\n"));
     EXPECT_THAT(asked, HasSubstr("  accept_label=Speichern\n"));
@@ -250,7 +243,7 @@ TEST_F(PortalSavePanel, cancellingAndClosingGiveNone) {
         panel().present("Rechnung.pdf");
         EXPECT_TRUE(panel().endsOnce());
         EXPECT_FALSE(panel().chosen);
-        EXPECT_EQ(topLevel<QFileDialog>(), nullptr);
+        EXPECT_EQ(visibleWindow<QFileDialog>(), nullptr);
         killPortal();
     }
 }

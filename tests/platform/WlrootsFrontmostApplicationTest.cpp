@@ -2,6 +2,7 @@
 
 #include "DesktopFixture.h"
 #include "FakeCompositor.h"
+#include "FrontmostExpectations.h"
 
 #include <gmock/gmock.h>
 
@@ -10,10 +11,6 @@ namespace {
 
 using Availability = FrontmostApplication::Availability;
 using Offer = FakeCompositor::Offer;
-
-DesktopApplication application(const std::string& name) {
-    return {.localizedName = name, .bundleIdentifier = name};
-}
 
 /// A compositor that says what a test wants it to.
 class WlrootsFrontmostApplicationTest : public Desktop {
@@ -45,10 +42,8 @@ protected:
         compositor().tellDone(window);
     }
 
-    /// Whether this is in front in the end, also when asked a second time.
     [[nodiscard]] bool becomes(const std::optional<DesktopApplication>& expected) {
-        return waitUntil(
-            [&] { return frontmost().current() == expected && frontmost().current() == expected; });
+        return becomesFrontmost(frontmost(), expected);
     }
 
     const std::vector<std::uint32_t> active{FakeCompositor::maximized, FakeCompositor::activated};

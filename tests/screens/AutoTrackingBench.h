@@ -6,6 +6,7 @@
 #include "overview/screens/DayDetailWindow.h"
 #include "platform/qt/QtImages.h"
 #include "screens/ProjectScreenBench.h"
+#include "support/screen/Windows.h"
 
 #include <QTest>
 
@@ -60,11 +61,7 @@ protected:
 
     /// The day windows on the screen, the oldest first.
     [[nodiscard]] static std::vector<DayDetailWindow*> dayWindows() {
-        std::vector<DayDetailWindow*> windows;
-        for (QWidget* const widget : QApplication::topLevelWidgets())
-            if (auto* const window = dynamic_cast<DayDetailWindow*>(widget); window && window->isVisible())
-                windows.push_back(window);
-        return windows;
+        return visibleWindows<DayDetailWindow>();
     }
 
     void press(Qt::Key key) {

@@ -10,6 +10,7 @@
 #include "support/TemporaryHome.h"
 #include "support/VirtualBackground.h"
 #include "support/screen/ScreenTest.h"
+#include "support/screen/Windows.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -57,12 +58,7 @@ protected:
         settle();
     }
 
-    [[nodiscard]] static LogoPickerWindow* window() {
-        for (QWidget* const each : QApplication::topLevelWidgets())
-            if (auto* const found = dynamic_cast<LogoPickerWindow*>(each); found && found->isVisible())
-                return found;
-        return nullptr;
-    }
+    [[nodiscard]] static LogoPickerWindow* window() { return visibleWindow<LogoPickerWindow>(); }
 
     [[nodiscard]] static ListView& tiles() { return *window()->findChild<ListView*>(); }
 

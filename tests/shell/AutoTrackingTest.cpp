@@ -1,6 +1,7 @@
 #include "app/components/Palette.h"
 #include "overview/screens/DayDetailWindow.h"
 #include "shell/WholeProgram.h"
+#include "support/screen/Windows.h"
 
 namespace brisklog::test {
 namespace {
@@ -26,11 +27,7 @@ protected:
     }
 
     [[nodiscard]] static std::vector<DayDetailWindow*> dayWindows() {
-        std::vector<DayDetailWindow*> windows;
-        for (QWidget* const widget : QApplication::topLevelWidgets())
-            if (auto* const window = dynamic_cast<DayDetailWindow*>(widget); window && window->isVisible())
-                windows.push_back(window);
-        return windows;
+        return visibleWindows<DayDetailWindow>();
     }
 };
 

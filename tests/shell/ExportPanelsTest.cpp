@@ -6,6 +6,7 @@
 #include "invoice/ReportExport.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/qt/QtSavePanel.h"
+#include "support/screen/Windows.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -91,12 +92,7 @@ public:
 
 class ExportPanels : public ScreenTest {
 protected:
-    static QFileDialog* panel() {
-        for (QWidget* const widget : QApplication::topLevelWidgets())
-            if (auto* const dialog = qobject_cast<QFileDialog*>(widget); dialog && dialog->isVisible())
-                return dialog;
-        return nullptr;
-    }
+    static QFileDialog* panel() { return visibleWindow<QFileDialog>(); }
 
     static void press(QFileDialog& dialog, const QString& caption) {
         for (QPushButton* const button : dialog.findChildren<QPushButton*>())

@@ -8,8 +8,8 @@ class QSocketNotifier;
 
 namespace brisklog {
 
-/// A connection of our own to the compositor of this session. It reads what has come and never waits for
-/// anything. The objects made on it must go before it does.
+/// A connection of our own to the compositor that draws this desktop. It reads what has come and never waits
+/// for anything. The objects made on it must go before it does.
 class WaylandConnection {
 public:
     /// `closed` is called when the compositor has gone or has thrown us out; not when none was there.

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "FrontmostExpectations.h"
+#include "WaylandDesktop.h"
+
+#include <functional>
+
+namespace brisklog::test {
+
+/// A real compositor that is asked which application is in front, and what holds for each of them.
+class CompositorTest : public WaylandDesktop {
+protected:
+    using MakeFrontmost = std::function<std::unique_ptr<FrontmostApplication>()>;
+
+    void TearDown() override;
+
+    /// Asks in this way from now on; it is available when this returns.
+    void ask(const MakeFrontmost& makeFrontmost);
+
+    void stopAsking() { m_frontmost.reset(); }
+
+    FrontmostApplication& frontmost() { return *m_frontmost; }
+
+    [[nodiscard]] bool becomes(const std::optional<DesktopApplication>& expected) {
+        return becomesFrontmost(frontmost(), expected);
+    }
+
+    /// Two entries of desktop programs, and their windows coming to the front.
+    void installPrograms();
+    void expectProgramsByTheirEntries(const std::function<void(const QString& id)>& bringToFront);
+
+    void expectNothingAfterTheLastWindow();
+    void expectUnavailableOnceItEnds();
+    void expectNobodyWaitsWhileItHangs();
+
+private:
+    MakeFrontmost m_makeFrontmost;
+    std::unique_ptr<FrontmostApplication> m_frontmost;
+};
+
+} // namespace brisklog::test
