@@ -1,6 +1,8 @@
 #include "foundation/JsonDecoder.h"
 
+#include "foundation/JsonDocumentStream.h"
 #include "foundation/JsonPartStream.h"
+#include "foundation/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -18,20 +20,11 @@ namespace brisklog::json {
 namespace {
 
 // Numbers come as text: the reader's own conversion steps outside its tables on exponents and strings of
-// zeros that no program writes but a file may hold.
-constexpr unsigned parseFlags = rapidjson::kParseNumbersAsStringsFlag |
-                                rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
+// zeros that no program writes but a file may hold. Texts come unchecked: the reader's own check goes byte by
+// byte and lets a lone surrogate written as an escape through.
+constexpr unsigned parseFlags = rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseIterativeFlag;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-/// The reader checks the bytes but lets a lone surrogate written as an escape through: in UTF-8 it begins
-/// with 0xED and a byte from 0xA0 on.
-bool holdsSurrogate(std::string_view text) {
-    for (auto at = text.find('\xED'); at != std::string_view::npos; at = text.find('\xED', at + 1))
-        if (at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) >= 0xA0)
-            return true;
-    return false;
-}
 
 /// The number nearest to a JSON number's text; none beyond the range of doubles.
 std::optional<double> nearestDouble(std::string_view digits) {
@@ -108,12 +101,15 @@ public:
     bool String(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
         const auto object = takeTextObject();
         const std::string_view text = object ? *object : std::string_view(characters, length);
-        if (!object && holdsSurrogate(text))
-            return complain("text is not well-formed Unicode");
+        if (!object && !text::isValidUtf8(text))
+            return complain(malformedText);
         return take("text", [&](const ValueDecoder& decoder, void* target) -> Complaint {
             if (decoder.takeData)
                 return takeData(decoder, target,
                                 object ? m_pool.fromBase64(object) : m_pool.fromBase64(text));
+            // Most objects are Base64, each in many thousand places; only those read as text are checked.
+            if (object && !text::isValidUtf8(text))
+                return malformedText;
             return decoder.readText ? decoder.readText(target, text) : wrongType;
         });
     }
@@ -131,14 +127,14 @@ public:
 
     bool Key(const char* characters, rapidjson::SizeType length, bool /*copy*/) {
         const auto object = takeTextObject();
-        if (m_skippedDepth > 0)
-            return true;
-        Frame& record = m_frames.back();
         const std::string_view key = object ? *object : std::string_view(characters, length);
+        if (m_skippedDepth > 0)
+            return isWellFormedKey(key);
+        Frame& record = m_frames.back();
         const std::size_t index = indexOf(record, key);
         if (index == record.decoder->fields.size()) {
             m_skippedDepth = 1;
-            return !holdsSurrogate(key) || complain("key is not well-formed Unicode");
+            return isWellFormedKey(key);
         }
         record.seen |= std::uint64_t{1} << index;
         record.position = index;
@@ -214,6 +210,11 @@ private:
     };
 
     static constexpr Complaint wrongType = "";
+    static constexpr Complaint malformedText = "text is not well-formed Unicode";
+
+    bool isWellFormedKey(std::string_view key) {
+        return text::isValidUtf8(key) || complain("key is not well-formed Unicode");
+    }
 
     /// The text just read, where it is an object of its own; null where the reader itself read it.
     [[nodiscard]] std::shared_ptr<const std::string> takeTextObject() {
@@ -328,7 +329,7 @@ Error followedByMore(std::size_t offset) {
 } // namespace
 
 Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes) {
-    rapidjson::MemoryStream stream(bytes.data(), bytes.size());
+    DocumentStream stream(bytes.data(), bytes.size());
     // Other programs' editors may have put one in front; ours never does.
     if (bytes.starts_with(byteOrderMark))
         stream.src_ += byteOrderMark.size();

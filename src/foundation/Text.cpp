@@ -33,7 +33,7 @@ UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
 
 bool isWhiteSpace(UChar32 character) { return character >= 0 && u_isUWhiteSpace(character); }
 
-/// How many ASCII characters the bytes begin with, rounded down to whole blocks.
+/// How many ASCII characters the bytes begin with.
 std::size_t leadingAscii(std::string_view bytes) {
     constexpr std::uint64_t highBits = 0x8080808080808080;
     std::size_t length = 0;
@@ -42,6 +42,8 @@ std::size_t leadingAscii(std::string_view bytes) {
         if ((block & highBits) != 0)
             break;
     }
+    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80)
+        ++length;
     return length;
 }
 

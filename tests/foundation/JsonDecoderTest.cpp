@@ -60,6 +60,15 @@ TEST(JsonDecoder, orderOfKeysDoesNotMatter) {
     EXPECT_EQ(valueOf<Leaf>(turned).note, "n");
 }
 
+TEST(JsonDecoder, indentationOfAnyDepthIsPassedOver) {
+    for (const char* const other : {"", " ", "\n", "\t", "\r\n"})
+        for (std::size_t depth = 0; depth < 40; ++depth) {
+            const std::string space = std::string(depth, ' ') + other;
+            EXPECT_EQ(valueOf<std::vector<double>>("[" + space + "1" + space + "," + space + "2]" + space),
+                      (std::vector{1.0, 2.0}));
+        }
+}
+
 TEST(JsonDecoder, whiteSpaceDoesNotMatter) {
     EXPECT_EQ(valueOf<std::vector<double>>(" \t\r\n[ 1 ,\n2\t] \n"), (std::vector<double>{1, 2}));
 }
@@ -307,7 +316,35 @@ TEST(JsonDecoder, malformedUtf8IsRefusedEverywhere) {
         EXPECT_NE(errorOf<std::vector<std::string>>("[\"a"s + bad), "");
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x"s + bad + "\":2}"), "") << "in a key";
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":[\""s + bad + "\"]}"), "") << "below an unknown key";
+        EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":{\"y"s + bad + "\":2}}"), "") << "in a key below";
+        EXPECT_NE(errorOf<Knot>("{\"width\":1,\"mark\":\"0123456789\\n"s + bad + "01234567\"}"), "");
     }
+}
+
+TEST(JsonDecoder, textsAreReadWhateverStandsWhereInThem) {
+    for (const auto& [written, read] : {std::pair{"a", "a"},
+                                        {"ä", "ä"},
+                                        {"😀", "😀"},
+                                        {R"(\")", "\""},
+                                        {R"(\\)", "\\"},
+                                        {R"(\u20ac)", "€"},
+                                        {"\x7F", "\x7F"}})
+        for (std::size_t before = 0; before < 20; ++before)
+            for (std::size_t after = 0; after < 20; ++after) {
+                const std::string bytes =
+                    "[\"" + std::string(before, 'b') + written + std::string(after, 'e') + "\"]";
+                EXPECT_EQ(valueOf<std::vector<std::string>>(bytes)[0],
+                          std::string(before, 'b') + read + std::string(after, 'e'));
+            }
+}
+
+TEST(JsonDecoder, controlCharactersInTextsAreRefused) {
+    for (char control = 0; control < ' '; ++control)
+        for (std::size_t before = 0; before < 20; ++before) {
+            const std::string bytes =
+                "[\"" + std::string(before, 'b') + std::string(1, control) + "0123456789\"]";
+            EXPECT_NE(errorOf<std::vector<std::string>>(bytes), "");
+        }
 }
 
 TEST(JsonDecoder, loneSurrogatesWrittenAsEscapesAreRefused) {

@@ -153,6 +153,13 @@ TEST(JsonParts, anObjectOutsideATextIsAnError) {
               "[0].image: text is no Base64 (byte 27)");
 }
 
+TEST(JsonParts, anObjectThatIsNoUnicodeIsNeitherTextNorKey) {
+    EXPECT_EQ(errorOfParts<Pictures>("[{\"name\":\"<\xFF>\"}]"),
+              "[0].name: text is not well-formed Unicode (byte 12)");
+    EXPECT_EQ(errorOfParts<Pictures>("[{\"name\":\"\",\"<\xFF>\":1}]"),
+              "[0].name: key is not well-formed Unicode (byte 15)");
+}
+
 /// A beginning, and then the same character again and again.
 class EndlessParts final : public DataParts {
 public:

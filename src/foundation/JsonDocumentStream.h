@@ -1,0 +1,74 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
+
+namespace brisklog::json {
+
+/// One document that is whole in memory, as the reader's input stream. What the reader would take character
+/// by character, indentation and the texts, it takes in blocks from this one.
+struct DocumentStream : rapidjson::MemoryStream {
+    using rapidjson::MemoryStream::MemoryStream;
+
+    using Block = std::uint64_t;
+
+    /// That character in each byte.
+    static constexpr Block each(char character) {
+        return 0x0101010101010101U * static_cast<unsigned char>(character);
+    }
+
+    /// Whether one of the bytes is less than `limit`, which is at most 0x80.
+    static constexpr bool hasLess(Block block, char limit) {
+        return ((block - each(limit)) & ~block & each('\x80')) != 0;
+    }
+
+    static constexpr bool has(Block block, char character) { return hasLess(block ^ each(character), 1); }
+
+    /// Passes over all blocks from here on for which that is true.
+    template <class Predicate>
+    void skipBlocks(Predicate isSkipped) {
+        for (Block block = 0; end_ - src_ >= static_cast<std::ptrdiff_t>(sizeof block);
+             src_ += sizeof block) {
+            std::memcpy(&block, src_, sizeof block);
+            if (!isSkipped(block))
+                return;
+        }
+    }
+};
+
+} // namespace brisklog::json
+
+namespace rapidjson {
+
+template <>
+inline void SkipWhitespace(brisklog::json::DocumentStream& stream) {
+    using Stream = brisklog::json::DocumentStream;
+    const auto isWhitespace = [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; };
+    while (isWhitespace(stream.Peek())) {
+        stream.Take();
+        stream.skipBlocks([](Stream::Block block) { return block == Stream::each(' '); });
+    }
+}
+
+// Called only where the texts' encoding is not checked by the reader.
+template <>
+template <>
+inline void Reader::ScanCopyUnescapedString(brisklog::json::DocumentStream& stream,
+                                            Reader::StackStream<char>& text) {
+    using Stream = brisklog::json::DocumentStream;
+    const char* const begin = stream.src_;
+    stream.skipBlocks([](Stream::Block block) {
+        return !Stream::has(block, '"') && !Stream::has(block, '\\') && !Stream::hasLess(block, ' ');
+    });
+    const auto isPlain = [](char c) { return c != '"' && c != '\\' && static_cast<unsigned char>(c) >= ' '; };
+    while (isPlain(stream.Peek()))
+        stream.Take();
+    const auto length = static_cast<SizeType>(stream.src_ - begin);
+    std::copy_n(begin, length, static_cast<char*>(text.Push(length)));
+}
+
+} // namespace rapidjson
