@@ -1,6 +1,8 @@
 // What writing an invoice costs: 5 ms for an ordinary one, 250 ms and 40 MB for the longest anybody will
-// write.
+// write. Beside it what the table's cells alone cost when they are drawn the plain way.
 
+#include "bench/PlainTable.h"
+#include "invoice/InvoiceTexts.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/linux/CairoPdfFacility.h"
 
@@ -80,7 +82,18 @@ void writeInvoice(benchmark::State& state) {
     state.counters["extra_MB"] = peakMemory() - before;
 }
 
+/// The table's cells alone, drawn the plain way.
+void writeInvoiceCellsPlainly(benchmark::State& state) {
+    InvoiceTexts texts;
+    addTable(texts, entries(state.range(0)), 85.5, now);
+    std::vector<bench::PlainRow> rows;
+    for (const InvoiceRow& row : texts.rows)
+        rows.push_back({row.description, row.duration, row.rate, row.amount});
+    bench::timePlainTable(state, rows);
+}
+
 BENCHMARK(writeInvoice)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK(writeInvoiceCellsPlainly)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace brisklog

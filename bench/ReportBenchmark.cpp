@@ -1,6 +1,8 @@
 // What writing an entry report costs: no more than 250 ms for the longest project anybody will have.
 
+#include "bench/PlainTable.h"
 #include "invoice/InvoiceGenerator.h"
+#include "invoice/ReportTexts.h"
 #include "platform/linux/CairoPdfFacility.h"
 
 #include <benchmark/benchmark.h>
@@ -42,7 +44,18 @@ void writeReport(benchmark::State& state) {
     state.counters["document_bytes"] = static_cast<double>(bytes);
 }
 
+/// The rows' cells alone, drawn the plain way.
+void writeReportCellsPlainly(benchmark::State& state) {
+    const ReportTexts texts = reportTexts(projectOf(state.range(0)), {}, now);
+    std::vector<bench::PlainRow> rows;
+    for (const ReportRow& row : texts.rows)
+        rows.push_back({row.taskName, row.start.day, row.start.time, row.end.day, row.end.time, row.duration,
+                        row.earnings.value_or("")});
+    bench::timePlainTable(state, rows);
+}
+
 BENCHMARK(writeReport)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);
+BENCHMARK(writeReportCellsPlainly)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace brisklog
