@@ -244,7 +244,7 @@ TEST_F(ComponentSheet, hasAHeaderOfFiftyTwoAndAFooterOfFiftySix) {
 
 class ComponentAlert : public ScreenTest {
 protected:
-    SheetWindow& present(AlertContent content = {
+    SheetWindow& present(const AlertContent& content = {
                              .title = u"Projekt löschen?"_s,
                              .message = u"Diese Aktion kann nicht rückgängig gemacht werden."_s}) {
         showActive(host);

@@ -122,9 +122,11 @@ TEST_F(StoreFailure, folderWithoutWritePermissionKeepsEverythingInMemory) {
     EXPECT_FALSE(end.failed);
 }
 
+std::string fiftyMegabytesOf(char character) { return std::string().append(50000000, character); }
+
 TEST_F(StoreFailure, fiftyMegabytesOfNoiseAreRefused) {
     std::mt19937_64 random(1);
-    std::string noise(50000000, '\0');
+    std::string noise = fiftyMegabytesOf('\0');
     for (std::size_t at = 0; at + 8 <= noise.size(); at += 8) {
         const auto block = random();
         std::memcpy(&noise[at], &block, 8);
@@ -138,13 +140,13 @@ TEST_F(StoreFailure, fiftyMegabytesOfNoiseAreRefused) {
 }
 
 TEST_F(StoreFailure, fiftyMegabytesOfBracketsAreRefused) {
-    writeFile(file("projects.json"), std::string(50000000, '['));
+    writeFile(file("projects.json"), fiftyMegabytesOf('['));
     const auto store = start();
     EXPECT_EQ(otherLines().size(), 1U);
 }
 
 TEST_F(StoreFailure, fiftyMegabytesOfOneTextAreRefusedWhenItNeverEnds) {
-    writeFile(file("customers.json"), "[\"" + std::string(50000000, 'x'));
+    writeFile(file("customers.json"), "[\"" + fiftyMegabytesOf('x'));
     const auto store = start();
     EXPECT_EQ(log.countStartingWith("Error loading customers: "), 1U);
 }

@@ -12,7 +12,7 @@ protected:
 
     std::unique_ptr<TimeTrackingStore> store = startQuietly();
     const Names projectsOnly{"projects.json"};
-    const Names nothing;
+    const Names nothing{};
 };
 
 // Projects

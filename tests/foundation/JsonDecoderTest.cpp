@@ -63,9 +63,10 @@ TEST(JsonDecoder, orderOfKeysDoesNotMatter) {
 TEST(JsonDecoder, indentationOfAnyDepthIsPassedOver) {
     for (const char* const other : {"", " ", "\n", "\t", "\r\n"})
         for (std::size_t depth = 0; depth < 40; ++depth) {
-            const std::string space = std::string(depth, ' ') + other;
-            EXPECT_EQ(valueOf<std::vector<double>>("[" + space + "1" + space + "," + space + "2]" + space),
-                      (std::vector{1.0, 2.0}));
+            std::string bytes;
+            for (const char* const token : {"[", "1", ",", "2", "]"})
+                bytes.append(token).append(depth, ' ').append(other);
+            EXPECT_EQ(valueOf<std::vector<double>>(bytes), (std::vector{1.0, 2.0}));
         }
 }
 

@@ -139,7 +139,7 @@ TEST(Layering, librariesLinkDownwardsOnly) {
     for (const auto& [box, libraries] : linked)
         for (const std::string& library : libraries)
             if (!mayInclude(box, library))
-                wrong.push_back(box + " links " + library);
+                wrong.push_back((box + " links ").append(library));
     EXPECT_THAT(wrong, IsEmpty());
     EXPECT_GT(linked.size(), 4U);
 }

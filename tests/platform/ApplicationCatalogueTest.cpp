@@ -48,7 +48,7 @@ TEST(WindowName, isOneLineOfWellFormedText) {
 }
 
 TEST(WindowName, isNotEndlessAndCutBetweenCharacters) {
-    const std::string half(512 * 1024, 'x');
+    const std::string half(std::size_t{512} * 1024, 'x');
     EXPECT_EQ(windowName(half), std::string(256, 'x'));
     EXPECT_EQ(windowName(std::string(255, 'x') + "ü" + half), std::string(255, 'x'));
     EXPECT_EQ(windowName(std::string(254, 'x') + "ü" + half), std::string(254, 'x') + "ü");

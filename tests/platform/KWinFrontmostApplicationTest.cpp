@@ -116,7 +116,7 @@ TEST_F(KWinFrontmostApplicationTest, strangeTextsAreMadeNames) {
     watchUntilTheScriptRuns();
     kwin().tell(window(u""_s, u"Two\nLines\x1b[1m"_s));
     EXPECT_TRUE(becomes(application("Two Lines [1m")));
-    const QString half(512 * 1024, u'x');
+    const QString half(qsizetype{512} * 1024, u'x');
     kwin().tell(window(half, half, half));
     EXPECT_TRUE(becomes(application(std::string(256, 'x'))));
 }

@@ -28,7 +28,8 @@ protected:
     }
 
     static std::uint32_t pixel(const Bitmap& picture, int x, int y) {
-        return picture.pixels.at(static_cast<std::size_t>(y * picture.size.width + x));
+        return picture.pixels.at(static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.size.width) +
+                                 static_cast<std::size_t>(x));
     }
 
     static int channel(std::uint32_t pixel, int shift) { return static_cast<int>(pixel >> shift & 0xFF); }
