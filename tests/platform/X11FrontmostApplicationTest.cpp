@@ -206,7 +206,7 @@ TEST_F(X11FrontmostApplicationTest, iconWithoutEntryIsTheWindows) {
     std::vector<std::uint32_t> icons{small, small};
     icons.resize(2 + small * small, 0xFFFF0000);
     icons.insert(icons.end(), {large, large});
-    icons.resize(icons.size() + large * large, blue);
+    icons.resize(icons.size() + std::size_t{large} * large, blue);
     TestWindow window;
     window.setClass("own", "Own");
     window.setNumbers("_NET_WM_ICON", XCB_ATOM_CARDINAL, icons);

@@ -1,6 +1,8 @@
 #include "profile/FileItem.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
+#include <iterator>
 
 namespace brisklog::test {
 namespace {
@@ -11,9 +13,10 @@ using testing::IsEmpty;
 /// The names as they come out; folders are given with a slash and come out with it.
 std::vector<std::string> offered(const std::vector<std::string>& names) {
     std::vector<FolderEntry> entries;
-    for (const std::string& name : names)
-        entries.push_back(name.ends_with('/') ? FolderEntry{name.substr(0, name.size() - 1), true}
-                                              : FolderEntry{name, false});
+    std::ranges::transform(names, std::back_inserter(entries), [](const std::string& name) {
+        return name.ends_with('/') ? FolderEntry{name.substr(0, name.size() - 1), true}
+                                   : FolderEntry{name, false};
+    });
     std::vector<std::string> found;
     for (const FileItem& item : offeredItems("/Bilder", entries))
         found.push_back(item.name() + (item.isDirectory ? "/" : ""));

@@ -1,18 +1,13 @@
-#include "profile/UserProfile.h"
-#include "support/MemoryUserDefaults.h"
-#include "support/RecordingFiles.h"
-#include "support/RecordingLog.h"
-#include "support/TemporaryHome.h"
+#include "ProfileFixture.h"
 
+#include <algorithm>
 #include <array>
-#include <gtest/gtest.h>
+#include <iterator>
 
 namespace brisklog::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t largestLogo = 2097152;
 
 constexpr const char* filledIn = R"({
   "companyName": "Blau GmbH",
@@ -47,43 +42,22 @@ constexpr std::array allTexts{
 constexpr std::array allFigures{&UserProfile::logoPositionX, &UserProfile::logoPositionY,
                                 &UserProfile::logoWidth, &UserProfile::logoHeight};
 
-class FakeLogoPicker final : public LogoPickerPresenter {
-public:
-    void present(const std::string& title, Completion completed) override {
-        titles.push_back(title);
-        pending = std::move(completed);
-        isOpen = true;
+class Profile : public ProfileFixture {
+protected:
+    template <typename Value>
+    static std::vector<Value> valuesOf(const UserProfile& profile, const auto& members) {
+        std::vector<Value> values;
+        std::ranges::transform(members, std::back_inserter(values),
+                               [&profile](const auto member) { return (profile.*member).get(); });
+        return values;
     }
 
-    void close() override { isOpen = false; }
-
-    std::vector<std::string> titles;
-    Completion pending;
-    bool isOpen = false;
-};
-
-class Profile : public testing::Test {
-protected:
-    [[nodiscard]] ProfilePlatform platform() { return {files, defaults, log, &picker}; }
-
-    [[nodiscard]] fs::path folder() const { return home.applicationSupport() / "Pennavo"; }
-
-    [[nodiscard]] fs::path profileFile() const { return folder() / "profile.json"; }
-
-    [[nodiscard]] fs::path logoFile() const { return folder() / "userLogo.png"; }
-
     static std::vector<std::string> textsOf(const UserProfile& profile) {
-        std::vector<std::string> texts;
-        for (const auto text : allTexts)
-            texts.push_back((profile.*text).get());
-        return texts;
+        return valuesOf<std::string>(profile, allTexts);
     }
 
     static std::vector<double> figuresOf(const UserProfile& profile) {
-        std::vector<double> figures;
-        for (const auto figure : allFigures)
-            figures.push_back((profile.*figure).get());
-        return figures;
+        return valuesOf<double>(profile, allFigures);
     }
 
     static void expectDefaults(const UserProfile& profile) {
@@ -110,12 +84,6 @@ protected:
         EXPECT_TRUE(log.lines[0].starts_with("Error loading profile data: ")) << log.lines[0];
         EXPECT_EQ(readFile(profileFile()), bytes);
     }
-
-    TemporaryHome home;
-    RecordingFiles files;
-    MemoryUserDefaults defaults;
-    RecordingLog log;
-    FakeLogoPicker picker;
 };
 
 TEST_F(Profile, freshStartMakesTheFolderButNoFile) {
@@ -201,89 +169,6 @@ TEST_F(Profile, figureThatIsNotFiniteIsNotWritten) {
               std::vector<std::string>{"Error saving profile data: logoWidth: number is not finite"});
 }
 
-// The logo
-
-TEST_F(Profile, logoIsWrittenAsItIsAndComesBackAtTheNextStart) {
-    const std::string logo("\x89PNG\0not really", 16);
-    {
-        UserProfile profile(platform());
-        profile.logoData = logo;
-    }
-    EXPECT_EQ(readFile(logoFile()), logo);
-    EXPECT_EQ(log.lines, std::vector<std::string>{"Logo erfolgreich in Datei gespeichert: " +
-                                                  logoFile().string() + " (16 Bytes)"});
-    files.written.clear();
-    const UserProfile again(platform());
-    EXPECT_EQ(again.logoData.get(), logo);
-    EXPECT_EQ(files.written, std::vector<std::string>{"userLogo.png"}) << "loading writes it back";
-    EXPECT_EQ(log.lines.size(), 2U);
-}
-
-TEST_F(Profile, logoDoesNotTouchTheProfileFile) {
-    UserProfile profile(platform());
-    profile.logoData = "logo";
-    EXPECT_FALSE(fs::exists(profileFile()));
-}
-
-TEST_F(Profile, logoOfExactlyTwoMebibytesIsWritten) {
-    UserProfile profile(platform());
-    profile.logoData = std::string(largestLogo, 'x');
-    EXPECT_EQ(fs::file_size(logoFile()), largestLogo);
-    ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_TRUE(log.lines[0].ends_with(" (2097152 Bytes)"));
-}
-
-TEST_F(Profile, largerLogoIsUsedButNotWrittenAndTheOlderOneStaysOnDisk) {
-    UserProfile profile(platform());
-    profile.logoData = "older";
-    log.lines.clear();
-    profile.logoData = std::string(largestLogo + 1, 'x');
-    EXPECT_EQ(log.lines,
-              std::vector<std::string>{"Logo ist zu groß (2097153 Bytes). Wird nicht gespeichert."});
-    EXPECT_EQ(profile.logoData.get()->size(), largestLogo + 1);
-    EXPECT_EQ(readFile(logoFile()), "older");
-    EXPECT_EQ(UserProfile(platform()).logoData.get(), "older");
-}
-
-TEST_F(Profile, removingTheLogoDeletesItsFileOnce) {
-    UserProfile profile(platform());
-    profile.logoData = "logo";
-    log.lines.clear();
-    profile.logoData = std::nullopt;
-    EXPECT_FALSE(fs::exists(logoFile()));
-    EXPECT_EQ(log.lines, std::vector<std::string>{"Logo-Datei gelöscht"});
-    profile.logoData = std::nullopt;
-    EXPECT_EQ(log.lines.size(), 1U);
-}
-
-TEST_F(Profile, everyWriteOfTheLogoClearsTheOlderPlaceWithoutTakingItOver) {
-    defaults.setValue("profile_logoData", Data{"older"});
-    UserProfile profile(platform());
-    EXPECT_EQ(profile.logoData.get(), std::nullopt);
-    EXPECT_FALSE(defaults.holds("profile_logoData"));
-    defaults.setValue("profile_logoData", Data{"older"});
-    profile.logoData = "logo";
-    EXPECT_FALSE(defaults.holds("profile_logoData"));
-}
-
-TEST_F(Profile, failedWriteOfTheLogoPrintsOneLineAndKeepsItInMemory) {
-    UserProfile profile(platform());
-    files.writesFail = true;
-    profile.logoData = "logo";
-    EXPECT_EQ(profile.logoData.get(), "logo");
-    ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_TRUE(log.lines[0].starts_with("Fehler beim Speichern des Logos: ")) << log.lines[0];
-}
-
-TEST_F(Profile, unreadableLogoIsReportedAndLeftBehindOnlyWhenItCannotBeDeleted) {
-    fs::create_directories(logoFile() / "in the way");
-    const UserProfile profile(platform());
-    EXPECT_EQ(profile.logoData.get(), std::nullopt);
-    ASSERT_EQ(log.lines.size(), 2U);
-    EXPECT_TRUE(log.lines[0].starts_with("Fehler beim Laden des Logos: ")) << log.lines[0];
-    EXPECT_TRUE(log.lines[1].starts_with("Fehler beim Löschen der Logo-Datei: ")) << log.lines[1];
-}
-
 TEST_F(Profile, folderThatCannotBeMadeIsOneLineForEachTry) {
     writeFile(home.applicationSupport() / "Pennavo", "a file in the folder's place");
     UserProfile profile(platform());
@@ -328,13 +213,6 @@ TEST_F(Profile, everyOlderKeyIsTakenOverInOrderAndSavedOnceMore) {
     EXPECT_EQ(figuresOf(profile), (std::vector<double>{14, 15, 16, 17}));
 }
 
-TEST_F(Profile, logoIsLoadedBeforeOlderValuesAreTakenOver) {
-    writeFile(logoFile(), "logo");
-    defaults.setValue("profile_city", "Pirna");
-    const UserProfile profile(platform());
-    EXPECT_EQ(files.written, (std::vector<std::string>{"userLogo.png", "profile.json", "profile.json"}));
-}
-
 TEST_F(Profile, taxOfficeHasNoOlderKey) {
     defaults.setValue("profile_taxOffice", "Pirna");
     const UserProfile profile(platform());
@@ -365,25 +243,6 @@ TEST_F(Profile, olderValueThatIsNoTextStaysWhereItIs) {
     EXPECT_EQ(profile.city.get(), "");
     EXPECT_TRUE(defaults.holds("profile_city"));
     EXPECT_TRUE(files.written.empty());
-}
-
-// The logo picker
-
-TEST_F(Profile, chosenImageBecomesTheLogoAndClosesThePicker) {
-    UserProfile profile(platform());
-    profile.loadLogoFromFile();
-    EXPECT_EQ(picker.titles, std::vector<std::string>{"Logo auswählen"});
-    EXPECT_TRUE(picker.isOpen);
-    picker.pending("image");
-    EXPECT_EQ(profile.logoData.get(), "image");
-    EXPECT_EQ(readFile(logoFile()), "image");
-    EXPECT_FALSE(picker.isOpen);
-}
-
-TEST_F(Profile, withoutAPickerNothingHappens) {
-    UserProfile profile({files, defaults, log, nullptr});
-    profile.loadLogoFromFile();
-    EXPECT_EQ(profile.logoData.get(), std::nullopt);
 }
 
 TEST_F(Profile, observersAreToldOfEveryWrite) {
