@@ -83,6 +83,16 @@ TEST_F(SqliteBrokenFile, damageThatLooksLikeALackOfMemoryIsSetAside) {
     expectSetAside(readFile(file()));
 }
 
+TEST_F(SqliteBrokenFile, keysThatTheirIndexHasLostAreSetAside) {
+    storeSomething();
+    const std::string whole = readFile(file());
+    // The key stands in its row and, in a page behind it, in the index.
+    const std::size_t inIndex = whole.rfind("short");
+    ASSERT_LT(whole.find("short"), inIndex);
+    overwrite(file(), inIndex, "shirt");
+    expectSetAside(readFile(file()));
+}
+
 TEST_F(SqliteBrokenFile, aStrangersDatabaseIsSetAside) {
     makeDatabase(file(), "CREATE TABLE value (id); INSERT INTO value VALUES (1)");
     expectSetAside(readFile(file()));

@@ -53,16 +53,26 @@ void change(SqliteDatabase& database, const char* statements) {
         database.fail(*failure);
 }
 
+/// A key that its index has lost would be stored a second time, or stored and never found again. The list of
+/// values is short however much they hold, so that looking it through costs nothing.
+void checkKeys(SqliteDatabase& database) {
+    SqliteQuery query = database.query("PRAGMA integrity_check('value')");
+    if (query.next() && query.bytes(0) != "ok")
+        database.failAsCorrupt(query.bytes(0));
+}
+
 } // namespace
 
 void prepare(SqliteDatabase& database) {
     switch (lookAtContent(database)) {
     case Content::ours:
+        checkKeys(database);
         return;
     case Content::foreign:
         database.failAsCorrupt("not a store this version can read");
         return;
     case Content::earlier:
+        checkKeys(database);
         change(database, addPieces);
         return;
     case Content::none:
