@@ -7,7 +7,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    # Without these it would keep nothing that was compiled with precompiled headers.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 option(BRISKLOG_WARNINGS_AS_ERRORS "Treat every warning as an error" OFF)
@@ -17,6 +18,10 @@ option(BRISKLOG_FUZZERS "Build the fuzzers; needs clang, sanitizes everything" O
 add_library(brisklog-options INTERFACE)
 target_include_directories(brisklog-options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(brisklog-options INTERFACE
+    # Precompiled headers fit only where all options are the same.
+    -pthread
+    # Tells the compiler cache which precompiled headers were used.
+    $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
     # g++ 12 sees overlaps in text + text that are not there (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
@@ -32,6 +37,11 @@ target_compile_definitions(brisklog-options INTERFACE $<$<BOOL:${BRISKLOG_FUZZER
 # Keywords such as "signals" would collide with other libraries' headers.
 target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 
+# Headers that most screens or tests include are read once for all of them, which saves a third of a build's time.
+# The tidy preset does without, so that a file which includes too little is found.
+set(BRISKLOG_STANDARD_HEADERS <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <string> <vector>)
+set(BRISKLOG_WIDGET_HEADERS <QApplication> <QKeyEvent> <QLabel> <QListView> <QMouseEvent> <QPainter> <QPointer> <QToolTip>)
+
 # brisklog_box(NAME libraries…): every .cpp file of the calling folder becomes the static library brisklog-NAME.
 function(brisklog_box name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -39,6 +49,9 @@ function(brisklog_box name)
     add_library(brisklog-${name} STATIC ${sources})
     set_target_properties(brisklog-${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(brisklog-${name} PUBLIC brisklog-options ${ARGN})
+    if("${ARGN}" MATCHES "brisklog-(components|[a-z]+-screens)")
+        target_precompile_headers(brisklog-${name} REUSE_FROM brisklog-components)
+    endif()
 endfunction()
 
 # brisklog_tests(NAME libraries…): every .cpp file of the calling folder becomes one GoogleTest program;
@@ -47,6 +60,10 @@ function(brisklog_tests name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     add_executable(test-${name} ${sources})
     target_link_libraries(test-${name} PRIVATE brisklog-test-support ${ARGN})
+    if("${ARGN}" MATCHES "brisklog-screen-test-support")
+        target_precompile_headers(test-${name} PRIVATE
+            ${BRISKLOG_STANDARD_HEADERS} ${BRISKLOG_WIDGET_HEADERS} <QTest> <gmock/gmock.h> <gtest/gtest.h>)
+    endif()
     gtest_discover_tests(test-${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
         ENVIRONMENT "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/library-leaks.txt")
 endfunction()
