@@ -74,7 +74,7 @@ struct Archive {
 
     static fs::path makeHome() {
         std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
-        const fs::path path = ::mkdtemp(name.data());
+        fs::path path = ::mkdtemp(name.data());
         ::setenv("HOME", path.c_str(), 1);
         return path;
     }
