@@ -26,7 +26,7 @@ TEST_F(ArchiveSheet, saysWhatWillBeThereWhileItIsEmpty) {
     EXPECT_TRUE(shows(u"Noch keine archivierten Rechnungen"_s));
     EXPECT_TRUE(shows(u"Eine erstellte Rechnung erscheint hier."_s));
     EXPECT_FALSE(list().isVisible());
-    takePictures(*sheet, u"archiv-leer"_s, {4, 500});
+    takePictures(*sheet, u"archiv-leer"_s, QPoint(4, 500));
 }
 
 TEST_F(ArchiveSheet, listsTheNewestMonthAndInvoiceFirst) {
@@ -119,7 +119,7 @@ TEST_F(ArchiveSheet, longTextsAreShortenedWithTheWholeTextAsTooltip) {
 TEST_F(ArchiveSheet, lineBreaksInANumberStayOnOneLine) {
     issue("2026\n041\tNachtrag", "Müller\r\nGmbH");
     open();
-    takePictures(*sheet, u"archiv-umbruch"_s, {4, 500});
+    takePictures(*sheet, u"archiv-umbruch"_s, QPoint(4, 500));
     EXPECT_EQ(list().visualRect(list().model()->index(2, 0)).height(), 46 + 1 + 15);
 }
 
@@ -127,7 +127,7 @@ TEST_F(ArchiveSheet, anOpenSheetFollowsTheColourScheme) {
     issueThree();
     open();
     clickRow(u"2026-041"_s);
-    takePictures(*sheet, u"archiv"_s, {4, 500});
+    takePictures(*sheet, u"archiv"_s, QPoint(4, 500));
 }
 
 TEST_F(ArchiveSheet, theKeyboardsInvoiceHasTheRing) {
@@ -136,7 +136,7 @@ TEST_F(ArchiveSheet, theKeyboardsInvoiceHasTheRing) {
     clickRow(u"2026-041"_s);
     press(Qt::Key_Down);
     hover(trashOf(u"2026-041"_s));
-    takePictures(*sheet, u"archiv-tastatur"_s, {4, 500});
+    takePictures(*sheet, u"archiv-tastatur"_s, QPoint(4, 500));
     unhover(trashOf(u"2026-041"_s));
     const QRect head = list().visualRect(list().currentIndex());
     const QImage image = picture(*sheet);

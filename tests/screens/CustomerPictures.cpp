@@ -54,7 +54,7 @@ protected:
         addCustomer(customer(Gender::male, "", "Dr. Jäger", "Praxis Dr. Jäger"));
     }
 
-    static void take(QWidget& window, const QString& name) { takePictures(window, name, {3, 55}); }
+    static void take(QWidget& window, const QString& name) { takePictures(window, name, QPoint(3, 55)); }
 };
 
 TEST_F(CustomerPictures, none) {

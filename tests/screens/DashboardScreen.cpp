@@ -1,9 +1,9 @@
 #include "overview/screens/DashboardScreen.h"
 
-#include "app/components/Palette.h"
 #include "foundation/GermanFormat.h"
 #include "overview/screens/BarChart.h"
 #include "projects/ProjectWorkbench.h"
+#include "screens/Pictures.h"
 #include "support/screen/ScreenTest.h"
 
 #include <QLabel>
@@ -95,20 +95,9 @@ protected:
         return {};
     }
 
-    /// The whole column, however long, in both schemes.
-    void keep(const QString& name) {
-        auto& content = *screen.findChild<QScrollArea*>()->widget();
-        for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-            applyColorScheme(scheme);
-            settle();
-            const QImage image = picture(content, 2);
-            const QString folder = qEnvironmentVariable("BRISKLOG_PICTURES");
-            if (folder.isEmpty())
-                continue;
-            EXPECT_TRUE(image.save(
-                u"%1/%2-%3.png"_s.arg(folder, name, scheme == ColorScheme::light ? u"light"_s : u"dark"_s)));
-        }
-        applyColorScheme(ColorScheme::light);
+    /// The whole column, however long.
+    void takePicturesOfAll(const QString& name) {
+        takePictures(*screen.findChild<QScrollArea*>()->widget(), name);
     }
 
     ProjectWorkbench bench;
@@ -119,7 +108,7 @@ protected:
 TEST_F(DashboardScreenTest, showsEveryFigureUnderItsCaption) {
     fill();
     open();
-    keep(u"dashboard"_s);
+    takePicturesOfAll(u"dashboard"_s);
     for (const QString& text : {u"Arbeitszeitübersicht"_s,
                                 u"Freitag, 20. November 2026"_s,
                                 u"Arbeitszeit heute:"_s,
@@ -178,7 +167,7 @@ TEST_F(DashboardScreenTest, timerOfADeletedProjectHasNeitherRowNorTheSentenceTha
 TEST_F(DashboardScreenTest, emptyOneSaysThatNoTimerRuns) {
     bench.store.projects = std::vector<Project>();
     open();
-    keep(u"dashboard-empty"_s);
+    takePicturesOfAll(u"dashboard-leer"_s);
     EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));
     EXPECT_TRUE(shows(u"0 h 0 min"_s));
     EXPECT_TRUE(shows(u"0,00 €"_s));
@@ -189,7 +178,7 @@ TEST_F(DashboardScreenTest, hugeFiguresStayWhole) {
     addEntry(0, 4, 10);
     addEntry(0, 30, 480);
     open();
-    keep(u"dashboard-huge"_s);
+    takePicturesOfAll(u"dashboard-riesig"_s);
     EXPECT_TRUE(shows(u"48.394.850,00 €"_s));
 }
 

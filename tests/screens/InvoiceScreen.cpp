@@ -1,9 +1,9 @@
 #include "invoice/screens/InvoiceScreen.h"
 
-#include "app/components/Palette.h"
 #include "app/components/Picker.h"
 #include "app/components/Stepper.h"
 #include "screens/InvoiceSheetWindow.h"
+#include "screens/Pictures.h"
 
 #include <QAbstractSlider>
 #include <QDateTimeEdit>
@@ -274,17 +274,21 @@ TEST_F(InvoiceScreenTest, theManualDateStartsAtTheMomentOfOpening) {
               content.clock.now().secondsSinceReference + secondsFromUnixEpochToReference);
 }
 
-TEST_F(InvoiceScreenTest, paintsInBothSchemesAndAtTwoPixelRatios) {
-    InvoiceSheet content({entryOf("Eins", hour)}, 60.0);
+TEST_F(InvoiceScreenTest, looksAsItShould) {
+    InvoiceSheet content({entryOf("Navigation für Tablet und Telefon prüfen", hour),
+                          entryOf("Rückmeldungen aus dem Usability-Test einarbeiten", 7.25 * hour),
+                          entryOf("Formular „Angebot anfordern“", 2.5 * hour)},
+                         95.0);
+    content.addCustomer(erika());
     InvoiceSheetWindow window(content);
-    const QImage light = picture(*window.sheet);
-    EXPECT_EQ(light.size(), QSize(640, 680));
-    EXPECT_EQ(picture(*window.sheet, 2).size(), QSize(1280, 1360));
-    applyColorScheme(ColorScheme::dark);
-    settle();
-    const QColor ground = picture(*window.sheet).pixelColor(5, 60);
-    EXPECT_EQ(ground, Palette::of(ColorScheme::dark).ground);
-    EXPECT_EQ(light.pixelColor(5, 60), Palette::of(ColorScheme::light).ground);
+    EXPECT_EQ(window.sheet->size(), QSize(640, 680));
+    takePictures(*window.sheet, u"rechnung"_s, QPoint(5, 60));
+}
+
+TEST_F(InvoiceScreenTest, withoutEntriesAndCustomersSaysSo) {
+    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    takePictures(*window.sheet, u"rechnung-leer"_s, QPoint(5, 60));
 }
 
 } // namespace

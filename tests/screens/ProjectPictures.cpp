@@ -1,10 +1,10 @@
-// The project screens as a person sees them. With BRISKLOG_PICTURES naming a folder, every picture is kept
-// there.
+// The project screens as a person sees them.
 
 #include "app/components/Menu.h"
 #include "app/components/Sheets.h"
 #include "app/projects/screens/NewProjectScreen.h"
 #include "app/projects/screens/ProjectSettingsScreen.h"
+#include "screens/Pictures.h"
 #include "screens/ProjectScreenBench.h"
 
 #include <QApplication>
@@ -18,30 +18,6 @@ constexpr Date reference{816426000};
 
 class ProjectPictures : public ProjectScreenBench {
 protected:
-    /// Takes the widget in both schemes at both pixel ratios; none of them may be a plain area.
-    static void take(QWidget& widget, const QString& name) {
-        for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-            applyColorScheme(scheme);
-            settle();
-            for (const int ratio : {1, 2}) {
-                const QImage image = picture(widget, ratio);
-                EXPECT_EQ(image.width(), widget.width() * ratio);
-                EXPECT_NE(image, QImage(image).convertToFormat(QImage::Format_Mono));
-                keep(image,
-                     u"%1-%2-%3x.png"_s.arg(name, scheme == ColorScheme::light ? u"light"_s : u"dark"_s)
-                         .arg(ratio));
-            }
-        }
-        applyColorScheme(ColorScheme::light);
-    }
-
-    static void keep(const QImage& image, const QString& name) {
-        const QString folder = qEnvironmentVariable("BRISKLOG_PICTURES");
-        if (folder.isEmpty())
-            return;
-        EXPECT_TRUE(image.save(folder + u'/' + name));
-    }
-
     void addEntry(const std::string& name, double day, int startSeconds, int seconds) {
         TimeEntry entry;
         entry.id = Uuid::generate();
@@ -102,12 +78,12 @@ TEST_F(ProjectPictures, project) {
     exportReport = [](const Project&) {};
     open();
     taskField().insert(u"Navigation für Tablet prüf"_s);
-    take(*screen, u"projekt"_s);
+    takePictures(*screen, u"projekt"_s);
 }
 
 TEST_F(ProjectPictures, empty) {
     open();
-    take(*screen, u"projekt-leer"_s);
+    takePictures(*screen, u"projekt-leer"_s);
 }
 
 TEST_F(ProjectPictures, fewEntries) {
@@ -118,7 +94,7 @@ TEST_F(ProjectPictures, fewEntries) {
     addEntry("Bildbearbeitung Produktfotos und vieles mehr, das nicht mehr in die Zeile passt", 13,
              at(10, 15, 21), at(1100, 29, 41));
     open();
-    take(*screen, u"projekt-wenige"_s);
+    takePictures(*screen, u"projekt-wenige"_s);
 }
 
 TEST_F(ProjectPictures, manyTimersAndLongNames) {
@@ -128,20 +104,20 @@ TEST_F(ProjectPictures, manyTimersAndLongNames) {
         bench.store.startTracking(name);
     bench.clock.advance(100 * 3600 + 61);
     open();
-    take(*screen, u"projekt-lang"_s);
+    takePictures(*screen, u"projekt-lang"_s);
 }
 
 TEST_F(ProjectPictures, threeTabs) {
     bench.store.addProject("Web", 95);
     bench.store.addProject("Druck", 95);
     open();
-    take(*screen, u"projekt-drei"_s);
+    takePictures(*screen, u"projekt-drei"_s);
 }
 
 TEST_F(ProjectPictures, substitute) {
     bench.store.deleteProject(0);
     open();
-    take(*screen, u"projekt-fehler"_s);
+    takePictures(*screen, u"projekt-fehler"_s);
 }
 
 TEST_F(ProjectPictures, tenThousandEntries) {
@@ -151,7 +127,7 @@ TEST_F(ProjectPictures, tenThousandEntries) {
     });
     bench.store.updateProject(0, "Zehntausend", 95);
     open();
-    take(*screen, u"projekt-10000"_s);
+    takePictures(*screen, u"projekt-10000"_s);
 }
 
 TEST_F(ProjectPictures, tabMenu) {
@@ -161,21 +137,21 @@ TEST_F(ProjectPictures, tabMenu) {
     click(u"Alle Projekte"_s);
     QWidget* const menu = QApplication::activePopupWidget();
     ASSERT_NE(menu, nullptr);
-    take(*menu, u"projekt-tabs-menue"_s);
+    takePictures(*menu, u"projekt-tabs-menue"_s);
 }
 
 TEST_F(ProjectPictures, newProject) {
     open();
     click(u"Neues Projekt"_s);
     field(*sheet(), u"Projektname"_s).insert(u"Fährverbindung Königsw"_s);
-    take(*sheet(), u"neues-projekt"_s);
+    takePictures(*sheet(), u"neues-projekt"_s);
 }
 
 TEST_F(ProjectPictures, settings) {
     fill();
     open();
     click(u"Projekteinstellungen"_s);
-    take(*sheet(), u"projekteinstellungen"_s);
+    takePictures(*sheet(), u"projekteinstellungen"_s);
 }
 
 TEST_F(ProjectPictures, alert) {
@@ -184,7 +160,7 @@ TEST_F(ProjectPictures, alert) {
     click(u"Projekteinstellungen"_s);
     button(*sheet(), u"Projekt löschen"_s).click();
     settle();
-    take(*sheet(), u"hinweis-loeschen"_s);
+    takePictures(*sheet(), u"hinweis-loeschen"_s);
 }
 
 } // namespace

@@ -253,9 +253,9 @@ TEST_F(SettingsScreenTest, pictures) {
     settings.timeRounding = TimeRoundingOption::fifteenMinutes;
     settings.invoiceRounding = InvoiceRoundingOption::roundNearest;
     settle();
-    takePictures(*screen, u"einstellungen"_s, {4, 500});
+    takePictures(*screen, u"einstellungen"_s, QPoint(4, 500));
     part<QAbstractButton>(u"Archiv anzeigen"_s).setFocus(Qt::TabFocusReason);
-    takePictures(*screen, u"einstellungen-tastatur"_s, {4, 500});
+    takePictures(*screen, u"einstellungen-tastatur"_s, QPoint(4, 500));
 }
 
 } // namespace
