@@ -37,8 +37,8 @@ target_compile_definitions(brisklog-options INTERFACE $<$<BOOL:${BRISKLOG_FUZZER
 # Keywords such as "signals" would collide with other libraries' headers.
 target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 
-# Headers that most screens or tests include are read once for all of them, which saves a third of a build's time.
-# The tidy preset does without, so that a file which includes too little is found.
+# Headers that most screens include are read once for all of them: a screen then compiles in a quarter of the time, its
+# tests in little more than half. The tidy preset does without, so that a file which includes too little is found.
 set(BRISKLOG_STANDARD_HEADERS <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <string> <vector>)
 set(BRISKLOG_WIDGET_HEADERS <QApplication> <QKeyEvent> <QLabel> <QListView> <QMouseEvent> <QPainter> <QPointer> <QToolTip>)
 

@@ -4,26 +4,12 @@
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
+#include "support/RecordingLogoPicker.h"
 #include "support/TemporaryHome.h"
 
 #include <gtest/gtest.h>
 
 namespace brisklog::test {
-
-class FakeLogoPicker final : public LogoPickerPresenter {
-public:
-    void present(const std::string& title, Completion completed) override {
-        titles.push_back(title);
-        pending = std::move(completed);
-        isOpen = true;
-    }
-
-    void close() override { isOpen = false; }
-
-    std::vector<std::string> titles;
-    Completion pending;
-    bool isOpen = false;
-};
 
 /// A home in which a profile starts.
 class ProfileFixture : public testing::Test {
@@ -40,7 +26,7 @@ protected:
     RecordingFiles files;
     MemoryUserDefaults defaults;
     RecordingLog log;
-    FakeLogoPicker picker;
+    RecordingLogoPicker picker;
 };
 
 } // namespace brisklog::test

@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 namespace {
 
-constexpr int pixelRatio = 2;
-
 void keep(const QImage& image, const QString& name) {
     const QString folder = qEnvironmentVariable("BRISKLOG_PICTURES");
     if (folder.isEmpty())
@@ -29,13 +27,17 @@ void takePictures(QWidget& window, const QString& name, const std::optional<QPoi
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         applyColorScheme(scheme);
         settle();
-        const QImage image = picture(window, pixelRatio);
-        EXPECT_FALSE(isPlain(image)) << name.toStdString();
-        if (groundAt) {
-            EXPECT_EQ(image.pixelColor(*groundAt * pixelRatio), Palette::of(scheme).ground)
-                << name.toStdString();
+        for (const int pixelRatio : {1, 2}) {
+            const QImage image = picture(window, pixelRatio);
+            EXPECT_EQ(image.size(), window.size() * pixelRatio) << name.toStdString();
+            EXPECT_FALSE(isPlain(image)) << name.toStdString();
+            if (groundAt) {
+                EXPECT_EQ(image.pixelColor(*groundAt * pixelRatio), Palette::of(scheme).ground)
+                    << name.toStdString();
+            }
+            if (pixelRatio == 2)
+                keep(image, name + (scheme == ColorScheme::light ? u"-light"_s : u"-dark"_s));
         }
-        keep(image, name + (scheme == ColorScheme::light ? u"-light"_s : u"-dark"_s));
     }
     applyColorScheme(ColorScheme::light);
 }
