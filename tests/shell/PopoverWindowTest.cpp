@@ -67,6 +67,22 @@ TEST_F(PopoverWindowTest, turningElsewhereByAPressOnTheIconIsLeftToTheToggle) {
     EXPECT_TRUE(popover.isShown());
 }
 
+TEST_F(PopoverWindowTest, openedAgainAtOnceItIsNotClosedByWhatTheLastClosingLeft) {
+    open();
+    QCursor::setPos(onTheDesktop);
+    popover.close();
+    popover.show(icon);
+    // That the closed popover has lost the focus is heard of only now, before the new one gets it.
+    QEvent late(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&popover, &late);
+    QApplication::setActiveWindow(nullptr);
+    QTest::qWait(1);
+    EXPECT_TRUE(popover.isShown());
+    QApplication::setActiveWindow(&popover);
+    turnElsewhere(onTheDesktop);
+    EXPECT_FALSE(popover.isShown());
+}
+
 TEST_F(PopoverWindowTest, staysWhileSomethingHoldsIt) {
     open();
     auto first = popover.holdOpen();

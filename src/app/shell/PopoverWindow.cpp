@@ -130,6 +130,7 @@ void PopoverWindow::close() {
 void PopoverWindow::hideEvent(QHideEvent* event) {
     if (m_parts.x11 != nullptr)
         m_parts.x11->watchPointer(false);
+    m_isEntered = false;
     QWidget::hideEvent(event);
 }
 
@@ -150,6 +151,8 @@ QWidget& PopoverWindow::frontWindow() {
 }
 
 bool PopoverWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate)
+        m_isEntered = true;
     // Decided a turn later, when it is known which window took over.
     if (event->type() == QEvent::WindowDeactivate)
         QTimer::singleShot(0, this, [this] { closeIfLeft(); });
@@ -159,7 +162,7 @@ bool PopoverWindow::event(QEvent* event) {
 void PopoverWindow::closeIfLeft() {
     const bool isOurs =
         QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr;
-    if (m_form == Form::popover && !isHeldOpen() && !isOurs && !isPointerOnAnchor())
+    if (m_form == Form::popover && m_isEntered && !isHeldOpen() && !isOurs && !isPointerOnAnchor())
         close();
 }
 

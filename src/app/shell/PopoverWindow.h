@@ -73,6 +73,9 @@ private:
     QWidget* m_windowStrip = nullptr;
     ColorScheme m_appearance = ColorScheme::light;
     std::optional<ScreenRectangle> m_anchor;
+    /// Since it was opened it has had the focus. Only then can the user leave it: what is heard before
+    /// belongs to the time before.
+    bool m_isEntered = false;
     /// Counts the sheets, alerts and panels that keep it open: each holds a copy.
     std::shared_ptr<void> m_hold;
 };
