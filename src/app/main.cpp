@@ -23,14 +23,21 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
+#include <chrono>
 #include <cstdlib>
 #include <malloc.h>
 #include <optional>
+#include <thread>
 
 namespace {
 
 using namespace brisklog;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+/// The process that has the lock may be starting just now, and one that was killed keeps it until its last
+/// write is done.
+constexpr std::chrono::seconds waitForOther(5);
 
 /// How long a desktop may take to show its panel before the popover opens as a window.
 constexpr TimeInterval waitForPanel = 3;
@@ -48,9 +55,9 @@ void preferPlatformThatPlacesWindows() {
 }
 
 /// Asks the process that runs already to show itself; false when there is none within reach.
-bool tellOther(int argumentCount, char** arguments, RunningInstance::Patience patience) {
+bool tellOther(int argumentCount, char** arguments) {
     const QCoreApplication messenger(argumentCount, arguments);
-    return RunningInstance::activateOther(patience);
+    return RunningInstance::activateOther();
 }
 
 /// The lock of this process; ends the program when another one has it, after asking that one to show itself.
@@ -60,15 +67,19 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
     if (!folder || !files.documentsFolder())
         stopProgram("no documents folder: HOME is not set");
     auto lock = std::make_unique<ProcessLock>(*folder / "lock");
-    // Without a lock file the bus alone can tell.
-    if (lock->state() == ProcessLock::State::unavailable &&
-        tellOther(argumentCount, arguments, RunningInstance::Patience::none))
-        std::exit(EXIT_SUCCESS);
-    if (lock->state() != ProcessLock::State::heldByOther)
-        return lock;
-    if (tellOther(argumentCount, arguments, RunningInstance::Patience::whileItStarts))
-        std::exit(EXIT_SUCCESS);
-    stopProgram("already running, but not reachable over the session bus");
+    const auto end = std::chrono::steady_clock::now() + waitForOther;
+    while (lock->state() != ProcessLock::State::held) {
+        if (tellOther(argumentCount, arguments))
+            std::exit(EXIT_SUCCESS);
+        // Without a lock file the bus alone can tell.
+        if (lock->state() == ProcessLock::State::unavailable)
+            break;
+        if (std::chrono::steady_clock::now() > end)
+            stopProgram("already running, but not reachable over the session bus");
+        std::this_thread::sleep_for(100ms);
+        lock = std::make_unique<ProcessLock>(*folder / "lock");
+    }
+    return lock;
 }
 
 void openLink(std::string_view address) {

@@ -6,7 +6,7 @@ import subprocess
 import time
 from pathlib import Path
 
-from desktop import wait_until
+from desktop import LOCK, wait_until
 from tally import PROJECTS, check_kept, is_long, main, opened, read_entries, record_one, write_projects
 
 
@@ -57,6 +57,21 @@ def first_starts_at_once(path, desktop, tally):
     tally.torn += read_entries() is None
 
 
+def killed_one_still_has_the_lock(path, desktop, tally):
+    """A killed process finishes its last write, and nobody reads the files before; the next start waits for that."""
+    write_projects(20)
+    opened(path, desktop).kill()
+    held = subprocess.Popen(["flock", "--exclusive", LOCK, "sleep", "1"])
+    wait_until(lambda: subprocess.run(["flock", "--nonblock", LOCK, "true"]).returncode != 0,
+               "the lock to be taken")
+    program = opened(path, desktop)
+    assert held.wait() == 0
+    tally.tried += 1
+    record_one(desktop)
+    check_kept(tally, 21)
+    program.kill()
+
+
 def panel_restarts(path, desktop, tally):
     write_projects(20)
     program = opened(path, desktop)
@@ -101,4 +116,4 @@ def session_bus_dies(path, desktop, tally):
     assert program.is_running()
 
 
-main(second_starts_under_load, first_starts_at_once, panel_restarts, session_bus_dies)
+main(second_starts_under_load, first_starts_at_once, killed_one_still_has_the_lock, panel_restarts, session_bus_dies)

@@ -8,7 +8,7 @@ import time
 from pathlib import Path
 
 import pyatspi
-from desktop import DOCUMENTS, HOME, Desktop, Program, wait_until
+from desktop import DOCUMENTS, HOME, Desktop, Program, describe_failure, wait_until
 
 PROJECTS = DOCUMENTS / "projects.json"
 PROJECT_ID = "6F2A4B1C-8D3E-4F50-9A61-7B82C3D4E5F6"
@@ -109,9 +109,7 @@ def main(*faults):
             for file in list(DOCUMENTS.glob("*")) if DOCUMENTS.exists() else []:
                 file.unlink()
     except BaseException:
-        desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
-        print("On the screen:", desktop.names(), file=sys.stderr)
-        print("The program said:", output(), file=sys.stderr)
+        describe_failure(desktop)
         raise
     finally:
         for run in Program.runs:

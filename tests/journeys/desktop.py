@@ -3,6 +3,7 @@ interface, and acts with the mouse and the keyboard."""
 
 import json
 import os
+import shutil
 import signal
 import subprocess
 import sys
@@ -13,6 +14,7 @@ import pyatspi
 
 HOME = Path(os.environ["HOME"])
 DOCUMENTS = HOME / "Documents"
+LOCK = HOME / ".local/state/brisklog/lock"
 
 
 def wait_until(condition, what, seconds=10.0):
@@ -37,6 +39,15 @@ def read_json(name):
     return json.loads((DOCUMENTS / name).read_text(encoding="utf-8"))
 
 
+def status_items():
+    """What the panel's watcher knows of."""
+    answer = subprocess.run(["dbus-send", "--session", "--print-reply", "--reply-timeout=2000", "--dest=org.kde.StatusNotifierWatcher",
+                             "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
+                             "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems"],
+                            capture_output=True, text=True)
+    return answer.stdout + answer.stderr
+
+
 class Program:
     """One run of the program."""
 
@@ -56,8 +67,17 @@ class Program:
         return wait_until(lambda: None if self.is_running() else (self.process.returncode,), "the program's end")[0]
 
     def kill(self):
+        """It keeps its lock until the write it had begun is done; whoever reads the files waits for that."""
         self.process.send_signal(signal.SIGKILL)
         self.process.wait()
+        subprocess.run(["flock", "--exclusive", LOCK, "true"], check=True, timeout=10)
+
+    def threads(self):
+        """What each of its threads is at, as far as the debugger is there to tell."""
+        if shutil.which("gdb") is None:
+            return "runs"
+        return subprocess.run(["gdb", "--batch", "--pid", str(self.process.pid), "--eval-command", "thread apply all backtrace 20"],
+                              capture_output=True, text=True).stdout
 
     def end(self):
         if self.is_running():
@@ -166,14 +186,17 @@ class Desktop:
     def wait_for_icon(self):
         """The status item is on the bus, and a host shows it."""
 
-        def registered():
-            items = command("dbus-send", "--session", "--print-reply", "--dest=org.kde.StatusNotifierWatcher",
-                            "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
-                            "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems")
-            return "StatusNotifierItem" in items
-
-        wait_until(registered, "the status item on the bus")
+        wait_until(lambda: "StatusNotifierItem" in status_items(), "the status item on the bus")
         time.sleep(0.4)  # the panel draws it
+
+
+def describe_failure(desktop):
+    desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
+    print("On the screen:", desktop.names(), file=sys.stderr)
+    print("Status items:", status_items(), file=sys.stderr)
+    for run in filter(Program.is_running, Program.runs):
+        print(f"Process {run.process.pid}:", run.threads(), file=sys.stderr)
+    print("The program said:", (HOME / "output.txt").read_text(errors="replace"), file=sys.stderr)
 
 
 def main(journey):
@@ -183,9 +206,7 @@ def main(journey):
     try:
         journey(program_path, desktop)
     except BaseException:
-        desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
-        print("On the screen:", desktop.names(), file=sys.stderr)
-        print("The program said:", (HOME / "output.txt").read_text(errors="replace"), file=sys.stderr)
+        describe_failure(desktop)
         raise
     finally:
         for run in Program.runs:

@@ -4,7 +4,6 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QThread>
 
 namespace brisklog {
 namespace {
@@ -18,14 +17,14 @@ const QString interfaceName = u"org.freedesktop.Application"_s;
 
 const QString connectionName = u"messenger"_s;
 
-constexpr int triesToReachOther = 20;
-constexpr int millisecondsBetweenTries = 100;
+/// In milliseconds.
+constexpr int waitForAnswer = 5000;
 
 bool callActivate(const QDBusConnection& bus) {
     QDBusMessage call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
     call.setArguments({QVariantMap()});
     call.setAutoStartService(false);
-    return bus.call(call).type() == QDBusMessage::ReplyMessage;
+    return bus.call(call, QDBus::Block, waitForAnswer).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
@@ -67,18 +66,13 @@ RunningInstance::RunningInstance(std::function<void()> activated)
 
 RunningInstance::~RunningInstance() = default;
 
-bool RunningInstance::activateOther(Patience patience) {
+bool RunningInstance::activateOther() {
     // A connection of its own: the shared one would be broken for whoever goes on after this application
     // object.
     const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!bus.isConnected())
         return false;
-    bool isReached = callActivate(bus);
-    for (int tries = 1; !isReached && patience == Patience::whileItStarts && tries < triesToReachOther;
-         ++tries) {
-        QThread::msleep(millisecondsBetweenTries);
-        isReached = callActivate(bus);
-    }
+    const bool isReached = callActivate(bus);
     QDBusConnection::disconnectFromBus(connectionName);
     return isReached;
 }

@@ -15,15 +15,9 @@ public:
     RunningInstance(const RunningInstance&) = delete;
     RunningInstance& operator=(const RunningInstance&) = delete;
 
-    /// How long to try to reach the other process.
-    enum class Patience {
-        none,          ///< it may well not exist
-        whileItStarts, ///< it exists, but may be starting just now: two seconds
-    };
-
-    /// Asks the process that runs already to show itself. False when it cannot be reached. Needs an
-    /// application object.
-    [[nodiscard]] static bool activateOther(Patience patience);
+    /// Asks the process that runs already to show itself. False when there is none, or it does not answer
+    /// within five seconds. Needs an application object.
+    [[nodiscard]] static bool activateOther();
 
 private:
     class Service;
