@@ -13,7 +13,6 @@
 namespace brisklog {
 namespace {
 
-constexpr double secondsPerHour = 3600;
 constexpr Date now{816426000};
 
 InvoiceSender sender() {

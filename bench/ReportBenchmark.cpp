@@ -11,7 +11,6 @@
 namespace brisklog {
 namespace {
 
-constexpr double secondsPerHour = 3600;
 constexpr Date now{816426000};
 
 /// No two rows show the same task, day and time, or earnings.

@@ -5,7 +5,6 @@
 namespace brisklog {
 namespace {
 
-constexpr TimeInterval secondsPerHour = 3600;
 constexpr const char* nothingToShow = "--";
 
 } // namespace

@@ -7,6 +7,8 @@ namespace brisklog {
 /// A length of time in seconds.
 using TimeInterval = double;
 
+inline constexpr TimeInterval secondsPerHour = 3600;
+
 /// A point in time: seconds since 2001-01-01 00:00:00 UTC, fractions kept. This is also its form in our
 /// files.
 struct Date {

@@ -8,7 +8,6 @@ namespace {
 
 constexpr const char* noAmount = "0,00\u00A0€";
 constexpr const char* noDuration = "0\u00A0min";
-constexpr TimeInterval secondsPerHour = 3600;
 
 std::string duration(TimeInterval seconds) { return format::duration(seconds, noDuration); }
 

@@ -5,8 +5,6 @@
 namespace brisklog {
 namespace {
 
-constexpr TimeInterval secondsPerHour = 3600;
-
 /// What the figures look at of an entry or a timer.
 struct Work {
     Date start;

@@ -11,7 +11,6 @@ namespace brisklog {
 namespace {
 
 constexpr TimeInterval refreshInterval = 30;
-constexpr TimeInterval secondsPerHour = 3600;
 /// Beyond this many hours (a hundred million years) an axis has no minutes to show.
 constexpr double longestAxis = 1e12;
 

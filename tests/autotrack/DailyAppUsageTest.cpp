@@ -10,7 +10,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
 
-constexpr Date now{1000};
+constexpr Date later{1000};
 
 AppUsageSession session(const std::string& name, const std::string& identifier, double start,
                         std::optional<Date> end) {
@@ -22,37 +22,37 @@ AppUsageSession session(const std::string& name, const std::string& identifier, 
             .iconData = std::nullopt};
 }
 
-const DailyAppUsage day{
+const DailyAppUsage sampleDay{
     .id = {},
     .date = {},
     .sessions = {session("Zeichnen", "org.z", 0, Date{10}), session("Browser", "org.b1", 10, Date{40}),
                  session("Zeichnen", "org.z", 40, Date{45.5}), session("Browser", "org.b2", 45.5, Date{50})}};
 
 TEST(DailyAppUsage, totalDurationIsTheSumOfAllSessions) {
-    EXPECT_EQ(day.totalDuration(now), 50);
-    EXPECT_EQ(DailyAppUsage().totalDuration(now), 0);
+    EXPECT_EQ(sampleDay.totalDuration(later), 50);
+    EXPECT_EQ(DailyAppUsage().totalDuration(later), 0);
 }
 
 TEST(DailyAppUsage, anOpenSessionCountsUpToNow) {
-    DailyAppUsage open = day;
+    DailyAppUsage open = sampleDay;
     open.sessions.push_back(session("Browser", "org.b1", 900, std::nullopt));
-    EXPECT_EQ(open.totalDuration(now), 150);
-    EXPECT_EQ(open.totalDuration(now.addingSeconds(7)), 157);
-    EXPECT_EQ(open.durationByApp(now).at("Browser"), 134.5);
+    EXPECT_EQ(open.totalDuration(later), 150);
+    EXPECT_EQ(open.totalDuration(later.addingSeconds(7)), 157);
+    EXPECT_EQ(open.durationByApp(later).at("Browser"), 134.5);
 }
 
 TEST(DailyAppUsage, applicationsOfTheSameNameAreOneGroupInTheOrderOfTheList) {
-    const auto groups = day.groupedByApp();
+    const auto groups = sampleDay.groupedByApp();
     ASSERT_EQ(groups.size(), 2u);
-    EXPECT_THAT(groups.at("Browser"), ElementsAre(day.sessions[1], day.sessions[3]));
-    EXPECT_THAT(groups.at("Zeichnen"), ElementsAre(day.sessions[0], day.sessions[2]));
-    EXPECT_THAT(day.durationByApp(now), ElementsAre(Pair("Browser", 34.5), Pair("Zeichnen", 15.5)));
+    EXPECT_THAT(groups.at("Browser"), ElementsAre(sampleDay.sessions[1], sampleDay.sessions[3]));
+    EXPECT_THAT(groups.at("Zeichnen"), ElementsAre(sampleDay.sessions[0], sampleDay.sessions[2]));
+    EXPECT_THAT(sampleDay.durationByApp(later), ElementsAre(Pair("Browser", 34.5), Pair("Zeichnen", 15.5)));
     EXPECT_THAT(DailyAppUsage().groupedByApp(), IsEmpty());
-    EXPECT_THAT(DailyAppUsage().durationByApp(now), IsEmpty());
+    EXPECT_THAT(DailyAppUsage().durationByApp(later), IsEmpty());
 }
 
 TEST(DailyAppUsage, aSessionThatEndsBeforeItBeganIsOfNegativeLength) {
-    EXPECT_EQ(session("a", "a", 50, Date{20}).length(now), -30);
+    EXPECT_EQ(session("a", "a", 50, Date{20}).length(later), -30);
 }
 
 } // namespace

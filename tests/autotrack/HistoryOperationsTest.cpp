@@ -16,8 +16,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-constexpr TimeInterval day = 86400;
-
 std::string encodingOf(const std::vector<DailyAppUsage>& days, json::Layout layout = json::Layout::compact) {
     return std::string(json::encode(days, layout).value().bytes());
 }
@@ -38,11 +36,11 @@ public:
         case 0:
             return restart();
         case 1:
-            return m_desktop.clock.set(now().addingSeconds(-day * upTo(4)));
+            return m_desktop.clock.set(now().addingSeconds(-fullDay * upTo(4)));
         case 2:
-            return m_desktop.clock.set(now().addingSeconds(day * upTo(3)));
+            return m_desktop.clock.set(now().addingSeconds(fullDay * upTo(3)));
         case 3:
-            return m_manager->clearDataForDay(now().addingSeconds(-day * upTo(4)));
+            return m_manager->clearDataForDay(now().addingSeconds(-fullDay * upTo(4)));
         case 4:
             return m_manager->stopTracking();
         case 5:
@@ -152,7 +150,7 @@ TEST_F(Tracker, whatCouldNotBeWrittenIsWrittenWithTheNextSession) {
     const std::string before = stored();
     userDefaults.writesFail = true;
     use("Editor", 5);
-    clock.set(clock.now().addingSeconds(day));
+    clock.set(clock.now().addingSeconds(fullDay));
     use("Browser", 5);
     use("Editor", 5);
     EXPECT_EQ(stored(), before);

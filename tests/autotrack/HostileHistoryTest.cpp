@@ -18,7 +18,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-constexpr const char* loadComplaint = "Fehler beim Laden der automatischen Tracking-Daten: ";
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 constexpr std::size_t halfGigabyte = 512 * megabyte;
 /// Enough where the database cannot store what repeats itself once.

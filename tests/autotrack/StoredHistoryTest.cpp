@@ -13,7 +13,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-constexpr const char* loadComplaint = "Fehler beim Laden der automatischen Tracking-Daten: ";
 constexpr const char* saveComplaint = "Fehler beim Speichern der automatischen Tracking-Daten: ";
 
 constexpr const char* twoDays =

@@ -12,6 +12,9 @@
 
 namespace brisklog::test {
 
+/// What is printed when the history cannot be read, up to the reason.
+inline constexpr const char* loadComplaint = "Fehler beim Laden der automatischen Tracking-Daten: ";
+
 /// The wall clock beside a run loop that counts the time that really goes by: it can be set.
 class WallClock final : public Clock {
 public:

@@ -10,8 +10,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr TimeInterval hour = 3600;
-constexpr TimeInterval day = 24 * hour;
 /// 31 December 2023, 23:30:00 UTC.
 constexpr Date newYearsEve{725758200};
 
@@ -72,7 +70,7 @@ TEST_F(Archive, listsJanuaryBeforeTheDecemberThatCameEarlier) {
 
 TEST_F(Archive, ordersMonthsByDateWhateverTheOrderOfTheFile) {
     for (const double days : {0.0, 400.0, -3000.0, 60.0, 30.0})
-        issue("1", newYearsEve.addingSeconds(days * day));
+        issue("1", newYearsEve.addingSeconds(days * fullDay));
     EXPECT_EQ(titles(),
               (Texts{"Februar 2025", "Februar 2024", "Januar 2024", "Dezember 2023", "Oktober 2015"}));
 }

@@ -7,8 +7,6 @@
 namespace brisklog::test {
 namespace {
 
-constexpr TimeInterval hour = 3600;
-
 /// One ticked entry, and a customer who was chosen and then deleted; others may be left.
 class InvoiceDeletedCustomer : public testing::Test, protected InvoiceSheet {
 protected:

@@ -1,14 +1,13 @@
 #include "invoice/SampleInvoice.h"
 #include "support/PdfPictures.h"
-#include "support/PdfReader.h"
+#include "support/PdfPlaces.h"
 
 #include <gtest/gtest.h>
 
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = 0.5;
-constexpr double pageTop = 50;
+constexpr double logoTop = 50;
 constexpr double middleColumnCentre = 50 + 495 * (0.33 + 0.34 / 2);
 
 SampleInvoice withLogo(const std::string& logo) {
@@ -25,10 +24,10 @@ std::optional<PdfBox> logoOn(const PdfReader& pdf) { return pdf.picture(1).inkWi
 void expectLogo(const std::string& logo, double width, double height) {
     const auto box = logoOn(PdfReader(withLogo(logo).document()));
     ASSERT_TRUE(box);
-    EXPECT_NEAR(box->top, pageTop, tolerance);
-    EXPECT_NEAR((box->left + box->right) / 2, middleColumnCentre, tolerance);
-    EXPECT_NEAR(box->right - box->left, width, tolerance);
-    EXPECT_NEAR(box->bottom - box->top, height, tolerance);
+    EXPECT_NEAR(box->top, logoTop, placeTolerance);
+    EXPECT_NEAR((box->left + box->right) / 2, middleColumnCentre, placeTolerance);
+    EXPECT_NEAR(box->right - box->left, width, placeTolerance);
+    EXPECT_NEAR(box->bottom - box->top, height, placeTolerance);
 }
 
 TEST(InvoicePdfLogo, shrinksToSeventyPointsAndKeepsItsShape) {

@@ -7,12 +7,9 @@
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = placeTolerance;
-constexpr double pageHeight = 842;
-constexpr double footerTop = pageHeight - 218;
-constexpr double footerBottom = pageHeight - 78;
+constexpr double footerTop = a4.height - 218;
+constexpr double footerBottom = a4.height - 78;
 constexpr double notesRight = 50 + 495 * 0.33 - 10;
-constexpr double rightColumn = 50 + 495 * 0.67;
 
 SampleInvoice withNotes(const std::string& notes, int rows = 3) {
     SampleInvoice invoice;
@@ -31,7 +28,7 @@ void expectSound(const PdfReader& pdf, const std::string& notes) {
         EXPECT_FALSE(pdf.find("Steuernummer:", page)) << page;
     const auto footer = pdf.find("Steuernummer: 143/815/08155", last);
     ASSERT_TRUE(footer);
-    EXPECT_NEAR(footer->top, footerTop, tolerance);
+    EXPECT_NEAR(footer->top, footerTop, placeTolerance);
 }
 
 TEST(InvoicePdfNotes, standInTheLeftBlockAtTheFoot) {
@@ -42,11 +39,11 @@ TEST(InvoicePdfNotes, standInTheLeftBlockAtTheFoot) {
     expectSound(pdf, notes);
     const auto first = pdf.find("Leistungszeitraum:");
     ASSERT_TRUE(first);
-    EXPECT_NEAR(first->left, 50, tolerance);
-    EXPECT_NEAR(first->top, footerTop, tolerance);
+    EXPECT_NEAR(first->left, 50, placeTolerance);
+    EXPECT_NEAR(first->top, footerTop, placeTolerance);
     for (const PdfWord& word : pdf.words())
-        if (word.box.top > footerTop - tolerance && word.box.left < rightColumn - 1) {
-            EXPECT_LE(word.box.right, notesRight + tolerance) << word.text;
+        if (word.box.top > footerTop - placeTolerance && word.box.left < rightColumn - 1) {
+            EXPECT_LE(word.box.right, notesRight + placeTolerance) << word.text;
         }
 }
 
@@ -58,7 +55,7 @@ TEST(InvoicePdfNotes, beginTwelvePointsUnderAClosingTextThatReachesLower) {
     ASSERT_TRUE(note);
     ASSERT_EQ(names.size(), 2U);
     EXPECT_GT(names[1].bottom, footerTop);
-    EXPECT_NEAR(note->top, names[1].bottom + 12, tolerance);
+    EXPECT_NEAR(note->top, names[1].bottom + 12, placeTolerance);
     expectSound(pdf, "Hinweis");
 }
 
@@ -80,7 +77,7 @@ TEST(InvoicePdfNotes, thatFitExactlyStayOnThePage) {
     const PdfReader pdf(withNotes(numberedLines(11)).document());
     EXPECT_EQ(pdf.pageCount(), 1);
     expectSound(pdf, numberedLines(11));
-    EXPECT_LE(pdf.find("Zeile 11")->bottom, footerBottom + tolerance);
+    EXPECT_LE(pdf.find("Zeile 11")->bottom, footerBottom + placeTolerance);
 }
 
 TEST(InvoicePdfNotes, thatDoNotFitUnderTheClosingTextTakeTheTotalAndClosingTextToALastPage) {
@@ -93,13 +90,13 @@ TEST(InvoicePdfNotes, thatDoNotFitUnderTheClosingTextTakeTheTotalAndClosingTextT
     const auto thanks = pdf.find("Ich danke Ihnen für die gute Zusammenarbeit.", 2);
     const auto notes = pdf.find("Zeile 1", 2);
     ASSERT_TRUE(total && thanks && notes);
-    EXPECT_NEAR(total->top, pageHeight - (792 - 7), tolerance);
-    EXPECT_NEAR(thanks->top, pageHeight - (792 - 7 - 14 - 42), tolerance);
-    EXPECT_NEAR(notes->top, footerTop, tolerance);
+    EXPECT_NEAR(total->top, a4.height - (792 - 7), placeTolerance);
+    EXPECT_NEAR(thanks->top, a4.height - (792 - 7 - 14 - 42), placeTolerance);
+    EXPECT_NEAR(notes->top, footerTop, placeTolerance);
     const auto rule = pdf.picture(2, 288).inkWithin({2, 0, 56, 595, 58});
     ASSERT_TRUE(rule);
-    EXPECT_NEAR(rule->left, 50, tolerance);
-    EXPECT_NEAR(rule->right, 545, tolerance);
+    EXPECT_NEAR(rule->left, 50, placeTolerance);
+    EXPECT_NEAR(rule->right, 545, placeTolerance);
     EXPECT_FALSE(pdf.find("Beschreibung", 2));
 }
 
@@ -111,8 +108,8 @@ TEST(InvoicePdfNotes, tooLongForTheBlockRunAtFullWidthUnderTheClosingText) {
     const auto note = pdf.find("Zeile 1", 2);
     const auto names = placesOf(pdf, "Jürgen");
     ASSERT_TRUE(note);
-    EXPECT_NEAR(note->left, 50, tolerance);
-    EXPECT_NEAR(note->top, names.back().bottom + 12, tolerance);
+    EXPECT_NEAR(note->left, 50, placeTolerance);
+    EXPECT_NEAR(note->top, names.back().bottom + 12, placeTolerance);
     // One word wider than the block stays whole.
     EXPECT_TRUE(pdf.find(std::string(70, 'x'), 2));
 }
@@ -132,7 +129,7 @@ TEST(InvoicePdfNotes, ofAnyLengthAreCompleteAndNeverBesideTheFooterAtFullWidth) 
         bool isOnLastPage = false;
         for (const PdfBox& line : placesOf(pdf, "Zeile")) {
             isOnLastPage = isOnLastPage || line.page == last;
-            EXPECT_LE(line.bottom, (line.page == last ? footerTop - 12 : footerBottom) + tolerance);
+            EXPECT_LE(line.bottom, (line.page == last ? footerTop - 12 : footerBottom) + placeTolerance);
         }
         EXPECT_TRUE(isOnLastPage) << "the footer stands alone";
     }
@@ -155,7 +152,7 @@ TEST(InvoicePdfNotes, keepEmptyLinesAtAPageBreak) {
     const double distance = places[1].top - places[0].top;
     for (std::size_t i = 1; i < places.size(); ++i)
         if (places[i].page == places[i - 1].page) {
-            EXPECT_NEAR(places[i].top - places[i - 1].top, distance, tolerance);
+            EXPECT_NEAR(places[i].top - places[i - 1].top, distance, placeTolerance);
         }
 }
 
@@ -164,7 +161,7 @@ TEST(InvoicePdfNotes, ofOneWordOfFiveThousandLettersAreBroken) {
     const PdfReader pdf(withNotes(word).document());
     expectSound(pdf, word);
     for (const PdfWord& part : pdf.words())
-        EXPECT_LE(part.box.right, 545 + tolerance + (part.box.left > 300 ? 40 : 0));
+        EXPECT_LE(part.box.right, 545 + placeTolerance + (part.box.left > 300 ? 40 : 0));
 }
 
 TEST(InvoicePdfNotes, ofAHundredThousandWordsLoseNone) {

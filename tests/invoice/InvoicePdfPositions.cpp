@@ -6,20 +6,17 @@
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = placeTolerance;
-constexpr double pageHeight = 842;
 constexpr double left = 50;
-constexpr double rightColumn = 50 + 495 * 0.67;
 /// Above the first line of both columns.
 constexpr double pageTop = 792;
 
 /// A thin line across the content at that height.
 void expectRule(const PdfReader& pdf, double y, int page = 1) {
     const auto ink =
-        pdf.picture(page, 288).inkWithin({page, 0, pageHeight - y - 0.6, 595, pageHeight - y + 0.6});
+        pdf.picture(page, 288).inkWithin({page, 0, a4.height - y - 0.6, 595, a4.height - y + 0.6});
     ASSERT_TRUE(ink) << y;
-    EXPECT_NEAR(ink->left, 50, tolerance);
-    EXPECT_NEAR(ink->right, 545, tolerance);
+    EXPECT_NEAR(ink->left, 50, placeTolerance);
+    EXPECT_NEAR(ink->right, 545, placeTolerance);
 }
 
 TEST(InvoicePdfPositions, senderLinesFollowEachOtherFromTheTopMargin) {
@@ -85,7 +82,7 @@ TEST(InvoicePdfPositions, titleAndGreetingFollowTheRecipient) {
     const auto first = pdf.find("vielen Dank");
     const auto second = pdf.find("Für meine Arbeit stelle ich Ihnen folgende Summe in Rechnung:");
     ASSERT_TRUE(first && second);
-    EXPECT_NEAR(second->left, left, tolerance);
+    EXPECT_NEAR(second->left, left, placeTolerance);
     EXPECT_GT(second->top, first->top + 10);
 }
 
@@ -126,14 +123,14 @@ TEST(InvoicePdfPositions, totalClosingTextAndFooterFollowTheRows) {
     const auto regards = pdf.find("Mit freundlichen Grüßen");
     ASSERT_TRUE(thanks && regards);
     const double lineHeight = regards->top - thanks->top;
-    EXPECT_NEAR(regards->left, left, tolerance);
+    EXPECT_NEAR(regards->left, left, placeTolerance);
     // An empty line stands between the greeting and the name.
     std::vector<PdfBox> names;
     for (const PdfWord& word : pdf.words())
         if (word.text == "Jürgen")
             names.push_back(word.box);
     ASSERT_EQ(names.size(), 2U);
-    EXPECT_NEAR(names[1].top, regards->top + 2 * lineHeight, tolerance);
+    EXPECT_NEAR(names[1].top, regards->top + 2 * lineHeight, placeTolerance);
 }
 
 TEST(InvoicePdfPositions, taxAndBankLinesStandAtTheFoot) {

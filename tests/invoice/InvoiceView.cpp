@@ -8,7 +8,6 @@ namespace brisklog::test {
 namespace {
 
 constexpr TimeInterval minute = 60;
-constexpr TimeInterval hour = 3600;
 
 TEST(InvoiceView, takesTheProjectsEntriesInTheirOrderUnticked) {
     TimeEntry invoiced = entryOf("Alt", hour);

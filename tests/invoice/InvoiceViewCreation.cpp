@@ -10,8 +10,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr TimeInterval hour = 3600;
-
 /// A sheet over two entries with the first one ticked.
 struct Billing : InvoiceSheet {
     Billing() : InvoiceSheet({entryOf("Abgerechnet", hour), entryOf("Später", hour)}, 60.0) {

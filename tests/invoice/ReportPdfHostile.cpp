@@ -10,7 +10,7 @@ namespace {
 using testing::HasSubstr;
 
 /// The report with one text in every place where a user can type.
-ReportSample madeOf(const std::string& text) {
+ReportSample reportMadeOf(const std::string& text) {
     ReportSample report;
     report.project.name = text;
     report.project.entries = {billedEntry(text, 0, 60), billedEntry("danach", 60, 60)};
@@ -24,7 +24,7 @@ ReportSample madeOf(const std::string& text) {
 }
 
 /// Nothing after the text was lost: the row behind it, the totals and the last line at the foot.
-void expectComplete(const PdfReader& pdf) {
+void expectCompleteReport(const PdfReader& pdf) {
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_EQ(pdf.pageCount(), 1);
     EXPECT_TRUE(pdf.find("danach 1 h 80,00 €"));
@@ -34,26 +34,26 @@ void expectComplete(const PdfReader& pdf) {
 }
 
 TEST(ReportPdfHostile, brokenUtf8IsReplacedEverywhere) {
-    const PdfReader pdf(madeOf("Gr\xFC\xDF"
-                               "e")
+    const PdfReader pdf(reportMadeOf("Gr\xFC\xDF"
+                                     "e")
                             .document());
-    expectComplete(pdf);
+    expectCompleteReport(pdf);
     EXPECT_THAT(pdf.copiedText(), HasSubstr("Zeiterfassung:Gr\uFFFD\uFFFDe"));
     EXPECT_THAT(pdf.copiedText(), HasSubstr("BIC:Gr\uFFFD\uFFFDe"));
 }
 
 TEST(ReportPdfHostile, controlCharactersAndLineBreaksBecomeBlanks) {
     using namespace std::string_literals;
-    const PdfReader pdf(madeOf("a\0b\x01"s + "c\x1B[31md\te\x7F" + "f\r\ng").document());
-    expectComplete(pdf);
+    const PdfReader pdf(reportMadeOf("a\0b\x01"s + "c\x1B[31md\te\x7F" + "f\r\ng").document());
+    expectCompleteReport(pdf);
     EXPECT_TRUE(pdf.find("Steuernummer: a b c [31md e f g"));
     EXPECT_TRUE(pdf.find("Zeiterfassung: a b c [31md e f g"));
 }
 
 TEST(ReportPdfHostile, hebrewAndArabicAreDrawnWhole) {
     for (const char* const word : {"שלום", "مرحبا"}) {
-        const PdfReader pdf(madeOf(word).document());
-        expectComplete(pdf);
+        const PdfReader pdf(reportMadeOf(word).document());
+        expectCompleteReport(pdf);
         const std::string text = pdf.readText();
         int places = 0;
         for (std::size_t at = 0; (at = text.find(word, at)) != std::string::npos; ++at)
@@ -63,14 +63,14 @@ TEST(ReportPdfHostile, hebrewAndArabicAreDrawnWhole) {
 }
 
 TEST(ReportPdfHostile, emojiCanBeCopiedWhetherOrNotAFontHasThem) {
-    const PdfReader pdf(madeOf("😀🦄👩‍👧").document());
-    expectComplete(pdf);
+    const PdfReader pdf(reportMadeOf("😀🦄👩‍👧").document());
+    expectCompleteReport(pdf);
     EXPECT_THAT(pdf.copiedText(), HasSubstr("IBAN:😀🦄👩"));
 }
 
 TEST(ReportPdfHostile, marksThatTurnTheDirectionStayInTheirLine) {
-    const PdfReader pdf(madeOf("\u202Eabc\u2066def").document());
-    expectComplete(pdf);
+    const PdfReader pdf(reportMadeOf("\u202Eabc\u2066def").document());
+    expectCompleteReport(pdf);
     EXPECT_TRUE(pdf.find("Aufgabe Startzeit Endzeit Dauer Verdienst"));
 }
 
@@ -78,32 +78,32 @@ TEST(ReportPdfHostile, towersOfAccentsAndInvisibleCharactersDoNoHarm) {
     std::string text = "a";
     for (int i = 0; i < 500; ++i)
         text += "\u0301\u200B\u00AD";
-    expectComplete(PdfReader(madeOf(text).document()));
+    expectCompleteReport(PdfReader(reportMadeOf(text).document()));
 }
 
 TEST(ReportPdfHostile, endlessTextsEverywhereGiveASoundDocument) {
-    const PdfReader pdf(madeOf(std::string(100'000, 'm')).document());
-    expectComplete(pdf);
+    const PdfReader pdf(reportMadeOf(std::string(100'000, 'm')).document());
+    expectCompleteReport(pdf);
     expectNothingPrintedOver(pdf);
 }
 
 TEST(ReportPdfHostile, markupAndPdfSyntaxAreOnlyText) {
     const std::string text = "<b>&amp;</b> (endstream) \\) Tj";
-    const PdfReader pdf(madeOf(text).document());
-    expectComplete(pdf);
+    const PdfReader pdf(reportMadeOf(text).document());
+    expectCompleteReport(pdf);
     EXPECT_THAT(pdf.copiedText(), HasSubstr("IBAN:" + withoutBlanks(text)));
 }
 
 TEST(ReportPdfHostile, aLogoOfFourHundredMillionPixelsIsLeftOut) {
-    ReportSample report = madeOf("x");
+    ReportSample report = reportMadeOf("x");
     report.sender.logoData = hugePng();
     const PdfReader pdf(report.document());
-    expectComplete(pdf);
+    expectCompleteReport(pdf);
     EXPECT_TRUE(pdf.images().empty());
 }
 
 TEST(ReportPdfHostile, absurdDatesAreDrawnInsideTheirCells) {
-    ReportSample report = madeOf("x");
+    ReportSample report = reportMadeOf("x");
     for (const double seconds : {1e300, -1e300, 1e15, -1e15}) {
         report.project.entries[0].startTime = Date{seconds};
         report.project.entries[0].endTime = Date{seconds};

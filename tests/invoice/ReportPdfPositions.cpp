@@ -8,7 +8,7 @@
 namespace brisklog::test {
 namespace {
 
-constexpr double left = 50;
+constexpr double contentLeft = 50;
 constexpr double right = 545;
 constexpr double senderX = 395;
 constexpr double bankX = 365;
@@ -35,7 +35,7 @@ struct Band {
 /// The areas of that brightness at the content's left edge, where no text stands.
 std::vector<Band> bandsOf(const PdfReader& pdf, int brightness, int page = 1) {
     const PdfPicture picture = pdf.picture(page);
-    const auto column = static_cast<int>((left + 2) * picture.pixelsPerPoint);
+    const auto column = static_cast<int>((contentLeft + 2) * picture.pixelsPerPoint);
     std::vector<Band> bands;
     for (int row = 0; row < picture.height; ++row) {
         if (std::abs(picture.brightness(column, row) - brightness) > 1)
@@ -58,7 +58,7 @@ void expectBar(const PdfReader& pdf, double top, int page) {
     EXPECT_NEAR(bars[0].bottom, top + 30, placeTolerance);
     const auto ink = pdf.picture(page).inkWithin({page, 0, top + 1, a4.width, top + 29});
     ASSERT_TRUE(ink);
-    EXPECT_NEAR(ink->left, left, placeTolerance);
+    EXPECT_NEAR(ink->left, contentLeft, placeTolerance);
     EXPECT_NEAR(ink->right, right, placeTolerance);
 }
 
@@ -101,24 +101,24 @@ TEST(ReportPdfPositions, theGapsStayWhereWholeGroupsAreEmpty) {
 
 TEST(ReportPdfPositions, titleDateAndRateStandAboveTheTable) {
     const PdfReader pdf(ReportSample().document());
-    expectLine(pdf, "Zeiterfassung: Website-Relaunch", left, a4.height - 150, 25);
-    expectLine(pdf, "Erstellt am 15. November 2026", left, a4.height - 175, 18);
-    expectLine(pdf, "Stundensatz: 80,00 €", left, a4.height - 200, 18);
+    expectLine(pdf, "Zeiterfassung: Website-Relaunch", contentLeft, a4.height - 150, 25);
+    expectLine(pdf, "Erstellt am 15. November 2026", contentLeft, a4.height - 175, 18);
+    expectLine(pdf, "Stundensatz: 80,00 €", contentLeft, a4.height - 200, 18);
 }
 
 TEST(ReportPdfPositions, theSendersLinesDoNotMoveTheTable) {
     ReportSample report;
     report.sender = {};
     const PdfReader pdf(report.document());
-    expectLine(pdf, "Zeiterfassung: Website-Relaunch", left, a4.height - 150, 25);
+    expectLine(pdf, "Zeiterfassung: Website-Relaunch", contentLeft, a4.height - 150, 25);
     expectBar(pdf, 215, 1);
-    expectAt(pdf, "Aufgabe 1", left + indent, firstRowTop + 11);
+    expectAt(pdf, "Aufgabe 1", contentLeft + indent, firstRowTop + 11);
 }
 
 TEST(ReportPdfPositions, aDarkBarBearsTheColumnTitlesInWhite) {
     const PdfReader pdf(ReportSample().document());
     expectBar(pdf, 215, 1);
-    expectAt(pdf, "Aufgabe Startzeit Endzeit Dauer Verdienst", left + indent, 220);
+    expectAt(pdf, "Aufgabe Startzeit Endzeit Dauer Verdienst", contentLeft + indent, 220);
     expectAt(pdf, "Startzeit", startX + indent, 220);
     expectAt(pdf, "Endzeit", startX + columnWidth + indent, 220);
     expectAt(pdf, "Dauer", startX + 2 * columnWidth + indent, 220);
@@ -138,7 +138,7 @@ TEST(ReportPdfPositions, withoutARateTheTaskTakesTheRoomOfTheEarnings) {
     expectAt(pdf, "Startzeit", wideStartX + indent, 220);
     expectAt(pdf, "Endzeit", wideStartX + columnWidth + indent, 220);
     expectAt(pdf, "Dauer", wideStartX + 2 * columnWidth + indent, 220);
-    expectAt(pdf, "Aufgabe 2", left + indent, firstRowTop + rowHeight + 11);
+    expectAt(pdf, "Aufgabe 2", contentLeft + indent, firstRowTop + rowHeight + 11);
     expectAt(pdf, "01.01.2001", wideStartX + indent, firstRowTop + 4);
     EXPECT_FALSE(pdf.find("Verdienst"));
 }
@@ -161,7 +161,7 @@ TEST(ReportPdfPositions, cellsStandInTheirRowsAndColumns) {
     for (const int row : {0, 1}) {
         const double top = firstRowTop + rowHeight * row;
         const std::string cells = "Aufgabe " + std::to_string(row + 1) + " 1 h 80,00 €";
-        expectAt(pdf, cells, left + indent, top + 11);
+        expectAt(pdf, cells, contentLeft + indent, top + 11);
         expectNumber(pdf, cells, right - indent, a4.height - top - 11 - 14);
     }
 }
@@ -189,22 +189,22 @@ TEST(ReportPdfPositions, everySecondRowIsGreyAcrossTheContent) {
     }
     const auto ink = pdf.picture(1).inkWithin({1, 0, 291, a4.width, 293});
     ASSERT_TRUE(ink);
-    EXPECT_NEAR(ink->left, left, placeTolerance);
+    EXPECT_NEAR(ink->left, contentLeft, placeTolerance);
     EXPECT_NEAR(ink->right, right, placeTolerance);
 }
 
 TEST(ReportPdfPositions, fifteenRowsFitOnTheFirstPageAndTwentyOnEachFurtherOne) {
     const PdfReader pdf(reportOf(rowsOnFirstPage + rowsOnLaterPages + 1).document());
     ASSERT_EQ(pdf.pageCount(), 3);
-    expectAt(pdf, "Aufgabe 15", left + indent, firstRowTop + 14 * rowHeight + 11, 1);
+    expectAt(pdf, "Aufgabe 15", contentLeft + indent, firstRowTop + 14 * rowHeight + 11, 1);
     EXPECT_FALSE(pdf.find("Aufgabe 16", 1));
     for (const int page : {2, 3}) {
         expectBar(pdf, 60, page);
-        expectAt(pdf, "Aufgabe Startzeit Endzeit Dauer Verdienst", left + indent, 65, page);
+        expectAt(pdf, "Aufgabe Startzeit Endzeit Dauer Verdienst", contentLeft + indent, 65, page);
     }
-    expectAt(pdf, "Aufgabe 16", left + indent, laterRowTop + 11, 2);
-    expectAt(pdf, "Aufgabe 35", left + indent, laterRowTop + 19 * rowHeight + 11, 2);
-    expectAt(pdf, "Aufgabe 36", left + indent, laterRowTop + 11, 3);
+    expectAt(pdf, "Aufgabe 16", contentLeft + indent, laterRowTop + 11, 2);
+    expectAt(pdf, "Aufgabe 35", contentLeft + indent, laterRowTop + 19 * rowHeight + 11, 2);
+    expectAt(pdf, "Aufgabe 36", contentLeft + indent, laterRowTop + 11, 3);
     EXPECT_FALSE(pdf.find("Zeiterfassung:", 2));
     EXPECT_FALSE(pdf.find("Steuernummer:", 2));
 }
@@ -220,8 +220,8 @@ TEST(ReportPdfPositions, theStripesGoOnAfterAPageBreak) {
 TEST(ReportPdfPositions, totalsFollowTheLastRow) {
     const PdfReader pdf(ReportSample().document());
     const double top = firstRowTop + 3 * rowHeight + 10;
-    expectAt(pdf, "Gesamtdauer: 3 h", left, top);
-    expectAt(pdf, "Gesamtverdienst: 240,00 €", left, top + 18);
+    expectAt(pdf, "Gesamtdauer: 3 h", contentLeft, top);
+    expectAt(pdf, "Gesamtverdienst: 240,00 €", contentLeft, top + 18);
 }
 
 TEST(ReportPdfPositions, bankLinesStandAtTheFootWithTheLastAtFifty) {
@@ -244,7 +244,7 @@ TEST(ReportPdfPositions, emptyBankFieldsLeaveNoLine) {
 /// Totals and bank lines stand on that page, and no page follows.
 void expectEnding(const PdfReader& pdf, int page, double totalsTop) {
     ASSERT_EQ(pdf.pageCount(), page);
-    expectAt(pdf, "Gesamtdauer:", left, totalsTop, page);
+    expectAt(pdf, "Gesamtdauer:", contentLeft, totalsTop, page);
     expectLine(pdf, "BIC: COBADEFFXXX", bankX, 50, 14, page);
     for (int before = 1; before < page; ++before)
         for (const char* const word : {"Gesamtdauer:", "Gesamtverdienst:", "IBAN:", "BIC:"})
@@ -276,11 +276,11 @@ TEST(ReportPdfPositions, withoutEntriesTheTotalsFollowTheBar) {
     const PdfReader pdf(reportOf(0).document());
     expectBar(pdf, 215, 1);
     expectEnding(pdf, 1, firstRowTop + 10);
-    expectAt(pdf, "Gesamtdauer: 0 min", left, firstRowTop + 10);
-    expectAt(pdf, "Gesamtverdienst: 0,00 €", left, firstRowTop + 28);
+    expectAt(pdf, "Gesamtdauer: 0 min", contentLeft, firstRowTop + 10);
+    expectAt(pdf, "Gesamtverdienst: 0,00 €", contentLeft, firstRowTop + 28);
 }
 
-void expectLogo(const std::string& logo, double width, double height) {
+void expectLogoOnReport(const std::string& logo, double width, double height) {
     ReportSample report;
     report.sender.logoData = logo;
     const PdfReader pdf(report.document());
@@ -294,12 +294,12 @@ void expectLogo(const std::string& logo, double width, double height) {
 }
 
 TEST(ReportPdfPositions, theLogoShrinksToSeventyFivePointsAndKeepsItsShape) {
-    expectLogo(pngImage(150, 75), 75, 37.5);
-    expectLogo(pngImage(75, 150), 37.5, 75);
-    expectLogo(jpegImage(750, 750), 75, 75);
+    expectLogoOnReport(pngImage(150, 75), 75, 37.5);
+    expectLogoOnReport(pngImage(75, 150), 37.5, 75);
+    expectLogoOnReport(jpegImage(750, 750), 75, 75);
 }
 
-TEST(ReportPdfPositions, theLogoIsNeverEnlarged) { expectLogo(pngImage(30, 20), 30, 20); }
+TEST(ReportPdfPositions, theLogoIsNeverEnlarged) { expectLogoOnReport(pngImage(30, 20), 30, 20); }
 
 TEST(ReportPdfPositions, aLogoThatDoesNotDecodeIsLeftOut) {
     ReportSample report;

@@ -8,9 +8,7 @@
 namespace brisklog::test {
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-ReportSample withEntries(std::vector<TimeEntry> entries) {
+ReportSample reportWith(std::vector<TimeEntry> entries) {
     ReportSample report;
     report.project.entries = std::move(entries);
     return report;
@@ -24,7 +22,7 @@ TEST(ReportPdf, isASoundA4Document) {
 }
 
 TEST(ReportPdf, everyTextCanBeCopiedInReadingOrder) {
-    ReportSample report = withEntries({billedEntry("Entwurf (1)", 0, 90)});
+    ReportSample report = reportWith({billedEntry("Entwurf (1)", 0, 90)});
     report.sender.email = "j@s.example";
     EXPECT_EQ(PdfReader(report.document()).copiedText(),
               withoutBlanks("Schäfer Softwareentwicklung Jürgen Schäfer-Größmann Königsstraße 27 a "
@@ -59,7 +57,7 @@ TEST(ReportPdf, aRateOfZeroIsARate) {
 }
 
 TEST(ReportPdf, earningsAreAtTheProjectsRateEvenWhereAnEntryHasItsOwn) {
-    const PdfReader pdf(withEntries({billedEntry("Eigener", 0, 60, 95.5)}).document());
+    const PdfReader pdf(reportWith({billedEntry("Eigener", 0, 60, 95.5)}).document());
     EXPECT_TRUE(pdf.find("Eigener 1 h 80,00 €"));
     EXPECT_TRUE(pdf.find("Gesamtverdienst: 80,00 €"));
 }
@@ -68,7 +66,7 @@ TEST(ReportPdf, entriesStandInTheProjectsOrderAndInvoicedOnesAreAmongThem) {
     std::vector<TimeEntry> entries{billedEntry("spät", 500, 60), billedEntry("früh", 0, 60),
                                    billedEntry("mittags", 250, 60)};
     entries[1].isInvoiced = true;
-    const PdfReader pdf(withEntries(entries).document());
+    const PdfReader pdf(reportWith(entries).document());
     const auto late = pdf.find("spät");
     const auto early = pdf.find("früh");
     const auto noon = pdf.find("mittags");
@@ -94,7 +92,7 @@ TEST(ReportPdf, aRunningEntryShowsNoEndAndCountsUpToNow) {
 
 TEST(ReportPdf, totalsAreSumsOfTheExactFigures) {
     ReportSample report =
-        withEntries({billedEntry("a", 0, 1.5), billedEntry("b", 2, 1.5), billedEntry("c", 4, 1.5)});
+        reportWith({billedEntry("a", 0, 1.5), billedEntry("b", 2, 1.5), billedEntry("c", 4, 1.5)});
     report.project.hourlyRate = 1;
     const PdfReader pdf(report.document());
     EXPECT_TRUE(pdf.find("a 1 min 0,02 €"));
@@ -103,14 +101,14 @@ TEST(ReportPdf, totalsAreSumsOfTheExactFigures) {
 }
 
 TEST(ReportPdf, anEntryThatEndsBeforeItBeganIsNegative) {
-    const PdfReader pdf(withEntries({billedEntry("Rückwärts", 100, -90)}).document());
+    const PdfReader pdf(reportWith({billedEntry("Rückwärts", 100, -90)}).document());
     EXPECT_TRUE(pdf.find("Rückwärts -1 h 30 min -120,00 €"));
 }
 
 TEST(ReportPdf, figuresThatAreNotFiniteAreWrittenAsNothing) {
     TimeEntry endless = billedEntry("Endlos", 0, 60);
-    endless.endTime = Date{infinity};
-    const PdfReader pdf(withEntries({endless}).document());
+    endless.endTime = Date{std::numeric_limits<double>::infinity()};
+    const PdfReader pdf(reportWith({endless}).document());
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_TRUE(pdf.find("Endlos 0 min 0,00 €"));
     EXPECT_TRUE(pdf.find("Gesamtdauer: 0 min"));
@@ -118,7 +116,7 @@ TEST(ReportPdf, figuresThatAreNotFiniteAreWrittenAsNothing) {
 }
 
 TEST(ReportPdf, numbersTooLongForTheirColumnCoverNoOthers) {
-    ReportSample report = withEntries({billedEntry("Sehr teuer", 0, 6e9), billedEntry("Später", 1e12, 60)});
+    ReportSample report = reportWith({billedEntry("Sehr teuer", 0, 6e9), billedEntry("Später", 1e12, 60)});
     report.project.hourlyRate = 1e12;
     const PdfReader pdf(report.document());
     EXPECT_EQ(pdf.complaints(), "");
@@ -133,7 +131,7 @@ TEST(ReportPdf, numbersTooLongForTheirColumnCoverNoOthers) {
 }
 
 TEST(ReportPdf, longTextsEndInAnEllipsisInsideTheirPlace) {
-    ReportSample report = withEntries({billedEntry(std::string(2000, 't'), 0, 60)});
+    ReportSample report = reportWith({billedEntry(std::string(2000, 't'), 0, 60)});
     report.project.name = std::string(2000, 'p');
     report.sender.companyName = std::string(2000, 'c');
     report.sender.bankName = std::string(2000, 'b');

@@ -9,6 +9,9 @@
 
 namespace brisklog::test {
 
+/// Left edge of the invoice's right column, in points.
+inline constexpr double rightColumn = 50 + 495 * 0.67;
+
 [[nodiscard]] InvoiceSender sampleSender();
 [[nodiscard]] Customer sampleCustomer();
 

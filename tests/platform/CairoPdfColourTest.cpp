@@ -9,9 +9,8 @@ namespace brisklog::test {
 namespace {
 
 /// The one character of our font in colour: a yellow square in a red one as high as the text.
-const std::string picture = "\U0010F0F0";
-constexpr TextStyle regular{.pointSize = 10};
-constexpr PdfBox wholePage{1, 0, 0, a4.width, a4.height};
+const std::string colouredSquare = "\U0010F0F0";
+constexpr TextStyle ordinary{.pointSize = 10};
 
 /// Documents on a machine that has a font in colour, as most have for emoji.
 class CairoPdfColour : public testing::Test {
@@ -30,14 +29,14 @@ protected:
             document->beginPage();
             double y = 780;
             for (const std::string& line : lines)
-                document->drawLine(line, {50, y -= 14, 495, 14}, regular);
+                document->drawLine(line, {50, y -= 14, 495, 14}, ordinary);
         }
         return document->finish();
     }
 };
 
 TEST_F(CairoPdfColour, aPictureIsDrawnInItsPlace) {
-    const PdfReader pdf(documentOf({picture}));
+    const PdfReader pdf(documentOf({colouredSquare}));
     const auto ink = pdf.picture(1, 288).inkWithin(wholePage);
     ASSERT_TRUE(ink);
     EXPECT_NEAR(ink->left, 50, 0.5);
@@ -54,13 +53,13 @@ TEST_F(CairoPdfColour, aPictureIsDrawnInItsPlace) {
 }
 
 TEST_F(CairoPdfColour, picturesCanBeCopiedAsTheCharactersTheyStandFor) {
-    const std::string text = "Start " + picture + picture + " Ende";
+    const std::string text = "Start " + colouredSquare + colouredSquare + " Ende";
     const PdfReader pdf(documentOf({text, "danach"}));
     EXPECT_EQ(pdf.copiedText(), withoutBlanks(text + "danach"));
 }
 
 TEST_F(CairoPdfColour, manyOfThemOnManyPagesMakeASoundDocument) {
-    const std::vector<std::string> lines(20, picture + " " + picture);
+    const std::vector<std::string> lines(20, colouredSquare + " " + colouredSquare);
     const std::string onePage = documentOf(lines);
     const std::string tenPages = documentOf(lines, 10);
     EXPECT_EQ(PdfReader(onePage).complaints(), "");
@@ -71,7 +70,7 @@ TEST_F(CairoPdfColour, manyOfThemOnManyPagesMakeASoundDocument) {
 }
 
 TEST_F(CairoPdfColour, aCharacterNoFontHasIsABoxBesideAPicture) {
-    const std::string text = picture + "\U0010F0F1" + picture;
+    const std::string text = colouredSquare + "\U0010F0F1" + colouredSquare;
     const PdfReader pdf(documentOf({text}));
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_EQ(pdf.copiedText(), text);

@@ -1,23 +1,21 @@
 #include "platform/linux/CairoPdfFacility.h"
 
 #include "support/PdfPictures.h"
-#include "support/PdfReader.h"
+#include "support/PdfPlaces.h"
 
 #include <gmock/gmock.h>
 
 namespace brisklog::test {
 namespace {
 
-constexpr double tolerance = 0.5;
-constexpr PageRectangle box{200, 600, 70, 70};
-constexpr PdfBox wholePage{1, 0, 0, a4.width, a4.height};
+constexpr PageRectangle imagePlace{200, 600, 70, 70};
 
 /// A document with the image, and a word after it that shows that drawing went on.
 std::string withImage(std::string_view encoded) {
     CairoPdfFacility facility;
     const auto document = facility.begin({});
     document->beginPage();
-    document->drawImage(encoded, box);
+    document->drawImage(encoded, imagePlace);
     return document->finish();
 }
 
@@ -34,10 +32,10 @@ void expectDrawn(std::string_view encoded, const Drawn& expected) {
     EXPECT_EQ(pdf.complaints(), "");
     const auto ink = pdf.picture(1).inkWithin(wholePage);
     ASSERT_TRUE(ink);
-    EXPECT_NEAR(ink->left, expected.x, tolerance);
-    EXPECT_NEAR(ink->top, a4.height - 670 + expected.top, tolerance);
-    EXPECT_NEAR(ink->right - ink->left, expected.width, tolerance);
-    EXPECT_NEAR(ink->bottom - ink->top, expected.height, tolerance);
+    EXPECT_NEAR(ink->left, expected.x, placeTolerance);
+    EXPECT_NEAR(ink->top, a4.height - 670 + expected.top, placeTolerance);
+    EXPECT_NEAR(ink->right - ink->left, expected.width, placeTolerance);
+    EXPECT_NEAR(ink->bottom - ink->top, expected.height, placeTolerance);
 }
 
 void expectSkipped(std::string_view encoded) {

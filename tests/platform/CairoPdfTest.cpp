@@ -1,7 +1,7 @@
 #include "platform/linux/CairoPdfFacility.h"
 
 #include "support/PdfPictures.h"
-#include "support/PdfReader.h"
+#include "support/PdfPlaces.h"
 
 #include <cmath>
 #include <functional>
@@ -13,7 +13,6 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr double tolerance = 0.5;
 constexpr TextStyle regular{.pointSize = 10};
 constexpr PageRectangle line{100, 700, 200, 14};
 
@@ -60,9 +59,9 @@ TEST(CairoPdf, textHangsFromTheTopOfItsRectangle) {
     const PdfReader pdf(onePage([](PdfDocument& page) { page.drawLine("Hamburg", line, regular); }));
     const auto word = pdf.find("Hamburg");
     ASSERT_TRUE(word);
-    EXPECT_NEAR(word->left, line.x, tolerance);
-    EXPECT_NEAR(word->top, fromTop(line.y + line.height), tolerance);
-    const auto ink = pdf.picture(1).inkWithin({1, 0, 0, a4.width, a4.height});
+    EXPECT_NEAR(word->left, line.x, placeTolerance);
+    EXPECT_NEAR(word->top, fromTop(line.y + line.height), placeTolerance);
+    const auto ink = pdf.picture(1).inkWithin(wholePage);
     ASSERT_TRUE(ink);
     EXPECT_GT(ink->top, fromTop(line.y + line.height));
     EXPECT_LT(ink->bottom, fromTop(line.y));
@@ -86,7 +85,7 @@ TEST(CairoPdf, aLineTooLongEndsInAnEllipsisInsideItsRectangle) {
     const PdfReader pdf(onePage([&](PdfDocument& page) { page.drawLine(longText, line, regular); }));
     ASSERT_EQ(pdf.words().size(), 1U);
     EXPECT_THAT(pdf.words()[0].text, testing::MatchesRegex("x+…"));
-    EXPECT_LE(pdf.words()[0].box.right, line.x + line.width + tolerance);
+    EXPECT_LE(pdf.words()[0].box.right, line.x + line.width + placeTolerance);
 }
 
 TEST(CairoPdf, aLineBeyondAllBoundsIsDrawnAtOnce) {
@@ -102,7 +101,7 @@ TEST(CairoPdf, aNumberEndsAtTheRightEdge) {
         onePage([](PdfDocument& page) { page.drawNumber("1.234,50\u00A0€", line, regular); }));
     const auto number = pdf.find("1.234,50 €");
     ASSERT_TRUE(number);
-    EXPECT_NEAR(number->right, line.x + line.width, tolerance);
+    EXPECT_NEAR(number->right, line.x + line.width, placeTolerance);
 }
 
 TEST(CairoPdf, aNumberTooLongIsSetSmallerAndNeverShortened) {
@@ -110,8 +109,8 @@ TEST(CairoPdf, aNumberTooLongIsSetSmallerAndNeverShortened) {
     const PdfReader pdf(onePage([&](PdfDocument& page) { page.drawNumber(digits, line, regular); }));
     ASSERT_EQ(pdf.words().size(), 1U);
     EXPECT_EQ(pdf.words()[0].text, digits);
-    EXPECT_GE(pdf.words()[0].box.left, line.x - tolerance);
-    EXPECT_NEAR(pdf.words()[0].box.right, line.x + line.width, tolerance);
+    EXPECT_GE(pdf.words()[0].box.left, line.x - placeTolerance);
+    EXPECT_NEAR(pdf.words()[0].box.right, line.x + line.width, placeTolerance);
 }
 
 TEST(CairoPdf, digitsAreOfEqualWidth) {
@@ -150,7 +149,7 @@ TEST(CairoPdf, aCharacterThatNoFontHasCanBeCopiedWhereverItStands) {
 TEST(CairoPdf, aCharacterThatNoFontHasIsAnEmptyBox) {
     const PdfReader pdf(onePage([](PdfDocument& page) { page.drawLine("\U000F0000", line, regular); }));
     const auto picture = pdf.picture(1, 720);
-    const auto ink = picture.inkWithin({1, 0, 0, a4.width, a4.height});
+    const auto ink = picture.inkWithin(wholePage);
     ASSERT_TRUE(ink);
     const PdfBox inside{1, ink->left + 1, ink->top + 1, ink->right - 1, ink->bottom - 1};
     EXPECT_GT(inside.right, inside.left);
@@ -188,7 +187,7 @@ TEST(CairoPdf, lineBreaksAreKeptInWrappedTextAndBlanksInALine) {
             tops.push_back(word.box.top);
     ASSERT_EQ(tops.size(), 4U);
     for (std::size_t i = 1; i < tops.size(); ++i)
-        EXPECT_NEAR(tops[i] - tops[i - 1], tops[1] - tops[0], tolerance);
+        EXPECT_NEAR(tops[i] - tops[i - 1], tops[1] - tops[0], placeTolerance);
 }
 
 TEST(CairoPdf, linesOfUnknownCharactersAreAsHighAsOthers) {
@@ -237,7 +236,7 @@ TEST(CairoPdf, textIsLaidOutTheSameWhereverItIsTakenApart) {
         // A line is full before the next one begins, and the lines keep their distance.
         EXPECT_GT(before.right + (box.right - box.left), 545 - 3);
         EXPECT_NEAR(box.top - previousTop, pdf.words().front().box.bottom - pdf.words().front().box.top,
-                    tolerance);
+                    placeTolerance);
         previousTop = box.top;
     }
 }
@@ -249,7 +248,7 @@ TEST(CairoPdf, aWordLongerThanTheLineIsBrokenWithoutHyphens) {
     }));
     EXPECT_EQ(pdf.copiedText(), word);
     for (const PdfWord& part : pdf.words())
-        EXPECT_LE(part.box.right, 300 + tolerance);
+        EXPECT_LE(part.box.right, 300 + placeTolerance);
 }
 
 TEST(CairoPdf, wrappedTextGivesBackWhatFindsNoRoom) {
@@ -299,7 +298,7 @@ TEST(CairoPdf, textLongerThanAnyPageIsGivenBackWhole) {
 TEST(CairoPdf, aRuleIsAGreyLineOfHalfAPoint) {
     const PdfReader pdf(onePage([](PdfDocument& page) { page.drawRule(50, 545, 400); }));
     const auto picture = pdf.picture(1, 720);
-    const auto ink = picture.inkWithin({1, 0, 0, a4.width, a4.height});
+    const auto ink = picture.inkWithin(wholePage);
     ASSERT_TRUE(ink);
     EXPECT_NEAR(ink->left, 50, 0.2);
     EXPECT_NEAR(ink->right, 545, 0.2);
@@ -311,7 +310,7 @@ TEST(CairoPdf, aRuleIsAGreyLineOfHalfAPoint) {
 TEST(CairoPdf, aFilledRectangleCoversItselfAndNothingElse) {
     const PdfReader pdf(onePage([](PdfDocument& page) { page.fillRectangle({50, 400, 495, 30}, 0.2); }));
     const auto picture = pdf.picture(1, 720);
-    const auto ink = picture.inkWithin({1, 0, 0, a4.width, a4.height});
+    const auto ink = picture.inkWithin(wholePage);
     ASSERT_TRUE(ink);
     EXPECT_NEAR(ink->left, 50, 0.2);
     EXPECT_NEAR(ink->right, 545, 0.2);
@@ -328,7 +327,7 @@ TEST(CairoPdf, whatIsDrawnLaterCoversWhatWasDrawnBefore) {
         page.fillRectangle({line.x - 10, line.y - 10, 300, 40}, 1);
         page.drawLine("sichtbar", {line.x, line.y - 100, line.width, line.height}, regular);
     }));
-    const auto ink = pdf.picture(1).inkWithin({1, 0, 0, a4.width, a4.height});
+    const auto ink = pdf.picture(1).inkWithin(wholePage);
     ASSERT_TRUE(ink);
     EXPECT_GT(ink->top, fromTop(line.y - 60));
     EXPECT_EQ(pdf.copiedText(), "verdecktsichtbar");

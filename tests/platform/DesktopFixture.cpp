@@ -11,8 +11,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int patience = 20000;
-
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 
 /// One application for the process, as the toolkit demands. It is never destroyed: at the end of the process

@@ -9,6 +9,9 @@
 
 namespace brisklog::test {
 
+/// How long, in milliseconds, a test waits for another program.
+inline constexpr int patience = 20000;
+
 /// Handles everything pending until the condition holds; false when it does not within some seconds.
 [[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
 

@@ -42,8 +42,6 @@ ino_t inodeOf(const fs::path& path) {
     return status.st_ino;
 }
 
-unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
-
 TEST_F(PosixFilesTest, whatIsWrittenIsReadBack) {
     for (const std::string& bytes :
          {std::string("Grüße\0\xFF", 9), std::string(), std::string(3000000, 'x')}) {

@@ -15,8 +15,6 @@ using ::testing::IsEmpty;
 using Limits = std::numeric_limits<double>;
 using Type = UserDefaults::Type;
 
-unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
-
 void expectKept(UserDefaults& store, const UserDefaults::Value& value) {
     store.setValue("key", value);
     EXPECT_EQ(store.value("key"), value);

@@ -15,8 +15,6 @@ namespace {
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
-constexpr int patience = 20000;
-
 /// The user "nobody": sway refuses to run as the administrator, as whom tests in containers run.
 constexpr int nobody = 65534;
 

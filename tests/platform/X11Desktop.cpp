@@ -8,7 +8,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int patience = 20000;
 constexpr std::uint8_t bitsOfNumber = 32;
 constexpr std::uint8_t bitsOfByte = 8;
 

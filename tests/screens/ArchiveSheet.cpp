@@ -16,8 +16,6 @@ namespace {
 
 using ArchiveSheet = ArchiveSheetWindow;
 
-constexpr TimeInterval day = 24 * 3600;
-
 TEST_F(ArchiveSheet, saysWhatWillBeThereWhileItIsEmpty) {
     open();
     EXPECT_EQ(sheet->windowTitle(), u"Archivierte Rechnungen"_s);
@@ -150,7 +148,7 @@ TEST_F(ArchiveSheet, twoThousandInvoicesOpenWithoutMakingOneWait) {
     for (int count = 0; count < 2000; ++count)
         invoices.push_back({.id = Uuid::generate(),
                             .invoiceNumber = std::to_string(count),
-                            .date = content.clock.now().addingSeconds((count - 2000) * day),
+                            .date = content.clock.now().addingSeconds((count - 2000) * fullDay),
                             .customerName = "Müller",
                             .entryIDs = {content.projectEntries().at(0).id}});
     content.store.archivedInvoices = invoices;

@@ -11,12 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace brisklog::test {
-namespace {
-
-constexpr TimeInterval hour = 3600;
-constexpr TimeInterval day = 24 * hour;
-
-} // namespace
 
 ArchiveSheetWindow::ArchiveSheetWindow()
     : content({entryOf("Eins", hour), entryOf("Zwei", hour / 2, 80.0)}, 60.0) {
@@ -26,7 +20,7 @@ ArchiveSheetWindow::ArchiveSheetWindow()
 void ArchiveSheetWindow::issue(const std::string& number, const std::optional<std::string>& customer,
                                double daysAgo, const std::vector<Uuid>& ids) {
     const Date now = content.clock.now();
-    content.clock.set(now.addingSeconds(-daysAgo * day));
+    content.clock.set(now.addingSeconds(-daysAgo * fullDay));
     content.store.addArchivedInvoice(number, customer, ids);
     content.clock.set(now);
 }

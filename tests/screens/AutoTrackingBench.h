@@ -17,7 +17,6 @@ namespace brisklog::test {
 class AutoTrackingBench : public ProjectScreenBench {
 protected:
     static constexpr Date friday{816879600};
-    static constexpr double day = 86400;
 
     AutoTrackingBench() {
         bench.clock.set(friday);
@@ -34,7 +33,7 @@ protected:
     /// An application was used for that long, that many days ago.
     void record(int daysAgo, const std::string& application, double seconds,
                 const std::optional<std::string>& icon = std::nullopt) {
-        const Date begin = friday.addingSeconds(-daysAgo * day);
+        const Date begin = friday.addingSeconds(-daysAgo * fullDay);
         const Day of = Calendar(QTimeZone::utc()).dayOf(begin);
         manager().dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
             auto found = std::ranges::find(days, of.start, &DailyAppUsage::date);

@@ -139,7 +139,7 @@ TEST_F(CalendarScreenTest, dayWithoutDataIsSelectedAndOpensNothing) {
 TEST_F(CalendarScreenTest, dayThatBeganWhileHiddenIsTodayWhenShownAgain) {
     openPanel();
     screen->hide();
-    bench.clock.advance(day);
+    bench.clock.advance(fullDay);
     screen->show();
     settle();
     EXPECT_EQ(cell(u"21. November 2026"_s).accessibleDescription(), u"Heute"_s);

@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 namespace {
 
-constexpr double hour = 3600;
 constexpr Date friday{816879600}; // 20 November 2026, 15:00 UTC
 
 class DashboardScreenTest : public ScreenTest {
@@ -32,7 +31,7 @@ protected:
     void addEntry(std::size_t project, double daysAgo, double hours) {
         TimeEntry entry;
         entry.id = Uuid::generate();
-        entry.startTime = friday.addingSeconds(-daysAgo * 24 * hour - 6 * hour);
+        entry.startTime = friday.addingSeconds(-daysAgo * fullDay - 6 * hour);
         entry.endTime = entry.startTime.addingSeconds(hours * hour);
         bench.store.addManualEntry(bench.project(project).id, entry);
     }

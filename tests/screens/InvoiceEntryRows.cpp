@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 namespace {
 
-constexpr TimeInterval hour = 3600;
-
 class InvoiceEntryRows : public ScreenTest {
 protected:
     static std::vector<TimeEntry> threeEntries() {

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 namespace {
 
-constexpr TimeInterval hour = 3600;
-
 class InvoiceScreenTest : public ScreenTest {
 protected:
     static Customer erika() {

@@ -4,6 +4,10 @@
 
 namespace brisklog::test {
 
+inline constexpr TimeInterval hour = secondsPerHour;
+/// The length of most days.
+inline constexpr TimeInterval fullDay = 24 * hour;
+
 /// A clock that stands still until it is told otherwise. It starts on 15 November 2026, 09:00:00 UTC.
 class FakeClock final : public Clock {
 public:

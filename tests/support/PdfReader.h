@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/PdfDocument.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -17,6 +19,9 @@ struct PdfBox {
     double right = 0;
     double bottom = 0;
 };
+
+/// The first page of A4, in full.
+inline constexpr PdfBox wholePage{1, 0, 0, a4.width, a4.height};
 
 /// A word as it can be selected and copied.
 struct PdfWord {

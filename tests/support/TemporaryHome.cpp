@@ -45,4 +45,6 @@ std::string readFile(const fs::path& path) {
     return {std::istreambuf_iterator(file), {}};
 }
 
+unsigned modeOf(const fs::path& path) { return static_cast<unsigned>(fs::status(path).permissions()); }
+
 } // namespace brisklog::test

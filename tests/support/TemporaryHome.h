@@ -34,4 +34,7 @@ void writeFile(const std::filesystem::path& path, std::string_view bytes);
 /// All bytes of a file; fails the test when it cannot be read.
 [[nodiscard]] std::string readFile(const std::filesystem::path& path);
 
+/// Who may do what with a file, as chmod counts.
+[[nodiscard]] unsigned modeOf(const std::filesystem::path& path);
+
 } // namespace brisklog::test

@@ -12,8 +12,6 @@ namespace {
 constexpr std::string_view ellipsis = "…";
 constexpr std::size_t mostGlyphsAtOnce = 1000;
 
-double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
-
 bool isShown(const PangoGlyphInfo& glyph) {
     constexpr PangoGlyph unknownBlank = PANGO_GET_UNKNOWN_GLYPH(U' ');
     return glyph.glyph != PANGO_GLYPH_EMPTY && glyph.glyph != unknownBlank;

@@ -10,6 +10,9 @@
 
 namespace brisklog {
 
+/// Pango measures in parts of a point.
+inline double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
+
 /// Puts shaped text on a drawing together with the characters it stands for, so that it can be copied from
 /// the document. What follows each other in one font is handed over at once, because each time costs Cairo
 /// more than a word.

@@ -26,8 +26,6 @@ constexpr std::size_t longestLine = 2048;
 constexpr std::size_t longestPortion = 2048;
 constexpr std::size_t mostRecentLines = 256;
 
-double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
-
 int toPango(double points) { return static_cast<int>(std::lround(points * PANGO_SCALE)); }
 
 struct FreeIterator {

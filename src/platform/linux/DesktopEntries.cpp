@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view ending = ".desktop";
+constexpr std::string_view entryEnding = ".desktop";
 
 std::string variable(const char* name, const std::string& otherwise) {
     const char* const value = std::getenv(name);
@@ -32,7 +32,7 @@ std::string lastPart(const std::string& id) {
 
 std::string idOf(const fs::path& root, const fs::path& file) {
     std::string id = file.lexically_relative(root).string();
-    id.resize(id.size() - ending.size());
+    id.resize(id.size() - entryEnding.size());
     std::ranges::replace(id, '/', '-');
     return id;
 }
@@ -139,7 +139,7 @@ void DesktopEntries::readFolder(const fs::path& root, std::set<std::string>& tak
         std::error_code none;
         if (file->is_directory(none))
             m_folders.push_back(file->path());
-        if (file->path().extension() != ending)
+        if (file->path().extension() != entryEnding)
             continue;
         std::string id = idOf(root, file->path());
         if (!taken.insert(id).second)

@@ -13,7 +13,7 @@ namespace {
 using Values = std::map<std::string, std::string, std::less<>>;
 
 /// More is no desktop entry.
-constexpr std::size_t largestFile = 1 << 20;
+constexpr std::size_t largestEntry = 1 << 20;
 
 /// The keys of the group that describes the application itself; its actions have groups of their own.
 Values mainGroup(std::string_view text) {
@@ -99,7 +99,7 @@ std::optional<DesktopEntry> parseDesktopEntry(std::string id, std::string_view t
 std::optional<DesktopEntry> readDesktopEntry(std::string id, const std::filesystem::path& path) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error) ||
-        std::filesystem::file_size(path, error) > largestFile)
+        std::filesystem::file_size(path, error) > largestEntry)
         return std::nullopt;
     std::ifstream file(path, std::ios::binary);
     const std::string content{std::istreambuf_iterator(file), {}};

@@ -1,23 +1,15 @@
 #include "platform/linux/X11Watcher.h"
 
+#include "platform/linux/X11Connection.h"
+
 #include <QSocketNotifier>
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <string>
-#include <xcb/xcb.h>
 #include <xcb/xinput.h>
 
 namespace brisklog {
 namespace {
-
-template <class T>
-using Reply = std::unique_ptr<T, decltype(&std::free)>;
-
-template <class T>
-Reply<T> owned(T* reply) {
-    return {reply, &std::free};
-}
 
 /// The highest response number an event can have; the top bit marks events sent by other programs.
 constexpr std::uint8_t eventNumberMask = 0x7F;
