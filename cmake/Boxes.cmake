@@ -63,6 +63,7 @@ function(brisklog_tests name)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     add_executable(test-${name} ${sources})
     target_link_libraries(test-${name} PRIVATE brisklog-test-support ${ARGN})
+    # Its code runs once; to compile it takes longer.
     target_compile_options(test-${name} PRIVATE -O0)
     gtest_discover_tests(test-${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
         ENVIRONMENT "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/library-leaks.txt")
