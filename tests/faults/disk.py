@@ -6,8 +6,8 @@ import shutil
 import subprocess
 from contextlib import contextmanager, suppress
 
-from desktop import DOCUMENTS, HOME
-from tally import PROJECTS, check_kept, main, opened, output, record_one, run_as_root, write_projects
+from desktop import DOCUMENTS, HOME, output
+from tally import PROJECTS, check_kept, main, opened, record_one, run_as_root, write_projects
 
 
 @contextmanager

@@ -8,7 +8,7 @@ import time
 from pathlib import Path
 
 import pyatspi
-from desktop import DOCUMENTS, HOME, Desktop, Program, describe_failure, wait_until
+from desktop import DOCUMENTS, Desktop, Program, describe_failure, wait_until
 
 PROJECTS = DOCUMENTS / "projects.json"
 PROJECT_ID = "6F2A4B1C-8D3E-4F50-9A61-7B82C3D4E5F6"
@@ -90,10 +90,6 @@ def check_kept(tally, count):
     kept = read_entries()
     tally.torn += kept is None
     tally.lost += count - len(kept or [])
-
-
-def output():
-    return (HOME / "output.txt").read_text(errors="replace")
 
 
 def main(*faults):

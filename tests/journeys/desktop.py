@@ -48,6 +48,11 @@ def status_items():
     return answer.stdout + answer.stderr
 
 
+def output():
+    """What all runs of the program have printed."""
+    return (HOME / "output.txt").read_text(errors="replace")
+
+
 class Program:
     """One run of the program."""
 
@@ -196,7 +201,7 @@ def describe_failure(desktop):
     print("Status items:", status_items(), file=sys.stderr)
     for run in filter(Program.is_running, Program.runs):
         print(f"Process {run.process.pid}:", run.threads(), file=sys.stderr)
-    print("The program said:", (HOME / "output.txt").read_text(errors="replace"), file=sys.stderr)
+    print("The program said:", output(), file=sys.stderr)
 
 
 def main(journey):
