@@ -197,11 +197,13 @@ class Desktop:
 
 def describe_failure(desktop):
     desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
-    print("On the screen:", desktop.names(), file=sys.stderr)
-    print("Status items:", status_items(), file=sys.stderr)
     for run in filter(Program.is_running, Program.runs):
         print(f"Process {run.process.pid}:", run.threads(), file=sys.stderr)
     print("The program said:", output(), file=sys.stderr)
+    print("Status items:", status_items(), file=sys.stderr)
+    # The shortest and most telling part stands next to what was waited for.
+    print("The popover is open:", desktop.popover_is_open(), file=sys.stderr)
+    print("On the screen:", desktop.names(), file=sys.stderr)
 
 
 def main(journey):

@@ -5,7 +5,7 @@ import signal
 import subprocess
 import time
 
-from desktop import DOCUMENTS, Program, main, wait_until
+from desktop import DOCUMENTS, Program, command, main, wait_until
 
 
 def journey(program_path, desktop):
@@ -34,7 +34,21 @@ def journey(program_path, desktop):
     assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start ends well"
     wait_until(desktop.popover_is_open, "the second start to open the first one's popover")
     assert program.is_running()
+    with_a_frame_misread(desktop)
     without_its_panel(program_path, desktop)
+
+
+def with_a_frame_misread(desktop):
+    """A window manager's frame is 1 × 1 until it is placed, and may be asked for just then: a press in the popover
+    must not count as one outside of it."""
+    [window] = desktop.windows()
+    smaller = ", ".join(["0", str(2**32 - 369), "0", str(2**32 - 649)])
+    command("xprop", "-id", window, "-f", "_NET_FRAME_EXTENTS", "32c", "-set", "_NET_FRAME_EXTENTS", smaller)
+    command("xdotool", "windowmove", "--relative", window, "-4", "0")  # with a move it is read again
+    time.sleep(0.3)
+    desktop.press_named("Profil")
+    desktop.find("Kontaktdaten")
+    desktop.screenshot("tray-frame-misread")
 
 
 def without_its_panel(program_path, desktop):

@@ -48,7 +48,8 @@ bool belongsTo(const QWidget& popover, const QWidget* window) {
 bool isPointerOn(const QWidget& popover) {
     const QPoint pointer = QCursor::pos();
     return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
-        return window->isVisible() && window->frameGeometry().contains(pointer) && belongsTo(popover, window);
+        // Without the frame: the toolkit may have asked the window manager for it while that was still 1 × 1.
+        return window->isVisible() && window->geometry().contains(pointer) && belongsTo(popover, window);
     });
 }
 
