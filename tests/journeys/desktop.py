@@ -192,7 +192,16 @@ class Desktop:
         """The status item is on the bus, and a host shows it."""
 
         wait_until(lambda: "StatusNotifierItem" in status_items(), "the status item on the bus")
-        time.sleep(0.4)  # the panel draws it
+        self.wait_for_drawn_icon()
+
+    def wait_for_drawn_icon(self):
+        time.sleep(0.4)  # that of a process just ended goes first
+        wait_until(lambda: self.colours_around(self.icon) > 1, "the panel to draw the icon")
+
+    @staticmethod
+    def colours_around(place, side=20):
+        area = f"{side}x{side}+{place[0] - side // 2}+{place[1] - side // 2}"
+        return int(command("import", "-window", "root", "-crop", area, "-format", "%k", "info:"))
 
 
 def describe_failure(desktop):

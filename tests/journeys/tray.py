@@ -12,7 +12,7 @@ def journey(program_path, desktop):
     program = Program(program_path)
     wait_until(lambda: subprocess.run(["xdotool", "search", "--class", "brisklog"],
                                       capture_output=True).stdout, "the icon in the tray")
-    time.sleep(0.6)
+    desktop.wait_for_drawn_icon()
     desktop.screenshot("tray-icon")
     desktop.open_popover()
     desktop.screenshot("tray-popover")
