@@ -3,7 +3,6 @@ interface, and acts with the mouse and the keyboard."""
 
 import json
 import os
-import shutil
 import signal
 import subprocess
 import sys
@@ -76,13 +75,6 @@ class Program:
         self.process.send_signal(signal.SIGKILL)
         self.process.wait()
         subprocess.run(["flock", "--exclusive", LOCK, "true"], check=True, timeout=10)
-
-    def threads(self):
-        """What each of its threads is at, as far as the debugger is there to tell."""
-        if shutil.which("gdb") is None:
-            return "runs"
-        return subprocess.run(["gdb", "--batch", "--pid", str(self.process.pid), "--eval-command", "thread apply all backtrace 20"],
-                              capture_output=True, text=True).stdout
 
     def end(self):
         if self.is_running():
@@ -206,8 +198,7 @@ class Desktop:
 
 def describe_failure(desktop):
     desktop.screenshot("failed-" + Path(sys.argv[0]).stem)
-    for run in filter(Program.is_running, Program.runs):
-        print(f"Process {run.process.pid}:", run.threads(), file=sys.stderr)
+    print("Runs:", [run.is_running() for run in Program.runs], file=sys.stderr)
     print("The program said:", output(), file=sys.stderr)
     print("Status items:", status_items(), file=sys.stderr)
     # The shortest and most telling part stands next to what was waited for.
