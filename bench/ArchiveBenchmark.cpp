@@ -6,14 +6,14 @@
 // the sheet           made, shown and painted: at most 50 ms at 2,000 invoices, beside an empty sheet.
 
 #include "OffscreenApplication.h"
-#include "app/components/SheetWindow.h"
 #include "bench/Histories.h"
 #include "bench/IdlePlatform.h"
 #include "invoice/ArchiveSheetView.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/linux/SqliteUserDefaults.h"
-#include "platform/linux/SystemClock.h"
+#include "platform/defaults/SqliteUserDefaults.h"
+#include "platform/files/PosixFiles.h"
+#include "platform/loop/SystemClock.h"
+#include "ui/sheets/SheetWindow.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>

@@ -4,7 +4,7 @@
 #include "bench/PlainTable.h"
 #include "invoice/InvoiceTexts.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
-#include "platform/linux/CairoPdfFacility.h"
+#include "platform/documents/CairoPdfFacility.h"
 
 #include <benchmark/benchmark.h>
 #include <fstream>

@@ -1,7 +1,7 @@
 #include "OffscreenApplication.h"
 
-#include "app/components/Look.h"
-#include "app/components/Palette.h"
+#include "ui/look/Look.h"
+#include "ui/look/Palette.h"
 
 #include <QApplication>
 #include <array>

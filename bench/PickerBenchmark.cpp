@@ -5,9 +5,9 @@
 
 #include "OffscreenApplication.h"
 #include "bench/IdlePlatform.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/qt/QtBackground.h"
-#include "platform/qt/QtImages.h"
+#include "platform/files/PosixFiles.h"
+#include "platform/loop/QtBackground.h"
+#include "platform/pictures/QtImages.h"
 #include "profile/screens/LogoPickerWindow.h"
 
 #include <QApplication>

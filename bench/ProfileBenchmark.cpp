@@ -5,10 +5,10 @@
 
 #include "OffscreenApplication.h"
 #include "bench/IdlePlatform.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/linux/SqliteUserDefaults.h"
-#include "platform/linux/SystemClock.h"
-#include "platform/qt/QtImages.h"
+#include "platform/defaults/SqliteUserDefaults.h"
+#include "platform/files/PosixFiles.h"
+#include "platform/loop/SystemClock.h"
+#include "platform/pictures/QtImages.h"
 #include "profile/screens/ProfileScreen.h"
 
 #include <QApplication>

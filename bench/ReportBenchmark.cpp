@@ -3,7 +3,7 @@
 #include "bench/PlainTable.h"
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/ReportTexts.h"
-#include "platform/linux/CairoPdfFacility.h"
+#include "platform/documents/CairoPdfFacility.h"
 
 #include <benchmark/benchmark.h>
 #include <string>

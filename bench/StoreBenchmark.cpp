@@ -6,9 +6,9 @@
 #include "bench/Histories.h"
 #include "bench/IdlePlatform.h"
 #include "core/TimeTrackingStore.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/linux/SqliteUserDefaults.h"
-#include "platform/linux/SystemClock.h"
+#include "platform/defaults/SqliteUserDefaults.h"
+#include "platform/files/PosixFiles.h"
+#include "platform/loop/SystemClock.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>

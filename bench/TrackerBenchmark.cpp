@@ -6,8 +6,8 @@
 #include "autotrack/AutoTrackingManager.h"
 #include "bench/Histories.h"
 #include "bench/IdlePlatform.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/defaults/SqliteUserDefaults.h"
+#include "platform/files/PosixFiles.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>

@@ -51,16 +51,18 @@ function(brisklog_box name)
     add_library(brisklog-${name} STATIC ${sources})
     set_target_properties(brisklog-${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(brisklog-${name} PUBLIC brisklog-options ${ARGN})
-    if("${ARGN}" MATCHES "brisklog-(components|[a-z]+-screens)")
+    if("${ARGN}" MATCHES "brisklog-(lists|controls|sheets|[a-z]+-screens)"
+       OR "${name}" STREQUAL "lists")
         set_target_properties(brisklog-${name} PROPERTIES UNITY_BUILD OFF)
-        target_precompile_headers(brisklog-${name} REUSE_FROM brisklog-components)
+        target_precompile_headers(brisklog-${name} REUSE_FROM brisklog-look)
     endif()
 endfunction()
 
-# brisklog_tests(NAME libraries…): every .cpp file of the calling folder becomes one GoogleTest program;
+# brisklog_tests(NAME libraries…): every .cpp file in and below the calling folder becomes one GoogleTest program;
 # each test case is run in a process of its own. What libraries leak once a process is not counted as ours.
 function(brisklog_tests name)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
     add_executable(test-${name} ${sources})
     target_link_libraries(test-${name} PRIVATE brisklog-test-support ${ARGN})
     # Its code runs once; to compile it takes longer.

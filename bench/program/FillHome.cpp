@@ -4,10 +4,10 @@
 #include "autotrack/UsageHistoryStorage.h"
 #include "bench/Histories.h"
 #include "core/TimeTrackingStore.h"
-#include "platform/linux/PosixFiles.h"
-#include "platform/linux/SqliteUserDefaults.h"
-#include "platform/linux/StandardOutputLog.h"
-#include "platform/linux/SystemClock.h"
+#include "platform/defaults/SqliteUserDefaults.h"
+#include "platform/files/PosixFiles.h"
+#include "platform/files/StandardOutputLog.h"
+#include "platform/loop/SystemClock.h"
 
 #include <cstdlib>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "TrackerFixture.h"
 
-#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/defaults/SqliteUserDefaults.h"
 #include "support/ChildProcess.h"
 #include "support/Sanitizer.h"
 #include "support/TemporaryHome.h"

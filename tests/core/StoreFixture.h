@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/TimeTrackingStore.h"
-#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/defaults/SqliteUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
 #include "support/TemporaryHome.h"

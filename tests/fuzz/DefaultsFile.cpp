@@ -1,6 +1,6 @@
 #include "DefaultsFile.h"
 
-#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/defaults/SqliteUserDefaults.h"
 #include "support/FakeClock.h"
 #include "support/RecordingLog.h"
 

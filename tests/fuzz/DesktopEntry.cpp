@@ -2,7 +2,7 @@
 
 #include "RoundTrip.h"
 
-#include "platform/linux/DesktopEntry.h"
+#include "platform/frontmost/DesktopEntry.h"
 
 #include <algorithm>
 

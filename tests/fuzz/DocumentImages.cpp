@@ -2,7 +2,7 @@
 
 #include "OffscreenApplication.h"
 
-#include "platform/linux/CairoPdfImage.h"
+#include "platform/documents/CairoPdfImage.h"
 
 #include <cairo-pdf.h>
 

@@ -2,7 +2,7 @@
 
 #include "OffscreenApplication.h"
 
-#include "platform/qt/QtImages.h"
+#include "platform/pictures/QtImages.h"
 #include "profile/LogoImage.h"
 
 namespace brisklog::fuzz {

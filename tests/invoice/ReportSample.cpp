@@ -1,7 +1,7 @@
 #include "invoice/ReportSample.h"
 
 #include "foundation/GermanFormat.h"
-#include "platform/linux/CairoPdfFacility.h"
+#include "platform/documents/CairoPdfFacility.h"
 
 namespace brisklog::test {
 

@@ -1,6 +1,6 @@
 #include "invoice/SampleInvoice.h"
 
-#include "platform/linux/CairoPdfFacility.h"
+#include "platform/documents/CairoPdfFacility.h"
 
 namespace brisklog::test {
 

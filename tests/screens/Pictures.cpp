@@ -1,7 +1,7 @@
 #include "screens/Pictures.h"
 
-#include "app/components/Palette.h"
 #include "support/screen/ScreenTest.h"
+#include "ui/look/Palette.h"
 
 using namespace Qt::StringLiterals;
 

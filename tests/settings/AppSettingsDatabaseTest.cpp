@@ -1,4 +1,4 @@
-#include "platform/linux/SqliteUserDefaults.h"
+#include "platform/defaults/SqliteUserDefaults.h"
 #include "settings/AppSettings.h"
 #include "support/FakeClock.h"
 #include "support/RecordingFiles.h"

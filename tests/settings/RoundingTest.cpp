@@ -4,7 +4,7 @@
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/InvoiceView.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
-#include "platform/linux/CairoPdfFacility.h"
+#include "platform/documents/CairoPdfFacility.h"
 #include "settings/AppSettings.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/PdfReader.h"

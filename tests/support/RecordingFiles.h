@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/PosixFiles.h"
+#include "platform/files/PosixFiles.h"
 
 #include <string>
 #include <vector>

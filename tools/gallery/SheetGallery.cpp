@@ -1,12 +1,12 @@
 #include "gallery/SheetGallery.h"
 
-#include "app/components/Button.h"
-#include "app/components/DateTimeField.h"
-#include "app/components/EmptyState.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Sheets.h"
-#include "app/components/TextField.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/DateTimeField.h"
+#include "ui/controls/EmptyState.h"
+#include "ui/controls/TextField.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QApplication>
 #include <QLabel>

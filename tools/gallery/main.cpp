@@ -1,7 +1,7 @@
-#include "app/components/Look.h"
-#include "app/components/Palette.h"
 #include "gallery/Gallery.h"
 #include "gallery/SheetGallery.h"
+#include "ui/look/Look.h"
+#include "ui/look/Palette.h"
 
 #include <QApplication>
 #include <cstdio>

@@ -1,11 +1,11 @@
 #include "autotrack/screens/AutoTrackingScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Sheets.h"
-#include "app/components/Switch.h"
-#include "app/components/Symbols.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Switch.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Symbols.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QPainter>
 

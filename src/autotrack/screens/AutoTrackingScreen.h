@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "autotrack/AutoTrackingView.h"
+#include "ui/sheets/Screen.h"
 
 namespace brisklog {
 

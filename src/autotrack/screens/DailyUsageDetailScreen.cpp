@@ -1,10 +1,10 @@
 #include "autotrack/screens/DailyUsageDetailScreen.h"
 
-#include "app/components/Hairline.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/ListView.h"
 #include "autotrack/screens/AppUsageDelegate.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 #include <QPainter>
 

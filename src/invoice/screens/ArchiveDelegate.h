@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/components/RowDelegate.h"
+#include "ui/lists/RowDelegate.h"
 
 #include <QPersistentModelIndex>
 

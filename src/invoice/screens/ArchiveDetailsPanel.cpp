@@ -1,11 +1,11 @@
 #include "invoice/screens/ArchiveDetailsPanel.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
 #include "invoice/ArchiveSheetView.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 

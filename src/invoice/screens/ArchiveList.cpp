@@ -1,13 +1,13 @@
 #include "invoice/screens/ArchiveList.h"
 
-#include "app/components/Layout.h"
-#include "app/components/ListView.h"
-#include "app/components/Look.h"
-#include "app/components/Sheets.h"
-#include "app/components/SymbolButton.h"
 #include "invoice/screens/ArchiveDelegate.h"
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveListAccessible.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Look.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,8 +1,8 @@
 #include "invoice/screens/ArchiveListAccessible.h"
 
-#include "app/components/ListView.h"
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveList.h"
+#include "ui/lists/ListView.h"
 
 #include <QAccessibleWidget>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/RowListModel.h"
 #include "invoice/ArchiveSheetView.h"
+#include "ui/lists/RowListModel.h"
 
 #include <optional>
 

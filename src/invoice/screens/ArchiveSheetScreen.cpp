@@ -1,10 +1,10 @@
 #include "invoice/screens/ArchiveSheetScreen.h"
 
-#include "app/components/EmptyState.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/SheetWindow.h"
 #include "invoice/screens/ArchiveList.h"
+#include "ui/controls/EmptyState.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/SheetWindow.h"
 
 using namespace Qt::StringLiterals;
 

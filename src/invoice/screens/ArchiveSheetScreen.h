@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "invoice/ArchiveSheetView.h"
+#include "ui/sheets/Screen.h"
 
 #include <memory>
 

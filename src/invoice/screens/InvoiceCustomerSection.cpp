@@ -1,11 +1,11 @@
 #include "invoice/screens/InvoiceCustomerSection.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Picker.h"
 #include "invoice/screens/InvoiceFormLayout.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/Picker.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 #include <algorithm>
 

@@ -1,13 +1,13 @@
 #include "invoice/screens/InvoiceEntriesSection.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Figures.h"
-#include "app/components/Hairline.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
 #include "invoice/screens/InvoiceEntryList.h"
 #include "invoice/screens/InvoiceFormLayout.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 using namespace Qt::StringLiterals;
 

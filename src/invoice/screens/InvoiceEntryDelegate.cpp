@@ -1,13 +1,13 @@
 #include "invoice/screens/InvoiceEntryDelegate.h"
 
-#include "app/components/CheckBox.h"
-#include "app/components/Figures.h"
-#include "app/components/FocusRing.h"
-#include "app/components/Label.h"
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
 #include "invoice/screens/InvoiceEntryModel.h"
+#include "ui/controls/CheckBox.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Figures.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 #include <algorithm>

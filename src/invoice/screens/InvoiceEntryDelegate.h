@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/components/Palette.h"
-#include "app/components/RowDelegate.h"
 #include "invoice/InvoiceEntryRowView.h"
+#include "ui/lists/RowDelegate.h"
+#include "ui/look/Palette.h"
 
 #include <QPersistentModelIndex>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "invoice/screens/InvoiceEntryList.h"
 
-#include "app/components/Layout.h"
-#include "app/components/ListView.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Layout.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,8 +1,8 @@
 #include "invoice/screens/InvoiceFormLayout.h"
 
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
+#include "ui/controls/Card.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 namespace brisklog::invoiceForm {
 namespace {

@@ -1,13 +1,13 @@
 #include "invoice/screens/InvoiceManualEntrySection.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/DateTimeField.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Stepper.h"
-#include "app/components/TextField.h"
 #include "invoice/screens/InvoiceFormLayout.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/DateTimeField.h"
+#include "ui/controls/Stepper.h"
+#include "ui/controls/TextField.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 #include <QDateTime>
 #include <cmath>

@@ -1,14 +1,14 @@
 #include "invoice/screens/InvoiceNotesSection.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Menu.h"
-#include "app/components/Sheets.h"
-#include "app/components/TextArea.h"
 #include "invoice/screens/InvoiceFormLayout.h"
 #include "invoice/screens/SaveNoteScreen.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/Menu.h"
+#include "ui/controls/TextArea.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 using namespace Qt::StringLiterals;
 

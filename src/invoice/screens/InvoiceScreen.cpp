@@ -1,16 +1,16 @@
 #include "invoice/screens/InvoiceScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/SheetWindow.h"
-#include "app/components/TextField.h"
 #include "invoice/screens/InvoiceCustomerSection.h"
 #include "invoice/screens/InvoiceEntriesSection.h"
 #include "invoice/screens/InvoiceFormLayout.h"
 #include "invoice/screens/InvoiceManualEntrySection.h"
 #include "invoice/screens/InvoiceNotesSection.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/TextField.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/SheetWindow.h"
 
 #include <QShortcut>
 

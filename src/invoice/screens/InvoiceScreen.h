@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "core/TimeTrackingStore.h"
 #include "invoice/InvoiceView.h"
+#include "ui/sheets/Screen.h"
 
 #include <memory>
 

@@ -1,10 +1,10 @@
 #include "invoice/screens/SaveNoteScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/SheetWindow.h"
-#include "app/components/TextField.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/TextField.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/SheetWindow.h"
 
 using namespace Qt::StringLiterals;
 

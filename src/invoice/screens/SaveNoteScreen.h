@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "core/TimeTrackingStore.h"
 #include "invoice/InvoiceView.h"
 #include "invoice/SaveNoteView.h"
+#include "ui/sheets/Screen.h"
 
 #include <memory>
 

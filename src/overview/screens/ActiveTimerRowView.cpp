@@ -1,9 +1,9 @@
 #include "overview/screens/ActiveTimerRowView.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Painting.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #include "overview/screens/BarChart.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Painting.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Palette.h"
 #include "overview/ChartScale.h"
+#include "ui/look/Palette.h"
 
 #include <QWidget>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "overview/screens/CalendarCellView.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Painting.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Painting.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Clickable.h"
 #include "overview/CalendarView.h"
+#include "ui/controls/Clickable.h"
 
 #include <functional>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "overview/screens/CalendarScreen.h"
 
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
 #include "overview/screens/CalendarCellView.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 
 #include <QGridLayout>
 #include <QPainter>

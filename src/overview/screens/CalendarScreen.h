@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "overview/CalendarView.h"
+#include "ui/sheets/Screen.h"
 
 #include <vector>
 

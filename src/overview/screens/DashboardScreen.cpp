@@ -1,14 +1,14 @@
 #include "overview/screens/DashboardScreen.h"
 
-#include "app/components/Card.h"
-#include "app/components/Figures.h"
-#include "app/components/Hairline.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/ScrollArea.h"
 #include "overview/screens/ActiveTimerRowView.h"
 #include "overview/screens/BarChart.h"
 #include "overview/screens/ProjectOverviewRowView.h"
+#include "ui/controls/Card.h"
+#include "ui/lists/ScrollArea.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 using namespace Qt::StringLiterals;
 

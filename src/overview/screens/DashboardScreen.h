@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "overview/DashboardView.h"
 #include "overview/screens/RowColumn.h"
+#include "ui/sheets/Screen.h"
 
 namespace brisklog {
 

@@ -1,8 +1,8 @@
 #include "overview/screens/DayDetailWindow.h"
 
-#include "app/components/Layout.h"
-#include "app/components/Palette.h"
 #include "autotrack/screens/DailyUsageDetailScreen.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Palette.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

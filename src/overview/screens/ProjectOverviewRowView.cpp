@@ -1,9 +1,9 @@
 #include "overview/screens/ProjectOverviewRowView.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Hairline.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 using namespace Qt::StringLiterals;
 

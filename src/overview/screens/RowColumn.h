@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/components/Layout.h"
+#include "ui/look/Layout.h"
 
 #include <QWidget>
 #include <vector>

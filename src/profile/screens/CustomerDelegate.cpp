@@ -1,12 +1,12 @@
 #include "profile/screens/CustomerDelegate.h"
 
-#include "app/components/FocusRing.h"
-#include "app/components/Label.h"
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
 #include "foundation/Text.h"
 #include "profile/screens/CustomerModel.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 #include <vector>

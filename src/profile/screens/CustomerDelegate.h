@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/RowDelegate.h"
 #include "profile/CustomerRowView.h"
+#include "ui/lists/RowDelegate.h"
 
 namespace brisklog {
 

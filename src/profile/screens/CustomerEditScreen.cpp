@@ -1,12 +1,12 @@
 #include "profile/screens/CustomerEditScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Picker.h"
-#include "app/components/Sheets.h"
-#include "app/components/TextField.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/Picker.h"
+#include "ui/controls/TextField.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 #include <algorithm>
 

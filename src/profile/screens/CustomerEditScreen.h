@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/SheetWindow.h"
 #include "profile/CustomerEditView.h"
+#include "ui/sheets/SheetWindow.h"
 
 namespace brisklog {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/components/RowListModel.h"
 #include "core/TimeTrackingStore.h"
 #include "profile/CustomerRowView.h"
+#include "ui/lists/RowListModel.h"
 
 #include <optional>
 

@@ -1,12 +1,12 @@
 #include "profile/screens/CustomerScreen.h"
 
-#include "app/components/EmptyState.h"
-#include "app/components/Layout.h"
-#include "app/components/ListView.h"
-#include "app/components/NavigationButton.h"
-#include "app/components/Sheets.h"
 #include "profile/screens/CustomerDelegate.h"
 #include "profile/screens/CustomerEditScreen.h"
+#include "ui/controls/EmptyState.h"
+#include "ui/controls/NavigationButton.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QKeyEvent>
 

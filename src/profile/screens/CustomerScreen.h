@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "core/TimeTrackingStore.h"
 #include "profile/CustomerView.h"
 #include "profile/screens/CustomerModel.h"
+#include "ui/sheets/Screen.h"
 
 #include <QPointer>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "profile/screens/FileItemModel.h"
 
-#include "app/components/Painting.h"
+#include "ui/look/Painting.h"
 
 using namespace Qt::StringLiterals;
 

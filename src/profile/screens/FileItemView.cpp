@@ -1,13 +1,13 @@
 #include "profile/screens/FileItemView.h"
 
-#include "app/components/BitmapImage.h"
-#include "app/components/FocusRing.h"
-#include "app/components/Label.h"
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
 #include "profile/Thumbnails.h"
 #include "profile/screens/FileItemModel.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/BitmapImage.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 #include <QPainterPath>

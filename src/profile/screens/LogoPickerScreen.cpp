@@ -1,14 +1,14 @@
 #include "profile/screens/LogoPickerScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/EmptyState.h"
-#include "app/components/Hairline.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
 #include "profile/screens/FileItemView.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/EmptyState.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "profile/LogoPickerView.h"
 #include "profile/Thumbnails.h"
 #include "profile/screens/FileItemModel.h"
+#include "ui/sheets/Screen.h"
 
 #include <optional>
 

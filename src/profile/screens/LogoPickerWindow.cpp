@@ -1,8 +1,8 @@
 #include "profile/screens/LogoPickerWindow.h"
 
-#include "app/components/Layout.h"
-#include "app/components/SheetHost.h"
-#include "app/components/Sheets.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/SheetHost.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

@@ -1,9 +1,9 @@
 #include "profile/screens/LogoPlate.h"
 
-#include "app/components/BitmapImage.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
 #include "profile/LogoImage.h"
+#include "ui/look/BitmapImage.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 #include "profile/screens/NoteBox.h"
 
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Painting.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 

@@ -1,14 +1,14 @@
 #include "profile/screens/ProfileScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/ScrollArea.h"
-#include "app/components/SectionHeader.h"
-#include "app/components/TextField.h"
 #include "profile/screens/LogoPlate.h"
 #include "profile/screens/NoteBox.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/SectionHeader.h"
+#include "ui/controls/TextField.h"
+#include "ui/lists/ScrollArea.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "profile/ProfileView.h"
+#include "ui/sheets/Screen.h"
 
 #include <optional>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "settings/screens/ArchiveButton.h"
 
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 

@@ -1,14 +1,14 @@
 #include "settings/screens/SettingsScreen.h"
 
-#include "app/components/Card.h"
-#include "app/components/Label.h"
-#include "app/components/Layout.h"
-#include "app/components/Link.h"
-#include "app/components/Picker.h"
-#include "app/components/ScrollArea.h"
-#include "app/components/SectionHeader.h"
-#include "app/components/Sheets.h"
 #include "settings/screens/ArchiveButton.h"
+#include "ui/controls/Card.h"
+#include "ui/controls/Link.h"
+#include "ui/controls/Picker.h"
+#include "ui/controls/SectionHeader.h"
+#include "ui/lists/ScrollArea.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 using namespace Qt::StringLiterals;
 

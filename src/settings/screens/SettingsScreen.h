@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "settings/SettingsView.h"
+#include "ui/sheets/Screen.h"
 
 #include <QPointer>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "support/screen/ScreenTest.h"
 
-#include "app/components/Look.h"
-#include "app/components/Palette.h"
+#include "ui/look/Look.h"
+#include "ui/look/Palette.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "app/projects/screens/CrossFade.h"
 
-#include "app/components/Look.h"
+#include "ui/look/Look.h"
 
 #include <QPainter>
 #include <QVariantAnimation>

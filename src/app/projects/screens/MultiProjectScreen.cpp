@@ -1,11 +1,11 @@
 #include "app/projects/screens/MultiProjectScreen.h"
 
-#include "app/components/Layout.h"
-#include "app/components/Sheets.h"
 #include "app/projects/screens/CrossFade.h"
 #include "app/projects/screens/NewProjectScreen.h"
 #include "app/projects/screens/ProjectScreen.h"
 #include "app/projects/screens/ProjectTabStrip.h"
+#include "ui/look/Layout.h"
+#include "ui/sheets/Sheets.h"
 
 #include <QShortcut>
 #include <QStackedWidget>

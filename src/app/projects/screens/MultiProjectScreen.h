@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "app/projects/MultiProjectView.h"
 #include "app/projects/screens/ProjectScreensContext.h"
+#include "ui/sheets/Screen.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 #include "app/projects/screens/NewProjectScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/SymbolButton.h"
 #include "app/projects/screens/ProjectForm.h"
+#include "ui/controls/Button.h"
+#include "ui/controls/SymbolButton.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "app/projects/screens/ProjectEntryList.h"
 
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
 #include "app/projects/screens/ProjectEntryRowView.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 

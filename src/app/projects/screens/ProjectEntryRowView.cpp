@@ -1,11 +1,11 @@
 #include "app/projects/screens/ProjectEntryRowView.h"
 
-#include "app/components/Figures.h"
-#include "app/components/FocusRing.h"
-#include "app/components/Label.h"
-#include "app/components/ListView.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
+#include "ui/lists/ListView.h"
+#include "ui/look/Figures.h"
+#include "ui/look/FocusRing.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/RowDelegate.h"
 #include "app/projects/screens/ProjectEntryModel.h"
+#include "ui/lists/RowDelegate.h"
 
 namespace brisklog {
 

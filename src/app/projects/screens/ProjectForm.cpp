@@ -1,6 +1,6 @@
 #include "app/projects/screens/ProjectForm.h"
 
-#include "app/components/Layout.h"
+#include "ui/look/Layout.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/components/TextField.h"
+#include "ui/controls/TextField.h"
 
 #include <QSize>
 

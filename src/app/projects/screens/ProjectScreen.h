@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Screen.h"
 #include "app/projects/screens/ProjectScreensContext.h"
+#include "ui/sheets/Screen.h"
 
 #include <memory>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "app/projects/screens/ProjectSettingsScreen.h"
 
-#include "app/components/Button.h"
-#include "app/components/Sheets.h"
 #include "app/projects/screens/ProjectForm.h"
+#include "ui/controls/Button.h"
+#include "ui/sheets/Sheets.h"
 
 using namespace Qt::StringLiterals;
 

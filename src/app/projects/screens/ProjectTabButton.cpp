@@ -1,8 +1,8 @@
 #include "app/projects/screens/ProjectTabButton.h"
 
-#include "app/components/Label.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/components/Clickable.h"
-#include "app/components/Palette.h"
+#include "ui/controls/Clickable.h"
+#include "ui/look/Palette.h"
 
 namespace brisklog {
 

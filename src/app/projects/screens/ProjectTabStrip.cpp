@@ -1,7 +1,7 @@
 #include "app/projects/screens/ProjectTabStrip.h"
 
-#include "app/components/SymbolButton.h"
 #include "app/projects/screens/TabOverflowButton.h"
+#include "ui/controls/SymbolButton.h"
 
 #include <QPainter>
 #include <QWheelEvent>

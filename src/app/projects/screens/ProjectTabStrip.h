@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/components/Menu.h"
 #include "app/projects/MultiProjectView.h"
 #include "app/projects/TabStripLayout.h"
 #include "app/projects/screens/ProjectTabButton.h"
+#include "ui/controls/Menu.h"
 
 #include <QStringList>
 #include <QWidget>

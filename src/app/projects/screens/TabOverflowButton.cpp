@@ -1,8 +1,8 @@
 #include "app/projects/screens/TabOverflowButton.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Painting.h"
-#include "app/components/Symbols.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 
 #include <QPainter>
 

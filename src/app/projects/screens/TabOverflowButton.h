@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/components/Clickable.h"
+#include "ui/controls/Clickable.h"
 
 namespace brisklog {
 

@@ -1,7 +1,7 @@
 #include "app/projects/screens/TimerListView.h"
 
-#include "app/components/Layout.h"
-#include "app/components/ScrollArea.h"
+#include "ui/lists/ScrollArea.h"
+#include "ui/look/Layout.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "app/projects/screens/TimerRowView.h"
 
-#include "app/components/Figures.h"
-#include "app/components/Label.h"
-#include "app/components/Painting.h"
-#include "app/components/SymbolButton.h"
+#include "ui/controls/SymbolButton.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Label.h"
+#include "ui/look/Painting.h"
 
 #include <QPainter>
 

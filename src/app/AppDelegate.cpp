@@ -1,0 +1,47 @@
+#include "app/AppDelegate.h"
+
+namespace brisklog {
+namespace {
+
+constexpr const char* appearanceKey = "AppleInterfaceStyle";
+constexpr const char* darkAppearance = "Dark";
+
+} // namespace
+
+AppDelegate::AppDelegate(const AppDelegatePlatform& platform) : m_platform(platform) {}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    m_popover = m_platform.makePopover();
+    applyLaunchAppearance();
+    m_popover->loadContent();
+    m_statusItem = m_platform.makeStatusItem();
+    m_statusItem->setDescription("Zeiterfassung");
+    m_statusItem->setAction([this] { togglePopover(); });
+}
+
+/// Read once: a later change of the desktop's appearance deliberately waits for the next launch.
+void AppDelegate::applyLaunchAppearance() {
+    if (m_platform.userDefaults.value(appearanceKey)) {
+        const bool dark = textValue(m_platform.userDefaults, appearanceKey) == darkAppearance;
+        m_popover->setAppearance(dark ? ColorScheme::dark : ColorScheme::light);
+        return;
+    }
+    m_popover->setAppearance(ColorScheme::light);
+    m_platform.systemAppearance.ask([this](ColorScheme appearance) { m_popover->setAppearance(appearance); });
+}
+
+void AppDelegate::togglePopover() {
+    if (!m_popover || !m_statusItem)
+        return;
+    if (m_popover->isShown())
+        m_popover->close();
+    else
+        m_popover->show(m_statusItem->anchor());
+}
+
+void AppDelegate::openPopover() {
+    if (m_popover && m_statusItem)
+        m_popover->show(m_statusItem->anchor());
+}
+
+} // namespace brisklog

@@ -1,0 +1,205 @@
+#include "app/BrisklogApp.h"
+
+#include "app/ContentScreen.h"
+#include "app/GermanTexts.h"
+#include "app/PopoverWindow.h"
+#include "app/projects/screens/MultiProjectScreen.h"
+#include "autotrack/screens/AutoTrackingScreen.h"
+#include "invoice/InvoiceGenerator.h"
+#include "invoice/UpdatedInvoiceTemplate.h"
+#include "invoice/screens/ArchiveSheetScreen.h"
+#include "invoice/screens/InvoiceScreen.h"
+#include "overview/screens/CalendarScreen.h"
+#include "overview/screens/DashboardScreen.h"
+#include "profile/screens/CustomerScreen.h"
+#include "profile/screens/ProfileScreen.h"
+#include "settings/screens/SettingsScreen.h"
+#include "ui/look/Palette.h"
+#include "ui/sheets/SheetWindow.h"
+#include "ui/sheets/Sheets.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace brisklog {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As the calendar counts: from Sunday as 1.
+int firstWeekdayOf(const QLocale& locale) { return locale.firstDayOfWeek() % CalendarView::columns + 1; }
+
+} // namespace
+
+BrisklogApp::BrisklogApp(BrisklogPlatform platform)
+    : m_platform(std::move(platform)),
+      m_shared({.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log},
+               {.files = m_platform.files,
+                .userDefaults = m_platform.userDefaults,
+                .log = m_platform.log,
+                .logoPicker = &m_platform.logoPicker}),
+      m_dayWindows(m_platform.images, [this] { return m_popover; }),
+      m_delegate({.userDefaults = m_platform.userDefaults,
+                  .systemAppearance = m_platform.systemAppearance,
+                  .makePopover = [this] { return makePopover(); },
+                  .makeStatusItem = m_platform.makeStatusItem}) {}
+
+BrisklogApp::~BrisklogApp() = default;
+
+std::unique_ptr<PopoverShell> BrisklogApp::makePopover() {
+    auto popover =
+        std::make_unique<PopoverWindow>(PopoverWindow::Parts{.loadContent = [this] { loadContent(); },
+                                                             .makeScreen = [this] { return makeScreen(); },
+                                                             .quit = [this] { quit(); },
+                                                             .x11 = m_platform.x11});
+    m_popover = popover.get();
+    return popover;
+}
+
+void BrisklogApp::loadContent() {
+    AppSettings& settings = m_shared.settings();
+    m_content = std::make_unique<ContentView>(projectsSection, settings,
+                                              StorePlatform{.files = m_platform.files,
+                                                            .userDefaults = m_platform.userDefaults,
+                                                            .clock = m_platform.clock,
+                                                            .runLoop = m_platform.runLoop,
+                                                            .log = m_platform.log});
+    loadProjects();
+    m_settingsSubscription = settings.observe([this] {
+        // Observers hear of a change before it has happened.
+        m_colorSchemeChange = m_platform.runLoop.runAfter(0, [this] { followColorScheme(); });
+    });
+    followColorScheme();
+}
+
+void BrisklogApp::loadProjects() {
+    TimeTrackingStore& store = m_content->timeStore;
+    m_projects = std::make_unique<MultiProjectView>(
+        ProjectPlatform{
+            .store = store,
+            .clock = m_platform.clock,
+            .runLoop = m_platform.runLoop,
+            .exportReport =
+                [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }},
+        AutoTrackingPlatform{.frontmost = m_platform.frontmost,
+                             .userDefaults = m_platform.userDefaults,
+                             .clock = m_platform.clock,
+                             .runLoop = m_platform.runLoop,
+                             .log = m_platform.log,
+                             .currentCalendar = &Calendar::current});
+}
+
+void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
+
+QWidget* BrisklogApp::makeScreen() {
+    // Only now: nothing of the toolkit's own is seen before, and the start is quicker without.
+    installGermanTexts(*QCoreApplication::instance());
+    return new ContentScreen(*m_content, [this](int section) { return makeSection(section); });
+}
+
+QWidget* BrisklogApp::makeSection(int section) {
+    switch (section) {
+    case dashboardSection:
+        return new DashboardScreen(
+            {.store = m_content->timeStore, .clock = m_platform.clock, .runLoop = m_platform.runLoop});
+    case profileSection:
+        return new ProfileScreen(m_shared.profile(), m_platform.images);
+    case settingsSection:
+        return makeSettingsSection();
+    default:
+        return makeProjectsSection();
+    }
+}
+
+QWidget* BrisklogApp::makeSettingsSection() {
+    return new SettingsScreen(
+        m_shared.settings(),
+        {.makeArchiveSheet =
+             [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock, Calendar::current()); },
+         .openLink = m_platform.openLink});
+}
+
+QWidget* BrisklogApp::makeProjectsSection() {
+    TimeTrackingStore& store = m_content->timeStore;
+    const ProjectActions actions{
+        .openCustomers = [&store](QWidget& from) { presentSheet(from, makeCustomerSheet(store)); },
+        .openInvoice =
+            [this, &store](QWidget& from, int projectIndex) {
+                presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
+            },
+        .makeAutoTrackingPanel = [this] { return makeAutoTrackingPanel(); }};
+    return new MultiProjectScreen(*m_projects, {.store = store,
+                                                .clock = m_platform.clock,
+                                                .runLoop = m_platform.runLoop,
+                                                .notifications = m_notificationCenter,
+                                                .actions = actions});
+}
+
+QWidget* BrisklogApp::makeAutoTrackingPanel() {
+    AutoTrackingManager& manager = m_projects->autoTrackingManager;
+    auto* const calendar =
+        new CalendarScreen({.autoTrackingManager = manager,
+                            .detailWindows = m_detailWindows,
+                            .clock = m_platform.clock,
+                            .firstWeekday = firstWeekdayOf(QLocale::system()),
+                            .showDetailWindow = [this](const DetailWindowContent& content,
+                                                       const std::weak_ptr<DetailWindowDelegate>& delegate) {
+                                return m_dayWindows.show(content, delegate);
+                            }});
+    return new AutoTrackingScreen(manager, m_platform.frontmost, calendar);
+}
+
+InvoicePlatform BrisklogApp::invoicePlatform() {
+    return {.clock = m_platform.clock,
+            .savePanel = m_platform.savePanel,
+            .files = m_platform.files,
+            .log = m_platform.log,
+            .notificationCenter = m_notificationCenter,
+            .generate = [this](const Project& project, const std::optional<Customer>& customer,
+                               const std::string& number, const std::vector<TimeEntry>& entries,
+                               const std::string& notes) {
+                const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(m_shared.profile()),
+                                                      Calendar::current(), m_platform.clock.now());
+                return document.generate(project, customer, number, entries, notes);
+            }};
+}
+
+ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
+    return {.store = store,
+            .savePanel = m_platform.savePanel,
+            .files = m_platform.files,
+            .log = m_platform.log,
+            .generate = [this](const Project& project) {
+                const InvoiceGenerator report(m_platform.pdf, invoiceSender(m_shared.profile()),
+                                              m_platform.clock.now());
+                return report.generate(project);
+            }};
+}
+
+void BrisklogApp::open() {
+    if (m_platform.hasStatusItem())
+        m_delegate.openPopover();
+    else
+        m_popover->showAsWindow();
+}
+
+void BrisklogApp::quit() {
+    if (m_content->timeStore.activeEntries->empty())
+        return m_platform.terminate();
+    open();
+    if (m_quitQuestion && m_quitQuestion->isVisible())
+        return;
+    m_quitQuestion = &presentAlert(m_popover->frontWindow(),
+                                   {.title = u"Brisklog beenden?"_s,
+                                    .message = u"Laufende Timer gehen beim Beenden verloren."_s,
+                                    .actionCaption = u"Beenden"_s},
+                                   m_platform.terminate);
+}
+
+void BrisklogApp::handlePointerPress() {
+    if (m_popover != nullptr)
+        m_popover->handlePointerPress();
+}
+
+} // namespace brisklog

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/ContentView.h"
+#include "app/SharedObjects.h"
+#include "app/projects/MultiProjectView.h"
+#include "foundation/NotificationCenter.h"
+#include "invoice/InvoiceView.h"
+#include "invoice/ReportExport.h"
+#include "overview/DetailWindowManager.h"
+#include "overview/screens/DayDetailWindow.h"
+#include "platform/Images.h"
+#include "platform/PdfFacility.h"
+#include "platform/SavePanel.h"
+
+#include <QPointer>
+#include <memory>
+#include <string_view>
+
+class QWidget;
+
+namespace brisklog {
+
+class PopoverWindow;
+class SheetWindow;
+class X11Watcher;
+
+/// Everything outside the program, as its parts need it.
+struct BrisklogPlatform {
+    Files& files;
+    UserDefaults& userDefaults;
+    Clock& clock;
+    RunLoop& runLoop;
+    Log& log;
+    SavePanel& savePanel;
+    PdfFacility& pdf;
+    const Images& images;
+    FrontmostApplication& frontmost;
+    LogoPickerPresenter& logoPicker;
+    SystemAppearance& systemAppearance;
+    std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+    /// Whether a panel shows the icon by now.
+    std::function<bool()> hasStatusItem;
+    /// Null where there is no X server.
+    X11Watcher* x11 = nullptr;
+    std::function<void()> terminate;
+    /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it has
+    /// none.
+    std::function<void(std::string_view address)> openLink = [](std::string_view) {};
+};
+
+/// The application object: puts the parts together and keeps them for the life of the process.
+class BrisklogApp {
+public:
+    explicit BrisklogApp(BrisklogPlatform platform);
+    ~BrisklogApp();
+
+    /// What happens once launching has finished.
+    void launch() { m_delegate.applicationDidFinishLaunching(); }
+
+    /// Opens the popover without a click on the icon: at the icon where there is one, else as a window.
+    void open();
+
+    /// Ends the program; asks first while timers are running, because they would be lost.
+    void quit();
+
+    void handlePointerPress();
+
+    /// The popover as the holder of panels; absent before launch.
+    [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
+
+    [[nodiscard]] AppSettings& settings() { return m_shared.settings(); }
+
+private:
+    [[nodiscard]] std::unique_ptr<PopoverShell> makePopover();
+    void loadContent();
+    void loadProjects();
+    [[nodiscard]] QWidget* makeScreen();
+    [[nodiscard]] QWidget* makeSection(int section);
+    [[nodiscard]] QWidget* makeProjectsSection();
+    [[nodiscard]] QWidget* makeAutoTrackingPanel();
+    [[nodiscard]] QWidget* makeSettingsSection();
+    void followColorScheme();
+    [[nodiscard]] InvoicePlatform invoicePlatform();
+    [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
+
+    BrisklogPlatform m_platform;
+    SharedObjects m_shared;
+    NotificationCenter m_notificationCenter;
+    std::unique_ptr<ContentView> m_content;
+    std::unique_ptr<MultiProjectView> m_projects;
+    DetailWindowManager m_detailWindows;
+    DayDetailWindows m_dayWindows;
+    Subscription m_settingsSubscription;
+    std::unique_ptr<Timer> m_colorSchemeChange;
+    AppDelegate m_delegate;
+    PopoverWindow* m_popover = nullptr;
+    QPointer<SheetWindow> m_quitQuestion;
+};
+
+} // namespace brisklog

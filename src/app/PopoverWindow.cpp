@@ -1,0 +1,200 @@
+#include "app/PopoverWindow.h"
+
+#include "app/PopoverPlacement.h"
+#include "platform/x11/X11Watcher.h"
+#include "ui/controls/Button.h"
+#include "ui/look/Hairline.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Palette.h"
+#include "ui/sheets/WindowPlace.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+
+namespace brisklog {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QSize popoverSize(370, 650);
+constexpr int stripHeight = 36;
+
+/// Stands at the bottom of the window form: why there is a window, and the way to end the program.
+QWidget* makeWindowStrip(const std::function<void()>& quit) {
+    auto* const strip = new QWidget;
+    auto* const button = new Button(u"Beenden"_s, Button::Kind::secondary, Button::Size::small);
+    QObject::connect(button, &Button::clicked, strip, quit);
+    auto* const reason = new Label(u"Kein Infobereich gefunden: Brisklog läuft als Fenster."_s,
+                                   FontRole::caption11, &Palette::secondary);
+    Column{new Hairline(Hairline::Kind::card), Row{reason, stretch(), button}.margins({12, 4, 8, 5})}.applyTo(
+        *strip);
+    strip->setFixedHeight(stripHeight);
+    return strip;
+}
+
+/// Its sheets, menus and pickers do; the window of a day stands for itself.
+bool belongsTo(const QWidget& popover, const QWidget* window) {
+    while (window != nullptr && window != &popover)
+        window = window->parentWidget();
+    return window != nullptr;
+}
+
+bool isPointerOn(const QWidget& popover) {
+    const QPoint pointer = QCursor::pos();
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+        // Without the frame: the toolkit may have asked the window manager for it while that was still 1 × 1.
+        return window->isVisible() && window->geometry().contains(pointer) && belongsTo(popover, window);
+    });
+}
+
+} // namespace
+
+PopoverWindow::PopoverWindow(Parts parts) : m_parts(std::move(parts)), m_hold(std::make_shared<int>()) {
+    setWindowTitle(u"Brisklog"_s);
+    setForm(Form::popover);
+    // It need not have the focus itself when the user leaves: the window of a day may.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this,
+            [this] { QTimer::singleShot(0, this, [this] { closeIfLeft(); }); });
+}
+
+PopoverWindow::~PopoverWindow() = default;
+
+void PopoverWindow::loadContent() { m_parts.loadContent(); }
+
+void PopoverWindow::setAppearance(ColorScheme appearance) {
+    m_appearance = appearance;
+    update();
+}
+
+void PopoverWindow::buildScreen() {
+    if (m_screen != nullptr)
+        return;
+    m_screen = m_parts.makeScreen();
+    m_windowStrip = makeWindowStrip(m_parts.quit);
+    Column{expanding(m_screen), m_windowStrip}.applyTo(*this);
+}
+
+void PopoverWindow::setForm(Form form) {
+    m_form = form;
+    // Not Qt::Popup: that one closes as soon as a save panel opens.
+    setWindowFlags(form == Form::popover ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+                                         : Qt::Window);
+    setFixedSize(form == Form::popover ? popoverSize : popoverSize + QSize(0, stripHeight));
+    if (m_windowStrip != nullptr)
+        m_windowStrip->setVisible(form == Form::window);
+}
+
+void PopoverWindow::show(const std::optional<ScreenRectangle>& anchor) {
+    if (isVisible())
+        return takeFocusBack();
+    buildScreen();
+    setForm(Form::popover);
+    m_anchor = anchor;
+    const QPoint anchorPoint = anchor ? QPoint(anchor->x, anchor->y) : QCursor::pos();
+    const QScreen* const anchorScreen = QGuiApplication::screenAt(anchorPoint);
+    const QScreen* const shown = anchorScreen != nullptr ? anchorScreen : QGuiApplication::primaryScreen();
+    placeWindow(*this, popoverPlace(anchor, shown->availableGeometry(), popoverSize));
+    if (m_parts.x11 != nullptr) {
+        m_parts.x11->keepOutOfTaskBar(static_cast<std::uint32_t>(winId()));
+        m_parts.x11->watchPointer(true);
+    }
+    showInFront();
+}
+
+void PopoverWindow::showAsWindow() {
+    if (isVisible())
+        return takeFocusBack();
+    buildScreen();
+    setForm(Form::window);
+    showInFront();
+}
+
+void PopoverWindow::showInFront() {
+    QWidget::show();
+    takeFocusBack();
+}
+
+void PopoverWindow::close() {
+    // Its sheets would stay behind alone.
+    if (isHeldOpen())
+        takeFocusBack();
+    else
+        hide();
+}
+
+void PopoverWindow::hideEvent(QHideEvent* event) {
+    if (m_parts.x11 != nullptr)
+        m_parts.x11->watchPointer(false);
+    m_isEntered = false;
+    QWidget::hideEvent(event);
+}
+
+std::shared_ptr<void> PopoverWindow::holdOpen() { return m_hold; }
+
+void PopoverWindow::takeFocusBack() {
+    if (!isVisible())
+        return;
+    QWidget& front = frontWindow();
+    front.raise();
+    front.activateWindow();
+}
+
+QWidget& PopoverWindow::frontWindow() {
+    if (QWidget* const sheet = QApplication::activeModalWidget())
+        return *sheet;
+    return *this;
+}
+
+bool PopoverWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate)
+        m_isEntered = true;
+    // Decided a turn later, when it is known which window took over.
+    if (event->type() == QEvent::WindowDeactivate)
+        QTimer::singleShot(0, this, [this] { closeIfLeft(); });
+    return QWidget::event(event);
+}
+
+void PopoverWindow::closeIfLeft() {
+    const bool isOurs =
+        QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr;
+    if (m_form == Form::popover && m_isEntered && !isHeldOpen() && !isOurs && !isPointerOnAnchor())
+        close();
+}
+
+/// The press on the icon would close the popover, and the activation that follows it open it again: presses
+/// there are left to the toggle.
+bool PopoverWindow::isPointerOnAnchor() const {
+    return m_anchor &&
+           QRect(m_anchor->x, m_anchor->y, m_anchor->width, m_anchor->height).contains(QCursor::pos());
+}
+
+void PopoverWindow::handlePointerPress() {
+    if (isVisible() && m_form == Form::popover && !isHeldOpen() && !isPointerOn(*this) &&
+        !isPointerOnAnchor())
+        close();
+}
+
+void PopoverWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_form == Form::popover)
+        close();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Palette::of(*this).ground);
+    if (m_form == Form::window)
+        return;
+    // The frame belongs to the popover itself and follows the desktop's appearance at launch.
+    painter.setPen(withOpacity(Palette::of(m_appearance).secondary, 0.3));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace brisklog

@@ -1,0 +1,16 @@
+#include "platform/bus/DBusSignal.h"
+
+#include <utility>
+
+namespace brisklog {
+
+DBusSignal::DBusSignal(QDBusConnection bus, const DBusSignalAddress& address,
+                       std::function<void(const QDBusMessage&)> received)
+    : m_received(std::move(received)) {
+    bus.connect(address.service, address.path, address.interface, address.name, this,
+                SLOT(receive(QDBusMessage)));
+}
+
+void DBusSignal::receive(const QDBusMessage& message) { m_received(message); }
+
+} // namespace brisklog

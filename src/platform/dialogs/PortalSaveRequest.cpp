@@ -1,0 +1,149 @@
+#include "platform/dialogs/PortalSaveRequest.h"
+
+#include "platform/dialogs/PortalFileFilter.h"
+
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QFile>
+#include <QUrl>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using Kind = PortalAnswer::Kind;
+
+const QString portalService = u"org.freedesktop.portal.Desktop"_s;
+const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
+const QString fileChooser = u"org.freedesktop.portal.FileChooser"_s;
+const QString requestInterface = u"org.freedesktop.portal.Request"_s;
+
+// What the bus library itself announces, without a bus.
+const QString localPath = u"/org/freedesktop/DBus/Local"_s;
+const QString localInterface = u"org.freedesktop.DBus.Local"_s;
+
+/// A portal that is only just being started still has to answer while the user is waiting for the panel.
+constexpr int millisecondsForPresence = 3000;
+constexpr int millisecondsForPanel = 15000;
+
+QDBusMessage presenceQuestion() {
+    auto question = QDBusMessage::createMethodCall(portalService, portalPath,
+                                                   u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments({fileChooser, u"version"_s});
+    return question;
+}
+
+QString newToken() {
+    static int count = 0;
+    return u"brisklog"_s + QString::number(++count);
+}
+
+/// Where the portal will announce the answer, by its own rule.
+QString handleFor(const QDBusConnection& bus, const QString& token) {
+    QString sender = bus.baseService().mid(1);
+    return portalPath + u"/request/"_s + sender.replace(u'.', u'_') + u'/' + token;
+}
+
+QVariantMap panelOptions(const SaveQuestion& question, const QString& token) {
+    const PortalFileFilter pdfs = pdfFilter();
+    return {{u"handle_token"_s, token},
+            {u"modal"_s, true},
+            {u"accept_label"_s, u"Speichern"_s},
+            {u"current_name"_s, question.name},
+            // A path is handed over as bytes with their end marked.
+            {u"current_folder"_s, QFile::encodeName(question.folder) + '\0'},
+            {u"filters"_s, QVariant::fromValue(QList<PortalFileFilter>{pdfs})},
+            {u"current_filter"_s, QVariant::fromValue(pdfs)}};
+}
+
+PortalAnswer chosenFile(const QVariantMap& results) {
+    const QStringList uris = results.value(u"uris"_s).toStringList();
+    const QString file = uris.isEmpty() ? QString() : QUrl(uris.first()).toLocalFile();
+    if (file.isEmpty())
+        return {Kind::unavailable, {}};
+    return {Kind::chosen, QFile::encodeName(file).toStdString()};
+}
+
+} // namespace
+
+PortalSaveRequest::PortalSaveRequest(QDBusConnection bus, SaveQuestion question, QString parentWindow,
+                                     Answered answered)
+    : m_bus(std::move(bus)), m_question(std::move(question)), m_parentWindow(std::move(parentWindow)),
+      m_answered(std::move(answered)),
+      m_service(portalService, m_bus, QDBusServiceWatcher::WatchForUnregistration),
+      m_busGone(m_bus, {{}, localPath, localInterface, u"Disconnected"_s}, [this](const QDBusMessage&) {
+          finish({Kind::unavailable, {}});
+      }) {
+    connect(&m_service, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
+        finish({Kind::unavailable, {}});
+    });
+    askForPortal();
+}
+
+PortalSaveRequest::~PortalSaveRequest() {
+    if (m_answered)
+        withdraw();
+}
+
+void PortalSaveRequest::askForPortal() {
+    call(presenceQuestion(), millisecondsForPresence, [this](const QDBusMessage&) { showPanel(); });
+}
+
+void PortalSaveRequest::showPanel() {
+    const QString token = newToken();
+    // The answer may come before the call returns.
+    listenAt(handleFor(m_bus, token));
+    auto panel = QDBusMessage::createMethodCall(portalService, portalPath, fileChooser, u"SaveFile"_s);
+    panel.setArguments({m_parentWindow, m_question.title, panelOptions(m_question, token)});
+    call(panel, millisecondsForPanel, [this](const QDBusMessage& reply) {
+        const auto handle = reply.arguments().value(0).value<QDBusObjectPath>().path();
+        // Portals of old chose the place themselves.
+        if (!handle.isEmpty() && handle != m_handle)
+            listenAt(handle);
+    });
+}
+
+void PortalSaveRequest::listenAt(const QString& handle) {
+    m_handle = handle;
+    m_response = std::make_unique<DBusSignal>(
+        m_bus, DBusSignalAddress{portalService, handle, requestInterface, u"Response"_s},
+        [this](const QDBusMessage& response) { handleResponse(response); });
+}
+
+void PortalSaveRequest::handleResponse(const QDBusMessage& response) {
+    // 0 is a choice, 1 a cancel; 2 is what closing the panel's window gives with some desktops.
+    if (response.arguments().value(0).toUInt() != 0)
+        finish({Kind::cancelled, {}});
+    else
+        finish(chosenFile(qdbus_cast<QVariantMap>(response.arguments().value(1))));
+}
+
+void PortalSaveRequest::withdraw() {
+    if (!m_handle.isEmpty())
+        m_bus.send(QDBusMessage::createMethodCall(portalService, m_handle, requestInterface, u"Close"_s));
+}
+
+void PortalSaveRequest::finish(const PortalAnswer& answer) {
+    if (const auto answered = std::exchange(m_answered, {}))
+        answered(answer);
+}
+
+void PortalSaveRequest::call(const QDBusMessage& message, int milliseconds,
+                             const std::function<void(const QDBusMessage&)>& then) {
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, milliseconds), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, then] {
+        watcher->deleteLater();
+        if (!m_answered)
+            return;
+        if (!watcher->isError()) {
+            then(watcher->reply());
+            return;
+        }
+        withdraw();
+        finish({Kind::unavailable, {}});
+    });
+}
+
+} // namespace brisklog

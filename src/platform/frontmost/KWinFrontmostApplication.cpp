@@ -1,0 +1,135 @@
+#include "platform/frontmost/KWinFrontmostApplication.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QTimer>
+#include <chrono>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int attemptsAtScripting = 10;
+constexpr std::chrono::milliseconds untilNextAttempt(500);
+
+const QString kwinService = u"org.kde.KWin"_s;
+
+QDBusMessage ownerQuestion() {
+    auto question = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                                   u"org.freedesktop.DBus"_s, u"GetNameOwner"_s);
+    question.setArguments({kwinService});
+    return question;
+}
+
+/// Any question will do that its scripting answers without doing anything.
+QDBusMessage scriptingQuestion(const QString& kwin) {
+    auto question = QDBusMessage::createMethodCall(kwin, u"/Scripting"_s, u"org.kde.kwin.Scripting"_s,
+                                                   u"isScriptLoaded"_s);
+    question.setArguments({QString()});
+    return question;
+}
+
+bool isReply(const QDBusMessage& message) { return message.type() == QDBusMessage::ReplyMessage; }
+
+} // namespace
+
+KWinFrontmostApplication::KWinFrontmostApplication(QDBusConnection bus)
+    : m_bus(std::move(bus)), m_serviceWatcher(kwinService, m_bus) {
+    // Without a bus no answer would ever come.
+    if (!m_bus.isConnected()) {
+        m_availability = Availability::unavailable;
+        return;
+    }
+    QObject::connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceOwnerChanged, &m_context,
+                     [this](const QString&, const QString&, const QString& newOwner) { setOwner(newOwner); });
+    askForOwner();
+}
+
+KWinFrontmostApplication::~KWinFrontmostApplication() = default;
+
+void KWinFrontmostApplication::beginWatching() {
+    m_isWatching = true;
+    if (!m_owner.isEmpty() && m_availability != Availability::beingFoundOut)
+        startScript();
+}
+
+void KWinFrontmostApplication::endWatching() {
+    m_isWatching = false;
+    m_script.reset();
+    m_window.reset();
+    m_described.forget();
+}
+
+std::optional<DesktopApplication> KWinFrontmostApplication::current() {
+    return m_script ? m_described.answer(m_window) : std::nullopt;
+}
+
+std::optional<std::string> KWinFrontmostApplication::iconPng(const DesktopApplication& application) {
+    return m_described.iconPng(application);
+}
+
+void KWinFrontmostApplication::ask(const QDBusMessage& question, const Answered& answered) {
+    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), &m_context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_context, [watcher, answered] {
+        watcher->deleteLater();
+        answered(watcher->reply());
+    });
+}
+
+void KWinFrontmostApplication::askForOwner() {
+    ask(ownerQuestion(), [this](const QDBusMessage& reply) {
+        if (m_availability == Availability::beingFoundOut && m_owner.isEmpty())
+            setOwner(isReply(reply) ? reply.arguments().value(0).toString() : QString());
+    });
+}
+
+/// A script lives and dies with the KWin it was loaded into.
+void KWinFrontmostApplication::setOwner(const QString& owner) {
+    m_owner = owner;
+    m_script.reset();
+    m_window.reset();
+    m_described.forget();
+    if (m_owner.isEmpty())
+        setAvailability(Availability::unavailable);
+    else
+        askForScripting(attemptsAtScripting);
+}
+
+/// KWin takes its name before its scripting is there.
+void KWinFrontmostApplication::askForScripting(int attempts) {
+    ask(scriptingQuestion(m_owner), [this, attempts, owner = m_owner](const QDBusMessage& reply) {
+        if (owner != m_owner)
+            return;
+        if (isReply(reply) && m_isWatching)
+            startScript();
+        setAvailability(isReply(reply) ? Availability::available : Availability::unavailable);
+        if (!isReply(reply) && attempts > 1)
+            QTimer::singleShot(untilNextAttempt, &m_context, [this, attempts, owner] {
+                if (owner == m_owner)
+                    askForScripting(attempts - 1);
+            });
+    });
+}
+
+void KWinFrontmostApplication::startScript() {
+    if (m_script)
+        return;
+    m_script = std::make_unique<KWinScript>(
+        m_bus, m_owner,
+        KWinScript::Handlers{.told =
+                                 [this](std::optional<WindowIdentity> window) {
+                                     m_window = std::move(window);
+                                     setAvailability(Availability::available);
+                                 },
+                             .failed = [this] { setAvailability(Availability::unavailable); }});
+}
+
+/// Whoever hears of it may end the watching, which must not happen in the midst of an answer.
+void KWinFrontmostApplication::setAvailability(Availability availability) {
+    if (std::exchange(m_availability, availability) != availability)
+        QMetaObject::invokeMethod(
+            &m_context, [this] { announce(); }, Qt::QueuedConnection);
+}
+
+} // namespace brisklog

@@ -1,0 +1,105 @@
+#include "platform/panel/StatusItemHosts.h"
+
+#include "platform/bus/DBusSignal.h"
+#include "platform/x11/X11Watcher.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusReply>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
+const QString watcherPath = u"/StatusNotifierWatcher"_s;
+/// A panel that has not answered by then, in milliseconds, is as good as gone.
+constexpr int longestWait = 300;
+
+QDBusMessage hostQuestion() {
+    QDBusMessage question = QDBusMessage::createMethodCall(watcherService, watcherPath,
+                                                           u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments({watcherService, u"IsStatusNotifierHostRegistered"_s});
+    question.setAutoStartService(false);
+    return question;
+}
+
+} // namespace
+
+/// Asks the bus for a StatusNotifier host, now and at each change.
+class StatusItemHosts::BusWatch final : public QObject {
+public:
+    BusWatch(std::function<void(HostArrival)> hostFound, std::function<void()> noHostYet)
+        : m_bus(QDBusConnection::sessionBus()), m_hostFound(std::move(hostFound)),
+          m_noHostYet(std::move(noHostYet)),
+          m_hostRegistered(m_bus,
+                           {watcherService, watcherPath, watcherService, u"StatusNotifierHostRegistered"_s},
+                           [this](const QDBusMessage&) { ask(HostArrival::justCame); }),
+          m_serviceWatcher(watcherService, m_bus, QDBusServiceWatcher::WatchForRegistration) {
+        connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this,
+                [this] { ask(HostArrival::justCame); });
+        ask(HostArrival::wasThere);
+    }
+
+    [[nodiscard]] bool hasHost() const {
+        if (!m_bus.isConnected())
+            return false;
+        const QDBusReply<QDBusVariant> reply = m_bus.call(hostQuestion(), QDBus::Block, longestWait);
+        return reply.isValid() && reply.value().variant().toBool();
+    }
+
+private:
+    void ask(HostArrival arrival) {
+        // Without a bus no answer would ever come.
+        if (!m_bus.isConnected())
+            return m_noHostYet();
+        auto* const answer = new QDBusPendingCallWatcher(m_bus.asyncCall(hostQuestion()), this);
+        connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, arrival] {
+            answer->deleteLater();
+            const QDBusPendingReply<QDBusVariant> reply = *answer;
+            if (!reply.isError() && reply.value().variant().toBool())
+                m_hostFound(arrival);
+            else
+                m_noHostYet();
+        });
+    }
+
+    QDBusConnection m_bus;
+    std::function<void(HostArrival)> m_hostFound;
+    std::function<void()> m_noHostYet;
+    DBusSignal m_hostRegistered;
+    QDBusServiceWatcher m_serviceWatcher;
+};
+
+// Panels may offer both: the tray is asked for only once the bus has said that there is no host.
+StatusItemHosts::StatusItemHosts(X11Watcher* x11, std::function<void(StatusItemHostKind, HostArrival)> found)
+    : m_x11(x11), m_found(std::move(found)),
+      m_busWatch(std::make_unique<BusWatch>(
+          [this](HostArrival arrival) { report(StatusItemHostKind::statusNotifier, arrival); },
+          [this] { lookForTray(HostArrival::wasThere); })) {}
+
+StatusItemHosts::~StatusItemHosts() = default;
+
+bool StatusItemHosts::hasHost() const {
+    return (m_x11 != nullptr && m_x11->hasTray()) || m_busWatch->hasHost();
+}
+
+void StatusItemHosts::trayAppeared() { lookForTray(HostArrival::justCame); }
+
+void StatusItemHosts::lookForTray(HostArrival arrival) {
+    if (m_x11 != nullptr && m_x11->hasTray())
+        report(StatusItemHostKind::xembedTray, arrival);
+}
+
+void StatusItemHosts::report(StatusItemHostKind kind, HostArrival arrival) {
+    if (const auto found = std::exchange(m_found, nullptr))
+        found(kind, arrival);
+}
+
+} // namespace brisklog

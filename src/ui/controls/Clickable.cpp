@@ -1,0 +1,63 @@
+#include "ui/controls/Clickable.h"
+
+#include "ui/look/FocusRing.h"
+
+#include <QKeyEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+
+Clickable::Clickable(int radius, QWidget* parent)
+    : QAbstractButton(parent), m_focusRing(FocusRing::attach(*this, radius)) {
+    // A click leaves the keyboard where it is: in the field being filled in.
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void Clickable::onClick(std::function<void()> action) {
+    connect(this, &QAbstractButton::clicked, this, [action = std::move(action)] { action(); });
+}
+
+void Clickable::setCaption(const QString& caption) {
+    if (m_caption == caption)
+        return;
+    m_caption = caption;
+    // The toolkit would make a shortcut out of a single one.
+    setText(QString(caption).replace(u'&', u"&&"_s));
+    updateGeometry();
+}
+
+void Clickable::focusVisibly() {
+    m_focusRing.countAsKeyboard();
+    setFocus(Qt::TabFocusReason);
+}
+
+void Clickable::enterEvent(QEnterEvent* event) {
+    m_isHovered = true;
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+void Clickable::leaveEvent(QEvent* event) {
+    m_isHovered = false;
+    update();
+    QAbstractButton::leaveEvent(event);
+}
+
+void Clickable::hideEvent(QHideEvent* event) {
+    m_isHovered = false;
+    QAbstractButton::hideEvent(event);
+}
+
+void Clickable::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+        event->ignore();
+    else if (isReturn)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+} // namespace brisklog

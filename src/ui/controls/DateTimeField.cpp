@@ -1,0 +1,136 @@
+#include "ui/controls/DateTimeField.h"
+
+#include "ui/controls/MonthPopup.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int padding = 10;
+/// The toolkit keeps 2 pixels at both sides of the text for itself.
+constexpr int toolkitMargin = 2;
+constexpr int symbolSize = 14;
+constexpr int symbolArea = 30;
+constexpr int gap = 4;
+
+} // namespace
+
+DateTimeField::DateTimeField(const QString& name, QWidget* parent) : QDateTimeEdit(parent) {
+    setLocale(QLocale(QLocale::German, QLocale::Germany));
+    setDisplayFormat(u"dd.MM.yyyy, HH:mm"_s);
+    setButtonSymbols(NoButtons);
+    setFrame(false);
+    setFont(fontFor(FontRole::body13));
+    setAccessibleName(name);
+    setMouseTracking(true);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    setPalette(palette);
+}
+
+void DateTimeField::setMoment(const QDateTime& moment) {
+    if (dateTime() == moment)
+        return;
+    m_isSettingMoment = true;
+    setDateTime(moment);
+    m_isSettingMoment = false;
+}
+
+void DateTimeField::onEdited(std::function<void(const QDateTime&)> edited) {
+    connect(this, &QDateTimeEdit::dateTimeChanged, this,
+            [this, edited = std::move(edited)](const QDateTime& moment) {
+                if (!m_isSettingMoment)
+                    edited(moment);
+            });
+}
+
+QWidget* DateTimeField::showCalendar() {
+    if (m_calendar)
+        return m_calendar;
+    m_calendar = new MonthPopup(*this, date(), [self = QPointer(this)](const QDate& day) {
+        if (self)
+            self->setDate(day);
+    });
+    const QRect available = screen()->availableGeometry();
+    const QPoint below = mapToGlobal(QPoint(0, height() + gap));
+    const QPoint above = mapToGlobal(QPoint(0, -gap - m_calendar->height()));
+    const bool hasRoomBelow = below.y() + m_calendar->height() <= available.bottom() + 1;
+    m_calendar->move(hasRoomBelow ? below : above);
+    m_calendar->show();
+    return m_calendar;
+}
+
+QRect DateTimeField::symbolRect() const { return {width() - symbolArea, 0, symbolArea, height()}; }
+
+void DateTimeField::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    paintField(painter, rect(),
+               {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
+    const QColor resting = isEnabled() ? palette.secondary : withOpacity(palette.secondary, 0.5);
+    paintSymbol(painter, symbolRect(), u"calendar"_s, symbolSize, m_isSymbolHovered ? palette.text : resting);
+}
+
+void DateTimeField::placeLine() {
+    const int left = padding - toolkitMargin;
+    lineEdit()->setGeometry(left, 0, width() - left - symbolArea, height());
+}
+
+void DateTimeField::resizeEvent(QResizeEvent* event) {
+    QDateTimeEdit::resizeEvent(event);
+    placeLine();
+}
+
+void DateTimeField::changeEvent(QEvent* event) {
+    QDateTimeEdit::changeEvent(event);
+    placeLine();
+}
+
+void DateTimeField::mousePressEvent(QMouseEvent* event) {
+    if (symbolRect().contains(event->position().toPoint()))
+        showCalendar();
+    else
+        QDateTimeEdit::mousePressEvent(event);
+}
+
+void DateTimeField::mouseMoveEvent(QMouseEvent* event) {
+    m_isSymbolHovered = symbolRect().contains(event->position().toPoint());
+    update();
+    QDateTimeEdit::mouseMoveEvent(event);
+}
+
+void DateTimeField::leaveEvent(QEvent* event) {
+    m_isSymbolHovered = false;
+    update();
+    QDateTimeEdit::leaveEvent(event);
+}
+
+void DateTimeField::enterEvent(QEnterEvent* event) {
+    update();
+    QDateTimeEdit::enterEvent(event);
+}
+
+void DateTimeField::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier))
+        showCalendar();
+    else if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+        event->ignore();
+    else
+        QDateTimeEdit::keyPressEvent(event);
+}
+
+void DateTimeField::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+} // namespace brisklog

@@ -1,0 +1,244 @@
+#include "ui/controls/MenuPopup.h"
+
+#include "ui/lists/ListView.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int frameRadius = 8;
+constexpr int rowRadius = 5;
+constexpr int padding = 4;
+constexpr int widest = 420;
+constexpr int rowHeight = 28;
+constexpr int dividerHeight = 9;
+constexpr int dividerInset = 6;
+constexpr int symbolSize = 14;
+constexpr int rowPaddingLeft = 8;
+constexpr int rowPaddingRight = 8;
+constexpr int columnGap = 8;
+constexpr int textLeft = rowPaddingLeft + symbolSize + columnGap;
+
+/// The rows as the list view reads them.
+class MenuModel final : public QAbstractListModel {
+public:
+    MenuModel(const std::vector<MenuItem>& items, QObject* parent)
+        : QAbstractListModel(parent), m_items(items) {}
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(m_items.size());
+    }
+
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        return role == Qt::DisplayRole ? QVariant(item(index).text) : QVariant();
+    }
+
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
+        return item(index).isEnabled ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    }
+
+private:
+    [[nodiscard]] const MenuItem& item(const QModelIndex& index) const {
+        return m_items[static_cast<std::size_t>(index.row())];
+    }
+
+    const std::vector<MenuItem>& m_items;
+};
+
+/// Paints the rows.
+class MenuDelegate final : public QStyledItemDelegate {
+public:
+    MenuDelegate(const std::vector<MenuItem>& items, const ListView& list, QObject* parent)
+        : QStyledItemDelegate(parent), m_items(items), m_list(list) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
+        return {0, item(index).isDivider ? dividerHeight : rowHeight};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const Palette& palette = Palette::of(m_list);
+        const MenuItem& row = item(index);
+        if (row.isDivider)
+            painter->fillRect(QRect(option.rect.x() + dividerInset, option.rect.center().y(),
+                                    option.rect.width() - 2 * dividerInset, 1),
+                              palette.line);
+        else
+            paintRow(*painter, option.rect, row, m_list.currentIndex() == index, palette);
+    }
+
+private:
+    static void paintRow(QPainter& painter, const QRect& area, const MenuItem& row, bool isCurrent,
+                         const Palette& palette) {
+        if (isCurrent && row.isEnabled)
+            fillRounded(painter, area, rowRadius, withOpacity(palette.control, 0.8));
+        QRect column(area.x() + rowPaddingLeft, area.y(), symbolSize, area.height());
+        if (row.isChecked)
+            paintSymbol(painter, column, u"checkmark"_s, symbolSize, palette.text);
+        column.translate(symbolSize + columnGap, 0);
+        int left = textLeft;
+        if (!row.symbol.isEmpty()) {
+            paintSymbol(painter, column, row.symbol, symbolSize, palette.*row.symbolColor);
+            left += symbolSize + columnGap;
+        }
+        paintText(painter, area.adjusted(left, 0, -rowPaddingRight, 0), row.text, FontRole::body13,
+                  row.isEnabled ? palette.text : withOpacity(palette.secondary, 0.5));
+    }
+
+    [[nodiscard]] const MenuItem& item(const QModelIndex& index) const {
+        return m_items[static_cast<std::size_t>(index.row())];
+    }
+
+    const std::vector<MenuItem>& m_items;
+    const ListView& m_list;
+};
+
+int heightOf(const MenuItem& item) { return item.isDivider ? dividerHeight : rowHeight; }
+
+int widthOf(const MenuItem& item) {
+    const int symbol = item.symbol.isEmpty() ? 0 : symbolSize + columnGap;
+    return textLeft + symbol + textWidth(item.text, FontRole::body13) + rowPaddingRight;
+}
+
+int startRowOf(const MenuContent& content) {
+    if (content.currentRow >= 0)
+        return content.currentRow;
+    const auto checked = std::ranges::find(content.items, true, &MenuItem::isChecked);
+    if (checked != content.items.end())
+        return static_cast<int>(checked - content.items.begin());
+    const auto enabled = std::ranges::find(content.items, true, &MenuItem::isEnabled);
+    return enabled == content.items.end() ? -1 : static_cast<int>(enabled - content.items.begin());
+}
+
+} // namespace
+
+MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
+    : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      m_items(content.items), m_startRow(startRowOf(content)),
+      m_list(new ListView(ListView::RowHeights::different)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    // The click that closes the menu must not open it again.
+    setAttribute(Qt::WA_NoMouseReplay);
+    setAccessibleName(anchor.accessibleName());
+    m_list->setModel(new MenuModel(m_items, this));
+    m_list->setItemDelegate(new MenuDelegate(m_items, *m_list, this));
+    m_list->setAccessibleName(anchor.accessibleName());
+    m_list->installEventFilter(this);
+    connect(m_list, &QAbstractItemView::entered, this,
+            [this](const QModelIndex& index) { setCurrentRow(index.row()); });
+    connect(m_list, &QAbstractItemView::clicked, this,
+            [this](const QModelIndex& index) { choose(index.row()); });
+    Column{m_list}.margins(padding).applyTo(*this);
+    setFixedSize(fittingSize(content, anchor.width()));
+}
+
+QSize MenuPopup::fittingSize(const MenuContent& content, int anchorWidth) const {
+    int longest = 0;
+    int height = 0;
+    for (std::size_t row = 0; row < m_items.size(); ++row) {
+        longest = std::max(longest, widthOf(m_items[row]));
+        if (std::cmp_less(row, content.maximumVisibleRows))
+            height += heightOf(m_items[row]);
+    }
+    const int width = std::max(anchorWidth, std::min(longest + 2 * padding, widest));
+    return {content.width > 0 ? content.width : width, height + 2 * padding};
+}
+
+void MenuPopup::takeFocus() {
+    m_list->setFocus(Qt::PopupFocusReason);
+    setCurrentRow(m_startRow);
+}
+
+int MenuPopup::currentRow() const { return m_list->currentIndex().row(); }
+
+void MenuPopup::setCurrentRow(int row) {
+    if (row < 0 || std::cmp_greater_equal(row, m_items.size()) ||
+        !m_items[static_cast<std::size_t>(row)].isEnabled)
+        return;
+    m_list->setCurrentIndex(m_list->model()->index(row, 0));
+    m_list->viewport()->update();
+}
+
+void MenuPopup::step(int from, int direction) {
+    const int count = static_cast<int>(m_items.size());
+    for (int tried = 1; tried <= count; ++tried) {
+        const int row = ((from + direction * tried) % count + count) % count;
+        if (m_items[static_cast<std::size_t>(row)].isEnabled) {
+            setCurrentRow(row);
+            return;
+        }
+    }
+}
+
+void MenuPopup::choose(int row) {
+    if (m_isClosing || row < 0 || !m_items[static_cast<std::size_t>(row)].isEnabled)
+        return;
+    // A copy: closing may destroy the menu before the action has run.
+    const auto chosen = m_items[static_cast<std::size_t>(row)].chosen;
+    close();
+    if (chosen)
+        chosen();
+}
+
+bool MenuPopup::handleKey(int key) {
+    switch (key) {
+    case Qt::Key_Down:
+        step(currentRow(), 1);
+        return true;
+    case Qt::Key_Up:
+        step(currentRow(), -1);
+        return true;
+    case Qt::Key_Home:
+        step(-1, 1);
+        return true;
+    case Qt::Key_End:
+        step(0, -1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        choose(currentRow());
+        return true;
+    case Qt::Key_Escape:
+        close();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MenuPopup::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && handleKey(static_cast<QKeyEvent*>(event)->key()))
+        return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+void MenuPopup::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    fillRounded(painter, rect(), frameRadius, palette.card);
+    frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
+}
+
+void MenuPopup::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    setMask(roundedShape(rect(), frameRadius));
+}
+
+void MenuPopup::closeEvent(QCloseEvent* event) {
+    m_isClosing = true;
+    QWidget::closeEvent(event);
+}
+
+} // namespace brisklog

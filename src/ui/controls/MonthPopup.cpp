@@ -1,0 +1,174 @@
+#include "ui/controls/MonthPopup.h"
+
+#include "ui/controls/SymbolButton.h"
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMouseEvent>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog {
+namespace {
+
+constexpr int frameRadius = 8;
+constexpr int padding = 8;
+constexpr QSize cellSize(32, 28);
+constexpr int columns = 7;
+constexpr int rows = 6;
+constexpr int headerHeight = 28;
+constexpr int headingHeight = 20;
+constexpr int gridTop = padding + headerHeight + headingHeight;
+
+const QLocale& german() {
+    static const QLocale locale(QLocale::German, QLocale::Germany);
+    return locale;
+}
+
+} // namespace
+
+MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen)
+    : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
+      m_selected(selected), m_current(selected), m_chosen(std::move(chosen)),
+      m_title(new Label({}, FontRole::body13Semibold)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_NoMouseReplay);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    auto* previous = new SymbolButton(u"chevron.left"_s, u"Voriger Monat"_s);
+    auto* next = new SymbolButton(u"chevron.right"_s, u"Nächster Monat"_s);
+    previous->onClick([this] { moveTo(m_current.addMonths(-1)); });
+    next->onClick([this] { moveTo(m_current.addMonths(1)); });
+    Column{Row{space(8), m_title, stretch(), previous, next}, stretch()}.margins(padding).applyTo(*this);
+    setFixedSize(2 * padding + columns * cellSize.width(), gridTop + rows * cellSize.height() + padding);
+    moveTo(selected);
+}
+
+bool MonthPopup::event(QEvent* event) {
+    if (event->type() == QEvent::Show)
+        setFocus(Qt::PopupFocusReason);
+    return QWidget::event(event);
+}
+
+QDate MonthPopup::firstShownDay() const {
+    const QDate first(m_current.year(), m_current.month(), 1);
+    const int firstWeekday = QLocale::system().firstDayOfWeek();
+    return first.addDays(-((first.dayOfWeek() - firstWeekday + columns) % columns));
+}
+
+QRect MonthPopup::cellRect(int cell) const {
+    return {QPoint(padding + cell % columns * cellSize.width(), gridTop + cell / columns * cellSize.height()),
+            cellSize};
+}
+
+QDate MonthPopup::dayAt(const QPoint& position) const {
+    for (int cell = 0; cell < columns * rows; ++cell)
+        if (cellRect(cell).contains(position))
+            return firstShownDay().addDays(cell);
+    return {};
+}
+
+void MonthPopup::moveTo(const QDate& day) {
+    if (!day.isValid())
+        return;
+    m_current = day;
+    m_title->setValue(german().toString(day, u"MMMM yyyy"_s));
+    setAccessibleName(german().toString(day, QLocale::LongFormat));
+    update();
+}
+
+void MonthPopup::choose(const QDate& day) {
+    if (!day.isValid())
+        return;
+    // A copy: closing may destroy this before the action has run.
+    const auto chosen = m_chosen;
+    close();
+    chosen(day);
+}
+
+void MonthPopup::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    fillRounded(painter, rect(), frameRadius, palette.card);
+    frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
+    paintHeadings(painter);
+    for (int cell = 0; cell < columns * rows; ++cell)
+        paintDay(painter, cell);
+}
+
+void MonthPopup::paintHeadings(QPainter& painter) const {
+    for (int column = 0; column < columns; ++column) {
+        const int weekday = firstShownDay().addDays(column).dayOfWeek();
+        const QRect area(cellRect(column).x(), gridTop - headingHeight, cellSize.width(), headingHeight);
+        paintText(painter, area, german().dayName(weekday, QLocale::ShortFormat).left(2), FontRole::caption11,
+                  Palette::of(*this).secondary, Qt::AlignCenter);
+    }
+}
+
+void MonthPopup::paintDay(QPainter& painter, int cell) const {
+    const Palette& palette = Palette::of(*this);
+    const QDate day = firstShownDay().addDays(cell);
+    const QRect area = cellRect(cell).adjusted(1, 1, -1, -1);
+    const bool isOfMonth = day.month() == m_current.month();
+    if (day == m_selected)
+        fillRounded(painter, area, 4, withOpacity(palette.blueFill, 0.2));
+    else if (day == m_hovered)
+        fillRounded(painter, area, 4, withOpacity(palette.control, 0.5));
+    if (day == m_current)
+        frameRounded(painter, area, 4, palette.blue, 2);
+    paintText(painter, area, QString::number(day.day()), isOfMonth ? FontRole::tab12Medium : FontRole::tab12,
+              isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter);
+}
+
+void MonthPopup::mousePressEvent(QMouseEvent* event) {
+    const QPoint position = event->position().toPoint();
+    if (rect().contains(position))
+        choose(dayAt(position));
+    else
+        QWidget::mousePressEvent(event);
+}
+
+void MonthPopup::mouseMoveEvent(QMouseEvent* event) {
+    m_hovered = dayAt(event->position().toPoint());
+    update();
+}
+
+void MonthPopup::leaveEvent(QEvent*) {
+    m_hovered = {};
+    update();
+}
+
+void MonthPopup::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return moveTo(m_current.addDays(-1));
+    case Qt::Key_Right:
+        return moveTo(m_current.addDays(1));
+    case Qt::Key_Up:
+        return moveTo(m_current.addDays(-columns));
+    case Qt::Key_Down:
+        return moveTo(m_current.addDays(columns));
+    case Qt::Key_PageUp:
+        return moveTo(m_current.addMonths(-1));
+    case Qt::Key_PageDown:
+        return moveTo(m_current.addMonths(1));
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        return choose(m_current);
+    case Qt::Key_Escape:
+        close();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void MonthPopup::resizeEvent(QResizeEvent*) { setMask(roundedShape(rect(), frameRadius)); }
+
+} // namespace brisklog

@@ -1,0 +1,38 @@
+#include "ui/controls/SectionHeader.h"
+
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
+
+#include <QPainter>
+
+namespace brisklog {
+namespace {
+
+constexpr int symbolSize = 16;
+constexpr int gap = 6;
+constexpr FontRole titleFont = FontRole::body13Semibold;
+
+} // namespace
+
+SectionHeader::SectionHeader(const QString& title, const QString& systemImage, QWidget* parent)
+    : QLabel(parent), m_systemImage(systemImage) {
+    setTextFormat(Qt::PlainText);
+    setText(title);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+QSize SectionHeader::sizeHint() const {
+    return {symbolSize + gap + textWidth(text(), titleFont), lineHeight(titleFont)};
+}
+
+void SectionHeader::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    const bool isDark = palette.scheme == ColorScheme::dark;
+    paintSymbol(painter, QRect(0, 0, symbolSize, height()), m_systemImage, symbolSize,
+                isDark ? palette.white : palette.blue);
+    paintText(painter, rect().adjusted(symbolSize + gap, 0, 0, 0), text(), titleFont,
+              isDark ? palette.white : palette.text);
+}
+
+} // namespace brisklog

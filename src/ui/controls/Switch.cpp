@@ -1,0 +1,66 @@
+#include "ui/controls/Switch.h"
+
+#include "ui/look/Look.h"
+#include "ui/look/Painting.h"
+
+#include <QPainter>
+#include <QVariantAnimation>
+
+namespace brisklog {
+namespace {
+
+constexpr int radius = 11;
+constexpr qreal knob = 18;
+constexpr qreal inset = 2;
+constexpr int glideMilliseconds = 120;
+
+} // namespace
+
+Switch::Switch(const QString& name, QWidget* parent) : Clickable(radius, parent) {
+    setCheckable(true);
+    setAccessibleName(name);
+    connect(this, &QAbstractButton::clicked, this, [this] { moveKnob(); });
+}
+
+void Switch::setOn(bool isOn) {
+    if (isChecked() == isOn)
+        return;
+    setChecked(isOn);
+    m_knob = isOn ? 1 : 0;
+    update();
+}
+
+void Switch::onToggled(std::function<void(bool)> toggled) {
+    connect(this, &QAbstractButton::clicked, this,
+            [toggled = std::move(toggled)](bool isOn) { toggled(isOn); });
+}
+
+void Switch::moveKnob() {
+    const double target = isChecked() ? 1 : 0;
+    if (!motionAllowed()) {
+        m_knob = target;
+        update();
+        return;
+    }
+    auto* glide = new QVariantAnimation(this);
+    glide->setStartValue(m_knob);
+    glide->setEndValue(target);
+    glide->setDuration(glideMilliseconds);
+    glide->setEasingCurve(QEasingCurve::OutCubic);
+    connect(glide, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
+        m_knob = value.toDouble();
+        update();
+    });
+    glide->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void Switch::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const Palette& palette = Palette::of(*this);
+    painter.setOpacity(isEnabled() ? 1 : 0.5);
+    fillRounded(painter, rect(), radius, isChecked() ? palette.blueFill : palette.rule);
+    const qreal left = inset + m_knob * (width() - knob - 2 * inset);
+    fillRounded(painter, QRectF(left, inset, knob, knob), knob / 2, palette.white);
+}
+
+} // namespace brisklog

@@ -1,0 +1,109 @@
+#include "ui/controls/TextField.h"
+
+#include "ui/look/Label.h"
+#include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <limits>
+
+namespace brisklog {
+namespace {
+
+constexpr int padding = 10;
+/// The toolkit keeps 2 pixels at both sides of the text for itself.
+constexpr int toolkitMargin = 2;
+
+void paintNoGround(QWidget& widget) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
+    : QLineEdit(parent), m_size(size) {
+    setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max());
+    setFont(fontFor(FontRole::body13));
+    setTextMargins(padding - toolkitMargin, 0, padding - toolkitMargin, 0);
+    setPlaceholderText(placeholder);
+    setAccessibleName(placeholder);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    paintNoGround(*this);
+    // The pasted text has arrived by then: cleaning it here covers the clipboard, drops and input methods.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { cleanUp(text); });
+}
+
+void TextField::cleanUp(const QString& text) {
+    const QString clean = onOneLine(text);
+    if (clean == text)
+        return;
+    const int cursor = cursorPosition();
+    setText(clean);
+    setCursorPosition(cursor);
+}
+
+void TextField::onEdited(std::function<void(const QString&)> edited) {
+    // Not textEdited: what a screen reader or a dictation writes would go unheard.
+    connect(this, &QLineEdit::textChanged, this, [this, edited = std::move(edited)](const QString& text) {
+        const bool isClean = text == onOneLine(text);
+        if (!m_isBeingSet && isClean)
+            edited(text);
+    });
+}
+
+void TextField::onReturn(std::function<void()> returned) { m_returned = std::move(returned); }
+
+void TextField::setValue(const QString& value) {
+    const QString line = onOneLine(value);
+    if (text() == line)
+        return;
+    m_isBeingSet = true;
+    setText(line);
+    m_isBeingSet = false;
+}
+
+QSize TextField::sizeHint() const { return {200, m_size == Size::tall ? 34 : 32}; }
+
+QSize TextField::minimumSizeHint() const { return {48, sizeHint().height()}; }
+
+void TextField::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    paintField(painter, rect(), {.isHovered = m_isHovered, .isFocused = hasFocus(), .isEnabled = isEnabled()},
+               Palette::of(*this));
+    painter.end();
+    QLineEdit::paintEvent(event);
+}
+
+void TextField::enterEvent(QEnterEvent* event) {
+    m_isHovered = true;
+    update();
+    QLineEdit::enterEvent(event);
+}
+
+void TextField::leaveEvent(QEvent* event) {
+    m_isHovered = false;
+    update();
+    QLineEdit::leaveEvent(event);
+}
+
+void TextField::keyPressEvent(QKeyEvent* event) {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && m_returned && !event->modifiers().testFlag(Qt::ControlModifier))
+        m_returned();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+QWidget* withLabelAbove(const QString& label, QWidget* field, int gap) {
+    auto* group = new QWidget;
+    auto* caption = new Label(label, FontRole::caption11Medium, &Palette::secondary);
+    field->setAccessibleName(label);
+    Column{caption, space(gap), field}.applyTo(*group);
+    return group;
+}
+
+} // namespace brisklog

@@ -1,0 +1,67 @@
+#include "ui/look/Layout.h"
+
+#include <QBoxLayout>
+#include <QWidget>
+
+namespace brisklog {
+
+LayoutItem::LayoutItem(QWidget* widget) : m_add([widget](QBoxLayout& layout) { layout.addWidget(widget); }) {}
+
+LayoutBox& LayoutBox::spacing(int pixels) {
+    m_spacing = pixels;
+    return *this;
+}
+
+LayoutBox& LayoutBox::margins(const QMargins& margins) {
+    m_margins = margins;
+    return *this;
+}
+
+LayoutBox& LayoutBox::add(LayoutItem item) {
+    m_items.push_back(std::move(item));
+    return *this;
+}
+
+QBoxLayout* LayoutBox::build() const {
+    auto* layout =
+        new QBoxLayout(m_direction == Direction::down ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    layout->setSpacing(m_spacing);
+    layout->setContentsMargins(m_margins);
+    for (const LayoutItem& item : m_items)
+        item.addTo(*layout);
+    return layout;
+}
+
+void LayoutBox::applyTo(QWidget& widget) const {
+    delete widget.layout();
+    widget.setLayout(build());
+}
+
+LayoutBox::operator LayoutItem() const {
+    return LayoutItem([box = *this](QBoxLayout& layout) { layout.addLayout(box.build()); });
+}
+
+LayoutItem stretch(int share) {
+    return LayoutItem([share](QBoxLayout& layout) { layout.addStretch(share); });
+}
+
+LayoutItem space(int pixels) {
+    return LayoutItem([pixels](QBoxLayout& layout) { layout.addSpacing(pixels); });
+}
+
+LayoutItem expanding(QWidget* widget, int share) {
+    return LayoutItem([widget, share](QBoxLayout& layout) { layout.addWidget(widget, share); });
+}
+
+LayoutItem expanding(const LayoutBox& box, int share) {
+    return LayoutItem([box, share](QBoxLayout& layout) {
+        box.operator LayoutItem().addTo(layout);
+        layout.setStretch(layout.count() - 1, share);
+    });
+}
+
+LayoutItem aligned(QWidget* widget, Qt::Alignment alignment) {
+    return LayoutItem([widget, alignment](QBoxLayout& layout) { layout.addWidget(widget, 0, alignment); });
+}
+
+} // namespace brisklog

@@ -1,0 +1,63 @@
+#include "ui/sheets/Sheets.h"
+
+#include "ui/sheets/SheetHost.h"
+#include "ui/sheets/WindowPlace.h"
+
+#include <QPointer>
+#include <QScreen>
+#include <algorithm>
+
+namespace brisklog {
+namespace {
+
+/// Centred over the window, as large as the screen allows, inside it.
+QRect placeOver(const QWidget& window, const QSize& wanted) {
+    const QRect available = window.screen()->availableGeometry();
+    QRect place(QPoint(), wanted.boundedTo(available.size()));
+    place.moveCenter(window.mapToGlobal(window.rect().center()));
+    place.moveLeft(std::clamp(place.left(), available.left(), available.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), available.top(), available.bottom() + 1 - place.height()));
+    return place;
+}
+
+/// The host itself, or the sheet this one was opened from.
+void giveFocusBack(QWidget& window) {
+    if (auto* host = dynamic_cast<SheetHost*>(&window)) {
+        host->takeFocusBack();
+        return;
+    }
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
+
+SheetHost* sheetHostOf(QWidget& widget) {
+    for (QWidget* above = &widget; above; above = above->parentWidget())
+        if (auto* host = dynamic_cast<SheetHost*>(above))
+            return host;
+    return nullptr;
+}
+
+SheetWindow& presentSheet(QWidget& from, std::unique_ptr<SheetWindow> sheet) {
+    SheetWindow& shown = *sheet.release();
+    QWidget& window = *from.window();
+    const Qt::WindowFlags onTop = window.windowFlags() & Qt::WindowStaysOnTopHint;
+    shown.setParent(&window, shown.windowFlags() | onTop);
+    shown.setAttribute(Qt::WA_DeleteOnClose);
+    shown.setWindowModality(Qt::WindowModal);
+    if (SheetHost* host = sheetHostOf(from))
+        shown.keep(host->holdOpen());
+    shown.onEnded([back = QPointer(&window)] {
+        if (back)
+            giveFocusBack(*back);
+    });
+    const QRect place = placeOver(window, shown.size());
+    shown.setFixedSize(place.size());
+    placeWindow(shown, place.topLeft());
+    shown.show();
+    shown.activateWindow();
+    return shown;
+}
+
+} // namespace brisklog

@@ -1,0 +1,44 @@
+#include "ui/sheets/WindowPlace.h"
+
+#include <QEvent>
+#include <QWidget>
+#include <QWindow>
+#include <utility>
+
+namespace brisklog {
+namespace {
+
+/// Repeats the place with the first paint and with the activation, after which it is no longer needed.
+class PlaceKeeper final : public QObject {
+public:
+    PlaceKeeper(QWidget& window, const QPoint& place) : QObject(&window), m_window(window), m_place(place) {
+        setObjectName(QStringLiteral("place"));
+        window.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool isActivated = event->type() == QEvent::WindowActivate;
+        const bool isFirstPaint = event->type() == QEvent::Paint && !std::exchange(m_isPainted, true);
+        if ((isActivated || isFirstPaint) && m_window.windowHandle())
+            m_window.windowHandle()->setPosition(m_place);
+        if (isActivated)
+            deleteLater();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& m_window;
+    QPoint m_place;
+    bool m_isPainted = false;
+};
+
+} // namespace
+
+void placeWindow(QWidget& window, const QPoint& place) {
+    delete window.findChild<QObject*>(QStringLiteral("place"), Qt::FindDirectChildrenOnly);
+    window.move(place);
+    new PlaceKeeper(window, place);
+}
+
+} // namespace brisklog

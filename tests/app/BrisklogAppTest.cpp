@@ -1,0 +1,201 @@
+#include "app/WholeProgram.h"
+#include "ui/look/Palette.h"
+
+#include <QLineEdit>
+#include <algorithm>
+
+namespace brisklog::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using BrisklogAppTest = WholeProgram;
+
+TEST_F(BrisklogAppTest, startsWithTheStoreLoadedAndThePopoverClosed) {
+    EXPECT_EQ(log.lines, (std::vector<std::string>{"Bereinige UserDefaults von großen Daten...",
+                                                   "UserDefaults-Bereinigung abgeschlossen"}));
+    EXPECT_FALSE(app.popover()->isShown());
+    EXPECT_TRUE(files.written.empty());
+}
+
+TEST_F(BrisklogAppTest, theFirstOpeningShowsTheProjectsWithTheKeyboardInTheTask) {
+    statusItem->click();
+    settle();
+    EXPECT_EQ(app.popover()->size(), QSize(370, 650));
+    ASSERT_NE(qobject_cast<QLineEdit*>(QApplication::focusWidget()), nullptr);
+    startTimer(u"Entwurf"_s);
+    EXPECT_EQ(files.written, std::vector<std::string>{"projects.json"});
+}
+
+TEST_F(BrisklogAppTest, quittingWithoutTimersEndsAtOnce) {
+    app.quit();
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(BrisklogAppTest, quittingWithARunningTimerAsksFirst) {
+    statusItem->click();
+    settle();
+    startTimer(u"Entwurf"_s);
+    app.popover()->close();
+    app.quit();
+    settle();
+    EXPECT_EQ(terminations, 0);
+    EXPECT_TRUE(app.popover()->isShown());
+    click(u"Abbrechen"_s);
+    EXPECT_EQ(terminations, 0);
+    app.quit();
+    settle();
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(BrisklogAppTest, withoutAPanelItOpensAsAWindowWithItsOwnWayToQuit) {
+    hasStatusItem = false;
+    app.open();
+    settle();
+    EXPECT_TRUE(app.popover()->isWindow());
+    EXPECT_EQ(app.popover()->windowFlags() & Qt::WindowType_Mask, Qt::Window);
+    EXPECT_EQ(app.popover()->size(), QSize(370, 686));
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(BrisklogAppTest, theWindowBecomesThePopoverOnceAPanelHasCome) {
+    hasStatusItem = false;
+    app.open();
+    hasStatusItem = true;
+    statusItem->click();
+    EXPECT_FALSE(app.popover()->isShown());
+    statusItem->click();
+    settle();
+    EXPECT_EQ(app.popover()->size(), QSize(370, 650));
+    EXPECT_EQ(button(u"Beenden"_s), nullptr);
+}
+
+TEST_F(BrisklogAppTest, aChangedColourSchemeRepaintsTheOpenPopoverAtOnce) {
+    statusItem->click();
+    settle();
+    EXPECT_EQ(Palette::of(*app.popover()).scheme, ColorScheme::light);
+    app.settings().colorScheme = ColorSchemeOption::dark;
+    turn();
+    EXPECT_EQ(Palette::of(*app.popover()).scheme, ColorScheme::dark);
+    EXPECT_EQ(app.popover()->grab().toImage().pixelColor(4, 640), Palette::of(ColorScheme::dark).ground);
+    app.settings().colorScheme = ColorSchemeOption::light;
+    turn();
+    EXPECT_EQ(app.popover()->grab().toImage().pixelColor(4, 640), Palette::of(ColorScheme::light).ground);
+}
+
+TEST_F(BrisklogAppTest, everySectionHasAScreenAndMarksItsButton) {
+    statusItem->click();
+    settle();
+    for (const QString& section : {u"Dashboard"_s, u"Profil"_s, u"Einstellungen"_s, u"Zeiterfassung"_s}) {
+        click(section);
+        QTest::qWait(1);
+        EXPECT_NE(button(section), nullptr);
+    }
+    EXPECT_NE(button(u"Start"_s), nullptr);
+}
+
+TEST_F(BrisklogAppTest, aChosenLogoIsShownInTheProfileAndKept) {
+    statusItem->click();
+    settle();
+    click(u"Profil"_s);
+    click(u"Logo auswählen"_s);
+    ASSERT_EQ(logoPicker.titles, std::vector<std::string>{"Logo auswählen"});
+    logoPicker.pending("logo");
+    EXPECT_EQ(logoPicker.closings, 1);
+    EXPECT_EQ(readFile(home.applicationSupport() / "Pennavo" / "userLogo.png"), "logo");
+    click(u"Logo entfernen"_s);
+    EXPECT_FALSE(files.exists(home.applicationSupport() / "Pennavo" / "userLogo.png"));
+}
+
+TEST_F(BrisklogAppTest, anInvoiceGoesFromTheTimerToTheChosenFile) {
+    statusItem->click();
+    settle();
+    startTimer(u"Entwurf"_s);
+    clock.advance(3600);
+    click(u"Stoppen"_s);
+    click(u"Rechnung"_s);
+    click(u"Alle auswählen"_s);
+    click(u"Rechnung erstellen"_s);
+    ASSERT_EQ(savePanel.requests.size(), 1U);
+    EXPECT_EQ(savePanel.requests[0].suggestedName, "Rechnung_Standardprojekt_2026-11-15.pdf");
+    savePanel.answer(home.path() / "Rechnung.pdf");
+    EXPECT_TRUE(readFile(home.path() / "Rechnung.pdf").starts_with("%PDF-"));
+}
+
+TEST_F(BrisklogAppTest, aHeldPopoverStaysOpenWhenTheUserTurnsElsewhere) {
+    statusItem->click();
+    settle();
+    {
+        const auto hold = app.popover()->holdOpen();
+        QEvent left(QEvent::WindowDeactivate);
+        QApplication::sendEvent(app.popover(), &left);
+        QTest::qWait(5);
+        EXPECT_TRUE(app.popover()->isShown());
+    }
+}
+
+TEST_F(BrisklogAppTest, clickingTheIconUnderASheetKeepsBothAndGivesTheSheetTheKeyboard) {
+    statusItem->click();
+    settle();
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    app.popover()->activateWindow();
+    settle();
+    statusItem->click();
+    settle();
+    EXPECT_TRUE(app.popover()->isShown());
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(QApplication::activeWindow(), sheet);
+    click(u"Abbrechen"_s);
+    statusItem->click();
+    EXPECT_FALSE(app.popover()->isShown());
+}
+
+TEST_F(BrisklogAppTest, openingItUnderASheetGivesTheSheetTheKeyboard) {
+    statusItem->click();
+    settle();
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    app.popover()->activateWindow();
+    app.open();
+    settle();
+    EXPECT_EQ(QApplication::activeWindow(), sheet);
+}
+
+TEST_F(BrisklogAppTest, quittingTwiceAsksOnceAndInFrontOfAnOpenSheet) {
+    statusItem->click();
+    settle();
+    startTimer(u"Entwurf"_s);
+    click(u"Neues Projekt"_s);
+    QWidget* const sheet = QApplication::activeModalWidget();
+    app.quit();
+    settle();
+    QWidget* const question = QApplication::activeModalWidget();
+    EXPECT_EQ(question->windowTitle(), u"Brisklog beenden?"_s);
+    EXPECT_EQ(question->parentWidget(), sheet);
+    app.quit();
+    settle();
+    EXPECT_EQ(QApplication::activeModalWidget(), question);
+    QTest::keyClick(question, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(QApplication::activeModalWidget(), sheet);
+    EXPECT_EQ(terminations, 0);
+    app.quit();
+    settle();
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(BrisklogAppTest, escapeClosesThePopoverOnly) {
+    statusItem->click();
+    settle();
+    QTest::keyClick(app.popover(), Qt::Key_Escape);
+    EXPECT_FALSE(app.popover()->isShown());
+    EXPECT_EQ(terminations, 0);
+}
+
+} // namespace
+} // namespace brisklog::test

@@ -1,0 +1,125 @@
+#include "app/PopoverWindow.h"
+
+#include "support/screen/ScreenTest.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QTest>
+
+namespace brisklog::test {
+namespace {
+
+constexpr ScreenRectangle icon{.x = 700, .y = 0, .width = 22, .height = 22};
+constexpr QPoint onTheIcon(710, 10);
+constexpr QPoint onTheDesktop(400, 750);
+
+class PopoverWindowTest : public ScreenTest {
+protected:
+    void open() {
+        popover.show(icon);
+        settle();
+    }
+
+    void openAsWindow() {
+        popover.showAsWindow();
+        settle();
+    }
+
+    void pressAt(const QPoint& place) {
+        QCursor::setPos(place);
+        popover.handlePointerPress();
+    }
+
+    /// Another program's window takes over while the pointer is there.
+    static void turnElsewhere(const QPoint& pointer) {
+        QCursor::setPos(pointer);
+        QApplication::setActiveWindow(nullptr);
+        QTest::qWait(1);
+    }
+
+    PopoverWindow popover{
+        {.loadContent = [] {}, .makeScreen = [] { return new QWidget; }, .quit = [] {}, .x11 = nullptr}};
+};
+
+TEST_F(PopoverWindowTest, pressOutsideClosesIt) {
+    open();
+    pressAt(popover.geometry().center());
+    EXPECT_TRUE(popover.isShown());
+    pressAt(onTheDesktop);
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, pressOnTheIconIsLeftToTheToggle) {
+    open();
+    pressAt(onTheIcon);
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, turningElsewhereClosesIt) {
+    open();
+    turnElsewhere(onTheDesktop);
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, turningElsewhereByAPressOnTheIconIsLeftToTheToggle) {
+    open();
+    turnElsewhere(onTheIcon);
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, openedAgainAtOnceItIsNotClosedByWhatTheLastClosingLeft) {
+    open();
+    QCursor::setPos(onTheDesktop);
+    popover.close();
+    popover.show(icon);
+    // That the closed popover has lost the focus is heard of only now, before the new one gets it.
+    QEvent late(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&popover, &late);
+    QApplication::setActiveWindow(nullptr);
+    QTest::qWait(1);
+    EXPECT_TRUE(popover.isShown());
+    QApplication::setActiveWindow(&popover);
+    turnElsewhere(onTheDesktop);
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, staysWhileSomethingHoldsIt) {
+    open();
+    auto first = popover.holdOpen();
+    auto second = popover.holdOpen();
+    turnElsewhere(onTheDesktop);
+    pressAt(onTheDesktop);
+    EXPECT_TRUE(popover.isShown());
+    popover.close();
+    EXPECT_TRUE(popover.isShown());
+    first.reset();
+    pressAt(onTheDesktop);
+    EXPECT_TRUE(popover.isShown());
+    second.reset();
+    pressAt(onTheDesktop);
+    EXPECT_FALSE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, asWindowStaysWhateverTheUserTurnsTo) {
+    openAsWindow();
+    pressAt(onTheDesktop);
+    turnElsewhere(onTheDesktop);
+    QTest::keyClick(&popover, Qt::Key_Escape);
+    EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, openingItWhileItIsShownLeavesItsFormAndPlace) {
+    openAsWindow();
+    const QRect window = popover.geometry();
+    open();
+    EXPECT_EQ(popover.geometry(), window);
+    popover.close();
+    settle();
+    open();
+    EXPECT_EQ(popover.size(), QSize(370, 650));
+    openAsWindow();
+    EXPECT_EQ(popover.size(), QSize(370, 650));
+}
+
+} // namespace
+} // namespace brisklog::test

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/DesktopFixture.h"
+
+#include <QDBusMessage>
+#include <memory>
+#include <vector>
+
+namespace brisklog::test {
+
+/// A session bus, and a real compositor without a screen on which programs can be started. Where it cannot
+/// be started, the test is skipped and says why.
+class WaylandDesktop : public DesktopWithBus {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Both may be skipped: ask IsSkipped() afterwards.
+    void startSway();
+    void startKWin();
+    void endCompositor();
+
+    /// Starts a program that opens one window under this application id; it is ended with the desktop.
+    QProcess& startWindow(const QString& applicationId);
+
+    /// The same through the X server of sway, under this class; false when there is none.
+    [[nodiscard]] bool startXWindow(const QString& windowClass);
+
+    /// Brings the window with this application id to the front.
+    void bringToFrontOnSway(const QString& applicationId);
+    void bringToFrontOnKWin(const QString& applicationId);
+
+    /// Runs a script in KWin, which stays there.
+    void loadIntoKWin(const QString& name, const QString& script);
+    void unloadFromKWin(const QString& name);
+    [[nodiscard]] bool isLoadedInKWin(const QString& name) const;
+
+    /// Installs a desktop entry; `lines` follow the group's head.
+    void install(const std::string& id, const std::string& lines);
+
+    [[nodiscard]] qint64 compositorProcess() const { return m_compositor.processId(); }
+
+private:
+    void startCompositor(const QString& program, const QStringList& arguments);
+    QDBusMessage callScripting(const QString& method, const QVariantList& arguments) const;
+    [[nodiscard]] bool isAnswering() const;
+    [[nodiscard]] QString fileInRuntime(const QString& pattern) const;
+
+    QString m_runtime;
+    QProcess m_compositor;
+    std::vector<std::unique_ptr<QProcess>> m_programs;
+};
+
+} // namespace brisklog::test

@@ -1,0 +1,273 @@
+#include "platform/frontmost/X11FrontmostApplication.h"
+#include "FrontmostExpectations.h"
+#include "X11Desktop.h"
+#include "platform/frontmost/ApplicationIcons.h"
+#include "platform/frontmost/FrontmostApplicationChoice.h"
+
+#include <QImage>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+namespace brisklog::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Availability = FrontmostApplication::Availability;
+
+/// A desktop with a window manager that is asked.
+class X11FrontmostApplicationTest : public X11Desktop {
+protected:
+    void SetUp() override {
+        X11Desktop::SetUp();
+        if (!IsSkipped())
+            startWindowManager();
+    }
+
+    void TearDown() override {
+        m_frontmost.reset();
+        X11Desktop::TearDown();
+    }
+
+    X11FrontmostApplication& frontmost() {
+        if (!m_frontmost)
+            watch();
+        return *m_frontmost;
+    }
+
+    [[nodiscard]] bool becomes(const DesktopApplication& expected) {
+        return becomesFrontmost(frontmost(), expected);
+    }
+
+private:
+    void watch() {
+        m_frontmost.emplace();
+        EXPECT_TRUE(waitUntil([this] { return m_frontmost->availability() == Availability::available; }));
+        m_frontmost->beginWatching();
+    }
+
+    std::optional<X11FrontmostApplication> m_frontmost;
+};
+
+TEST_F(X11FrontmostApplicationTest, namesTheProgramWhoseWindowIsInFront) {
+    install("org.example.viewres", "Name=Resources\nName[de]=Betriebsmittel\nExec=/usr/bin/viewres %f");
+    install("font-chooser", "Name=Fonts\nName[de]=Schriften\nStartupWMClass=XFontSel");
+    start(u"xfontsel"_s);
+    start(u"viewres"_s);
+    start(u"xfd"_s, {u"-fn"_s, u"fixed"_s});
+    (void)frontmost();
+
+    ASSERT_TRUE(bringToFront(u"viewres"_s));
+    EXPECT_TRUE(becomes(application("Betriebsmittel", "org.example.viewres")));
+    ASSERT_TRUE(bringToFront(u"xfontsel"_s));
+    EXPECT_TRUE(becomes(application("Schriften", "font-chooser")));
+    ASSERT_TRUE(bringToFront(u"xfd"_s));
+    EXPECT_TRUE(becomes(application("Xfd")));
+    ASSERT_TRUE(bringToFront(u"viewres"_s));
+    EXPECT_TRUE(becomes(application("Betriebsmittel", "org.example.viewres")));
+}
+
+TEST_F(X11FrontmostApplicationTest, recognizesAProgramWithoutClassByItsFile) {
+    (void)frontmost();
+    install("editor", "Name=Editor\nExec=env A=b \"" +
+                          std::filesystem::read_symlink("/proc/self/exe").string() + "\" %U");
+    TestWindow window;
+    window.setNumbers("_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Editor", "editor"));
+}
+
+TEST_F(X11FrontmostApplicationTest, windowWithoutClassAndProgramHasNeitherNameNorIdentifier) {
+    (void)frontmost();
+    TestWindow window;
+    window.show();
+    EXPECT_EQ(frontmost().current(), DesktopApplication{});
+}
+
+TEST_F(X11FrontmostApplicationTest, applicationIdCountsBeforeTheClass) {
+    (void)frontmost();
+    install("org.example.Pages", "Name=Seiten");
+    install("shell", "Name=Hülle");
+    TestWindow window;
+    window.setClass("shell", "Shell");
+    window.setText("_GTK_APPLICATION_ID", "org.example.Pages");
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Seiten", "org.example.Pages"));
+}
+
+TEST_F(X11FrontmostApplicationTest, controlCharactersInNamesBecomeBlanks) {
+    (void)frontmost();
+    TestWindow window;
+    window.setClass("a", "Two\nLines\x1b[1m");
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Two Lines [1m"));
+}
+
+TEST_F(X11FrontmostApplicationTest, classInLatin1IsRead) {
+    (void)frontmost();
+    TestWindow window;
+    window.setClass("m", "M\xfcller");
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Müller"));
+}
+
+TEST_F(X11FrontmostApplicationTest, newClassOfTheSameWindowIsNoticed) {
+    (void)frontmost();
+    TestWindow window;
+    window.setClass("text", "Text");
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Text"));
+    window.setClass("table", "Table");
+    EXPECT_TRUE(becomes(application("Table")));
+}
+
+TEST_F(X11FrontmostApplicationTest, anotherProgramUnderTheSameWindowNumberIsNoticed) {
+    (void)frontmost();
+    auto window = std::make_unique<TestWindow>();
+    window->setClass("one", "One");
+    window->show();
+    EXPECT_EQ(frontmost().current(), application("One"));
+    const xcb_window_t number = window->id();
+    window.reset();
+
+    // The server hands out the numbers of programs that have ended.
+    window = std::make_unique<TestWindow>();
+    window->setClass("two", "Two");
+    window->show();
+    ASSERT_EQ(window->id(), number);
+    EXPECT_TRUE(becomes(application("Two")));
+}
+
+TEST_F(X11FrontmostApplicationTest, gapOfOneQuestionIsBridgedAndTheSecondBelieved) {
+    (void)frontmost();
+    auto window = std::make_unique<TestWindow>();
+    window->setClass("one", "One");
+    window->show();
+    EXPECT_EQ(frontmost().current(), application("One"));
+    const xcb_window_t number = window->id();
+    window.reset();
+    const X11Connection server;
+    ASSERT_TRUE(waitUntil([&] { return !server.bytes(server.askFor(number, XCB_ATOM_WM_CLASS)); }));
+    EXPECT_EQ(frontmost().current(), application("One"));
+    EXPECT_EQ(frontmost().current(), std::nullopt);
+}
+
+TEST_F(X11FrontmostApplicationTest, windowsThatVanishWhileBeingAskedDoNoHarm) {
+    (void)frontmost();
+    TestWindow stays;
+    stays.setClass("stays", "Stays");
+    stays.show();
+    constexpr int many = 30;
+    for (int count = 0; count < many; ++count) {
+        TestWindow vanishes;
+        vanishes.setClass("vanishes", "Vanishes");
+        vanishes.askToBeActive();
+        (void)frontmost().current();
+        if (const auto seen = frontmost().current(); seen && *seen != application("Stays")) {
+            ASSERT_EQ(seen, application("Vanishes"));
+        }
+    }
+    stays.askToBeActive();
+    EXPECT_TRUE(becomes(application("Stays")));
+}
+
+TEST_F(X11FrontmostApplicationTest, unwatchedNothingIsInFront) {
+    TestWindow window;
+    window.setClass("one", "One");
+    (void)frontmost();
+    window.show();
+    frontmost().endWatching();
+    EXPECT_EQ(frontmost().current(), std::nullopt);
+    frontmost().beginWatching();
+    frontmost().beginWatching();
+    EXPECT_EQ(frontmost().current(), application("One"));
+}
+
+TEST_F(X11FrontmostApplicationTest, iconComesFromTheDesktopEntry) {
+    (void)frontmost();
+    QImage picture(64, 64, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    const auto file = home.path() / "red.png";
+    ASSERT_TRUE(picture.save(QString::fromStdString(file.string())));
+    install("drawing", "Name=Zeichnung\nIcon=" + file.string());
+    TestWindow window;
+    window.setClass("drawing", "Drawing");
+    window.show();
+    const auto png = frontmost().iconPng(frontmost().current().value());
+    const QImage icon = QImage::fromData(QByteArray::fromStdString(png.value()), "PNG");
+    EXPECT_EQ(icon.size(), QSize(32, 32));
+    EXPECT_EQ(icon.pixelColor(16, 16), QColor(Qt::red));
+}
+
+TEST_F(X11FrontmostApplicationTest, iconWithoutEntryIsTheWindows) {
+    (void)frontmost();
+    constexpr std::uint32_t blue = 0xFF0000FF;
+    constexpr std::uint32_t small = 16;
+    constexpr std::uint32_t large = 48;
+    std::vector<std::uint32_t> icons{small, small};
+    icons.resize(2 + small * small, 0xFFFF0000);
+    icons.insert(icons.end(), {large, large});
+    icons.resize(icons.size() + std::size_t{large} * large, blue);
+    TestWindow window;
+    window.setClass("own", "Own");
+    window.setNumbers("_NET_WM_ICON", XCB_ATOM_CARDINAL, icons);
+    window.show();
+    const auto png = frontmost().iconPng(frontmost().current().value());
+    const QImage icon = QImage::fromData(QByteArray::fromStdString(png.value()), "PNG");
+    EXPECT_EQ(icon.size(), QSize(32, 32));
+    EXPECT_EQ(icon.pixelColor(16, 16), QColor(Qt::blue));
+}
+
+TEST(ApplicationIcons, brokenIconOfAWindowIsNone) {
+    using Icons = std::vector<std::uint32_t>;
+    for (const Icons& broken : {Icons{}, {16}, {0, 0, 1, 2}, {32, 32, 7}, {0xFFFFFFFF, 0xFFFFFFFF, 7}})
+        EXPECT_EQ(iconPng(broken), std::nullopt);
+}
+
+TEST_F(X11FrontmostApplicationTest, desktopWithXAloneIsAskedInTheX11Way) {
+    TestWindow window;
+    window.setClass("one", "One");
+    const auto chosen = chooseFrontmostApplication();
+    chosen->beginWatching();
+    ASSERT_TRUE(waitUntil([&] { return chosen->availability() == Availability::available; }));
+    window.show();
+    EXPECT_EQ(chosen->current(), application("One"));
+}
+
+using X11WithoutWindowManager = X11Desktop;
+
+TEST_F(X11WithoutWindowManager, isUnavailableUntilAWindowManagerComesAndWhenItGoes) {
+    X11FrontmostApplication frontmost;
+    int announcements = 0;
+    const auto subscription = frontmost.observe([&] { ++announcements; });
+    EXPECT_EQ(frontmost.availability(), Availability::unavailable);
+    startWindowManager();
+    EXPECT_TRUE(waitUntil([&] { return frontmost.availability() == Availability::available; }));
+    EXPECT_EQ(announcements, 1);
+    frontmost.beginWatching();
+    TestWindow window;
+    window.setClass("one", "One");
+    window.show();
+    EXPECT_EQ(frontmost.current(), application("One"));
+
+    endWindowManager();
+    EXPECT_TRUE(waitUntil([&] { return frontmost.availability() == Availability::unavailable; }));
+    EXPECT_EQ(announcements, 2);
+    (void)frontmost.current();
+    EXPECT_EQ(frontmost.current(), std::nullopt);
+    startWindowManager();
+    EXPECT_TRUE(waitUntil([&] { return frontmost.availability() == Availability::available; }));
+}
+
+TEST_F(X11WithoutWindowManager, underWaylandTheX11WayIsNeverTaken) {
+    qputenv("WAYLAND_DISPLAY", "no-such-compositor");
+    startWindowManager();
+    const X11FrontmostApplication answersHere;
+    ASSERT_TRUE(waitUntil([&] { return answersHere.availability() == Availability::available; }));
+    const auto chosen = chooseFrontmostApplication();
+    EXPECT_TRUE(waitUntil([&] { return chosen->availability() != Availability::beingFoundOut; }));
+    EXPECT_EQ(chosen->availability(), Availability::unavailable);
+    qunsetenv("WAYLAND_DISPLAY");
+}
+
+} // namespace
+} // namespace brisklog::test

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "invoice/InvoiceSheet.h"
+#include "invoice/screens/InvoiceScreen.h"
+#include "support/screen/ScreenTest.h"
+#include "ui/sheets/Sheets.h"
+
+#include <QAbstractButton>
+#include <QListView>
+#include <QPointer>
+#include <memory>
+
+namespace brisklog::test {
+
+/// The invoice sheet on the screen, over a window as the popover would be.
+class InvoiceSheetWindow {
+public:
+    /// Shows the sheet for the project; what the sheet finds in the store must be there before.
+    explicit InvoiceSheetWindow(InvoiceSheet& content);
+
+    [[nodiscard]] InvoiceView& view();
+    [[nodiscard]] QListView& list();
+    /// The button with that caption, whether or not it can be seen.
+    [[nodiscard]] QAbstractButton& button(const QString& caption);
+    /// The label with that text; null where it cannot be seen.
+    [[nodiscard]] QWidget* label(const QString& text);
+
+    void clickRow(int row);
+    void clickTrash(int row);
+
+    QWidget popover;
+    QPointer<SheetWindow> sheet;
+
+private:
+    [[nodiscard]] QRect rowRect(int row);
+};
+
+} // namespace brisklog::test

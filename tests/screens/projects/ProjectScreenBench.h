@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/projects/ProjectWorkbench.h"
+#include "app/projects/screens/MultiProjectScreen.h"
+#include "foundation/GermanFormat.h"
+#include "support/screen/ScreenTest.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+
+namespace brisklog::test {
+
+/// The time tracking section as the popover shows it, over the real store.
+class ProjectScreenBench : public ScreenTest {
+protected:
+    /// The popover's inside under its navigation bar.
+    static constexpr QSize sectionSize{370, 592};
+
+    ProjectScreenBench() { format::useTimeZone(QTimeZone::utc()); }
+
+    /// Shows the section; what the test put into the store before is there from the start.
+    void open() {
+        ProjectPlatform platform = bench.platform();
+        platform.exportReport = exportReport;
+        view = std::make_unique<MultiProjectView>(platform, bench.tracking());
+        screen = std::make_unique<MultiProjectScreen>(
+            *view, ProjectScreensContext{bench.store, bench.clock, bench.runLoop, notifications, actions});
+        screen->resize(sectionSize);
+        showActive(*screen);
+    }
+
+    void advance(TimeInterval seconds) {
+        bench.runLoop.advance(seconds);
+        settle();
+    }
+
+    /// The visible button of that accessible name or caption; fails the test without one.
+    [[nodiscard]] static QAbstractButton& button(QWidget& root, const QString& name) {
+        for (auto* found : root.findChildren<QAbstractButton*>())
+            if (found->isVisible() && (found->accessibleName() == name || found->text() == name))
+                return *found;
+        ADD_FAILURE() << "no button " << name.toStdString();
+        std::abort();
+    }
+
+    /// The first visible descendant of that class; fails the test without one.
+    template <class T>
+    [[nodiscard]] static T& part(QWidget& root) {
+        for (auto* child : root.findChildren<QWidget*>())
+            if (auto* found = dynamic_cast<T*>(child); found && found->isVisible())
+                return *found;
+        ADD_FAILURE() << "no such part";
+        std::abort();
+    }
+
+    [[nodiscard]] QAbstractButton& button(const QString& name) { return button(*screen, name); }
+
+    void click(const QString& name) {
+        button(name).click();
+        settle();
+    }
+
+    /// The visible field of that accessible name; fails the test without one.
+    [[nodiscard]] static QLineEdit& field(QWidget& root, const QString& name) {
+        for (auto* found : root.findChildren<QLineEdit*>())
+            if (found->isVisible() && found->accessibleName() == name)
+                return *found;
+        ADD_FAILURE() << "no field " << name.toStdString();
+        std::abort();
+    }
+
+    [[nodiscard]] QLineEdit& taskField() { return field(*screen, QStringLiteral("Aufgabe eingeben")); }
+
+    /// Whether a label with that text is seen.
+    [[nodiscard]] bool shows(const QString& text) {
+        for (const auto* label : screen->findChildren<QLabel*>())
+            if (label->isVisible() && label->text() == text)
+                return true;
+        return false;
+    }
+
+    /// The sheet or alert on top; null without one.
+    [[nodiscard]] static QWidget* sheet() { return QApplication::activeModalWidget(); }
+
+    ProjectWorkbench bench;
+    NotificationCenter notifications;
+    ProjectActions actions;
+    std::function<void(const Project&)> exportReport;
+    std::unique_ptr<MultiProjectView> view;
+    std::unique_ptr<MultiProjectScreen> screen;
+};
+
+} // namespace brisklog::test

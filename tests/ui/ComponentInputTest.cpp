@@ -1,0 +1,187 @@
+#include "support/screen/ScreenTest.h"
+#include "ui/controls/CheckBox.h"
+#include "ui/controls/DateTimeField.h"
+#include "ui/controls/MonthPopup.h"
+#include "ui/controls/Stepper.h"
+#include "ui/controls/Switch.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace brisklog::test {
+namespace {
+
+class ComponentStepper : public ScreenTest {
+protected:
+    ComponentStepper() {
+        stepper.onStepped([this](int number) { told.push_back(number); });
+        stepper.resize(stepper.sizeHint());
+    }
+
+    void clickMinus() { QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(62, 16)); }
+
+    void clickPlus() { QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(90, 16)); }
+
+    Stepper stepper{0, 23, u"h"_s, u"Stunden"_s};
+    std::vector<int> told;
+};
+
+TEST_F(ComponentStepper, stepsWithItsButtonsAndTheArrowKeys) {
+    showActive(stepper);
+    clickPlus();
+    clickPlus();
+    clickMinus();
+    QTest::keyClick(&stepper, Qt::Key_Up);
+    QTest::keyClick(&stepper, Qt::Key_Down);
+    EXPECT_EQ(told, (std::vector{1, 2, 1, 2, 1}));
+    EXPECT_EQ(stepper.value(), 1);
+}
+
+TEST_F(ComponentStepper, staysInItsRange) {
+    showActive(stepper);
+    clickMinus();
+    EXPECT_EQ(stepper.value(), 0);
+    stepper.setNumber(23);
+    clickPlus();
+    QTest::keyClick(&stepper, Qt::Key_Up);
+    EXPECT_EQ(stepper.value(), 23);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComponentStepper, settingItTellsNobody) {
+    stepper.setNumber(7);
+    EXPECT_EQ(stepper.value(), 7);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComponentStepper, aClickOnTheNumberChangesNothing) {
+    showActive(stepper);
+    QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(20, 16));
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComponentStepper, isNamedAndReadableForTheScreenReader) {
+    stepper.setNumber(5);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&stepper);
+    EXPECT_EQ(accessibleNameOf(stepper), u"Stunden"_s);
+    ASSERT_NE(interface->valueInterface(), nullptr);
+    EXPECT_EQ(interface->valueInterface()->currentValue().toInt(), 5);
+}
+
+class ComponentToggle : public ScreenTest {};
+
+TEST_F(ComponentToggle, aCheckBoxIsTickedByClickOnItsCaptionAndByKeyboard) {
+    CheckBox box(u"Rundung anwenden"_s);
+    std::vector<bool> told;
+    box.onToggled([&told](bool isTicked) { told.push_back(isTicked); });
+    showActive(box);
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(box.width() - 3, box.height() / 2));
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_EQ(told, (std::vector{true, false}));
+    box.setTicked(true);
+    EXPECT_EQ(told.size(), 2U);
+    EXPECT_TRUE(box.isTicked());
+}
+
+TEST_F(ComponentToggle, togglesAreCheckBoxesForTheScreenReader) {
+    const CheckBox box(u"Rundung anwenden"_s);
+    const Switch toggle(u"Auto-Tracking"_s);
+    EXPECT_EQ(accessibleNameOf(box), u"Rundung anwenden"_s);
+    EXPECT_EQ(accessibleNameOf(toggle), u"Auto-Tracking"_s);
+    for (const QWidget* widget : {static_cast<const QWidget*>(&box), static_cast<const QWidget*>(&toggle)})
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))->role(),
+                  QAccessible::CheckBox);
+}
+
+TEST_F(ComponentToggle, aSwitchMovesItsKnobAndTellsOnlyTheUsersChange) {
+    Switch toggle(u"Auto-Tracking"_s);
+    std::vector<bool> told;
+    toggle.onToggled([&told](bool isOn) { told.push_back(isOn); });
+    toggle.resize(toggle.sizeHint());
+    showActive(toggle);
+    const Palette& palette = Palette::of(ColorScheme::light);
+    EXPECT_EQ(picture(toggle).pixelColor(11, 11), palette.white);
+    EXPECT_EQ(picture(toggle).pixelColor(30, 11), palette.rule);
+    toggle.setOn(true);
+    EXPECT_EQ(picture(toggle).pixelColor(27, 11), palette.white);
+    EXPECT_EQ(picture(toggle).pixelColor(7, 11), palette.blueFill);
+    EXPECT_TRUE(told.empty());
+    QTest::mouseClick(&toggle, Qt::LeftButton);
+    EXPECT_EQ(told, std::vector{false});
+    EXPECT_EQ(picture(toggle).pixelColor(11, 11), palette.white);
+}
+
+class ComponentDateTimeField : public ScreenTest {
+protected:
+    ComponentDateTimeField() {
+        field.setMoment(moment);
+        field.onEdited([this](const QDateTime& edited) { told.push_back(edited); });
+        field.resize(field.sizeHint());
+    }
+
+    QDateTime moment{QDate(2026, 11, 20), QTime(14, 30)};
+    DateTimeField field{u"Datum:"_s};
+    std::vector<QDateTime> told;
+};
+
+TEST_F(ComponentDateTimeField, showsDayAndTimeInGerman) {
+    EXPECT_EQ(field.text(), u"20.11.2026, 14:30"_s);
+    EXPECT_EQ(accessibleNameOf(field), u"Datum:"_s);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComponentDateTimeField, hasRoomForAllOfIt) {
+    showActive(field);
+    const auto* line = field.findChild<QLineEdit*>();
+    EXPECT_GE(line->width() - 4, line->fontMetrics().horizontalAdvance(u"30.08.2026, 20:08"_s));
+}
+
+TEST_F(ComponentDateTimeField, isTypedPartByPart) {
+    showActive(field);
+    field.setSelectedSection(QDateTimeEdit::DaySection);
+    QTest::keyClicks(&field, u"05"_s);
+    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 30)));
+    field.setSelectedSection(QDateTimeEdit::MinuteSection);
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 31)));
+    EXPECT_FALSE(told.empty());
+}
+
+TEST_F(ComponentDateTimeField, theSymbolOpensAMonthWhoseDayIsTaken) {
+    showActive(field);
+    QTest::mouseClick(&field, Qt::LeftButton, {}, QPoint(field.width() - 12, 16));
+    auto* month = dynamic_cast<MonthPopup*>(QApplication::activePopupWidget());
+    ASSERT_NE(month, nullptr);
+    EXPECT_EQ(month->currentDay(), QDate(2026, 11, 20));
+    QTest::keyClick(month, Qt::Key_Left);
+    QTest::keyClick(month, Qt::Key_Up);
+    QTest::keyClick(month, Qt::Key_PageUp);
+    QTest::keyClick(month, Qt::Key_Return);
+    EXPECT_EQ(told, std::vector{QDateTime(QDate(2026, 10, 12), QTime(14, 30))});
+    EXPECT_EQ(field.text(), u"12.10.2026, 14:30"_s);
+}
+
+TEST_F(ComponentDateTimeField, escapeLeavesTheDay) {
+    showActive(field);
+    QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComponentDateTimeField, aDayIsTakenWithTheMouse) {
+    showActive(field);
+    QWidget* month = field.showCalendar();
+    // The last cell of the grid lies beyond November in every locale's week.
+    QTest::mouseClick(month, Qt::LeftButton, {}, QPoint(month->width() - 8 - 16, month->height() - 8 - 14));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told.front().date().month(), 12);
+}
+
+} // namespace
+} // namespace brisklog::test
