@@ -1,6 +1,9 @@
+#include "platform/pictures/QtImages.h"
+
 #include "invoice/SampleInvoice.h"
 #include "support/PdfPictures.h"
 #include "support/PdfPlaces.h"
+#include "support/SamplePictures.h"
 
 #include <gtest/gtest.h>
 
@@ -41,13 +44,26 @@ TEST(InvoicePdfLogo, isNeverEnlarged) {
     expectLogo(pngImage(70, 1), 70, 1);
 }
 
-TEST(InvoicePdfLogo, thatDoesNotDecodeIsLeftOutAndTheRestIsDrawnAsWithoutOne) {
-    const PdfReader with(withLogo("kein Bild").document());
+void expectLeftOut(const std::string& logo) {
+    const PdfReader with(withLogo(logo).document());
     EXPECT_EQ(with.complaints(), "");
     EXPECT_EQ(logoOn(with), std::nullopt);
+    EXPECT_TRUE(with.images().empty());
     SampleInvoice without = withLogo("");
     without.sender.logoData.reset();
     EXPECT_EQ(with.copiedText(), PdfReader(without.document()).copiedText());
+}
+
+TEST(InvoicePdfLogo, thatDoesNotDecodeIsLeftOutAndTheRestIsDrawnAsWithoutOne) { expectLeftOut("kein Bild"); }
+
+/// Decoding it would take minutes.
+TEST(InvoicePdfLogo, thatGoesOverItselfHundredsOfTimesIsLeftOutAsThePickerRefusesIt) {
+    const std::string logo = jpegInGoes(500);
+    const auto picked = QtImages().decode(logo, [](PixelSize size) { return size; });
+    ASSERT_TRUE(picked.failed());
+    EXPECT_EQ(picked.error().description, "an image without end");
+    expectLeftOut(logo);
+    expectLogo(jpegInGoes(0), 64, 64);
 }
 
 TEST(InvoicePdfLogo, movesNoText) {

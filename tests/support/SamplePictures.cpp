@@ -3,6 +3,7 @@
 #include "support/PdfPictures.h"
 
 #include <QBuffer>
+#include <QImageWriter>
 #include <gtest/gtest.h>
 
 namespace brisklog::test {
@@ -34,6 +35,20 @@ std::string turnedJpeg(const QImage& picture, int orientation) {
     EXPECT_EQ(number, quarter);
     number = static_cast<char>(orientation);
     return bytes;
+}
+
+std::string jpegInGoes(int more) {
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    EXPECT_TRUE(writer.write(fourQuarters(64, 64)));
+    const std::string jpeg = buffer.data().toStdString();
+    const std::size_t lastScan = jpeg.rfind("\xFF\xDA");
+    const std::size_t end = jpeg.size() - 2;
+    std::string bytes = jpeg.substr(0, end);
+    for (int count = 0; count < more; ++count)
+        bytes += jpeg.substr(lastScan, end - lastScan);
+    return bytes + jpeg.substr(end);
 }
 
 std::string smallGif() {

@@ -16,6 +16,9 @@ namespace brisklog::test {
 /// A JPEG file that says it must be turned to be upright; orientations as cameras number them, 1 to 8.
 [[nodiscard]] std::string turnedJpeg(const QImage& picture, int orientation);
 
+/// A sound JPEG file that comes in a dozen goes, and then goes over the whole picture so many times more.
+[[nodiscard]] std::string jpegInGoes(int more);
+
 /// A GIF file of 2 × 2 pixels: red, green, blue, transparent.
 [[nodiscard]] std::string smallGif();
 

@@ -1,9 +1,8 @@
 #include "platform/pictures/ImageHeader.h"
 
-#include "platform/pictures/PngParts.h"
-
 #include <QIODevice>
 #include <QtEndian>
+#include <algorithm>
 #include <array>
 
 namespace brisklog {
@@ -27,16 +26,30 @@ constexpr std::array signatures{
 };
 
 constexpr qint64 longestSignature = 10;
+
 /// No camera and no program writes as many before the picture.
 constexpr int mostJpegSegments = 4096;
 
 /// Programs that write a JPEG in several goes write ten or so.
 constexpr qsizetype mostScans = 100;
 
+/// The picture itself comes in parts of some kilobytes.
+constexpr int mostPngParts = 1 << 20;
+
+constexpr uchar scanMarker = 0xDA;
+
 /// One of the segments a JPEG is made of.
 struct JpegSegment {
-    uchar marker;
+    uchar marker = 0;
+    bool followsFillBytes = false;
     QByteArray begin;
+};
+
+/// What decides how a JPEG is read.
+struct JpegBeginning {
+    JpegSegment frame;
+    JpegSegment firstScan;
+    bool hasFillBytesUpToFrame = false;
 };
 
 bool holdsFrame(uchar marker) {
@@ -46,40 +59,64 @@ bool holdsFrame(uchar marker) {
     return marker >= first && marker <= last && !isTable;
 }
 
-bool isSequential(uchar frameMarker) { return frameMarker == 0xC0 || frameMarker == 0xC1; }
+bool standsAlone(uchar marker) { return marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9); }
 
+/// Markers that stand alone and bytes between the segments are passed over by decoders. No program writes
+/// them before the picture; whoever does wants us to see another picture than the decoder.
 std::optional<JpegSegment> nextSegment(QIODevice& image) {
     constexpr qint64 longestBegin = 8;
+    JpegSegment segment;
     char byte = 0;
-    while (image.getChar(&byte) && uchar(byte) == 0xFF) {
-    }
+    if (!image.getChar(&byte) || uchar(byte) != 0xFF)
+        return std::nullopt;
+    while (image.getChar(&byte) && uchar(byte) == 0xFF)
+        segment.followsFillBytes = true;
+    segment.marker = uchar(byte);
     const QByteArray length = image.read(2);
-    if (length.size() < 2)
+    if (standsAlone(segment.marker) || length.size() < 2)
         return std::nullopt;
     const qint64 rest = qFromBigEndian<quint16>(length.data()) - 2;
     const qint64 start = image.pos();
-    JpegSegment segment{uchar(byte), image.read(std::clamp(rest, qint64{0}, longestBegin))};
+    segment.begin = image.read(std::clamp(rest, qint64{0}, longestBegin));
     return rest >= 0 && image.seek(start + rest) ? std::optional(segment) : std::nullopt;
 }
 
-/// Whether all colours come in the first scan, once and for all.
-bool comesInOneGo(QIODevice& image) {
-    constexpr int colourCountInFrame = 5;
-    std::optional<char> colours;
+std::optional<JpegBeginning> jpegBeginning(QIODevice& image) {
+    JpegBeginning beginning;
     image.seek(2);
     for (int count = 0; count < mostJpegSegments; ++count) {
         const auto segment = nextSegment(image);
         if (!segment)
-            return false;
-        if (holdsFrame(segment->marker)) {
-            if (!isSequential(segment->marker) || segment->begin.size() <= colourCountInFrame)
-                return false;
-            colours = segment->begin[colourCountInFrame];
+            return std::nullopt;
+        const bool hasFrame = beginning.frame.marker != 0;
+        beginning.hasFillBytesUpToFrame |= segment->followsFillBytes && !hasFrame;
+        if (holdsFrame(segment->marker))
+            beginning.frame = *segment;
+        if (segment->marker == scanMarker) {
+            beginning.firstScan = *segment;
+            return hasFrame ? std::optional(beginning) : std::nullopt;
         }
-        if (segment->marker == 0xDA)
-            return colours && segment->begin.startsWith(*colours);
     }
-    return false;
+    return std::nullopt;
+}
+
+/// Behind the number of bits, the height and the width.
+char colourCount(const JpegSegment& frame) {
+    constexpr int place = 5;
+    return frame.begin.size() > place ? frame.begin[place] : '\0';
+}
+
+/// Whether all colours come in the first scan, once and for all.
+bool comesInOneGo(const JpegBeginning& jpeg) {
+    const bool isSequential = jpeg.frame.marker == 0xC0 || jpeg.frame.marker == 0xC1;
+    return isSequential && jpeg.firstScan.begin.startsWith(colourCount(jpeg.frame));
+}
+
+bool isOfCommonKind(const JpegBeginning& jpeg) {
+    const bool isHuffmanCoded = jpeg.frame.marker <= 0xC2;
+    const char colours = colourCount(jpeg.frame);
+    return isHuffmanCoded && jpeg.frame.begin.startsWith('\x08') && (colours == 1 || colours == 3) &&
+           !jpeg.hasFillBytesUpToFrame;
 }
 
 /// The mark that begins a scan cannot stand within its data.
@@ -96,6 +133,23 @@ bool hasTooManyScans(QIODevice& image) {
             image.seek(image.pos() - 1);
     }
     return scans > mostScans;
+}
+
+bool claimsMoreThanThereIs(QIODevice& png) {
+    constexpr qint64 signatureLength = 8;
+    // Length and name; the part's bytes and their checksum follow.
+    constexpr qint64 headLength = 8;
+    constexpr qint64 checksumLength = 4;
+    qint64 at = signatureLength;
+    for (int count = 0; count < mostPngParts; ++count) {
+        const QByteArray head = png.seek(at) ? png.read(headLength) : QByteArray();
+        if (head.size() < headLength || head.endsWith("IEND"))
+            return false;
+        at += headLength + qint64{qFromBigEndian<quint32>(head.data())} + checksumLength;
+        if (at > png.size())
+            return true;
+    }
+    return true;
 }
 
 QSize gifSize(const QByteArray& begin) {
@@ -119,7 +173,9 @@ std::optional<ImageHeader> readImageHeader(QIODevice& image) {
     if (header.format == "png")
         header.isOverstated = claimsMoreThanThereIs(image);
     if (header.format == "jpeg") {
-        header.isShrunkInBands = comesInOneGo(image);
+        const auto jpeg = jpegBeginning(image);
+        header.isShrunkInBands = jpeg && comesInOneGo(*jpeg);
+        header.isOfCommonKind = jpeg && isOfCommonKind(*jpeg);
         header.isEndless = !header.isShrunkInBands && hasTooManyScans(image);
     }
     return header;

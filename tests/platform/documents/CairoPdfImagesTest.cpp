@@ -2,7 +2,9 @@
 
 #include "support/PdfPictures.h"
 #include "support/PdfPlaces.h"
+#include "support/SamplePictures.h"
 
+#include <QColorSpace>
 #include <gmock/gmock.h>
 
 namespace brisklog::test {
@@ -93,6 +95,16 @@ TEST(CairoPdfImages, aPngKeepsEveryPixelAndItsTransparency) {
     EXPECT_EQ(images[1].width, 140);
 }
 
+TEST(CairoPdfImages, wideColoursAreDrawnAsThoseOfAScreen) {
+    QImage wide(70, 70, QImage::Format_RGB32);
+    wide.fill(QColor(60, 200, 60));
+    wide.setColorSpace(QColorSpace::DisplayP3);
+    const std::string onScreen = encoded(wide.convertedToColorSpace(QColorSpace::SRgb), "PNG");
+    const auto pixels = [](const std::string& png) { return PdfReader(withImage(png)).picture(1).pixels; };
+    EXPECT_TRUE(pixels(encoded(wide, "PNG")) == pixels(onScreen));
+    EXPECT_FALSE(pixels(onScreen) == pixels(pngImage(70, 70, QColor(60, 200, 60))));
+}
+
 TEST(CairoPdfImages, aPhotographTakenSidewaysStandsUpright) {
     expectDrawn(turnedByAQuarter(jpegImage(140, 70)), {217.5, 0, 35, 70});
 }
@@ -111,6 +123,9 @@ TEST(CairoPdfImages, anImageCutShortIsSkipped) {
     for (const std::string& whole : {jpegImage(300, 300), pngImage(300, 300)})
         for (const std::size_t length : {whole.size() / 3, whole.size() / 2, whole.size() - 20})
             expectSkipped(whole.substr(0, length));
+    for (const char* const format : {"BMP", "TIFF"})
+        expectSkipped(encoded(fourQuarters(64, 64), format).substr(0, 5000));
+    expectSkipped(smallGif().substr(0, smallGif().size() - 5));
 }
 
 TEST(CairoPdfImages, aPngOfMorePartsThanAnyProgramWritesIsSkipped) {
@@ -125,6 +140,11 @@ TEST(CairoPdfImages, aPngOfMorePartsThanAnyProgramWritesIsSkipped) {
 TEST(CairoPdfImages, anImageOfMoreThanThirtyTwoMillionPixelsIsSkipped) {
     expectSkipped(hugePng());
     expectSkipped(hugeJpeg());
+}
+
+TEST(CairoPdfImages, aPhotographInSeveralGoesIsDrawnButOneInHundredsIsSkipped) {
+    expectDrawn(jpegInGoes(0), {203, 0, 64, 64});
+    expectSkipped(jpegInGoes(200));
 }
 
 TEST(CairoPdfImages, aJpegThatLiesAboutItsSizeIsSkipped) {
