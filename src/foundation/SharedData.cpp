@@ -1,8 +1,23 @@
 #include "foundation/SharedData.h"
 
-#include "foundation/Base64.h"
+#include <QByteArray>
 
 namespace brisklog {
+namespace {
+
+QByteArray lookedAt(std::string_view bytes) {
+    return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+QByteArray::FromBase64Result decoded(const std::string& text) {
+    return QByteArray::fromBase64Encoding(lookedAt(text), QByteArray::AbortOnBase64DecodingErrors);
+}
+
+/// Whole groups of four from the standard alphabet, padding at the end alone. The toolkit would do without
+/// the padding.
+bool isBase64(const std::string& text) { return text.size() % 4 == 0 && decoded(text); }
+
+} // namespace
 
 SharedData::SharedData() {
     static const auto nothing = std::make_shared<const std::string>();
@@ -10,14 +25,14 @@ SharedData::SharedData() {
 }
 
 SharedData SharedData::of(std::string_view bytes) {
-    return SharedData(std::make_shared<const std::string>(base64::encode(bytes)));
+    return SharedData(std::make_shared<const std::string>(lookedAt(bytes).toBase64().toStdString()));
 }
 
 std::optional<SharedData> SharedData::fromBase64(std::shared_ptr<const std::string> text) {
-    return base64::isWellFormed(*text) ? std::optional(SharedData(std::move(text))) : std::nullopt;
+    return isBase64(*text) ? std::optional(SharedData(std::move(text))) : std::nullopt;
 }
 
-std::string SharedData::bytes() const { return base64::decode(*m_text).value_or(std::string()); }
+std::string SharedData::bytes() const { return decoded(*m_text).decoded.toStdString(); }
 
 std::optional<SharedData> SharedDataPool::fromBase64(std::string_view text) {
     if (const auto found = m_byText.find(text); found != m_byText.end())

@@ -8,8 +8,8 @@
 
 namespace brisklog {
 
-/// Bytes that do not change and that any number of holders share. They are kept as the Base64 text in which
-/// they are saved, so that saving them costs a copy and nothing else.
+/// Bytes that do not change and that any number of holders share. They are kept as the Base64 text (standard
+/// alphabet, padded, on one line) in which they are saved, so that saving them costs a copy and nothing else.
 class SharedData {
 public:
     /// No bytes at all.

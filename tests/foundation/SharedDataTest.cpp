@@ -1,12 +1,18 @@
 #include "foundation/SharedData.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace brisklog::test {
 namespace {
 
-std::shared_ptr<const std::string> textObject(const char* text) {
+std::shared_ptr<const std::string> textObject(const std::string& text) {
     return std::make_shared<const std::string>(text);
+}
+
+std::optional<std::string> decoded(const std::string& base64) {
+    const auto data = SharedData::fromBase64(textObject(base64));
+    return data ? std::optional(data->bytes()) : std::nullopt;
 }
 
 TEST(SharedData, keepsBytesAsTheTextInWhichTheyAreSaved) {
@@ -17,6 +23,42 @@ TEST(SharedData, keepsBytesAsTheTextInWhichTheyAreSaved) {
     EXPECT_EQ(SharedData::fromBase64(textObject("Zm9vYmFy")), data);
     EXPECT_FALSE(SharedData::fromBase64(textObject("no Base64")));
 }
+
+TEST(SharedData, isTheTextOfItsBytes) {
+    const std::pair<std::string, std::string> pairs[] = {{"", ""},
+                                                         {"f", "Zg=="},
+                                                         {"fo", "Zm8="},
+                                                         {"foo", "Zm9v"},
+                                                         {"foob", "Zm9vYg=="},
+                                                         {"fooba", "Zm9vYmE="},
+                                                         {"foobar", "Zm9vYmFy"},
+                                                         {"\xFB\xFF\xBF", "+/+/"}};
+    for (const auto& [bytes, text] : pairs) {
+        EXPECT_EQ(SharedData::of(bytes).base64(), text);
+        EXPECT_EQ(decoded(text), bytes);
+    }
+}
+
+TEST(SharedData, whateverBytesComeBack) {
+    std::mt19937 chance(5);
+    for (std::size_t length = 0; length < 300; ++length) {
+        std::string bytes(length, '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(chance());
+        const auto data = SharedData::of(bytes);
+        EXPECT_EQ(data.bytes(), bytes);
+        ASSERT_EQ(decoded(data.base64()), bytes);
+    }
+}
+
+TEST(SharedData, whatIsNoBase64IsAbsent) {
+    for (const char* const text :
+         {"Z", "Zg", "Zg=", "Z===", "====", "==", "Zg==Zg==", "Zm9v\n", "Zm 9", "Zm-_", "Zm9ä"})
+        EXPECT_EQ(decoded(text), std::nullopt) << text;
+    EXPECT_EQ(decoded(std::string("Zm9\0", 4)), std::nullopt);
+}
+
+TEST(SharedData, bitsThatStandForNothingAreNoMatter) { EXPECT_EQ(decoded("Zh=="), "f"); }
 
 TEST(SharedDataPool, equalBytesBecomeTheSame) {
     SharedDataPool pool;

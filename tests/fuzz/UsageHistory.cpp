@@ -4,11 +4,11 @@
 
 #include "autotrack/UsageHistoryEncoding.h"
 #include "autotrack/UsageHistoryStorage.h"
-#include "foundation/Base64.h"
 #include "support/FakeClock.h"
 #include "support/MemoryUserDefaults.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace brisklog::fuzz {
 namespace {
@@ -49,8 +49,7 @@ ListedParts cutEvery(std::size_t length, std::string_view bytes) {
 }
 
 bool isDigit(char character) {
-    const std::array group{character, 'A', 'A', 'A'};
-    return base64::isWellFormed({group.data(), group.size()});
+    return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '+' || character == '/';
 }
 
 /// Long stretches of digits as objects of their own, as the database keeps them.
