@@ -1,9 +1,9 @@
 #include "foundation/Text.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
 #include <utility>
@@ -31,21 +31,15 @@ UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
 
 #pragma GCC diagnostic pop
 
-bool isWhiteSpace(UChar32 character) { return character >= 0 && u_isUWhiteSpace(character); }
-
-/// How many ASCII characters the bytes begin with.
-std::size_t leadingAscii(std::string_view bytes) {
-    constexpr std::uint64_t highBits = 0x8080808080808080;
-    std::size_t length = 0;
-    for (std::uint64_t block = 0; bytes.size() - length >= sizeof block; length += sizeof block) {
-        std::memcpy(&block, bytes.data() + length, sizeof block);
-        if ((block & highBits) != 0)
-            break;
-    }
-    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80)
-        ++length;
-    return length;
+/// Where the character begins in which that byte lies; the byte's own place when the bytes are not UTF-8.
+std::size_t beginOfCharacter(std::string_view bytes, std::size_t place) {
+    const auto* const units = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    auto begin = static_cast<int32_t>(place);
+    U8_SET_CP_START(units, 0, begin);
+    return static_cast<std::size_t>(begin);
 }
+
+bool isWhiteSpace(UChar32 character) { return character >= 0 && u_isUWhiteSpace(character); }
 
 } // namespace
 
@@ -60,18 +54,15 @@ std::string_view trimmed(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view bytes) {
-    constexpr std::size_t longestCharacter = 4;
-    for (std::size_t at = leadingAscii(bytes); at < bytes.size(); at += leadingAscii(bytes.substr(at))) {
-        int32_t length = 0;
-        if (nextCharacter(bytes.substr(at, longestCharacter), length) < 0)
-            return false;
-        at += static_cast<std::size_t>(length);
-    }
-    return true;
+    return QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
 }
 
 std::string asWellFormedUtf8(std::string bytes) {
     return isValidUtf8(bytes) ? std::move(bytes) : QString::fromStdString(bytes).toStdString();
+}
+
+std::string_view beginning(std::string_view text, std::size_t length) {
+    return text.size() <= length ? text : text.substr(0, beginOfCharacter(text, length));
 }
 
 std::string replacing(std::string text, char from, char to) {

@@ -15,6 +15,9 @@ namespace brisklog::text {
 /// The bytes as well-formed UTF-8: what is none is replaced by U+FFFD.
 [[nodiscard]] std::string asWellFormedUtf8(std::string bytes);
 
+/// The beginning of the text, at most `length` bytes, without cutting through a character.
+[[nodiscard]] std::string_view beginning(std::string_view text, std::size_t length);
+
 /// The text with every occurrence of `from` replaced by `to`.
 [[nodiscard]] std::string replacing(std::string text, char from, char to);
 

@@ -60,19 +60,9 @@ std::string withoutSpecialBeginning(std::string_view name) {
     return result;
 }
 
-/// The longest beginning of at most that many bytes that ends with a whole character.
-std::string_view cutAtCharacter(std::string_view text, std::size_t most) {
-    if (text.size() <= most)
-        return text;
-    std::size_t end = most;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end;
-    return text.substr(0, end);
-}
-
 std::string named(std::string_view stem, std::string_view addition) {
     const std::size_t room = longestName - ending.size() - addition.size();
-    return std::string(cutAtCharacter(stem, room)).append(addition).append(ending);
+    return std::string(text::beginning(stem, room)).append(addition).append(ending);
 }
 
 } // namespace

@@ -50,6 +50,23 @@ TEST(Text, malformedUtf8IsFoundWhereverItStands) {
         }
 }
 
+TEST(Text, aBeginningDoesNotCutThroughACharacter) {
+    EXPECT_EQ(text::beginning("abc", 3), "abc");
+    EXPECT_EQ(text::beginning("abc", 2), "ab");
+    EXPECT_EQ(text::beginning("a€b😀", 1), "a");
+    EXPECT_EQ(text::beginning("a€b😀", 3), "a");
+    EXPECT_EQ(text::beginning("a€b😀", 4), "a€");
+    for (const std::size_t length : {5U, 6U, 7U, 8U})
+        EXPECT_EQ(text::beginning("a€b😀", length), "a€b");
+    EXPECT_EQ(text::beginning("a€b😀", 9), "a€b😀");
+    EXPECT_EQ(text::beginning("€", 2), "");
+    EXPECT_EQ(text::beginning("", 0), "");
+}
+
+TEST(Text, aBeginningOfBytesThatAreNotUtf8IsNotShorter) {
+    EXPECT_EQ(text::beginning(std::string(100, '\x80'), 50), std::string(50, '\x80'));
+}
+
 TEST(Text, replacingTouchesEveryOccurrence) {
     EXPECT_EQ(text::replacing("1,2,3", ',', '.'), "1.2.3");
     EXPECT_EQ(text::replacing("", ',', '.'), "");

@@ -43,17 +43,4 @@ std::string printableLine(std::string_view text) { return printable(text, LineBr
 
 std::string printableLines(std::string_view text) { return printable(text, LineBreaks::kept); }
 
-std::string_view beginning(std::string_view text, std::size_t length) {
-    if (text.size() <= length)
-        return text;
-    const auto isInsideCharacter = [text](std::size_t at) {
-        return (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
-    };
-    constexpr std::size_t longestCharacter = 4;
-    std::size_t end = length;
-    while (end + longestCharacter > length && end > 0 && isInsideCharacter(end))
-        --end;
-    return text.substr(0, end);
-}
-
 } // namespace brisklog

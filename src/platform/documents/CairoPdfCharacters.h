@@ -13,7 +13,4 @@ namespace brisklog {
 /// The same with line breaks kept, whatever they were, as line feeds.
 [[nodiscard]] std::string printableLines(std::string_view text);
 
-/// The beginning of the text, at most this many bytes, without cutting through a character.
-[[nodiscard]] std::string_view beginning(std::string_view text, std::size_t length);
-
 } // namespace brisklog

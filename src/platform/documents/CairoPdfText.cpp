@@ -1,5 +1,6 @@
 #include "platform/documents/CairoPdfText.h"
 
+#include "foundation/Text.h"
 #include "platform/documents/CairoPdfCharacters.h"
 
 #include <algorithm>
@@ -36,7 +37,7 @@ using OwnedIterator = std::unique_ptr<PangoLayoutIter, FreeIterator>;
 
 /// As much of the text as is laid out at once; never half of a line break.
 std::string_view nextPortion(std::string_view text) {
-    std::string_view portion = beginning(text, longestPortion);
+    std::string_view portion = text::beginning(text, longestPortion);
     if (portion.size() < text.size() && portion.ends_with('\r'))
         portion.remove_suffix(1);
     return portion;
@@ -180,7 +181,7 @@ void CairoPdfText::drawLine(std::string_view text, double x, double top, double 
                             const TextStyle& style) {
     useInk(style.ink);
     const bool isCut = text.size() > longestLine;
-    std::string line = printableLine(beginning(text, longestLine));
+    std::string line = printableLine(text::beginning(text, longestLine));
     if (isCut)
         line += "…";
     Face& chosen = face(style);
