@@ -29,7 +29,7 @@ const std::map<std::string, std::vector<std::string>> arrows{
     {"platform/loop", {"platform"}},
     {"platform/dialogs", {"platform/bus"}},
     {"platform/panel", {"platform/bus", "platform/x11"}},
-    {"platform/frontmost", {"platform/x11"}},
+    {"platform/frontmost", {"platform/bus", "platform/x11"}},
     {"core", {"platform"}},
     {"settings", {"platform"}},
     {"settings/screens", {"settings", "ui/sheets"}},

@@ -1,7 +1,7 @@
 #include "platform/bus/PortalAppearance.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include "platform/bus/DBusCall.h"
+
 #include <QDBusVariant>
 #include <utility>
 
@@ -28,10 +28,9 @@ QVariant unwrapped(QVariant value) {
     return value;
 }
 
-ColorScheme schemeFrom(const QDBusMessage& reply) {
-    if (reply.type() != QDBusMessage::ReplyMessage)
-        return ColorScheme::light;
-    const QVariant value = unwrapped(reply.arguments().value(0));
+/// An error carries a text, which is no preference.
+ColorScheme schemeFrom(const QDBusMessage& answer) {
+    const QVariant value = unwrapped(answer.arguments().value(0));
     const bool isDark = value.metaType() == QMetaType::fromType<uint>() && value.toUInt() == prefersDark;
     return isDark ? ColorScheme::dark : ColorScheme::light;
 }
@@ -41,18 +40,10 @@ ColorScheme schemeFrom(const QDBusMessage& reply) {
 PortalAppearance::PortalAppearance(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
 void PortalAppearance::ask(Answer answered) {
-    // A call without a bus would never end, not even with an error.
-    if (!m_bus.isConnected()) {
-        QMetaObject::invokeMethod(
-            &m_context, [answered] { answered(ColorScheme::light); }, Qt::QueuedConnection);
-        return;
-    }
-    auto* const watcher =
-        new QDBusPendingCallWatcher(m_bus.asyncCall(question(), millisecondsForAnswer), &m_context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_context, [watcher, answered] {
-        watcher->deleteLater();
-        answered(schemeFrom(watcher->reply()));
-    });
+    callLater(
+        m_bus, question(), m_context,
+        [answered = std::move(answered)](const QDBusMessage& answer) { answered(schemeFrom(answer)); },
+        millisecondsForAnswer);
 }
 
 } // namespace brisklog

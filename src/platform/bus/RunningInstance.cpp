@@ -1,8 +1,8 @@
 #include "platform/bus/RunningInstance.h"
 
-#include <QDBusConnection>
+#include "platform/bus/DBusCall.h"
+
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
 #include <QDBusVirtualObject>
 
 namespace brisklog {
@@ -24,7 +24,7 @@ bool callActivate(const QDBusConnection& bus) {
     QDBusMessage call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
     call.setArguments({QVariantMap()});
     call.setAutoStartService(false);
-    return bus.call(call, QDBus::Block, waitForAnswer).type() == QDBusMessage::ReplyMessage;
+    return isReply(bus.call(call, QDBus::Block, waitForAnswer));
 }
 
 } // namespace

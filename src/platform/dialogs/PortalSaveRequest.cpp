@@ -1,9 +1,9 @@
 #include "platform/dialogs/PortalSaveRequest.h"
 
+#include "platform/bus/DBusCall.h"
 #include "platform/dialogs/PortalFileFilter.h"
 
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QFile>
 #include <QUrl>
 #include <utility>
@@ -132,18 +132,15 @@ void PortalSaveRequest::finish(const PortalAnswer& answer) {
 
 void PortalSaveRequest::call(const QDBusMessage& message, int milliseconds,
                              const std::function<void(const QDBusMessage&)>& then) {
-    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, milliseconds), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, then] {
-        watcher->deleteLater();
+    const auto answered = [this, then](const QDBusMessage& answer) {
         if (!m_answered)
             return;
-        if (!watcher->isError()) {
-            then(watcher->reply());
-            return;
-        }
+        if (isReply(answer))
+            return then(answer);
         withdraw();
         finish({Kind::unavailable, {}});
-    });
+    };
+    callLater(m_bus, message, *this, answered, milliseconds);
 }
 
 } // namespace brisklog

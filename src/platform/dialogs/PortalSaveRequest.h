@@ -6,8 +6,6 @@
 #include <QDBusServiceWatcher>
 #include <memory>
 
-class QDBusPendingCallWatcher;
-
 namespace brisklog {
 
 /// How a save panel of the desktop's portal ended.

@@ -1,6 +1,7 @@
 #include "platform/frontmost/KWinFrontmostApplication.h"
 
-#include <QDBusPendingCallWatcher>
+#include "platform/bus/DBusCall.h"
+
 #include <QTimer>
 #include <chrono>
 #include <utility>
@@ -29,8 +30,6 @@ QDBusMessage scriptingQuestion(const QString& kwin) {
     question.setArguments({QString()});
     return question;
 }
-
-bool isReply(const QDBusMessage& message) { return message.type() == QDBusMessage::ReplyMessage; }
 
 } // namespace
 
@@ -69,16 +68,8 @@ std::optional<std::string> KWinFrontmostApplication::iconPng(const DesktopApplic
     return m_described.iconPng(application);
 }
 
-void KWinFrontmostApplication::ask(const QDBusMessage& question, const Answered& answered) {
-    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), &m_context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &m_context, [watcher, answered] {
-        watcher->deleteLater();
-        answered(watcher->reply());
-    });
-}
-
 void KWinFrontmostApplication::askForOwner() {
-    ask(ownerQuestion(), [this](const QDBusMessage& reply) {
+    callLater(m_bus, ownerQuestion(), m_context, [this](const QDBusMessage& reply) {
         if (m_availability == Availability::beingFoundOut && m_owner.isEmpty())
             setOwner(isReply(reply) ? reply.arguments().value(0).toString() : QString());
     });
@@ -98,7 +89,7 @@ void KWinFrontmostApplication::setOwner(const QString& owner) {
 
 /// KWin takes its name before its scripting is there.
 void KWinFrontmostApplication::askForScripting(int attempts) {
-    ask(scriptingQuestion(m_owner), [this, attempts, owner = m_owner](const QDBusMessage& reply) {
+    const auto answered = [this, attempts, owner = m_owner](const QDBusMessage& reply) {
         if (owner != m_owner)
             return;
         if (isReply(reply) && m_isWatching)
@@ -109,7 +100,8 @@ void KWinFrontmostApplication::askForScripting(int attempts) {
                 if (owner == m_owner)
                     askForScripting(attempts - 1);
             });
-    });
+    };
+    callLater(m_bus, scriptingQuestion(m_owner), m_context, answered);
 }
 
 void KWinFrontmostApplication::startScript() {

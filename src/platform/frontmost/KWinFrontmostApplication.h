@@ -23,9 +23,6 @@ public:
     [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) override;
 
 private:
-    using Answered = std::function<void(const QDBusMessage& reply)>;
-
-    void ask(const QDBusMessage& question, const Answered& answered);
     void askForOwner();
     void setOwner(const QString& owner);
     void askForScripting(int attempts);

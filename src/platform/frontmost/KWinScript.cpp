@@ -1,8 +1,8 @@
 #include "platform/frontmost/KWinScript.h"
 
+#include "platform/bus/DBusCall.h"
 #include "platform/frontmost/ProgramName.h"
 
-#include <QDBusPendingCallWatcher>
 #include <QDir>
 #include <QStandardPaths>
 #include <utility>
@@ -66,8 +66,6 @@ WindowIdentity identityFrom(const QVariantList& arguments) {
     return window;
 }
 
-bool isError(const QDBusMessage& reply) { return reply.type() != QDBusMessage::ReplyMessage; }
-
 QString folderForFile() {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return runtime.isEmpty() ? QDir::tempPath() : runtime;
@@ -79,7 +77,7 @@ KWinScript::KWinScript(QDBusConnection bus, QString kwin, Handlers handlers)
     : m_bus(std::move(bus)), m_kwin(std::move(kwin)), m_handlers(std::move(handlers)),
       m_file(folderForFile() + u"/brisklog-XXXXXX.js"_s) {
     m_bus.registerVirtualObject(ownPath, this);
-    ask(unloading(), [this](const QDBusMessage&) { load(); });
+    callLater(m_bus, unloading(), *this, [this](const QDBusMessage&) { load(); });
 }
 
 /// The bus answers only after it has taken all that was sent before, so the script goes even when this
@@ -106,21 +104,13 @@ bool KWinScript::handleMessage(const QDBusMessage& message, const QDBusConnectio
     return true;
 }
 
-void KWinScript::ask(const QDBusMessage& question, const Answered& answered) {
-    auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, answered] {
-        watcher->deleteLater();
-        answered(watcher->reply());
-    });
-}
-
 void KWinScript::load() {
     if (!writeFile())
         return m_handlers.failed();
     QDBusMessage question = scripting(u"loadScript"_s);
     question.setArguments({m_file.fileName(), scriptName});
-    ask(question, [this](const QDBusMessage& reply) {
-        const int script = isError(reply) ? -1 : reply.arguments().value(0, -1).toInt();
+    callLater(m_bus, question, *this, [this](const QDBusMessage& reply) {
+        const int script = isReply(reply) ? reply.arguments().value(0, -1).toInt() : -1;
         if (script < 0)
             return m_handlers.failed();
         run(waysToRun(script));
@@ -134,7 +124,7 @@ void KWinScript::run(const QList<QDBusMessage>& ways) {
         return;
     if (ways.isEmpty())
         return m_handlers.failed();
-    ask(ways.first(), [this, ways](const QDBusMessage&) { run(ways.mid(1)); });
+    callLater(m_bus, ways.first(), *this, [this, ways](const QDBusMessage&) { run(ways.mid(1)); });
 }
 
 /// The script's object has one name in KWin 5 and another in KWin 6. Numbers are handed out twice when

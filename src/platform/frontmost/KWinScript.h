@@ -30,9 +30,6 @@ public:
     [[nodiscard]] bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
 private:
-    using Answered = std::function<void(const QDBusMessage& reply)>;
-
-    void ask(const QDBusMessage& question, const Answered& answered);
     void load();
     void run(const QList<QDBusMessage>& ways);
     [[nodiscard]] QDBusMessage unloading() const;

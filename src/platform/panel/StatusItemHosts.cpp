@@ -1,12 +1,9 @@
 #include "platform/panel/StatusItemHosts.h"
 
+#include "platform/bus/DBusCall.h"
 #include "platform/bus/DBusSignal.h"
 #include "platform/x11/X11Watcher.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
@@ -30,6 +27,10 @@ QDBusMessage hostQuestion() {
     return question;
 }
 
+bool saysYes(const QDBusReply<QDBusVariant>& answer) {
+    return answer.isValid() && answer.value().variant().toBool();
+}
+
 } // namespace
 
 /// Asks the bus for a StatusNotifier host, now and at each change.
@@ -48,22 +49,13 @@ public:
     }
 
     [[nodiscard]] bool hasHost() const {
-        if (!m_bus.isConnected())
-            return false;
-        const QDBusReply<QDBusVariant> reply = m_bus.call(hostQuestion(), QDBus::Block, longestWait);
-        return reply.isValid() && reply.value().variant().toBool();
+        return m_bus.isConnected() && saysYes(m_bus.call(hostQuestion(), QDBus::Block, longestWait));
     }
 
 private:
     void ask(HostArrival arrival) {
-        // Without a bus no answer would ever come.
-        if (!m_bus.isConnected())
-            return m_noHostYet();
-        auto* const answer = new QDBusPendingCallWatcher(m_bus.asyncCall(hostQuestion()), this);
-        connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, arrival] {
-            answer->deleteLater();
-            const QDBusPendingReply<QDBusVariant> reply = *answer;
-            if (!reply.isError() && reply.value().variant().toBool())
+        callLater(m_bus, hostQuestion(), *this, [this, arrival](const QDBusMessage& answer) {
+            if (saysYes(answer))
                 m_hostFound(arrival);
             else
                 m_noHostYet();
