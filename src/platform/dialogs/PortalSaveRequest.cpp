@@ -1,8 +1,8 @@
 #include "platform/dialogs/PortalSaveRequest.h"
 
 #include "platform/bus/DBusCall.h"
-#include "platform/dialogs/PortalFileFilter.h"
 
+#include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QFile>
 #include <QUrl>
@@ -44,6 +44,20 @@ QString newToken() {
 QString handleFor(const QDBusConnection& bus, const QString& token) {
     QString sender = bus.baseService().mid(1);
     return portalPath + u"/request/"_s + sender.replace(u'.', u'_') + u'/' + token;
+}
+
+// A choice of files in the portal's form: its name, and ways by which a file belongs to it.
+using PortalFilterRule = std::pair<uint, QString>;
+using PortalFileFilter = std::pair<QString, QList<PortalFilterRule>>;
+constexpr uint byPattern = 0;
+constexpr uint byMediaType = 1;
+
+PortalFileFilter pdfFilter() {
+    qDBusRegisterMetaType<PortalFilterRule>();
+    qDBusRegisterMetaType<QList<PortalFilterRule>>();
+    qDBusRegisterMetaType<PortalFileFilter>();
+    qDBusRegisterMetaType<QList<PortalFileFilter>>();
+    return {u"PDF-Dokumente"_s, {{byPattern, u"*.pdf"_s}, {byMediaType, u"application/pdf"_s}}};
 }
 
 QVariantMap panelOptions(const SaveQuestion& question, const QString& token) {

@@ -40,16 +40,10 @@ public:
     Run(QtSavePanel& panel, const SaveRequest& request, Completion completed)
         : QObject(panel.m_context.get()), m_files(panel.m_files),
           m_question(questionFor(request, panel.m_files)), m_completed(std::move(completed)),
-          m_hold(panel.m_ground.holdOpen()), m_parent(panel.m_ground.parentWindow()) {}
-
-    void start(const QDBusConnection& bus) {
-        if (!bus.isConnected()) {
-            openDialog();
-            return;
-        }
-        m_portal = std::make_unique<PortalSaveRequest>(bus, m_question, portalNameOf(m_parent),
-                                                       [this](const PortalAnswer& answer) { take(answer); });
-    }
+          m_hold(panel.m_owner.holdOpen()), m_parent(panel.m_owner.parentWindow()),
+          m_portal(
+              std::make_unique<PortalSaveRequest>(panel.m_bus, m_question, portalNameOf(m_parent),
+                                                  [this](const PortalAnswer& answer) { take(answer); })) {}
 
 private:
     void take(const PortalAnswer& answer) {
@@ -81,15 +75,15 @@ private:
     std::unique_ptr<PortalSaveRequest> m_portal;
 };
 
-QtSavePanel::QtSavePanel(const Files& files, Ground ground, QDBusConnection bus)
-    : m_files(files), m_ground(std::move(ground)), m_bus(std::move(bus)),
+QtSavePanel::QtSavePanel(const Files& files, Owner owner, QDBusConnection bus)
+    : m_files(files), m_owner(std::move(owner)), m_bus(std::move(bus)),
       m_context(std::make_unique<QObject>()) {}
 
 QtSavePanel::~QtSavePanel() = default;
 
 void QtSavePanel::present(const SaveRequest& request, Completion completed) {
-    auto* const run = new Run(*this, request, std::move(completed));
-    run->start(m_bus);
+    // Ends itself.
+    new Run(*this, request, std::move(completed));
 }
 
 } // namespace brisklog
