@@ -9,9 +9,18 @@
 
 namespace brisklog {
 
-/// The popover as the delegate sets it up.
-class PopoverShell : public Popover {
+/// The small window that hangs from the status item.
+class Popover {
 public:
+    virtual ~Popover() = default;
+
+    [[nodiscard]] virtual bool isShown() const = 0;
+
+    /// Shows it at the anchor (none: at the top right of the screen) and gives it the keyboard.
+    virtual void show(const std::optional<ScreenRectangle>& anchor) = 0;
+
+    virtual void close() = 0;
+
     /// The appearance the desktop asks for; what the main view draws follows the user's setting on top of it.
     virtual void setAppearance(ColorScheme appearance) = 0;
 
@@ -23,7 +32,7 @@ public:
 struct AppDelegatePlatform {
     UserDefaults& userDefaults;
     SystemAppearance& systemAppearance;
-    std::function<std::unique_ptr<PopoverShell>()> makePopover;
+    std::function<std::unique_ptr<Popover>()> makePopover;
     std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
 };
 
@@ -46,7 +55,7 @@ private:
     void applyLaunchAppearance();
 
     AppDelegatePlatform m_platform;
-    std::unique_ptr<PopoverShell> m_popover;
+    std::unique_ptr<Popover> m_popover;
     std::unique_ptr<StatusItem> m_statusItem;
 };
 

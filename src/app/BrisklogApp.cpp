@@ -30,6 +30,9 @@ namespace {
 /// As the calendar counts: from Sunday as 1.
 int firstWeekdayOf(const QLocale& locale) { return locale.firstDayOfWeek() % CalendarView::columns + 1; }
 
+/// How long a desktop may take to show its panel.
+constexpr TimeInterval waitForPanel = 3;
+
 } // namespace
 
 BrisklogApp::BrisklogApp(BrisklogPlatform platform)
@@ -43,18 +46,34 @@ BrisklogApp::BrisklogApp(BrisklogPlatform platform)
       m_delegate({.userDefaults = m_platform.userDefaults,
                   .systemAppearance = m_platform.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
-                  .makeStatusItem = m_platform.makeStatusItem}) {}
+                  .makeStatusItem = [this] { return makeStatusItem(); }}) {}
 
 BrisklogApp::~BrisklogApp() = default;
 
-std::unique_ptr<PopoverShell> BrisklogApp::makePopover() {
+void BrisklogApp::launch() {
+    m_delegate.applicationDidFinishLaunching();
+    m_waitForPanel = m_platform.runLoop.runAfter(waitForPanel, [this] {
+        if (!m_statusItem->isReachable())
+            m_popover->showAsWindow();
+    });
+}
+
+std::unique_ptr<Popover> BrisklogApp::makePopover() {
     auto popover =
         std::make_unique<PopoverWindow>(PopoverWindow::Parts{.loadContent = [this] { loadContent(); },
                                                              .makeScreen = [this] { return makeScreen(); },
                                                              .quit = [this] { quit(); },
-                                                             .x11 = m_platform.x11});
+                                                             .windowServer = m_platform.windowServer});
     m_popover = popover.get();
     return popover;
+}
+
+std::unique_ptr<StatusItem> BrisklogApp::makeStatusItem() {
+    auto item = m_platform.makeStatusItem();
+    item->addMenuEntry("Öffnen", [this] { open(); });
+    item->addMenuEntry("Beenden", [this] { quit(); });
+    m_statusItem = item.get();
+    return item;
 }
 
 void BrisklogApp::loadContent() {
@@ -178,7 +197,7 @@ ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
 }
 
 void BrisklogApp::open() {
-    if (m_platform.hasStatusItem())
+    if (m_statusItem->isReachable())
         m_delegate.openPopover();
     else
         m_popover->showAsWindow();
@@ -195,11 +214,6 @@ void BrisklogApp::quit() {
                                     .message = u"Laufende Timer gehen beim Beenden verloren."_s,
                                     .actionCaption = u"Beenden"_s},
                                    m_platform.terminate);
-}
-
-void BrisklogApp::handlePointerPress() {
-    if (m_popover != nullptr)
-        m_popover->handlePointerPress();
 }
 
 } // namespace brisklog

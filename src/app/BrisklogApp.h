@@ -12,6 +12,7 @@
 #include "platform/Images.h"
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
+#include "platform/WindowServer.h"
 
 #include <QPointer>
 #include <memory>
@@ -23,7 +24,6 @@ namespace brisklog {
 
 class PopoverWindow;
 class SheetWindow;
-class X11Watcher;
 
 /// Everything outside the program, as its parts need it.
 struct BrisklogPlatform {
@@ -38,11 +38,8 @@ struct BrisklogPlatform {
     FrontmostApplication& frontmost;
     LogoPickerPresenter& logoPicker;
     SystemAppearance& systemAppearance;
+    WindowServer& windowServer;
     std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-    /// Whether a panel shows the icon by now.
-    std::function<bool()> hasStatusItem;
-    /// Null where there is no X server.
-    X11Watcher* x11 = nullptr;
     std::function<void()> terminate;
     /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it has
     /// none.
@@ -55,8 +52,9 @@ public:
     explicit BrisklogApp(BrisklogPlatform platform);
     ~BrisklogApp();
 
-    /// What happens once launching has finished.
-    void launch() { m_delegate.applicationDidFinishLaunching(); }
+    /// What happens once launching has finished. Where no panel shows an icon after a while, the popover
+    /// opens as a window.
+    void launch();
 
     /// Opens the popover without a click on the icon: at the icon where there is one, else as a window.
     void open();
@@ -64,15 +62,14 @@ public:
     /// Ends the program; asks first while timers are running, because they would be lost.
     void quit();
 
-    void handlePointerPress();
-
     /// The popover as the holder of panels; absent before launch.
     [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
 
     [[nodiscard]] AppSettings& settings() { return m_shared.settings(); }
 
 private:
-    [[nodiscard]] std::unique_ptr<PopoverShell> makePopover();
+    [[nodiscard]] std::unique_ptr<Popover> makePopover();
+    [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem();
     void loadContent();
     void loadProjects();
     [[nodiscard]] QWidget* makeScreen();
@@ -95,6 +92,8 @@ private:
     std::unique_ptr<Timer> m_colorSchemeChange;
     AppDelegate m_delegate;
     PopoverWindow* m_popover = nullptr;
+    StatusItem* m_statusItem = nullptr;
+    std::unique_ptr<Timer> m_waitForPanel;
     QPointer<SheetWindow> m_quitQuestion;
 };
 

@@ -1,7 +1,6 @@
 #include "app/PopoverWindow.h"
 
 #include "app/PopoverPlacement.h"
-#include "platform/x11/X11Watcher.h"
 #include "ui/controls/Button.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
@@ -100,10 +99,8 @@ void PopoverWindow::show(const std::optional<ScreenRectangle>& anchor) {
     const QScreen* const anchorScreen = QGuiApplication::screenAt(anchorPoint);
     const QScreen* const shown = anchorScreen != nullptr ? anchorScreen : QGuiApplication::primaryScreen();
     placeWindow(*this, popoverPlace(anchor, shown->availableGeometry(), popoverSize));
-    if (m_parts.x11 != nullptr) {
-        m_parts.x11->keepOutOfTaskBar(static_cast<std::uint32_t>(winId()));
-        m_parts.x11->watchPointer(true);
-    }
+    m_parts.windowServer.keepOutOfTaskBar(static_cast<std::uint32_t>(winId()));
+    m_pointerPresses = m_parts.windowServer.watchPointer([this] { handlePointerPress(); });
     showInFront();
 }
 
@@ -129,8 +126,7 @@ void PopoverWindow::close() {
 }
 
 void PopoverWindow::hideEvent(QHideEvent* event) {
-    if (m_parts.x11 != nullptr)
-        m_parts.x11->watchPointer(false);
+    m_pointerPresses = {};
     m_isEntered = false;
     QWidget::hideEvent(event);
 }
@@ -175,8 +171,7 @@ bool PopoverWindow::isPointerOnAnchor() const {
 }
 
 void PopoverWindow::handlePointerPress() {
-    if (isVisible() && m_form == Form::popover && !isHeldOpen() && !isPointerOn(*this) &&
-        !isPointerOnAnchor())
+    if (!isHeldOpen() && !isPointerOn(*this) && !isPointerOnAnchor())
         close();
 }
 

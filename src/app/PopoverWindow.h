@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "platform/WindowServer.h"
 #include "ui/sheets/SheetHost.h"
 
 #include <QRect>
@@ -10,11 +11,9 @@
 
 namespace brisklog {
 
-class X11Watcher;
-
 /// The popover: a frameless window of 370 × 650 that closes when the user turns to something else. Without a
 /// panel to hang from it is an ordinary window with a way to quit.
-class PopoverWindow final : public QWidget, public PopoverShell, public SheetHost {
+class PopoverWindow final : public QWidget, public Popover, public SheetHost {
 public:
     struct Parts {
         /// Creates the main view and its store; called once, at launch.
@@ -22,8 +21,7 @@ public:
         /// Makes the widget that shows the main view; called once, before the first show.
         std::function<QWidget*()> makeScreen;
         std::function<void()> quit;
-        /// Null where there is no X server.
-        X11Watcher* x11 = nullptr;
+        WindowServer& windowServer;
     };
 
     explicit PopoverWindow(Parts parts);
@@ -46,9 +44,6 @@ public:
     /// Opens it as a window of its own, because no panel shows an icon.
     void showAsWindow();
 
-    /// A button went down somewhere: closes the popover when that was outside all our windows.
-    void handlePointerPress();
-
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -62,6 +57,8 @@ private:
     void setForm(Form form);
     void showInFront();
     void closeIfLeft();
+    /// Wherever a button went down.
+    void handlePointerPress();
 
     [[nodiscard]] bool isHeldOpen() const { return m_hold.use_count() > 1; }
 
@@ -73,6 +70,8 @@ private:
     QWidget* m_windowStrip = nullptr;
     ColorScheme m_appearance = ColorScheme::light;
     std::optional<ScreenRectangle> m_anchor;
+    /// While it is shown as a popover.
+    Subscription m_pointerPresses;
     /// Since it was opened it has had the focus. Only then can the user leave it: what is heard before
     /// belongs to the time before.
     bool m_isEntered = false;

@@ -27,21 +27,15 @@ public:
     /// A click on the icon.
     virtual void setAction(std::function<void()> action) = 0;
 
+    /// What a right click offers, in the order in which it was added.
+    virtual void addMenuEntry(const std::string& caption, std::function<void()> action) = 0;
+
+    /// Whether a panel shows the icon just now, so that the user can get at it. Asks the panel, which takes a
+    /// moment.
+    [[nodiscard]] virtual bool isReachable() const = 0;
+
     /// Where the icon was last clicked, or lies, as far as the desktop tells; absent otherwise.
     [[nodiscard]] virtual std::optional<ScreenRectangle> anchor() const = 0;
-};
-
-/// The small window that hangs from the status item.
-class Popover {
-public:
-    virtual ~Popover() = default;
-
-    [[nodiscard]] virtual bool isShown() const = 0;
-
-    /// Shows it at the anchor (none: at the top right of the screen) and gives it the keyboard.
-    virtual void show(const std::optional<ScreenRectangle>& anchor) = 0;
-
-    virtual void close() = 0;
 };
 
 } // namespace brisklog

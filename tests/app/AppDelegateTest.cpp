@@ -12,7 +12,7 @@ namespace {
 /// What the delegate did, in order.
 using Record = std::vector<std::string>;
 
-class RecordingPopover final : public PopoverShell {
+class RecordingPopover final : public Popover {
 public:
     explicit RecordingPopover(Record& record) : m_record(record) { m_record.emplace_back("popover made"); }
 
@@ -48,6 +48,12 @@ public:
     void setDescription(const std::string& description) override { m_record.push_back(description); }
 
     void setAction(std::function<void()> action) override { click = std::move(action); }
+
+    void addMenuEntry(const std::string& caption, std::function<void()> /*action*/) override {
+        m_record.push_back(caption);
+    }
+
+    [[nodiscard]] bool isReachable() const override { return true; }
 
     [[nodiscard]] std::optional<ScreenRectangle> anchor() const override {
         return ScreenRectangle{700, 0, 22, 22};

@@ -60,6 +60,31 @@ TEST_F(BrisklogAppTest, withoutAPanelItOpensAsAWindowWithItsOwnWayToQuit) {
     EXPECT_EQ(terminations, 1);
 }
 
+TEST_F(BrisklogAppTest, withoutAPanelItOpensAsAWindowThreeSecondsAfterTheStart) {
+    hasStatusItem = false;
+    runLoop.advance(2.9);
+    EXPECT_FALSE(app.popover()->isShown());
+    runLoop.advance(0.1);
+    EXPECT_TRUE(app.popover()->isShown());
+    EXPECT_EQ(app.popover()->windowFlags() & Qt::WindowType_Mask, Qt::Window);
+}
+
+TEST_F(BrisklogAppTest, withAPanelItStaysClosed) {
+    runLoop.advance(10);
+    EXPECT_FALSE(app.popover()->isShown());
+}
+
+TEST_F(BrisklogAppTest, theMenuOfTheIconOpensThePopoverAndEndsTheProgram) {
+    ASSERT_EQ(statusItem->menu.size(), 2U);
+    EXPECT_EQ(statusItem->menu[0].first, "Öffnen");
+    EXPECT_EQ(statusItem->menu[1].first, "Beenden");
+    statusItem->menu[0].second();
+    EXPECT_EQ(app.popover()->size(), QSize(370, 650));
+    EXPECT_TRUE(app.popover()->isShown());
+    statusItem->menu[1].second();
+    EXPECT_EQ(terminations, 1);
+}
+
 TEST_F(BrisklogAppTest, theWindowBecomesThePopoverOnceAPanelHasCome) {
     hasStatusItem = false;
     app.open();

@@ -1,5 +1,6 @@
 #include "app/PopoverWindow.h"
 
+#include "support/FakeWindowServer.h"
 #include "support/screen/ScreenTest.h"
 
 #include <QApplication>
@@ -27,7 +28,7 @@ protected:
 
     void pressAt(const QPoint& place) {
         QCursor::setPos(place);
-        popover.handlePointerPress();
+        server.press();
     }
 
     /// Another program's window takes over while the pointer is there.
@@ -37,8 +38,11 @@ protected:
         QTest::qWait(1);
     }
 
-    PopoverWindow popover{
-        {.loadContent = [] {}, .makeScreen = [] { return new QWidget; }, .quit = [] {}, .x11 = nullptr}};
+    FakeWindowServer server;
+    PopoverWindow popover{{.loadContent = [] {},
+                           .makeScreen = [] { return new QWidget; },
+                           .quit = [] {},
+                           .windowServer = server}};
 };
 
 TEST_F(PopoverWindowTest, pressOutsideClosesIt) {
@@ -53,6 +57,26 @@ TEST_F(PopoverWindowTest, pressOnTheIconIsLeftToTheToggle) {
     open();
     pressAt(onTheIcon);
     EXPECT_TRUE(popover.isShown());
+}
+
+TEST_F(PopoverWindowTest, listensForPressesWhileItIsShownAndNoLonger) {
+    EXPECT_FALSE(server.isPointerWatched());
+    open();
+    EXPECT_TRUE(server.isPointerWatched());
+    pressAt(onTheDesktop);
+    EXPECT_FALSE(server.isPointerWatched());
+    openAsWindow();
+    EXPECT_FALSE(server.isPointerWatched());
+}
+
+TEST_F(PopoverWindowTest, isKeptOutOfTheTaskBarAtEachShowButNotAsAWindow) {
+    open();
+    popover.close();
+    open();
+    EXPECT_EQ(server.keptOutOfTaskBar, std::vector<std::uint32_t>(2, std::uint32_t(popover.winId())));
+    popover.close();
+    openAsWindow();
+    EXPECT_EQ(server.keptOutOfTaskBar.size(), 2U);
 }
 
 TEST_F(PopoverWindowTest, turningElsewhereClosesIt) {

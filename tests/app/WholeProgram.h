@@ -6,6 +6,7 @@
 #include "platform/pictures/QtImages.h"
 #include "support/FakeClock.h"
 #include "support/FakeFrontmostApplication.h"
+#include "support/FakeWindowServer.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
@@ -19,19 +20,33 @@
 #include <QApplication>
 #include <QTest>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brisklog::test {
 
 class SilentStatusItem final : public StatusItem {
 public:
+    /// Reachable as long as `isReachable` is true.
+    explicit SilentStatusItem(const bool& isReachable) : m_isReachable(isReachable) {}
+
     void setDescription(const std::string& /*description*/) override {}
 
     void setAction(std::function<void()> action) override { click = std::move(action); }
 
+    void addMenuEntry(const std::string& caption, std::function<void()> action) override {
+        menu.emplace_back(caption, std::move(action));
+    }
+
+    [[nodiscard]] bool isReachable() const override { return m_isReachable; }
+
     [[nodiscard]] std::optional<ScreenRectangle> anchor() const override { return std::nullopt; }
 
     std::function<void()> click;
+    std::vector<std::pair<std::string, std::function<void()>>> menu;
+
+private:
+    const bool& m_isReachable;
 };
 
 class SilentAppearance final : public SystemAppearance {
@@ -95,6 +110,7 @@ protected:
     FakeFrontmostApplication frontmost;
     RecordingLogoPicker logoPicker;
     SilentAppearance appearance;
+    FakeWindowServer windowServer;
     SilentStatusItem* statusItem = nullptr;
     bool hasStatusItem = true;
     int terminations = 0;
@@ -110,14 +126,13 @@ protected:
                      .frontmost = frontmost,
                      .logoPicker = logoPicker,
                      .systemAppearance = appearance,
+                     .windowServer = windowServer,
                      .makeStatusItem =
                          [this] {
-                             auto item = std::make_unique<SilentStatusItem>();
+                             auto item = std::make_unique<SilentStatusItem>(hasStatusItem);
                              statusItem = item.get();
                              return item;
                          },
-                     .hasStatusItem = [this] { return hasStatusItem; },
-                     .x11 = nullptr,
                      .terminate = [this] { ++terminations; },
                      .openLink = [this](std::string_view address) { openedLinks.emplace_back(address); }}};
 };

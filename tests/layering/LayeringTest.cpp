@@ -28,7 +28,7 @@ const std::map<std::string, std::vector<std::string>> arrows{
     {"platform/bus", {"platform"}},
     {"platform/loop", {"platform"}},
     {"platform/dialogs", {"platform/bus"}},
-    {"platform/panel", {"platform/bus", "platform/x11"}},
+    {"platform/panel", {"platform/bus"}},
     {"platform/frontmost", {"platform/bus", "platform/x11"}},
     {"core", {"platform"}},
     {"settings", {"platform"}},

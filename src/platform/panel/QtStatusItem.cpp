@@ -2,6 +2,11 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
+#include <QStandardPaths>
+#include <QSvgRenderer>
 #include <utility>
 
 namespace brisklog {
@@ -9,16 +14,43 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// A panel that has only just come gets a second, without which some show a sliver.
 constexpr TimeInterval settlingTime = 1;
 /// The usual size of an icon in a panel.
 constexpr int iconSize = 22;
 
 bool isWayland() { return QGuiApplication::platformName().startsWith(u"wayland"_s); }
 
+QPixmap rendered(QSvgRenderer& renderer, int size) {
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    return pixmap;
+}
+
+QIcon drawnIcon(const QString& file) {
+    QIcon icon;
+    QSvgRenderer renderer(file);
+    for (const int size : {16, 22, 24, 32, 48})
+        icon.addPixmap(rendered(renderer, size));
+    return icon;
+}
+
+/// Asking the icon theme for one that was never installed would read the whole theme, a third of the time
+/// the start takes.
+QIcon themedIcon(const QString& name) {
+    const QString file = u"icons/hicolor/symbolic/apps/"_s + name + u".svg"_s;
+    const bool isInstalled = !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
+    return isInstalled ? QIcon::fromTheme(name) : QIcon();
+}
+
 } // namespace
 
-QtStatusItem::QtStatusItem(StatusIcons icons, RunLoop& runLoop)
-    : m_icons(std::move(icons)), m_runLoop(runLoop) {}
+QtStatusItem::QtStatusItem(Picture picture, RunLoop& runLoop, WindowServer& windowServer)
+    : m_picture(std::move(picture)), m_runLoop(runLoop),
+      m_hosts(windowServer,
+              [this](StatusItemHostKind host, HostArrival arrival) { handleHost(host, arrival); }) {}
 
 void QtStatusItem::setDescription(const std::string& description) {
     m_description = QString::fromStdString(description);
@@ -28,13 +60,19 @@ void QtStatusItem::setDescription(const std::string& description) {
 
 void QtStatusItem::setAction(std::function<void()> action) { m_action = std::move(action); }
 
-void QtStatusItem::addMenuEntry(const QString& caption, std::function<void()> action) {
+void QtStatusItem::addMenuEntry(const std::string& caption, std::function<void()> action) {
     if (!m_menu.isEmpty())
         m_menu.addSeparator();
-    QObject::connect(m_menu.addAction(caption), &QAction::triggered, &m_menu, std::move(action));
+    // No icons, which a panel would have to draw.
+    const auto* const entry = m_menu.addAction(QString::fromStdString(caption));
+    QObject::connect(entry, &QAction::triggered, &m_menu, std::move(action));
 }
 
-void QtStatusItem::show(StatusItemHostKind host, HostArrival arrival) {
+/// An icon that waits for its panel to settle counts: it will be there in a moment. One whose panel has gone
+/// does not.
+bool QtStatusItem::isReachable() const { return (m_icon || m_settling) && m_hosts.hasHost(); }
+
+void QtStatusItem::handleHost(StatusItemHostKind host, HostArrival arrival) {
     if (arrival == HostArrival::wasThere)
         makeIcon(host);
     else
@@ -42,8 +80,10 @@ void QtStatusItem::show(StatusItemHostKind host, HostArrival arrival) {
 }
 
 void QtStatusItem::makeIcon(StatusItemHostKind host) {
-    const bool panelColours = host == StatusItemHostKind::statusNotifier && !m_icons.named.isNull();
-    m_icon = std::make_unique<QSystemTrayIcon>(panelColours ? m_icons.named : m_icons.bitmap);
+    QIcon icon;
+    if (host == StatusItemHostKind::statusNotifier)
+        icon = themedIcon(m_picture.themeName);
+    m_icon = std::make_unique<QSystemTrayIcon>(icon.isNull() ? drawnIcon(m_picture.file) : icon);
     m_icon->setToolTip(m_description);
     m_icon->setContextMenu(&m_menu);
     QObject::connect(m_icon.get(), &QSystemTrayIcon::activated, &m_menu,

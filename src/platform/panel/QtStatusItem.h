@@ -4,7 +4,6 @@
 #include "platform/StatusItem.h"
 #include "platform/panel/StatusItemHosts.h"
 
-#include <QIcon>
 #include <QMenu>
 #include <QSystemTrayIcon>
 #include <memory>
@@ -12,39 +11,32 @@
 
 namespace brisklog {
 
-/// How the status icon is drawn for each kind of panel.
-struct StatusIcons {
-    /// Has a name by which the panel finds and colours it.
-    QIcon named;
-    /// Legible on every ground.
-    QIcon bitmap;
-};
-
 /// The icon in the panel, made once there is a panel to show it.
 class QtStatusItem final : public StatusItem {
 public:
-    QtStatusItem(StatusIcons icons, RunLoop& runLoop);
+    /// The same picture for both kinds of panel.
+    struct Picture {
+        /// The name under which a panel finds it and gives it its own colour.
+        QString themeName;
+        /// The SVG file that is legible on every ground.
+        QString file;
+    };
+
+    QtStatusItem(Picture picture, RunLoop& runLoop, WindowServer& windowServer);
 
     void setDescription(const std::string& description) override;
     void setAction(std::function<void()> action) override;
+    void addMenuEntry(const std::string& caption, std::function<void()> action) override;
+    [[nodiscard]] bool isReachable() const override;
     [[nodiscard]] std::optional<ScreenRectangle> anchor() const override;
 
-    /// What a right click offers, in this order; no icons that a panel would have to draw.
-    void addMenuEntry(const QString& caption, std::function<void()> action);
-
-    /// Makes the icon for the panel that was found; one that has only just come gets a second to settle,
-    /// without which some show a sliver.
-    void show(StatusItemHostKind host, HostArrival arrival);
-
-    /// Whether there is an icon, or will be as soon as its panel has settled.
-    [[nodiscard]] bool isShown() const { return m_icon || m_settling; }
-
 private:
+    void handleHost(StatusItemHostKind host, HostArrival arrival);
     void makeIcon(StatusItemHostKind host);
     void handleActivation(QSystemTrayIcon::ActivationReason reason);
     [[nodiscard]] std::optional<ScreenRectangle> placeOfClick() const;
 
-    StatusIcons m_icons;
+    Picture m_picture;
     RunLoop& m_runLoop;
     QString m_description;
     std::function<void()> m_action;
@@ -52,6 +44,7 @@ private:
     std::unique_ptr<QSystemTrayIcon> m_icon;
     std::unique_ptr<Timer> m_settling;
     std::optional<ScreenRectangle> m_lastClick;
+    StatusItemHosts m_hosts;
 };
 
 } // namespace brisklog

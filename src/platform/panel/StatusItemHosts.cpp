@@ -2,7 +2,6 @@
 
 #include "platform/bus/DBusCall.h"
 #include "platform/bus/DBusSignal.h"
-#include "platform/x11/X11Watcher.h"
 
 #include <QDBusReply>
 #include <QDBusServiceWatcher>
@@ -36,9 +35,8 @@ bool saysYes(const QDBusReply<QDBusVariant>& answer) {
 /// Asks the bus for a StatusNotifier host, now and at each change.
 class StatusItemHosts::BusWatch final : public QObject {
 public:
-    BusWatch(std::function<void(HostArrival)> hostFound, std::function<void()> noHostYet)
-        : m_bus(QDBusConnection::sessionBus()), m_hostFound(std::move(hostFound)),
-          m_noHostYet(std::move(noHostYet)),
+    BusWatch(QDBusConnection bus, std::function<void(HostArrival)> hostFound, std::function<void()> noHostYet)
+        : m_bus(std::move(bus)), m_hostFound(std::move(hostFound)), m_noHostYet(std::move(noHostYet)),
           m_hostRegistered(m_bus,
                            {watcherService, watcherPath, watcherService, u"StatusNotifierHostRegistered"_s},
                            [this](const QDBusMessage&) { ask(HostArrival::justCame); }),
@@ -70,22 +68,20 @@ private:
 };
 
 // Panels may offer both: the tray is asked for only once the bus has said that there is no host.
-StatusItemHosts::StatusItemHosts(X11Watcher* x11, std::function<void(StatusItemHostKind, HostArrival)> found)
-    : m_x11(x11), m_found(std::move(found)),
+StatusItemHosts::StatusItemHosts(WindowServer& windowServer, Found found, QDBusConnection bus)
+    : m_windowServer(windowServer), m_found(std::move(found)),
       m_busWatch(std::make_unique<BusWatch>(
+          std::move(bus),
           [this](HostArrival arrival) { report(StatusItemHostKind::statusNotifier, arrival); },
-          [this] { lookForTray(HostArrival::wasThere); })) {}
+          [this] { lookForTray(HostArrival::wasThere); })),
+      m_trays(m_windowServer.watchTrays([this] { lookForTray(HostArrival::justCame); })) {}
 
 StatusItemHosts::~StatusItemHosts() = default;
 
-bool StatusItemHosts::hasHost() const {
-    return (m_x11 != nullptr && m_x11->hasTray()) || m_busWatch->hasHost();
-}
-
-void StatusItemHosts::trayAppeared() { lookForTray(HostArrival::justCame); }
+bool StatusItemHosts::hasHost() const { return m_windowServer.hasTray() || m_busWatch->hasHost(); }
 
 void StatusItemHosts::lookForTray(HostArrival arrival) {
-    if (m_x11 != nullptr && m_x11->hasTray())
+    if (m_windowServer.hasTray())
         report(StatusItemHostKind::xembedTray, arrival);
 }
 

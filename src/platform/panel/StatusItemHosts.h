@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/WindowServer.h"
+
+#include <QDBusConnection>
 #include <functional>
 #include <memory>
 
 namespace brisklog {
-
-class X11Watcher;
 
 /// Which kind of panel shows status icons.
 enum class StatusItemHostKind { statusNotifier, xembedTray };
@@ -17,9 +18,12 @@ enum class HostArrival { wasThere, justCame };
 /// made, which kind of panel it talks to; the icon must therefore not be made before there is one.
 class StatusItemHosts {
 public:
-    /// `found` is called once, on the main thread, at once where a panel is there already, else when one
-    /// appears. `x11` is null where there is no X server.
-    StatusItemHosts(X11Watcher* x11, std::function<void(StatusItemHostKind, HostArrival)> found);
+    using Found = std::function<void(StatusItemHostKind, HostArrival)>;
+
+    /// `found` is called once, later, on the main thread: soon where a panel is there already, else when one
+    /// appears.
+    StatusItemHosts(WindowServer& windowServer, Found found,
+                    QDBusConnection bus = QDBusConnection::sessionBus());
     ~StatusItemHosts();
     StatusItemHosts(const StatusItemHosts&) = delete;
     StatusItemHosts& operator=(const StatusItemHosts&) = delete;
@@ -28,18 +32,16 @@ public:
     /// moment.
     [[nodiscard]] bool hasHost() const;
 
-    /// To be called when an XEmbed tray has come.
-    void trayAppeared();
-
 private:
     class BusWatch;
 
     void lookForTray(HostArrival arrival);
     void report(StatusItemHostKind kind, HostArrival arrival);
 
-    X11Watcher* m_x11;
-    std::function<void(StatusItemHostKind, HostArrival)> m_found;
+    WindowServer& m_windowServer;
+    Found m_found;
     std::unique_ptr<BusWatch> m_busWatch;
+    Subscription m_trays;
 };
 
 } // namespace brisklog

@@ -1,0 +1,116 @@
+#include "platform/x11/X11WindowServer.h"
+
+#include <QSocketNotifier>
+#include <array>
+#include <utility>
+#include <xcb/xinput.h>
+
+namespace brisklog {
+namespace {
+
+/// The highest response number an event can have; the top bit marks events sent by other programs.
+constexpr std::uint8_t eventNumberMask = 0x7F;
+
+} // namespace
+
+X11WindowServer::X11WindowServer() {
+    if (!m_server.isOpen())
+        return;
+    // A new tray tells the root window so.
+    const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(m_server.raw(), m_server.root(), XCB_CW_EVENT_MASK, &mask);
+    findInputExtension();
+    xcb_flush(m_server.raw());
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_server.raw()), QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+                     [this] { handleEvents(); });
+}
+
+X11WindowServer::~X11WindowServer() = default;
+
+void X11WindowServer::findInputExtension() {
+    const auto* const extension = xcb_get_extension_data(m_server.raw(), &xcb_input_id);
+    if (extension == nullptr || extension->present == 0)
+        return;
+    m_inputExtension = extension->major_opcode;
+    const auto question = xcb_input_xi_query_version(m_server.raw(), 2, 0);
+    const auto version = owned(xcb_input_xi_query_version_reply(m_server.raw(), question, nullptr));
+}
+
+Subscription X11WindowServer::watchPointer(std::function<void()> pressed) {
+    m_pressed = std::move(pressed);
+    selectInput(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS);
+    return Subscription([this] {
+        m_pressed = nullptr;
+        selectInput(0);
+    });
+}
+
+Subscription X11WindowServer::watchTrays(std::function<void()> appeared) {
+    m_trayAppeared = std::move(appeared);
+    return Subscription([this] { m_trayAppeared = nullptr; });
+}
+
+bool X11WindowServer::hasTray() const {
+    if (m_traySelection == XCB_ATOM_NONE)
+        return false;
+    const auto question = xcb_get_selection_owner(m_server.raw(), m_traySelection);
+    const auto reply = owned(xcb_get_selection_owner_reply(m_server.raw(), question, nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+void X11WindowServer::selectInput(std::uint32_t events) const {
+    if (m_inputExtension == 0)
+        return;
+
+    struct {
+        xcb_input_event_mask_t head;
+        std::uint32_t mask;
+    } request{};
+
+    request.head.deviceid = XCB_INPUT_DEVICE_ALL_MASTER;
+    request.head.mask_len = 1;
+    request.mask = events;
+    xcb_input_xi_select_events(m_server.raw(), m_server.root(), 1, &request.head);
+    xcb_flush(m_server.raw());
+}
+
+void X11WindowServer::keepOutOfTaskBar(std::uint32_t window) {
+    if (m_notifier == nullptr)
+        return;
+    const std::array states{m_server.atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                            m_server.atom("_NET_WM_STATE_SKIP_PAGER")};
+    xcb_change_property(m_server.raw(), XCB_PROP_MODE_APPEND, window, m_server.atom("_NET_WM_STATE"),
+                        XCB_ATOM_ATOM, 32, states.size(), states.data());
+    // Answered only once the server has it: the window is shown over another connection.
+    const auto sync =
+        owned(xcb_get_input_focus_reply(m_server.raw(), xcb_get_input_focus(m_server.raw()), nullptr));
+}
+
+void X11WindowServer::handleEvents() {
+    while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
+        handleEvent(*event);
+    // The server is gone: the toolkit notices by itself and ends the program.
+    if (!m_server.isOpen())
+        m_notifier->setEnabled(false);
+}
+
+/// Whoever hears of it may end its watching: copies are called.
+void X11WindowServer::handleEvent(const xcb_generic_event_t& event) const {
+    const std::uint8_t number = event.response_type & eventNumberMask;
+    if (number == XCB_GE_GENERIC) {
+        const auto& input = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
+        const bool isPress =
+            input.extension == m_inputExtension && input.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+        if (const auto pressed = m_pressed; isPress && pressed)
+            pressed();
+    } else if (number == XCB_CLIENT_MESSAGE) {
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        const bool isTray = message.type == m_managerMessage && message.data.data32[1] == m_traySelection;
+        if (const auto appeared = m_trayAppeared; isTray && appeared)
+            appeared();
+    }
+}
+
+} // namespace brisklog

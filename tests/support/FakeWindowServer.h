@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/WindowServer.h"
+
+#include <utility>
+#include <vector>
+
+namespace brisklog::test {
+
+/// A window server whose buttons and trays the test moves.
+class FakeWindowServer final : public WindowServer {
+public:
+    Subscription watchPointer(std::function<void()> pressed) override {
+        m_pressed = std::move(pressed);
+        return Subscription([this] { m_pressed = nullptr; });
+    }
+
+    Subscription watchTrays(std::function<void()> appeared) override {
+        m_trayAppeared = std::move(appeared);
+        return Subscription([this] { m_trayAppeared = nullptr; });
+    }
+
+    [[nodiscard]] bool hasTray() const override { return m_hasTray; }
+
+    void keepOutOfTaskBar(std::uint32_t window) override { keptOutOfTaskBar.push_back(window); }
+
+    /// A button goes down.
+    void press() const {
+        if (const auto pressed = m_pressed)
+            pressed();
+    }
+
+    /// A tray comes.
+    void addTray() {
+        m_hasTray = true;
+        if (const auto appeared = m_trayAppeared)
+            appeared();
+    }
+
+    void removeTray() { m_hasTray = false; }
+
+    [[nodiscard]] bool isPointerWatched() const { return m_pressed != nullptr; }
+
+    std::vector<std::uint32_t> keptOutOfTaskBar;
+
+private:
+    std::function<void()> m_pressed;
+    std::function<void()> m_trayAppeared;
+    bool m_hasTray = false;
+};
+
+} // namespace brisklog::test
