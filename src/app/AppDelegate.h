@@ -6,8 +6,13 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
+
+class QWindow;
 
 namespace brisklog {
+
+class TimeTrackingStore;
 
 /// The small window that hangs from the status item.
 class Popover {
@@ -57,6 +62,16 @@ private:
     AppDelegatePlatform m_platform;
     std::unique_ptr<Popover> m_popover;
     std::unique_ptr<StatusItem> m_statusItem;
+};
+
+// Names of the design that are kept without behaviour: nothing creates these.
+
+struct WindowManager {
+    std::vector<QWindow*> windows;
+};
+
+struct SiriShortcutsManager {
+    TimeTrackingStore& timeStore;
 };
 
 } // namespace brisklog

@@ -1,7 +1,6 @@
 #include "app/BrisklogApp.h"
 
 #include "app/ContentScreen.h"
-#include "app/GermanTexts.h"
 #include "app/PopoverWindow.h"
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "autotrack/screens/AutoTrackingScreen.h"
@@ -19,7 +18,9 @@
 #include "ui/sheets/Sheets.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QTranslator>
 
 namespace brisklog {
 
@@ -27,22 +28,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// How long a desktop may take to show its panel.
+constexpr TimeInterval waitForPanel = 3;
+
 /// As the calendar counts: from Sunday as 1.
 int firstWeekdayOf(const QLocale& locale) { return locale.firstDayOfWeek() % CalendarView::columns + 1; }
 
-/// How long a desktop may take to show its panel.
-constexpr TimeInterval waitForPanel = 3;
+/// Makes the toolkit's own texts (file dialog, menus of fields) and its dates German. Without the
+/// translations' package they stay English; nothing else changes.
+void installGermanTexts(QCoreApplication& application) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    auto* const translator = new QTranslator(&application);
+    if (translator->load(u"qtbase_de"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+}
 
 } // namespace
 
 BrisklogApp::BrisklogApp(BrisklogPlatform platform)
-    : m_platform(std::move(platform)),
-      m_shared({.files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log},
-               {.files = m_platform.files,
-                .userDefaults = m_platform.userDefaults,
-                .log = m_platform.log,
-                .logoPicker = &m_platform.logoPicker}),
-      m_dayWindows(m_platform.images, [this] { return m_popover; }),
+    : m_platform(std::move(platform)), m_dayWindows(m_platform.images, [this] { return m_popover; }),
       m_delegate({.userDefaults = m_platform.userDefaults,
                   .systemAppearance = m_platform.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
@@ -56,6 +60,22 @@ void BrisklogApp::launch() {
         if (!m_statusItem->isReachable())
             m_popover->showAsWindow();
     });
+}
+
+AppSettings& BrisklogApp::settings() {
+    if (!m_settings)
+        m_settings.emplace(SettingsPlatform{
+            .files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log});
+    return *m_settings;
+}
+
+UserProfile& BrisklogApp::profile() {
+    if (!m_profile)
+        m_profile.emplace(ProfilePlatform{.files = m_platform.files,
+                                          .userDefaults = m_platform.userDefaults,
+                                          .log = m_platform.log,
+                                          .logoPicker = &m_platform.logoPicker});
+    return *m_profile;
 }
 
 std::unique_ptr<Popover> BrisklogApp::makePopover() {
@@ -77,15 +97,14 @@ std::unique_ptr<StatusItem> BrisklogApp::makeStatusItem() {
 }
 
 void BrisklogApp::loadContent() {
-    AppSettings& settings = m_shared.settings();
-    m_content = std::make_unique<ContentView>(projectsSection, settings,
+    m_content = std::make_unique<ContentView>(projectsSection, settings(),
                                               StorePlatform{.files = m_platform.files,
                                                             .userDefaults = m_platform.userDefaults,
                                                             .clock = m_platform.clock,
                                                             .runLoop = m_platform.runLoop,
                                                             .log = m_platform.log});
     loadProjects();
-    m_settingsSubscription = settings.observe([this] {
+    m_settingsSubscription = settings().observe([this] {
         // Observers hear of a change before it has happened.
         m_colorSchemeChange = m_platform.runLoop.runAfter(0, [this] { followColorScheme(); });
     });
@@ -123,7 +142,7 @@ QWidget* BrisklogApp::makeSection(int section) {
         return new DashboardScreen(
             {.store = m_content->timeStore, .clock = m_platform.clock, .runLoop = m_platform.runLoop});
     case profileSection:
-        return new ProfileScreen(m_shared.profile(), m_platform.images);
+        return new ProfileScreen(profile(), m_platform.images);
     case settingsSection:
         return makeSettingsSection();
     default:
@@ -133,7 +152,7 @@ QWidget* BrisklogApp::makeSection(int section) {
 
 QWidget* BrisklogApp::makeSettingsSection() {
     return new SettingsScreen(
-        m_shared.settings(),
+        settings(),
         {.makeArchiveSheet =
              [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock, Calendar::current()); },
          .openLink = m_platform.openLink});
@@ -178,7 +197,7 @@ InvoicePlatform BrisklogApp::invoicePlatform() {
             .generate = [this](const Project& project, const std::optional<Customer>& customer,
                                const std::string& number, const std::vector<TimeEntry>& entries,
                                const std::string& notes) {
-                const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(m_shared.profile()),
+                const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(profile()),
                                                       Calendar::current(), m_platform.clock.now());
                 return document.generate(project, customer, number, entries, notes);
             }};
@@ -190,7 +209,7 @@ ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
             .files = m_platform.files,
             .log = m_platform.log,
             .generate = [this](const Project& project) {
-                const InvoiceGenerator report(m_platform.pdf, invoiceSender(m_shared.profile()),
+                const InvoiceGenerator report(m_platform.pdf, invoiceSender(profile()),
                                               m_platform.clock.now());
                 return report.generate(project);
             }};

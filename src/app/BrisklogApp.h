@@ -2,7 +2,6 @@
 
 #include "app/AppDelegate.h"
 #include "app/ContentView.h"
-#include "app/SharedObjects.h"
 #include "app/projects/MultiProjectView.h"
 #include "foundation/NotificationCenter.h"
 #include "invoice/InvoiceView.h"
@@ -13,9 +12,12 @@
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
 #include "platform/WindowServer.h"
+#include "profile/UserProfile.h"
+#include "settings/AppSettings.h"
 
 #include <QPointer>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 class QWidget;
@@ -65,9 +67,12 @@ public:
     /// The popover as the holder of panels; absent before launch.
     [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
 
-    [[nodiscard]] AppSettings& settings() { return m_shared.settings(); }
+    /// The process-wide settings, made on first use like the profile. Both are asked for in the application
+    /// alone; everyone else is handed a reference.
+    [[nodiscard]] AppSettings& settings();
 
 private:
+    [[nodiscard]] UserProfile& profile();
     [[nodiscard]] std::unique_ptr<Popover> makePopover();
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem();
     void loadContent();
@@ -82,7 +87,8 @@ private:
     [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
 
     BrisklogPlatform m_platform;
-    SharedObjects m_shared;
+    std::optional<AppSettings> m_settings;
+    std::optional<UserProfile> m_profile;
     NotificationCenter m_notificationCenter;
     std::unique_ptr<ContentView> m_content;
     std::unique_ptr<MultiProjectView> m_projects;

@@ -1,11 +1,54 @@
 #include "app/ContentScreen.h"
 
-#include "app/TopNavigationBar.h"
+#include "ui/controls/NavigationButton.h"
+#include "ui/look/Hairline.h"
 #include "ui/look/Layout.h"
 
 #include <QStackedWidget>
+#include <vector>
 
 namespace brisklog {
+namespace {
+
+QString qString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The four section buttons at the top of the main view, with a line under them.
+class TopNavigationBar final : public Screen {
+public:
+    explicit TopNavigationBar(ContentView& content) : m_content(content) {
+        observe(m_content);
+        Row row{stretch()};
+        for (const Section& section : sections) {
+            m_buttons.push_back(makeButton(section));
+            row.add(m_buttons.back());
+        }
+        row.add(stretch());
+        row.spacing(4);
+        Column{space(6), row, space(5), new Hairline}.applyTo(*this);
+    }
+
+protected:
+    void refresh() override {
+        for (std::size_t i = 0; i < m_buttons.size(); ++i)
+            m_buttons[i]->setSelected(m_content.shownSection() == sections[i].number);
+    }
+
+private:
+    NavigationButton* makeButton(const Section& section) {
+        return new NavigationButton(
+            {.icon = qString(section.symbol),
+             .label = qString(section.label),
+             .action = [this, number = section.number] { m_content.selectedSection = number; }},
+            NavigationButton::Form::bar);
+    }
+
+    ContentView& m_content;
+    std::vector<NavigationButton*> m_buttons;
+};
+
+} // namespace
 
 ContentScreen::ContentScreen(ContentView& content, SectionMaker makeSection, QWidget* parent)
     : Screen(parent), m_content(content), m_makeSection(std::move(makeSection)), m_stack(new QStackedWidget) {
