@@ -6,7 +6,7 @@
 #include "core/TimeTrackingStore.h"
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/files/PosixFiles.h"
-#include "platform/files/StandardOutputLog.h"
+#include "platform/files/Process.h"
 #include "platform/loop/SystemClock.h"
 
 #include <cstdlib>

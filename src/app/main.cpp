@@ -6,10 +6,8 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/dialogs/QtSavePanel.h"
 #include "platform/documents/CairoPdfFacility.h"
-#include "platform/files/FailedWrites.h"
 #include "platform/files/PosixFiles.h"
-#include "platform/files/ProcessLock.h"
-#include "platform/files/StandardOutputLog.h"
+#include "platform/files/Process.h"
 #include "platform/frontmost/FrontmostApplicationChoice.h"
 #include "platform/loop/QtBackground.h"
 #include "platform/loop/QtRunLoop.h"
@@ -155,7 +153,7 @@ private:
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    letFailedWritesReturn();
+    surviveFailedWrites();
     const auto lock = becomeOnlyProcess(argumentCount, arguments);
     preferPlatformThatPlacesWindows();
     QApplication application(argumentCount, arguments);

@@ -1,9 +1,8 @@
 #include "platform/frontmost/DesktopEntries.h"
 
+#include <QStandardPaths>
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
-#include <sstream>
 
 namespace brisklog {
 namespace {
@@ -11,11 +10,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view entryEnding = ".desktop";
-
-std::string variable(const char* name, const std::string& otherwise) {
-    const char* const value = std::getenv(name);
-    return value != nullptr && *value != '\0' ? value : otherwise;
-}
 
 std::string lower(std::string text) {
     std::ranges::transform(text, text.begin(), [](unsigned char letter) {
@@ -54,12 +48,9 @@ const DesktopEntry* onlyOne(const std::map<std::string, DesktopEntry>& entries, 
 } // namespace
 
 std::vector<fs::path> applicationFolders() {
-    std::vector<fs::path> folders{variable("XDG_DATA_HOME", variable("HOME", "/") + "/.local/share")};
-    std::istringstream system(variable("XDG_DATA_DIRS", "/usr/local/share:/usr/share"));
-    for (std::string folder; std::getline(system, folder, ':');)
-        folders.emplace_back(folder);
-    for (fs::path& folder : folders)
-        folder /= "applications";
+    std::vector<fs::path> folders;
+    for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation))
+        folders.emplace_back(folder.toStdString());
     return folders;
 }
 

@@ -1,71 +1,135 @@
 #include "platform/frontmost/FrontmostApplicationChoice.h"
 
 #include "platform/frontmost/KWinFrontmostApplication.h"
-#include "platform/frontmost/WaylandSession.h"
 #include "platform/frontmost/WlrootsFrontmostApplication.h"
 #include "platform/frontmost/X11FrontmostApplication.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QByteArray>
+#include <algorithm>
+#include <functional>
+#include <string_view>
+#include <vector>
+#include <xcb/randr.h>
 
 namespace brisklog {
+namespace {
 
-FirstAnsweringApplication::FirstAnsweringApplication(std::vector<Maker> ways) : m_ways(std::move(ways)) {
-    tryNextWays();
+bool hasExtension(const X11Connection& server, std::string_view name) {
+    const auto question =
+        xcb_query_extension(server.raw(), static_cast<std::uint16_t>(name.size()), name.data());
+    const auto reply = owned(xcb_query_extension_reply(server.raw(), question, nullptr));
+    return reply && reply->present != 0;
 }
 
-FrontmostApplication::Availability FirstAnsweringApplication::availability() const {
-    return m_way ? m_way->availability() : Availability::unavailable;
+bool isNamedForWayland(const X11Connection& server, xcb_randr_output_t output) {
+    const auto question = xcb_randr_get_output_info(server.raw(), output, XCB_CURRENT_TIME);
+    const auto reply = owned(xcb_randr_get_output_info_reply(server.raw(), question, nullptr));
+    if (!reply)
+        return false;
+    const std::string_view name(reinterpret_cast<const char*>(xcb_randr_get_output_info_name(reply.get())),
+                                static_cast<std::size_t>(xcb_randr_get_output_info_name_length(reply.get())));
+    return name.starts_with("XWAYLAND");
 }
 
-void FirstAnsweringApplication::beginWatching() {
-    m_isWatching = true;
-    if (m_way)
+/// An X server on Wayland: newer ones have an extension to say so, older ones name their screens.
+bool isXWayland(const X11Connection& server) {
+    if (hasExtension(server, "XWAYLAND"))
+        return true;
+    if (!hasExtension(server, "RANDR"))
+        return false;
+    const auto question = xcb_randr_get_screen_resources_current(server.raw(), server.root());
+    const auto reply = owned(xcb_randr_get_screen_resources_current_reply(server.raw(), question, nullptr));
+    if (!reply)
+        return false;
+    const auto* const outputs = xcb_randr_get_screen_resources_current_outputs(reply.get());
+    return std::any_of(outputs, outputs + reply->num_outputs,
+                       [&server](xcb_randr_output_t output) { return isNamedForWayland(server, output); });
+}
+
+/// Whether the desktop runs on Wayland, also when this program is shown through its X server.
+bool isWaylandSession() {
+    if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland")
+        return true;
+    const X11Connection server;
+    return !server.isOpen() || isXWayland(server);
+}
+
+using Maker = std::function<std::unique_ptr<FrontmostApplication>()>;
+
+template <class Way>
+std::unique_ptr<FrontmostApplication> make() {
+    return std::make_unique<Way>();
+}
+
+/// In the order in which they are tried. This is where a further way is added.
+std::vector<Maker> waysOfAsking() {
+    if (isWaylandSession())
+        return {make<WlrootsFrontmostApplication>, make<KWinFrontmostApplication>};
+    return {make<X11FrontmostApplication>};
+}
+
+/// Tries one way of asking after the other and stays with the first that answers on this desktop.
+class FirstAnsweringApplication final : public FrontmostApplication {
+public:
+    /// At least one way; each is begun only when all before it have turned out unavailable.
+    explicit FirstAnsweringApplication(std::vector<Maker> ways) : m_ways(std::move(ways)) { tryNextWays(); }
+
+    [[nodiscard]] Availability availability() const override { return m_way->availability(); }
+
+    void beginWatching() override {
+        m_isWatching = true;
         m_way->beginWatching();
-}
-
-void FirstAnsweringApplication::endWatching() {
-    m_isWatching = false;
-    if (m_way)
-        m_way->endWatching();
-}
-
-std::optional<DesktopApplication> FirstAnsweringApplication::current() {
-    return m_way ? m_way->current() : std::nullopt;
-}
-
-std::optional<std::string> FirstAnsweringApplication::iconPng(const DesktopApplication& application) {
-    return m_way ? m_way->iconPng(application) : std::nullopt;
-}
-
-/// The last way is kept though it does not answer yet: a window manager may come later.
-void FirstAnsweringApplication::tryNextWays() {
-    while (m_nextWay < m_ways.size() && (!m_way || m_way->availability() == Availability::unavailable)) {
-        if (m_way) {
-            m_way->endWatching();
-            m_givenUp.push_back(std::move(m_way));
-        }
-        m_way = m_ways[m_nextWay++]();
-        m_subscription = m_way->observe([this] { hearAnnouncement(); });
-        if (m_isWatching)
-            m_way->beginWatching();
     }
-    m_hasAnswered = availability() == Availability::available;
-}
 
-/// What has answered once is the desktop's way, also when it falls silent.
-void FirstAnsweringApplication::hearAnnouncement() {
-    if (!m_hasAnswered)
-        tryNextWays();
-    announce();
-}
+    void endWatching() override {
+        m_isWatching = false;
+        m_way->endWatching();
+    }
+
+    [[nodiscard]] std::optional<DesktopApplication> current() override { return m_way->current(); }
+
+    [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) override {
+        return m_way->iconPng(application);
+    }
+
+private:
+    /// The last way is kept though it does not answer yet: a window manager may come later.
+    void tryNextWays() {
+        while (m_nextWay < m_ways.size() && (!m_way || m_way->availability() == Availability::unavailable)) {
+            if (m_way) {
+                m_way->endWatching();
+                m_givenUp.push_back(std::move(m_way));
+            }
+            m_way = m_ways[m_nextWay++]();
+            m_subscription = m_way->observe([this] { hearAnnouncement(); });
+            if (m_isWatching)
+                m_way->beginWatching();
+        }
+        m_hasAnswered = availability() == Availability::available;
+    }
+
+    /// What has answered once is the desktop's way, also when it falls silent.
+    void hearAnnouncement() {
+        if (!m_hasAnswered)
+            tryNextWays();
+        announce();
+    }
+
+    std::vector<Maker> m_ways;
+    std::size_t m_nextWay = 0;
+    bool m_isWatching = false;
+    bool m_hasAnswered = false;
+    std::unique_ptr<FrontmostApplication> m_way;
+    Subscription m_subscription;
+    /// Ways that gave up are kept: one of them may be in the midst of its announcement.
+    std::vector<std::unique_ptr<FrontmostApplication>> m_givenUp;
+};
+
+} // namespace
 
 std::unique_ptr<FrontmostApplication> chooseFrontmostApplication() {
-    std::vector<FirstAnsweringApplication::Maker> ways;
-    if (isWaylandSession()) {
-        ways.emplace_back([] { return std::make_unique<WlrootsFrontmostApplication>(); });
-        ways.emplace_back([] { return std::make_unique<KWinFrontmostApplication>(); });
-    } else {
-        ways.emplace_back([] { return std::make_unique<X11FrontmostApplication>(); });
-    }
-    return std::make_unique<FirstAnsweringApplication>(std::move(ways));
+    return std::make_unique<FirstAnsweringApplication>(waysOfAsking());
 }
 
 } // namespace brisklog

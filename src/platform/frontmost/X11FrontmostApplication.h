@@ -1,10 +1,50 @@
 #pragma once
 
 #include "platform/frontmost/ApplicationCatalogue.h"
-#include "platform/frontmost/X11ActiveWindow.h"
 #include "platform/frontmost/X11WindowManager.h"
+#include "platform/x11/X11Connection.h"
 
 namespace brisklog {
+
+/// What the properties of a window say about its program, as they stand.
+struct X11WindowFacts {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    std::vector<std::uint8_t> windowClass;
+    std::vector<std::uint8_t> applicationId;
+    std::vector<std::uint32_t> process;
+
+    bool operator==(const X11WindowFacts&) const = default;
+};
+
+/// The window that has the focus, by asking the X server each time. Nothing is listened to: the last window's
+/// properties are asked for along with the question which one is active, so an unchanged answer costs one
+/// round trip, and a window number that was handed to another program is noticed.
+class X11ActiveWindow {
+public:
+    /// Absent when no window is active, or when it vanished while it was being asked.
+    [[nodiscard]] std::optional<X11WindowFacts> ask();
+
+    /// A window's icons, as it sets them: width, height, colours (0xAARRGGBB) row by row, the next icon;
+    /// empty when it has none.
+    [[nodiscard]] std::vector<std::uint32_t> icons(xcb_window_t window) const;
+
+private:
+    struct Questions {
+        xcb_get_property_cookie_t windowClass;
+        xcb_get_property_cookie_t applicationId;
+        xcb_get_property_cookie_t process;
+    };
+
+    [[nodiscard]] Questions askAbout(xcb_window_t window) const;
+    [[nodiscard]] std::optional<X11WindowFacts> answer(xcb_window_t window, const Questions& questions) const;
+
+    X11Connection m_server;
+    xcb_atom_t m_activeWindow = m_server.atom("_NET_ACTIVE_WINDOW");
+    xcb_atom_t m_applicationId = m_server.atom("_GTK_APPLICATION_ID");
+    xcb_atom_t m_process = m_server.atom("_NET_WM_PID");
+    xcb_atom_t m_icon = m_server.atom("_NET_WM_ICON");
+    xcb_window_t m_last = XCB_WINDOW_NONE;
+};
 
 /// The frontmost application under X11: the window the window manager calls active. Not for Wayland, where
 /// the X server knows nothing of most windows.

@@ -2,7 +2,7 @@
 
 #include "SqliteUserDefaultsFixture.h"
 
-#include "platform/files/FailedWrites.h"
+#include "platform/files/Process.h"
 #include "support/ChildProcess.h"
 
 #include <fstream>
@@ -101,7 +101,7 @@ TEST_F(SqliteHardship, whatCannotBeReadOnAFullDiskIsNotTakenForAbsent) {
 TEST_F(SqliteHardship, beyondTheSizeLimitTheValueIsLostWithOneLine) {
     storeSomething();
     const auto end = runInChild([this] {
-        letFailedWritesReturn();
+        surviveFailedWrites();
         const struct rlimit limit { 100000, 100000 };
 
         ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);

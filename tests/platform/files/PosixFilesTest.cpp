@@ -1,6 +1,6 @@
 #include "platform/files/PosixFiles.h"
 
-#include "platform/files/FailedWrites.h"
+#include "platform/files/Process.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryHome.h"
 
@@ -273,7 +273,7 @@ TEST_F(PosixFilesTest, withoutAHomeThereAreNoFolders) {
 
 TEST(FailedWrites, aWriteToAClosedPipeReturns) {
     const auto end = runInChild([] {
-        letFailedWritesReturn();
+        surviveFailedWrites();
         int ends[2] = {};
         ASSERT_EQ(::pipe(ends), 0);
         ::close(ends[0]);

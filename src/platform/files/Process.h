@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Log.h"
+
 #include <filesystem>
 
 namespace brisklog {
@@ -25,5 +27,16 @@ private:
     int m_file = -1;
     State m_state = State::unavailable;
 };
+
+/// Prints to this process's standard output, each line at once. A closed or full output is ignored.
+class StandardOutputLog final : public Log {
+public:
+    void print(std::string_view line) override;
+};
+
+/// Makes a write beyond the process's size limit, or to a pipe nobody reads, return an error like any other
+/// failed write instead of ending the process. To be called once, before anything is written; programs
+/// started by this one are not affected.
+void surviveFailedWrites();
 
 } // namespace brisklog

@@ -1,8 +1,11 @@
-#include "platform/files/ProcessLock.h"
+#include "platform/files/Process.h"
 
+#include "foundation/Text.h"
 #include "platform/files/PosixFiles.h"
 
 #include <cerrno>
+#include <csignal>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -24,6 +27,22 @@ ProcessLock::ProcessLock(const std::filesystem::path& path) {
 ProcessLock::~ProcessLock() {
     if (m_file >= 0)
         ::close(m_file);
+}
+
+void StandardOutputLog::print(std::string_view line) {
+    const std::string whole = text::onOneLine(std::string(line)) + "\n";
+    std::fwrite(whole.data(), 1, whole.size(), stdout);
+    std::fflush(stdout);
+}
+
+void surviveFailedWrites() {
+    // A handler that does nothing, because "ignored" would be handed on to the programs we start.
+    struct sigaction nothing {};
+
+    nothing.sa_handler = [](int /*signal*/) {};
+    nothing.sa_flags = SA_RESTART;
+    sigaction(SIGXFSZ, &nothing, nullptr);
+    sigaction(SIGPIPE, &nothing, nullptr);
 }
 
 } // namespace brisklog
