@@ -1,7 +1,6 @@
 #include "autotrack/UsageHistoryStorage.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace brisklog {
@@ -128,8 +127,7 @@ bool UsageHistoryStorage::isStoredAsLeft() const {
 
 /// False when the value is still in the place of ours.
 bool UsageHistoryStorage::setUnreadableAside() {
-    const double unixSeconds = m_clock.now().secondsSinceReference + secondsFromUnixEpochToReference;
-    const auto newKey = std::string(unreadableKey) + std::to_string(std::llround(unixSeconds * 1000));
+    const auto newKey = std::string(unreadableKey) + std::to_string(millisecondsSince1970(m_clock.now()));
     const bool isAside = m_userDefaults.renameValue(dataKey, newKey) ||
                          m_userDefaults.readData(dataKey, [](DataParts&) {}) == Reading::absent;
     m_isUnreadable = !isAside;

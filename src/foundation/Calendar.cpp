@@ -10,11 +10,6 @@ constexpr double millisecondsPerSecond = 1000;
 /// Beyond this many seconds (three million years) there are no months.
 constexpr TimeInterval farthestMoment = 1e14;
 
-qint64 unixMilliseconds(Date date) {
-    return std::llround((date.secondsSinceReference + secondsFromUnixEpochToReference) *
-                        millisecondsPerSecond);
-}
-
 /// The moment when clocks of the zone show this. Where they skip it, they are read as if not yet put forward.
 qint64 momentOf(QDate day, QTime time, const QTimeZone& zone) {
     const QDateTime moment(day, time, zone);
@@ -32,7 +27,7 @@ Date firstMomentOf(QDate day, const QTimeZone& zone) {
     if (justBefore.date() == day)
         moment =
             QDateTime(day, QTime(0, 0), Qt::UTC).addSecs(-justBefore.offsetFromUtc()).toMSecsSinceEpoch();
-    return Date{static_cast<double>(moment) / millisecondsPerSecond - secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(static_cast<double>(moment) / millisecondsPerSecond);
 }
 
 } // namespace
@@ -51,7 +46,7 @@ Date Calendar::addingMonths(Date date, int months) const {
 }
 
 Date Calendar::moved(Date date, const std::function<QDate(QDate)>& move) const {
-    const qint64 before = unixMilliseconds(date);
+    const qint64 before = millisecondsSince1970(date);
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(before, m_zone);
     // Not QDateTime::addDays: into an hour that the clocks skip it lands one hour too late.
     const qint64 after = momentOf(move(local.date()), local.time(), m_zone);
@@ -61,8 +56,8 @@ Date Calendar::moved(Date date, const std::function<QDate(QDate)>& move) const {
 
 QDate Calendar::dayNumber(Date date) const {
     // Cut off, not rounded: the last half millisecond of a day is still in it.
-    const double unixSeconds = date.secondsSinceReference + secondsFromUnixEpochToReference;
-    const auto milliseconds = static_cast<qint64>(std::floor(unixSeconds * millisecondsPerSecond));
+    const auto milliseconds =
+        static_cast<qint64>(std::floor(date.secondsSince1970() * millisecondsPerSecond));
     return QDateTime::fromMSecsSinceEpoch(milliseconds, m_zone).date();
 }
 

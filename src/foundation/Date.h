@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cmath>
 #include <compare>
+#include <cstdint>
 
 namespace brisklog {
 
@@ -9,10 +11,22 @@ using TimeInterval = double;
 
 inline constexpr TimeInterval secondsPerHour = 3600;
 
+/// Seconds between 1970-01-01 and 2001-01-01, both 00:00:00 UTC.
+inline constexpr TimeInterval secondsFromUnixEpochToReference = 978307200;
+
 /// A point in time: seconds since 2001-01-01 00:00:00 UTC, fractions kept. This is also its form in our
 /// files.
 struct Date {
     TimeInterval secondsSinceReference = 0;
+
+    [[nodiscard]] static constexpr Date fromSecondsSince1970(TimeInterval seconds) {
+        return Date{seconds - secondsFromUnixEpochToReference};
+    }
+
+    /// As most of the world counts: from 1970-01-01 00:00:00 UTC.
+    [[nodiscard]] constexpr TimeInterval secondsSince1970() const {
+        return secondsSinceReference + secondsFromUnixEpochToReference;
+    }
 
     /// Seconds from `earlier` to this date; negative when `earlier` is in fact later.
     [[nodiscard]] constexpr TimeInterval since(Date earlier) const {
@@ -27,7 +41,9 @@ struct Date {
     constexpr auto operator<=>(const Date&) const = default;
 };
 
-/// Seconds between 1970-01-01 and 2001-01-01, both 00:00:00 UTC.
-inline constexpr TimeInterval secondsFromUnixEpochToReference = 978307200;
+/// Milliseconds since 1970-01-01 00:00:00 UTC, rounded.
+[[nodiscard]] inline std::int64_t millisecondsSince1970(Date date) {
+    return std::llround(date.secondsSince1970() * 1000);
+}
 
 } // namespace brisklog

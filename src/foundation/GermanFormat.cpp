@@ -66,8 +66,7 @@ DateFormatters& dateFormatters() {
 
 std::string formatted(const icu::DateFormat& formatter, Date date) {
     icu::UnicodeString text;
-    const double unixSeconds = date.secondsSinceReference + secondsFromUnixEpochToReference;
-    formatter.format(unixSeconds * millisecondsPerSecond, text);
+    formatter.format(date.secondsSince1970() * millisecondsPerSecond, text);
     return utf8(text);
 }
 

@@ -32,8 +32,7 @@ Date noonOf(const Day& day) { return day.start.addingSeconds(day.end.since(day.s
 
 /// 2026-11-15 09:41:00 +0000
 std::string description(Date date) {
-    const auto seconds =
-        static_cast<qint64>(std::floor(date.secondsSinceReference + secondsFromUnixEpochToReference));
+    const auto seconds = static_cast<qint64>(std::floor(date.secondsSince1970()));
     return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC)
         .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss '+0000'"))
         .toStdString();

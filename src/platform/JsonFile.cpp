@@ -1,14 +1,12 @@
 #include "platform/JsonFile.h"
 
-#include <cmath>
 #include <string>
 
 namespace brisklog {
 namespace {
 
 std::string rescuedName(const std::filesystem::path& path, Date written) {
-    const double unixMilliseconds = (written.secondsSinceReference + secondsFromUnixEpochToReference) * 1000;
-    return path.stem().string() + "-" + std::to_string(std::llround(unixMilliseconds));
+    return path.stem().string() + "-" + std::to_string(millisecondsSince1970(written));
 }
 
 enum class Copy { none, same, other };

@@ -14,7 +14,7 @@ std::vector<std::string> namesOf(const DailyAppUsage& day) {
 Date inBerlin(const char* isoTime) {
     QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
     local.setTimeZone(QTimeZone("Europe/Berlin"));
-    return Date{static_cast<double>(local.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
 }
 
 } // namespace brisklog::test

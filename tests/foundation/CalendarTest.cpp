@@ -13,7 +13,7 @@ protected:
     [[nodiscard]] Date at(const char* isoTime) const {
         QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
         local.setTimeZone(calendar.zone());
-        return Date{static_cast<double>(local.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+        return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
     }
 
     const Calendar calendar{QTimeZone("Europe/Berlin")};
@@ -105,7 +105,7 @@ TEST(Calendar, whereMidnightIsSkippedTheDayBeginsWhenTheClocksGoOn) {
     const Calendar beirut(QTimeZone("Asia/Beirut"));
     const auto noon =
         static_cast<double>(QDateTime(QDate(2022, 3, 27), QTime(9, 0), Qt::UTC).toSecsSinceEpoch());
-    const Day day = beirut.dayOf(Date{noon - secondsFromUnixEpochToReference});
+    const Day day = beirut.dayOf(Date::fromSecondsSince1970(noon));
     EXPECT_EQ(day.end.since(day.start), 23 * hour);
     EXPECT_EQ(beirut.dayOf(day.start), day);
     EXPECT_EQ(beirut.dayOf(day.start.addingSeconds(-1)).end, day.start);
@@ -131,7 +131,7 @@ TEST(CalendarElsewhere, monthBeginsWhenTheClocksGoOnWhereTheySkipMidnight) {
     const QDateTime afternoon(QDate(2017, 10, 15), QTime(15, 0), calendar.zone());
     const QDateTime first(QDate(2017, 10, 1), QTime(1, 0), calendar.zone());
     const auto moment = [](const QDateTime& time) {
-        return Date{static_cast<double>(time.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+        return Date::fromSecondsSince1970(static_cast<double>(time.toSecsSinceEpoch()));
     };
     EXPECT_EQ(calendar.startOfMonth(moment(afternoon)), moment(first));
 }
@@ -140,7 +140,7 @@ TEST(CalendarElsewhere, dayBeginsWithItsFirstMidnightWhereTheClocksGoBackToIt) {
     const Calendar calendar{QTimeZone("America/Havana")};
     const auto utc = [](int day, int hours) {
         const QDateTime time(QDate(2024, 11, day), QTime(hours, 0), Qt::UTC);
-        return Date{static_cast<double>(time.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+        return Date::fromSecondsSince1970(static_cast<double>(time.toSecsSinceEpoch()));
     };
     // On 3 November, 01:00 became 00:00 again.
     const Day expected{utc(3, 4), utc(4, 5)};

@@ -78,7 +78,7 @@ struct CalendarBench {
     [[nodiscard]] Date at(const char* isoTime) const {
         QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
         local.setTimeZone(calendar.zone());
-        return Date{static_cast<double>(local.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+        return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
     }
 
     /// One application was used for an hour on the day of this moment.

@@ -11,7 +11,7 @@ namespace brisklog::test {
 inline Date momentIn(const Calendar& calendar, const char* isoTime) {
     QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
     local.setTimeZone(calendar.zone());
-    return Date{static_cast<double>(local.toSecsSinceEpoch()) - secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
 }
 
 inline TimeEntry entryBetween(Date start, std::optional<Date> end) {

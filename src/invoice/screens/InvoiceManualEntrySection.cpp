@@ -10,7 +10,6 @@
 #include "ui/look/Layout.h"
 
 #include <QDateTime>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -18,18 +17,13 @@ namespace brisklog {
 namespace {
 
 constexpr int rateWidth = 120;
-constexpr double millisecondsPerSecond = 1000;
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-QDateTime moment(Date date) {
-    return QDateTime::fromMSecsSinceEpoch(
-        std::llround((date.secondsSinceReference + secondsFromUnixEpochToReference) * millisecondsPerSecond));
-}
+QDateTime moment(Date date) { return QDateTime::fromMSecsSinceEpoch(millisecondsSince1970(date)); }
 
 Date date(const QDateTime& moment) {
-    return {static_cast<double>(moment.toMSecsSinceEpoch()) / millisecondsPerSecond -
-            secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(static_cast<double>(moment.toMSecsSinceEpoch()) / 1000);
 }
 
 LayoutBox labelled(const QString& label, const LayoutBox& fields) {

@@ -6,7 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cmath>
 #include <cstring>
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -176,8 +175,7 @@ void SqliteUserDefaults::Storage::replaceBroken(const SqliteFailure& failure) {
 }
 
 fs::path SqliteUserDefaults::Storage::freeNameForBroken() const {
-    const double unixSeconds = m_clock.now().secondsSinceReference + secondsFromUnixEpochToReference;
-    const auto name = withEnding(*m_file, ".broken-" + std::to_string(std::llround(unixSeconds * 1000)));
+    const auto name = withEnding(*m_file, ".broken-" + std::to_string(millisecondsSince1970(m_clock.now())));
     fs::path free = name;
     for (int number = 2; number < 1000 && PosixFiles().exists(free); ++number)
         free = withEnding(name, "-" + std::to_string(number));

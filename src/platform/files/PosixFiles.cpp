@@ -245,7 +245,7 @@ std::optional<Date> PosixFiles::modificationDate(const fs::path& path) const {
         return std::nullopt;
     const auto seconds =
         static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) / 1e9;
-    return Date{seconds - secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(seconds);
 }
 
 Result<Done> PosixFiles::replace(const fs::path& path, std::string_view bytes, Durability durability) {

@@ -6,7 +6,7 @@ namespace brisklog {
 
 Date SystemClock::now() const {
     const std::chrono::duration<double> sinceUnixEpoch = std::chrono::system_clock::now().time_since_epoch();
-    return Date{sinceUnixEpoch.count() - secondsFromUnixEpochToReference};
+    return Date::fromSecondsSince1970(sinceUnixEpoch.count());
 }
 
 } // namespace brisklog

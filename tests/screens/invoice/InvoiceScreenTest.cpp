@@ -254,8 +254,7 @@ TEST_F(InvoiceScreenTest, addsWhatWasTypedAsManualEntry) {
     const TimeEntry& entry = content.projectEntries()[0];
     EXPECT_EQ(entry.taskName, "Vor-Ort-Termin");
     EXPECT_EQ(entry.hourlyRate, 85.5);
-    EXPECT_EQ(entry.startTime.secondsSinceReference + secondsFromUnixEpochToReference,
-              static_cast<double>(moment.toSecsSinceEpoch()));
+    EXPECT_EQ(entry.startTime.secondsSince1970(), static_cast<double>(moment.toSecsSinceEpoch()));
     EXPECT_EQ(entry.endTime, entry.startTime.addingSeconds(3660));
     EXPECT_EQ(field(window, u"Beschreibung"_s).text(), QString());
     EXPECT_EQ(field(window, u"Stundenlohn"_s).text(), QString());
@@ -269,7 +268,7 @@ TEST_F(InvoiceScreenTest, theManualDateStartsAtTheMomentOfOpening) {
     InvoiceSheetWindow window(content);
     const auto* date = window.sheet->findChild<QDateTimeEdit*>();
     EXPECT_EQ(static_cast<double>(date->dateTime().toSecsSinceEpoch()),
-              content.clock.now().secondsSinceReference + secondsFromUnixEpochToReference);
+              content.clock.now().secondsSince1970());
 }
 
 TEST_F(InvoiceScreenTest, looksAsItShould) {
