@@ -27,6 +27,8 @@ class ManualClock final : public Clock {
 public:
     [[nodiscard]] Date now() const override { return moment; }
 
+    [[nodiscard]] Calendar calendar() const override { return Calendar(QTimeZone("Europe/Berlin")); }
+
     Date moment = firstDay;
 };
 

@@ -2,6 +2,7 @@
 
 #include "foundation/Date.h"
 
+#include <QDateTime>
 #include <QTimeZone>
 #include <functional>
 
@@ -25,13 +26,25 @@ struct YearAndMonth {
     bool operator==(const YearAndMonth&) const = default;
 };
 
-/// Arithmetic with days as people count them, in one time zone: a day may have 23 or 25 hours.
+/// Time as people in one place count it: its time zone, the day its weeks begin with, and arithmetic with
+/// days, of which one may have 23 or 25 hours.
 class Calendar {
 public:
-    explicit Calendar(const QTimeZone& zone);
+    explicit Calendar(const QTimeZone& zone, Qt::DayOfWeek firstWeekday = Qt::Monday);
 
     /// The calendar of the user's own time zone.
     [[nodiscard]] static Calendar current();
+
+    [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
+
+    [[nodiscard]] Qt::DayOfWeek firstWeekday() const { return m_firstWeekday; }
+
+    /// What clocks show at that moment, fractions of a second cut off; invalid where no calendar reaches.
+    [[nodiscard]] QDateTime localTime(Date date) const;
+
+    /// The moment when clocks show this, one of the two where they show it twice. Where they skip it, as much
+    /// later as they skip.
+    [[nodiscard]] Date momentOf(QDate day, QTime time) const;
 
     /// The same time of day a number of days later (earlier when negative); where the clocks skip that time,
     /// as much later as they skip.
@@ -50,17 +63,18 @@ public:
     /// The month in which the moment lies.
     [[nodiscard]] YearAndMonth monthOf(Date date) const;
 
-    /// The day of the month in which the moment lies, counted from 1.
-    [[nodiscard]] int dayNumberOf(Date date) const;
+    /// In which day of its month the moment lies, counted from 1.
+    [[nodiscard]] int dayOfMonth(Date date) const { return localTime(date).date().day(); }
 
-    [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
+    bool operator==(const Calendar&) const = default;
 
 private:
+    [[nodiscard]] Date firstMomentOf(QDate day) const;
     /// The same time of day on another day.
     [[nodiscard]] Date moved(Date date, const std::function<QDate(QDate)>& move) const;
-    [[nodiscard]] QDate dayNumber(Date date) const;
 
     QTimeZone m_zone;
+    Qt::DayOfWeek m_firstWeekday;
 };
 
 } // namespace brisklog

@@ -71,7 +71,7 @@ std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& ca
         start = calendar.startOfMonth(calendar.addingMonths(start, 1));
     const Date date = calendar.addingDays(start, wanted.day() - 1);
     // A zone that moved across the date line went without a day: what would stand for it is the next one.
-    return calendar.dayNumberOf(date) == wanted.day() ? std::optional(date) : std::nullopt;
+    return calendar.dayOfMonth(date) == wanted.day() ? std::optional(date) : std::nullopt;
 }
 
 std::vector<std::optional<CalendarCell>> CalendarView::cells() const {
@@ -89,7 +89,7 @@ CalendarCell CalendarView::cellOf(Date date, const Calendar& calendar) const {
     const Day day = calendar.dayOf(date);
     const bool hasData = usageOn(day) != nullptr;
     return {.date = date,
-            .dayNumber = std::to_string(calendar.dayNumberOf(date)),
+            .dayNumber = std::to_string(calendar.dayOfMonth(date)),
             .isOfMonth = calendar.monthOf(date) == calendar.monthOf(currentMonth),
             .isToday = day.contains(m_platform.clock.now()),
             .isSelected = isSelected(day),

@@ -22,6 +22,8 @@ public:
 
     [[nodiscard]] Date now() const override { return m_steady.now().addingSeconds(m_shift); }
 
+    [[nodiscard]] Calendar calendar() const override { return m_steady.calendar(); }
+
     void set(Date now) { m_shift = now.since(m_steady.now()); }
 
 private:

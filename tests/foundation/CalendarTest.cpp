@@ -1,20 +1,16 @@
 #include "foundation/Calendar.h"
 
-#include <QDateTime>
+#include "support/FakeClock.h"
+
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace brisklog::test {
 namespace {
 
-constexpr double hour = 3600;
-
 class BerlinCalendar : public testing::Test {
 protected:
-    [[nodiscard]] Date at(const char* isoTime) const {
-        QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
-        local.setTimeZone(calendar.zone());
-        return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
-    }
+    [[nodiscard]] static Date at(const char* isoTime) { return momentIn("Europe/Berlin", isoTime); }
 
     const Calendar calendar{QTimeZone("Europe/Berlin")};
 };
@@ -78,8 +74,25 @@ TEST_F(BerlinCalendar, fractionsOfASecondAreKept) {
     EXPECT_EQ(calendar.addingDays(noon, 30).since(noon), 30 * 24 * hour);
 }
 
-TEST(Calendar, currentOneIsThatOfTheSystem) {
-    EXPECT_EQ(Calendar::current().zone(), QTimeZone::systemTimeZone());
+TEST_F(BerlinCalendar, tellsWhatClocksShow) {
+    const auto shown = [this](Date date) {
+        return calendar.localTime(date).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
+    };
+    EXPECT_EQ(shown(Date{816456008}), "2026-11-15 18:20:08");
+    EXPECT_EQ(shown(Date{816456008.9996}), "2026-11-15 18:20:08");
+    EXPECT_EQ(shown(at("2026-07-01T00:00:00").addingSeconds(-0.0001)), "2026-06-30 23:59:59");
+    EXPECT_EQ(shown(Date{-978307200.5}), "1970-01-01 00:59:59");
+    for (const double seconds : {1e300, -1e300, 1e15, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_FALSE(calendar.localTime(Date{seconds}).isValid());
+}
+
+TEST_F(BerlinCalendar, momentIsTheOneWhenClocksShowThat) {
+    EXPECT_EQ(calendar.momentOf(QDate(2026, 11, 15), QTime(18, 20, 8)), Date{816456008});
+    EXPECT_EQ(calendar.momentOf(QDate(2026, 7, 1), QTime(0, 0)), at("2026-07-01T00:00:00"));
+    const Date skipped = calendar.momentOf(QDate(2026, 3, 29), QTime(2, 30));
+    EXPECT_EQ(skipped, at("2026-03-29T03:30:00")) << "as much later as the clocks skip";
+    const Date twice = calendar.momentOf(QDate(2026, 10, 25), QTime(2, 30));
+    EXPECT_EQ(calendar.localTime(twice).time(), QTime(2, 30));
 }
 
 TEST_F(BerlinCalendar, aDayRunsFromMidnightToMidnight) {
@@ -103,9 +116,7 @@ TEST_F(BerlinCalendar, daysOfTheClockChangesHave23And25Hours) {
 
 TEST(Calendar, whereMidnightIsSkippedTheDayBeginsWhenTheClocksGoOn) {
     const Calendar beirut(QTimeZone("Asia/Beirut"));
-    const auto noon =
-        static_cast<double>(QDateTime(QDate(2022, 3, 27), QTime(9, 0), Qt::UTC).toSecsSinceEpoch());
-    const Day day = beirut.dayOf(Date::fromSecondsSince1970(noon));
+    const Day day = beirut.dayOf(momentIn("UTC", "2022-03-27T09:00:00"));
     EXPECT_EQ(day.end.since(day.start), 23 * hour);
     EXPECT_EQ(beirut.dayOf(day.start), day);
     EXPECT_EQ(beirut.dayOf(day.start.addingSeconds(-1)).end, day.start);
@@ -128,27 +139,20 @@ TEST_F(BerlinCalendar, monthBeginsWithItsFirstMoment) {
 
 TEST(CalendarElsewhere, monthBeginsWhenTheClocksGoOnWhereTheySkipMidnight) {
     const Calendar calendar{QTimeZone("America/Asuncion")};
-    const QDateTime afternoon(QDate(2017, 10, 15), QTime(15, 0), calendar.zone());
-    const QDateTime first(QDate(2017, 10, 1), QTime(1, 0), calendar.zone());
-    const auto moment = [](const QDateTime& time) {
-        return Date::fromSecondsSince1970(static_cast<double>(time.toSecsSinceEpoch()));
-    };
-    EXPECT_EQ(calendar.startOfMonth(moment(afternoon)), moment(first));
+    const auto at = [](const char* isoTime) { return momentIn("America/Asuncion", isoTime); };
+    EXPECT_EQ(calendar.startOfMonth(at("2017-10-15T15:00:00")), at("2017-10-01T01:00:00"));
 }
 
 TEST(CalendarElsewhere, dayBeginsWithItsFirstMidnightWhereTheClocksGoBackToIt) {
     const Calendar calendar{QTimeZone("America/Havana")};
-    const auto utc = [](int day, int hours) {
-        const QDateTime time(QDate(2024, 11, day), QTime(hours, 0), Qt::UTC);
-        return Date::fromSecondsSince1970(static_cast<double>(time.toSecsSinceEpoch()));
-    };
     // On 3 November, 01:00 became 00:00 again.
-    const Day expected{utc(3, 4), utc(4, 5)};
-    EXPECT_EQ(calendar.dayOf(utc(3, 4)), expected);
-    EXPECT_EQ(calendar.dayOf(utc(3, 5)), expected);
-    EXPECT_EQ(calendar.dayOf(utc(4, 4)), expected);
-    EXPECT_EQ(calendar.dayOf(utc(3, 3)).end, expected.start);
-    EXPECT_EQ(calendar.dayNumberOf(utc(3, 4)), 3);
+    const Date firstMidnight = momentIn("UTC", "2024-11-03T04:00:00");
+    const Day expected{firstMidnight, firstMidnight.addingSeconds(25 * hour)};
+    EXPECT_EQ(calendar.dayOf(firstMidnight), expected);
+    EXPECT_EQ(calendar.dayOf(firstMidnight.addingSeconds(hour)), expected);
+    EXPECT_EQ(calendar.dayOf(firstMidnight.addingSeconds(24 * hour)), expected);
+    EXPECT_EQ(calendar.dayOf(firstMidnight.addingSeconds(-hour)).end, expected.start);
+    EXPECT_EQ(calendar.dayOfMonth(firstMidnight), 3);
 }
 
 } // namespace
