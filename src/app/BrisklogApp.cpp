@@ -31,9 +31,6 @@ namespace {
 /// How long a desktop may take to show its panel.
 constexpr TimeInterval waitForPanel = 3;
 
-/// As the calendar counts: from Sunday as 1.
-int firstWeekdayOf(const QLocale& locale) { return locale.firstDayOfWeek() % CalendarView::columns + 1; }
-
 /// Makes the toolkit's own texts (file dialog, menus of fields) and its dates German. Without the
 /// translations' package they stay English; nothing else changes.
 void installGermanTexts(QCoreApplication& application) {
@@ -180,7 +177,6 @@ QWidget* BrisklogApp::makeAutoTrackingPanel() {
         new CalendarScreen({.autoTrackingManager = manager,
                             .detailWindows = m_detailWindows,
                             .clock = m_platform.clock,
-                            .firstWeekday = firstWeekdayOf(QLocale::system()),
                             .showDetailWindow = [this](const DetailWindowContent& content,
                                                        const std::weak_ptr<DetailWindowDelegate>& delegate) {
                                 return m_dayWindows.show(content, delegate);

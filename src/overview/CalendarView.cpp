@@ -19,11 +19,9 @@ struct MonthGrid {
     int offset;
 };
 
-MonthGrid gridOf(const YearAndMonth& month, int firstWeekday) {
+MonthGrid gridOf(const YearAndMonth& month, Qt::DayOfWeek firstWeekday) {
     const QDate first(month.year, month.month, 1);
-    // Counted from Sunday as 1, as the first weekday is.
-    const int weekday = first.dayOfWeek() % daysPerWeek + 1;
-    return {first, (weekday - firstWeekday + daysPerWeek) % daysPerWeek};
+    return {first, (first.dayOfWeek() - firstWeekday + daysPerWeek) % daysPerWeek};
 }
 
 /// A moment on that day. The formatters' zones may be of another year than the calendar's and disagree about
@@ -44,7 +42,7 @@ CalendarView::CalendarView(CalendarPlatform platform)
     : currentMonth(*this, platform.clock.now()), m_platform(std::move(platform)) {}
 
 std::string CalendarView::monthTitle() const {
-    const Calendar calendar = m_platform.calendar();
+    const Calendar calendar = m_platform.clock.calendar();
     return format::date(noonOf(calendar.dayOf(calendar.startOfMonth(currentMonth))),
                         format::DateForm::monthAndYear);
 }
@@ -52,16 +50,16 @@ std::string CalendarView::monthTitle() const {
 std::string CalendarView::columnHeading(int column) const {
     // The second row: all of its days are of this month.
     const auto date = getDate(1, column);
-    return date ? format::date(noonOf(m_platform.calendar().dayOf(*date)), format::DateForm::weekday)
+    return date ? format::date(noonOf(m_platform.clock.calendar().dayOf(*date)), format::DateForm::weekday)
                 : std::string();
 }
 
 std::optional<Date> CalendarView::getDate(int row, int column) const {
-    return dateAt(row, column, m_platform.calendar());
+    return dateAt(row, column, m_platform.clock.calendar());
 }
 
 std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& calendar) const {
-    const MonthGrid grid = gridOf(calendar.monthOf(currentMonth), m_platform.firstWeekday);
+    const MonthGrid grid = gridOf(calendar.monthOf(currentMonth), calendar.firstWeekday());
     const int day = row * columns + column - grid.offset + 1;
     const QDate wanted = grid.first.addDays(day - 1);
     Date start = calendar.startOfMonth(currentMonth);
@@ -75,7 +73,7 @@ std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& ca
 }
 
 std::vector<std::optional<CalendarCell>> CalendarView::cells() const {
-    const Calendar calendar = m_platform.calendar();
+    const Calendar calendar = m_platform.clock.calendar();
     std::vector<std::optional<CalendarCell>> cells;
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column) {
@@ -103,7 +101,7 @@ bool CalendarView::isSelected(const Day& day) const {
 }
 
 bool CalendarView::hasDataForDate(Date date) const {
-    return usageOn(m_platform.calendar().dayOf(date)) != nullptr;
+    return usageOn(m_platform.clock.calendar().dayOf(date)) != nullptr;
 }
 
 const DailyAppUsage* CalendarView::usageOn(const Day& day) const {
@@ -115,12 +113,12 @@ const DailyAppUsage* CalendarView::usageOn(const Day& day) const {
 
 void CalendarView::selectDate(Date date) {
     selectedDate = date;
-    if (const DailyAppUsage* const usage = usageOn(m_platform.calendar().dayOf(date)))
+    if (const DailyAppUsage* const usage = usageOn(m_platform.clock.calendar().dayOf(date)))
         openDetailWindow(*usage, date);
 }
 
 void CalendarView::openDetailWindow(const DailyAppUsage& usage, Date selected) {
-    const Date day = noonOf(m_platform.calendar().dayOf(usage.date));
+    const Date day = noonOf(m_platform.clock.calendar().dayOf(usage.date));
     const DetailWindowContent content{.title = "App-Nutzung: " + formatDate(day),
                                       .detail = DailyUsageDetailView(usage, m_platform.clock.now())};
     auto delegate = std::make_shared<DetailWindowDelegate>();
@@ -130,10 +128,12 @@ void CalendarView::openDetailWindow(const DailyAppUsage& usage, Date selected) {
 }
 
 void CalendarView::showPreviousMonth() {
-    currentMonth = m_platform.calendar().addingMonths(currentMonth, -1);
+    currentMonth = m_platform.clock.calendar().addingMonths(currentMonth, -1);
 }
 
-void CalendarView::showNextMonth() { currentMonth = m_platform.calendar().addingMonths(currentMonth, 1); }
+void CalendarView::showNextMonth() {
+    currentMonth = m_platform.clock.calendar().addingMonths(currentMonth, 1);
+}
 
 std::string CalendarView::formatDate(Date date) { return format::date(date, format::DateForm::mediumDate); }
 

@@ -26,14 +26,10 @@ struct CalendarPlatform {
     AutoTrackingManager& autoTrackingManager;
     DetailWindowManager& detailWindows;
     const Clock& clock;
-    /// The user's first day of the week: 1 is Sunday, 7 is Saturday.
-    int firstWeekday;
     /// Shows the content in a new window, which tells the delegate for as long as that exists.
     std::function<std::shared_ptr<DetailWindowController>(const DetailWindowContent& content,
                                                           std::weak_ptr<DetailWindowDelegate> delegate)>
         showDetailWindow;
-    /// Asked anew each time: the user may travel.
-    std::function<Calendar()> calendar = &Calendar::current;
 };
 
 /// One day as the grid shows it.

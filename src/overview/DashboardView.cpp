@@ -84,7 +84,7 @@ void DashboardView::disappear() { m_tick.reset(); }
 
 DashboardContent DashboardView::content() const {
     const Date now = m_platform.clock.now();
-    const Calendar calendar = m_platform.calendar();
+    const Calendar calendar = m_platform.clock.calendar();
     const DashboardFigures figures =
         dashboardFigures(m_platform.store.projects, m_platform.store.activeEntries, calendar, now);
     return {.currentDate = format::date(now, format::DateForm::fullDate),

@@ -5,7 +5,6 @@
 #include "overview/ChartScale.h"
 #include "overview/DashboardFigures.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -77,8 +76,6 @@ struct DashboardPlatform {
     TimeTrackingStore& store;
     Clock& clock;
     RunLoop& runLoop;
-    /// Asked anew each time: the user may travel.
-    std::function<Calendar()> calendar = &Calendar::current;
 };
 
 /// The overview of all work. It changes nothing and keeps nothing: every figure is computed when it is shown.

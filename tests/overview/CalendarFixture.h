@@ -8,16 +8,11 @@
 #include "support/RecordingLog.h"
 #include "support/VirtualRunLoop.h"
 
-#include <QDateTime>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace brisklog::test {
-
-constexpr int sunday = 1;
-constexpr int monday = 2;
-constexpr int saturday = 7;
 
 /// Windows that a test opens and closes, with a record of what they show.
 class RecordedWindows {
@@ -56,36 +51,30 @@ private:
 
 /// A tracker's days, a calendar over them, and windows that are only recorded.
 struct CalendarBench {
-    explicit CalendarBench(const char* zone = "Europe/Berlin", int weekStart = monday)
-        : calendar{QTimeZone(zone)}, firstWeekday(weekStart) {
-        format::useTimeZone(calendar.zone());
+    explicit CalendarBench(const char* timeZone = "Europe/Berlin", Qt::DayOfWeek firstWeekday = Qt::Monday)
+        : zone(timeZone) {
+        clock.setCalendar(Calendar(QTimeZone(zone), firstWeekday));
+        format::useTimeZone(QTimeZone(zone));
     }
 
     [[nodiscard]] CalendarPlatform platform() {
         return {.autoTrackingManager = manager,
                 .detailWindows = registry,
                 .clock = clock,
-                .firstWeekday = firstWeekday,
-                .showDetailWindow =
-                    [this](const DetailWindowContent& content,
-                           const std::weak_ptr<DetailWindowDelegate>& delegate) {
-                        return windows.show(content, delegate);
-                    },
-                .calendar = [this] { return calendar; }};
+                .showDetailWindow = [this](const DetailWindowContent& content,
+                                           const std::weak_ptr<DetailWindowDelegate>& delegate) {
+                    return windows.show(content, delegate);
+                }};
     }
 
     /// That moment on the zone's clocks ("2026-11-15T09:00:00").
-    [[nodiscard]] Date at(const char* isoTime) const {
-        QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
-        local.setTimeZone(calendar.zone());
-        return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
-    }
+    [[nodiscard]] Date at(const char* isoTime) const { return momentIn(zone, isoTime); }
 
     /// One application was used for an hour on the day of this moment.
     void record(Date begin, const std::string& application = "Editor") {
         manager.dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
             days.push_back({.id = Uuid::generate(),
-                            .date = calendar.dayOf(begin).start,
+                            .date = clock.calendar().dayOf(begin).start,
                             .sessions = {{.id = Uuid::generate(),
                                           .appName = application,
                                           .bundleIdentifier = application,
@@ -95,19 +84,18 @@ struct CalendarBench {
         });
     }
 
+    const char* zone;
     FakeClock clock;
     VirtualRunLoop runLoop{clock};
     FakeFrontmostApplication frontmost;
     MemoryUserDefaults userDefaults;
     RecordingLog log;
-    Calendar calendar;
-    int firstWeekday;
     AutoTrackingManager manager{{.frontmost = frontmost,
                                  .userDefaults = userDefaults,
                                  .clock = clock,
                                  .runLoop = runLoop,
                                  .log = log,
-                                 .currentCalendar = [this] { return calendar; }}};
+                                 .currentCalendar = [this] { return clock.calendar(); }}};
     DetailWindowManager registry;
     RecordedWindows windows;
 };

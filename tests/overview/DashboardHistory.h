@@ -1,18 +1,8 @@
 #pragma once
 
-#include "foundation/Calendar.h"
 #include "overview/DashboardFigures.h"
 
-#include <QDateTime>
-
 namespace brisklog::test {
-
-/// A moment as the clocks of the zone show it.
-inline Date momentIn(const Calendar& calendar, const char* isoTime) {
-    QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
-    local.setTimeZone(calendar.zone());
-    return Date::fromSecondsSince1970(static_cast<double>(local.toSecsSinceEpoch()));
-}
 
 inline TimeEntry entryBetween(Date start, std::optional<Date> end) {
     TimeEntry entry;

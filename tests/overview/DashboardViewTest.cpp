@@ -20,11 +20,12 @@ using testing::ElementsAre;
 class DashboardViewTest : public testing::Test {
 protected:
     DashboardViewTest() {
-        format::useTimeZone(calendar.zone());
+        clock.setZone("Europe/Berlin");
+        format::useTimeZone(QTimeZone("Europe/Berlin"));
         clock.set(at("2026-11-20T14:30:00"));
     }
 
-    [[nodiscard]] Date at(const char* isoTime) const { return momentIn(calendar, isoTime); }
+    [[nodiscard]] static Date at(const char* isoTime) { return momentIn("Europe/Berlin", isoTime); }
 
     void setProjects(std::vector<Project> projects) { store.projects = std::move(projects); }
 
@@ -34,7 +35,6 @@ protected:
         return text;
     }
 
-    const Calendar calendar{QTimeZone("Europe/Berlin")};
     TemporaryHome home;
     RecordingFiles files;
     MemoryUserDefaults defaults;
@@ -42,7 +42,7 @@ protected:
     VirtualRunLoop runLoop{clock};
     RecordingLog log;
     TimeTrackingStore store{{files, defaults, clock, runLoop, log}};
-    DashboardView view{{store, clock, runLoop, [this] { return calendar; }}};
+    DashboardView view{{store, clock, runLoop}};
 };
 
 TEST_F(DashboardViewTest, withoutProjectsEverythingReadsAsZero) {

@@ -34,7 +34,7 @@ protected:
     void record(int daysAgo, const std::string& application, double seconds,
                 const std::optional<std::string>& icon = std::nullopt) {
         const Date begin = friday.addingSeconds(-daysAgo * fullDay);
-        const Day of = Calendar(QTimeZone::utc()).dayOf(begin);
+        const Day of = bench.clock.calendar().dayOf(begin);
         manager().dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
             auto found = std::ranges::find(days, of.start, &DailyAppUsage::date);
             if (found == days.end())
@@ -76,17 +76,14 @@ protected:
 
 private:
     QWidget* makePanel() {
-        auto* const calendar =
-            new CalendarScreen({.autoTrackingManager = manager(),
-                                .detailWindows = registry,
-                                .clock = bench.clock,
-                                .firstWeekday = 2,
-                                .showDetailWindow =
-                                    [this](const DetailWindowContent& content,
-                                           const std::weak_ptr<DetailWindowDelegate>& delegate) {
-                                        return windows.show(content, delegate);
-                                    },
-                                .calendar = [] { return Calendar(QTimeZone::utc()); }});
+        auto* const calendar = new CalendarScreen(
+            {.autoTrackingManager = manager(),
+             .detailWindows = registry,
+             .clock = bench.clock,
+             .showDetailWindow = [this](const DetailWindowContent& content,
+                                        const std::weak_ptr<DetailWindowDelegate>& delegate) {
+                 return windows.show(content, delegate);
+             }});
         return new AutoTrackingScreen(manager(), bench.frontmost, calendar);
     }
 };

@@ -100,8 +100,7 @@ protected:
     }
 
     ProjectWorkbench bench;
-    DashboardScreen screen{
-        {bench.store, bench.clock, bench.runLoop, [] { return Calendar(QTimeZone::utc()); }}};
+    DashboardScreen screen{{bench.store, bench.clock, bench.runLoop}};
 };
 
 TEST_F(DashboardScreenTest, showsEveryFigureUnderItsCaption) {
