@@ -6,6 +6,7 @@
 #include "autotrack/AutoTrackingManager.h"
 #include "bench/Histories.h"
 #include "bench/IdlePlatform.h"
+#include "foundation/Calendar.h"
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/files/PosixFiles.h"
 
@@ -90,8 +91,7 @@ struct Machine {
                 .userDefaults = userDefaults,
                 .clock = clock,
                 .runLoop = runLoop,
-                .log = log,
-                .currentCalendar = [] { return Calendar::current(); }};
+                .log = log};
     }
 
     fs::path folder;

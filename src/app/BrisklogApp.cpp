@@ -121,8 +121,7 @@ void BrisklogApp::loadProjects() {
                              .userDefaults = m_platform.userDefaults,
                              .clock = m_platform.clock,
                              .runLoop = m_platform.runLoop,
-                             .log = m_platform.log,
-                             .currentCalendar = &Calendar::current});
+                             .log = m_platform.log});
 }
 
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }

@@ -1,5 +1,6 @@
 #include "autotrack/AutoTrackingManager.h"
 
+#include "foundation/Calendar.h"
 #include "foundation/Text.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ void AutoTrackingManager::clearAllData() {
 }
 
 void AutoTrackingManager::clearDataForDay(Date date) {
-    const Day day = m_platform.currentCalendar().dayOf(date);
+    const Day day = m_platform.clock.calendar().dayOf(date);
     changeHistory([&](std::vector<DailyAppUsage>& days) {
         m_storage.noteChangeFrom(indexOfDay(days, day));
         std::erase_if(days, [&day](const DailyAppUsage& usage) { return day.contains(usage.date); });
@@ -96,7 +97,7 @@ void AutoTrackingManager::openSession(const DesktopApplication& application, std
 
 /// Files the whole session under the day on which it began, also when it ran past midnight.
 void AutoTrackingManager::saveSession(const AppUsageSession& session) {
-    const Day day = m_platform.currentCalendar().dayOf(session.startTime);
+    const Day day = m_platform.clock.calendar().dayOf(session.startTime);
     changeHistory([&](std::vector<DailyAppUsage>& days) {
         const std::size_t index = indexOfDay(days, day);
         if (index == days.size())

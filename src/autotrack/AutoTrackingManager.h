@@ -2,7 +2,6 @@
 
 #include "autotrack/DailyAppUsage.h"
 #include "autotrack/UsageHistoryStorage.h"
-#include "foundation/Calendar.h"
 #include "foundation/Observable.h"
 #include "platform/Clock.h"
 #include "platform/FrontmostApplication.h"
@@ -10,7 +9,6 @@
 #include "platform/RunLoop.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -24,8 +22,6 @@ struct AutoTrackingPlatform {
     const Clock& clock;
     RunLoop& runLoop;
     Log& log;
-    /// Asked anew for every session: who travels changes the time zone.
-    std::function<Calendar()> currentCalendar;
 };
 
 /// Records, while switched on, which application is frontmost and from when to when. Every closed session is

@@ -261,7 +261,7 @@ TEST_F(Tracker, theTimeZoneOfTheMomentDecidesTheDay) {
     manager().startTracking();
     use("Editor", 5);
     use("Browser", 5);
-    calendar = Calendar(QTimeZone("America/New_York"));
+    steadyClock.setZone("America/New_York");
     use("Editor", 5);
     ASSERT_THAT(days(), SizeIs(2)) << "Berlin's midnight lies on the day before in New York";
     EXPECT_EQ(days()[1].date, inBerlin("2026-11-15T06:00:00"));

@@ -71,13 +71,12 @@ private:
     void restart() {
         m_manager.reset();
         AutoTrackingPlatform platform = m_desktop.platform();
-        m_manager = std::make_unique<AutoTrackingManager>(
-            AutoTrackingPlatform{.frontmost = platform.frontmost,
-                                 .userDefaults = m_userDefaults,
-                                 .clock = platform.clock,
-                                 .runLoop = platform.runLoop,
-                                 .log = platform.log,
-                                 .currentCalendar = platform.currentCalendar});
+        m_manager =
+            std::make_unique<AutoTrackingManager>(AutoTrackingPlatform{.frontmost = platform.frontmost,
+                                                                       .userDefaults = m_userDefaults,
+                                                                       .clock = platform.clock,
+                                                                       .runLoop = platform.runLoop,
+                                                                       .log = platform.log});
     }
 
     void changeFromOutside() {

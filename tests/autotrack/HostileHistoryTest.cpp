@@ -40,12 +40,8 @@ public:
     }
 
     [[nodiscard]] AutoTrackingPlatform platformWith(UserDefaults& database) {
-        return {.frontmost = frontmost,
-                .userDefaults = database,
-                .clock = clock,
-                .runLoop = runLoop,
-                .log = log,
-                .currentCalendar = [this] { return calendar; }};
+        return {
+            .frontmost = frontmost, .userDefaults = database, .clock = clock, .runLoop = runLoop, .log = log};
     }
 
     /// A beginning, and then the same filling up to the size.

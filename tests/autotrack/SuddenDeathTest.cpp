@@ -45,8 +45,7 @@ public:
                 .userDefaults = database,
                 .clock = platform.clock,
                 .runLoop = platform.runLoop,
-                .log = platform.log,
-                .currentCalendar = platform.currentCalendar};
+                .log = platform.log};
     }
 
     /// One application after the other is in front, each with its number as its name. Now and then it is the

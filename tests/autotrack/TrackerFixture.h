@@ -34,6 +34,8 @@ private:
 /// A desktop with a tracker on it, in Berlin. The tracker is made by `start` and can be made again.
 class Tracker : public ::testing::Test {
 public:
+    Tracker() { steadyClock.setZone("Europe/Berlin"); }
+
     void start() {
         // The earlier one ends first, as programs do.
         m_manager.reset();
@@ -45,8 +47,7 @@ public:
                 .userDefaults = userDefaults,
                 .clock = clock,
                 .runLoop = runLoop,
-                .log = log,
-                .currentCalendar = [this] { return calendar; }};
+                .log = log};
     }
 
     [[nodiscard]] AutoTrackingManager& manager() { return *m_manager; }
@@ -73,7 +74,6 @@ public:
     FakeFrontmostApplication frontmost;
     MemoryUserDefaults userDefaults;
     RecordingLog log;
-    Calendar calendar{QTimeZone("Europe/Berlin")};
 
 private:
     std::unique_ptr<AutoTrackingManager> m_manager;
@@ -82,6 +82,6 @@ private:
 [[nodiscard]] std::vector<std::string> namesOf(const DailyAppUsage& day);
 
 /// The moment of this time in Berlin ("2026-11-15T23:59:00").
-[[nodiscard]] Date inBerlin(const char* isoTime);
+[[nodiscard]] inline Date inBerlin(const char* isoTime) { return momentIn("Europe/Berlin", isoTime); }
 
 } // namespace brisklog::test

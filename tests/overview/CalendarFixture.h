@@ -94,8 +94,7 @@ struct CalendarBench {
                                  .userDefaults = userDefaults,
                                  .clock = clock,
                                  .runLoop = runLoop,
-                                 .log = log,
-                                 .currentCalendar = [this] { return clock.calendar(); }}};
+                                 .log = log}};
     DetailWindowManager registry;
     RecordedWindows windows;
 };

@@ -33,8 +33,7 @@ struct ProjectWorkbench {
                 .userDefaults = userDefaults,
                 .clock = clock,
                 .runLoop = runLoop,
-                .log = log,
-                .currentCalendar = [] { return Calendar(QTimeZone::utc()); }};
+                .log = log};
     }
 
     [[nodiscard]] const Project& project(std::size_t index) const { return store.projects.get().at(index); }
