@@ -13,6 +13,7 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 /// Records in JSON. A record names its keys once, for both directions, in the order in which they are
@@ -23,18 +24,19 @@
 ///     }
 ///
 /// A member that is an `std::optional` may be missing and is left out when absent; every other key is
-/// required. `SharedData` is written as Base64 text. An enumeration is written as text: it provides
-/// `jsonText(value)` and `fromJsonText(text, value)`.
+/// required unless the table says otherwise. `SharedData` is written as Base64 text. An enumeration is
+/// written as text: it provides `jsonText(value)` and `fromJsonText(text, value)`.
 namespace brisklog::json {
 
 template <auto Member>
 struct Field {
     std::string_view key;
+    IfMissing ifMissing;
 };
 
 template <auto Member>
-constexpr Field<Member> field(std::string_view key) {
-    return {key};
+constexpr Field<Member> field(std::string_view key, IfMissing ifMissing = IfMissing::isError) {
+    return {key, ifMissing};
 }
 
 template <class T>
@@ -49,15 +51,6 @@ concept TextEnumeration = std::is_enum_v<T> && requires(T value) {
 };
 
 namespace detail {
-
-template <class T>
-struct MemberOf;
-
-template <class Owner, class Value>
-struct MemberOf<Value Owner::*> {
-    using OwnerType = Owner;
-    using ValueType = Value;
-};
 
 template <class T>
 struct IsOptional : std::false_type {};
@@ -78,18 +71,17 @@ struct IsVector<std::vector<T>> : std::true_type {
 template <class T>
 const ValueDecoder& decoderFor();
 
-template <auto Member>
+template <class T, auto Member>
 FieldDecoder fieldDecoder(Field<Member> field) {
-    using Owner = typename MemberOf<decltype(Member)>::OwnerType;
-    using Value = typename MemberOf<decltype(Member)>::ValueType;
+    using Value = std::remove_reference_t<decltype(std::declval<T&>().*Member)>;
     if constexpr (IsOptional<Value>::value) {
-        return {field.key, &decoderFor<typename IsOptional<Value>::Inner>(), false,
-                [](void* record) -> void* { return &(static_cast<Owner*>(record)->*Member).emplace(); },
-                [](void* record) { (static_cast<Owner*>(record)->*Member).reset(); }};
+        return {field.key, &decoderFor<typename IsOptional<Value>::Inner>(), IfMissing::keepsDefault,
+                [](void* record) -> void* { return &(static_cast<T*>(record)->*Member).emplace(); },
+                [](void* record) { (static_cast<T*>(record)->*Member).reset(); }};
     } else {
-        return {field.key, &decoderFor<Value>(), true,
+        return {field.key, &decoderFor<Value>(), field.ifMissing,
                 [](void* record) -> void* {
-                    Value& value = static_cast<Owner*>(record)->*Member;
+                    Value& value = static_cast<T*>(record)->*Member;
                     // Nothing of a repeated key's earlier value stays behind.
                     if constexpr (Record<Value>)
                         value = Value{};
@@ -102,7 +94,7 @@ FieldDecoder fieldDecoder(Field<Member> field) {
 template <class T>
 ValueDecoder recordDecoder() {
     static const auto fields =
-        std::apply([](auto... declared) { return std::array{fieldDecoder(declared)...}; },
+        std::apply([](auto... declared) { return std::array{fieldDecoder<T>(declared)...}; },
                    jsonFields(std::type_identity<T>{}));
     static_assert(std::tuple_size_v<decltype(jsonFields(std::type_identity<T>{}))> <= 64);
     ValueDecoder decoder{.expected = "an object"};
@@ -241,10 +233,10 @@ void encodeValue(Encoder& encoder, const T& value) {
 
 } // namespace detail
 
-/// One document as a value; the error names byte offset and path.
+/// One document as a value; the error names byte offset and path. What may be missing in a record stays as it
+/// is in `value`.
 template <class T>
-Result<T> decode(std::string_view bytes) {
-    T value{};
+Result<T> decode(std::string_view bytes, T value = {}) {
     if (const auto filled = decodeInto(detail::decoderFor<T>(), &value, bytes); filled.failed())
         return filled.error();
     return value;

@@ -66,7 +66,7 @@ public:
     bool Null() {
         if (m_skippedDepth > 0)
             return afterSkippedScalar();
-        if (m_frames.empty() || m_field == nullptr || m_field->isRequired)
+        if (m_frames.empty() || m_field == nullptr || m_field->clear == nullptr)
             return complainAboutType("null");
         m_field->clear(m_frames.back().target);
         return afterValue();
@@ -148,7 +148,8 @@ public:
             return skipShallower();
         const Frame record = m_frames.back();
         for (std::size_t i = 0; i < record.decoder->fields.size(); ++i) {
-            if (!record.decoder->fields[i].isRequired || (record.seen >> i & 1) != 0)
+            const bool wasThere = (record.seen >> i & 1) != 0;
+            if (wasThere || record.decoder->fields[i].ifMissing == IfMissing::keepsDefault)
                 continue;
             m_frames.back().position = i;
             return complain("missing");

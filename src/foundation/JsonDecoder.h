@@ -14,6 +14,14 @@ namespace brisklog::json {
 
 struct ValueDecoder;
 
+/// What becomes of a record without the key of one of its fields.
+enum class IfMissing {
+    isError,
+    /// For a field that files of earlier versions do not have: the member keeps what its declaration gives
+    /// it.
+    keepsDefault,
+};
+
 /// What a reading function returns: null when the value was taken, else why not.
 using Complaint = const char*;
 
@@ -21,10 +29,10 @@ using Complaint = const char*;
 struct FieldDecoder {
     std::string_view key;
     const ValueDecoder* value;
-    bool isRequired;
+    IfMissing ifMissing;
     /// Where in the record the value goes; makes room for it where the field is optional.
     void* (*locate)(void* record);
-    /// Makes an optional field absent; null for a required one.
+    /// Makes an optional field absent; null for any other one.
     void (*clear)(void* record);
 };
 
