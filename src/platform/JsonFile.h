@@ -5,6 +5,7 @@
 #include "platform/Log.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace brisklog {
 
@@ -20,12 +21,13 @@ struct JsonFile {
     json::Layout layout;
     Durability durability;
 
-    /// The value; an error when the file cannot be read or decoded. Undecodable bytes are rescued first.
-    Result<T> load(Files& files, Log& log) const {
+    /// The value; an error when the file cannot be read or decoded. Undecodable bytes are rescued first. What
+    /// may be missing in the file stays as it is in `value`.
+    Result<T> load(Files& files, Log& log, T value = {}) const {
         const auto bytes = files.read(path);
         if (bytes.failed())
             return bytes.error();
-        auto decoded = json::decode<T>(bytes.value());
+        auto decoded = json::decode(bytes.value(), std::move(value));
         if (decoded.failed())
             rescueUndecodable(files, log, path, bytes.value());
         return decoded;

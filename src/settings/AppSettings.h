@@ -1,12 +1,7 @@
 #pragma once
 
-#include "foundation/Observable.h"
-#include "platform/Files.h"
-#include "platform/Log.h"
-#include "platform/UserDefaults.h"
+#include "platform/StoredProperties.h"
 #include "settings/SettingsOptions.h"
-
-#include <filesystem>
 
 namespace brisklog {
 
@@ -41,13 +36,18 @@ private:
     void loadSettings();
     void saveSettings();
     void migrateFromUserDefaults();
-    /// Takes over one value from the user defaults; false when there is none that fits.
-    template <class Option>
-    bool migrateOption(const char* key, Published<Option>& property);
-    bool migrateTruth(const char* key, Published<bool>& property);
 
     SettingsPlatform m_platform;
     std::filesystem::path m_path;
 };
+
+constexpr auto storedProperties(std::type_identity<AppSettings>) {
+    return std::tuple{stored<&AppSettings::colorScheme>("colorScheme", "colorScheme"),
+                      stored<&AppSettings::launchAtStartup>("launchAtStartup", "launchAtStartup"),
+                      stored<&AppSettings::startMinimized>("startMinimized", "startMinimized"),
+                      stored<&AppSettings::openLastProject>("openLastProject", "openLastProject"),
+                      stored<&AppSettings::timeRounding>("timeRounding", "timeRounding"),
+                      stored<&AppSettings::invoiceRounding>("invoiceRounding", "invoiceRounding")};
+}
 
 } // namespace brisklog

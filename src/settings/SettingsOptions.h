@@ -2,49 +2,65 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <string_view>
 
 /// The choices among the settings. An option's raw value is the label shown for it and at the same time what
 /// files hold: re-spelling one would make existing files lose it.
 namespace brisklog {
 
+template <class Option>
+struct RawValue {
+    Option option;
+    std::string_view text;
+};
+
+/// All cases of an option with their raw values, in the order in which they are offered.
+template <class Option>
+inline constexpr std::array<RawValue<Option>, 0> rawValues{};
+
 /// Appearance chosen by the user.
 enum class ColorSchemeOption { light, dark };
+
+template <>
+inline constexpr std::array rawValues<ColorSchemeOption>{RawValue{ColorSchemeOption::light, "Hell"},
+                                                         RawValue{ColorSchemeOption::dark, "Dunkel"}};
 
 /// Grid for recorded times. Kept for a later version: nothing is rounded by it.
 enum class TimeRoundingOption { none, fiveMinutes, tenMinutes, fifteenMinutes };
 
+template <>
+inline constexpr std::array rawValues<TimeRoundingOption>{
+    RawValue{TimeRoundingOption::none, "Keine Rundung"},
+    RawValue{TimeRoundingOption::fiveMinutes, "5 Minuten"},
+    RawValue{TimeRoundingOption::tenMinutes, "10 Minuten"},
+    RawValue{TimeRoundingOption::fifteenMinutes, "15 Minuten"}};
+
 /// Direction of rounding on invoices. Kept for a later version: nothing is rounded by it.
 enum class InvoiceRoundingOption { none, roundUp, roundDown, roundNearest };
 
-[[nodiscard]] std::string_view rawValue(ColorSchemeOption option);
-[[nodiscard]] std::string_view rawValue(TimeRoundingOption option);
-[[nodiscard]] std::string_view rawValue(InvoiceRoundingOption option);
+template <>
+inline constexpr std::array rawValues<InvoiceRoundingOption>{
+    RawValue{InvoiceRoundingOption::none, "Exakte Zeiten"},
+    RawValue{InvoiceRoundingOption::roundUp, "Aufrunden"},
+    RawValue{InvoiceRoundingOption::roundDown, "Abrunden"},
+    RawValue{InvoiceRoundingOption::roundNearest, "Auf nächste Einheit runden"}};
 
-/// All cases of an option, in the order in which they are offered.
 template <class Option>
-inline constexpr std::array<Option, 0> allOptions{};
+concept SettingsOption = !rawValues<Option>.empty();
 
-template <>
-inline constexpr std::array allOptions<ColorSchemeOption>{ColorSchemeOption::light, ColorSchemeOption::dark};
+template <SettingsOption Option>
+[[nodiscard]] std::string_view jsonText(Option option) {
+    return std::ranges::find(rawValues<Option>, option, &RawValue<Option>::option)->text;
+}
 
-template <>
-inline constexpr std::array allOptions<TimeRoundingOption>{
-    TimeRoundingOption::none, TimeRoundingOption::fiveMinutes, TimeRoundingOption::tenMinutes,
-    TimeRoundingOption::fifteenMinutes};
-
-template <>
-inline constexpr std::array allOptions<InvoiceRoundingOption>{
-    InvoiceRoundingOption::none, InvoiceRoundingOption::roundUp, InvoiceRoundingOption::roundDown,
-    InvoiceRoundingOption::roundNearest};
-
-/// The option with that raw value, compared as a whole and exactly; none for any other text.
-template <class Option>
-[[nodiscard]] std::optional<Option> optionWithRawValue(std::string_view text) {
-    const auto& all = allOptions<Option>;
-    const auto found = std::ranges::find(all, text, [](Option option) { return rawValue(option); });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+/// Takes the option with that raw value, compared as a whole and exactly; false for any other text.
+template <SettingsOption Option>
+[[nodiscard]] bool fromJsonText(std::string_view text, Option& option) {
+    const auto found = std::ranges::find(rawValues<Option>, text, &RawValue<Option>::text);
+    if (found == rawValues<Option>.end())
+        return false;
+    option = found->option;
+    return true;
 }
 
 } // namespace brisklog

@@ -136,33 +136,40 @@ TEST_F(Settings, caseNameInPlaceOfTheRawValueLoadsEverythingElse) {
     EXPECT_NE(readFile(file()).find(R"("colorScheme": "Hell")"), std::string::npos);
 }
 
+template <class Option>
+std::optional<Option> optionCalled(std::string_view text) {
+    Option option{};
+    return fromJsonText(text, option) ? std::optional(option) : std::nullopt;
+}
+
 TEST_F(Settings, rawValuesAreComparedExactly) {
-    EXPECT_EQ(optionWithRawValue<ColorSchemeOption>("hell"), std::nullopt);
-    EXPECT_EQ(optionWithRawValue<ColorSchemeOption>("Hell "), std::nullopt);
-    EXPECT_EQ(optionWithRawValue<ColorSchemeOption>(""), std::nullopt);
-    EXPECT_EQ(optionWithRawValue<TimeRoundingOption>("5"), std::nullopt);
+    EXPECT_EQ(optionCalled<ColorSchemeOption>("hell"), std::nullopt);
+    EXPECT_EQ(optionCalled<ColorSchemeOption>("Hell "), std::nullopt);
+    EXPECT_EQ(optionCalled<ColorSchemeOption>(""), std::nullopt);
+    EXPECT_EQ(optionCalled<TimeRoundingOption>("5"), std::nullopt);
     // The same letter, composed of two characters.
-    EXPECT_EQ(optionWithRawValue<InvoiceRoundingOption>("Auf na\u0308chste Einheit runden"), std::nullopt);
+    EXPECT_EQ(optionCalled<InvoiceRoundingOption>("Auf na\u0308chste Einheit runden"), std::nullopt);
 }
 
 template <class Option>
-std::vector<std::string_view> rawValues() {
-    std::vector<std::string_view> values;
-    for (const Option option : allOptions<Option>) {
-        EXPECT_EQ(optionWithRawValue<Option>(rawValue(option)), option);
-        values.push_back(rawValue(option));
+std::vector<std::string_view> offered() {
+    std::vector<std::string_view> texts;
+    for (const auto& [option, text] : rawValues<Option>) {
+        EXPECT_EQ(optionCalled<Option>(text), option);
+        EXPECT_EQ(jsonText(option), text);
+        texts.push_back(text);
     }
-    return values;
+    return texts;
 }
 
 TEST_F(Settings, optionsAreListedInTheOrderInWhichTheyAreOffered) {
     using Texts = std::vector<std::string_view>;
-    EXPECT_EQ(rawValues<ColorSchemeOption>(), (Texts{"Hell", "Dunkel"}));
-    EXPECT_EQ(rawValues<TimeRoundingOption>(),
+    EXPECT_EQ(offered<ColorSchemeOption>(), (Texts{"Hell", "Dunkel"}));
+    EXPECT_EQ(offered<TimeRoundingOption>(),
               (Texts{"Keine Rundung", "5 Minuten", "10 Minuten", "15 Minuten"}));
-    EXPECT_EQ(rawValues<InvoiceRoundingOption>(), (Texts{"Exakte Zeiten", "Aufrunden", "Abrunden",
-                                                         "Auf n\xC3\xA4"
-                                                         "chste Einheit runden"}));
+    EXPECT_EQ(offered<InvoiceRoundingOption>(), (Texts{"Exakte Zeiten", "Aufrunden", "Abrunden",
+                                                       "Auf n\xC3\xA4"
+                                                       "chste Einheit runden"}));
 }
 
 TEST_F(Settings, missingKeyRefusesTheWholeFile) {

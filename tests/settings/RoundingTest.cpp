@@ -27,9 +27,9 @@ struct Choices {
 /// Every choice that the settings offer.
 std::vector<Choices> allChoices() {
     std::vector<Choices> all;
-    for (const TimeRoundingOption time : allOptions<TimeRoundingOption>)
-        for (const InvoiceRoundingOption invoice : allOptions<InvoiceRoundingOption>)
-            all.push_back({time, invoice});
+    for (const auto& time : rawValues<TimeRoundingOption>)
+        for (const auto& invoice : rawValues<InvoiceRoundingOption>)
+            all.push_back({time.option, invoice.option});
     return all;
 }
 

@@ -1,18 +1,35 @@
 #include "settings/screens/SettingsScreen.h"
 
-#include "settings/screens/ArchiveButton.h"
 #include "ui/controls/Card.h"
+#include "ui/controls/Clickable.h"
 #include "ui/controls/Link.h"
 #include "ui/controls/Picker.h"
 #include "ui/controls/SectionHeader.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 #include "ui/sheets/Sheets.h"
+
+#include <QPainter>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
+
+struct SettingsScreen::Choice {
+    enum class PickerPlace { besideLabel, belowLabel };
+
+    QString sectionTitle;
+    QString symbol;
+    QString label;
+    /// Explains the setting; may be empty.
+    QString caption = {};
+    PickerPlace pickerPlace = PickerPlace::besideLabel;
+};
+
 namespace {
 
 constexpr int margin = 12;
@@ -21,33 +38,20 @@ constexpr int marginBelow = 10;
 constexpr int headerInset = 4;
 constexpr int headerGap = 8;
 constexpr int pickerWidth = 194;
+constexpr int cardPaddingAcross = 14;
+constexpr int cardPaddingDown = 12;
 /// The lowest pixel row of a card is its shadow, so this is seen as 18.
 constexpr int sectionGap = 17;
 constexpr int shadow = 1;
 
+/// Where a word under the settings leads.
+struct CreditLink {
+    QString caption;
+    std::string_view address;
+};
+
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-/// A picker of all values of that option; a choice is written at once.
-template <class Option>
-Picker* pickerFor(const QString& name, Published<Option>& property) {
-    auto* picker = new Picker;
-    std::vector<QString> labels;
-    labels.reserve(allOptions<Option>.size());
-    for (const Option option : allOptions<Option>)
-        labels.push_back(text(rawValue(option)));
-    picker->setAccessibleName(name);
-    picker->setOptions(labels);
-    picker->onChosen(
-        [&property](int index) { property = allOptions<Option>.at(static_cast<std::size_t>(index)); });
-    return picker;
-}
-
-template <class Option>
-int indexOf(const Published<Option>& property) {
-    const auto& all = allOptions<Option>;
-    return static_cast<int>(std::ranges::find(all, property.get()) - all.begin());
 }
 
 LayoutItem section(const QString& title, const QString& symbol, QWidget* content) {
@@ -56,36 +60,73 @@ LayoutItem section(const QString& title, const QString& symbol, QWidget* content
 
 Card* cardWith(const LayoutBox& content) {
     auto* card = new Card;
-    Column{content}.margins({14, 12, 14, 12 + shadow}).applyTo(*card);
+    Column{content}
+        .margins({cardPaddingAcross, cardPaddingDown, cardPaddingAcross, cardPaddingDown + shadow})
+        .applyTo(*card);
     return card;
 }
 
-/// The picker at the right of its label.
-LayoutBox labelled(const QString& label, Picker* picker) {
-    picker->setFixedWidth(pickerWidth);
-    return Row{new Label(label), stretch(), picker};
-}
+/// The card that is one button and leads to the archive.
+class ArchiveButton final : public Clickable {
+public:
+    ArchiveButton() : Clickable(radius) {
+        const QString headline = u"Archiv anzeigen"_s;
+        const QString explanation =
+            u"Hier findest du alle archivierten Rechnungen sortiert nach Jahr und Monat."_s;
+        setAccessibleName(headline);
+        setAccessibleDescription(explanation);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+        Column{new Label(headline, FontRole::body13Semibold), space(2),
+               new Label(explanation, FontRole::tab12, &Palette::secondary, Label::Lines::wrapped)}
+            .margins({cardPaddingAcross, cardPaddingDown, cardPaddingAcross + symbolSize + symbolGap,
+                      cardPaddingDown + shadow})
+            .applyTo(*this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const Palette& palette = Palette::of(*this);
+        if (isHovered() || isDown())
+            paintHoveredCard(painter, rect(), palette);
+        else
+            paintCard(painter, rect(), palette);
+        const QRect symbol(width() - cardPaddingAcross - symbolSize, 0, symbolSize, height() - shadow);
+        paintSymbol(painter, symbol, u"chevron.right.circle.fill"_s, symbolSize, palette.blue);
+    }
+
+private:
+    static constexpr int radius = 10;
+    static constexpr int symbolSize = 22;
+    static constexpr int symbolGap = 12;
+};
 
 } // namespace
 
 SettingsScreen::SettingsScreen(AppSettings& settings, SettingsActions actions, QWidget* parent)
-    : Screen(parent), m_view(settings), m_actions(std::move(actions)),
-      m_colorScheme(pickerFor(u"Farbschema"_s, settings.colorScheme)),
-      m_timeRounding(pickerFor(u"Zeitrundung"_s, settings.timeRounding)),
-      m_invoiceRounding(pickerFor(u"Rechnungsrundung"_s, settings.invoiceRounding)) {
+    : Screen(parent), m_settings(settings), m_actions(std::move(actions)) {
     Column{expanding(new ScrollArea(makeContent()))}.applyTo(*this);
     observe(settings);
-    observe(m_view);
 }
 
 QWidget* SettingsScreen::makeContent() {
     auto* content = new QWidget;
-    Column{section(u"Archiv"_s, u"archivebox"_s, archiveButton()),
-           section(u"Erscheinung"_s, u"paintbrush"_s, appearanceCard()),
-           section(u"Zeit Einstellungen"_s, u"clock"_s, timeCard()),
-           section(u"Rundungsregeln für Rechnungen"_s, u"doc.text"_s, invoiceCard()),
-           stretch(),
-           credit()}
+    Column{
+        section(u"Archiv"_s, u"archivebox"_s, archiveButton()),
+        choiceSection({.sectionTitle = u"Erscheinung"_s, .symbol = u"paintbrush"_s, .label = u"Farbschema"_s},
+                      m_settings.colorScheme),
+        choiceSection({.sectionTitle = u"Zeit Einstellungen"_s,
+                       .symbol = u"clock"_s,
+                       .label = u"Zeitrundung"_s,
+                       .caption = u"Zeiteinträge runden auf"_s},
+                      m_settings.timeRounding),
+        // At full width: beside its label the longest choice would be cut.
+        choiceSection({.sectionTitle = u"Rundungsregeln für Rechnungen"_s,
+                       .symbol = u"doc.text"_s,
+                       .label = u"Rechnungsrundung"_s,
+                       .pickerPlace = Choice::PickerPlace::belowLabel},
+                      m_settings.invoiceRounding),
+        stretch(), credit()}
         .spacing(sectionGap)
         .margins({margin, marginAbove, margin, marginBelow})
         .applyTo(*content);
@@ -94,51 +135,69 @@ QWidget* SettingsScreen::makeContent() {
 
 QWidget* SettingsScreen::archiveButton() {
     auto* button = new ArchiveButton;
-    button->onClick([this] { m_view.showingArchiveSheet = true; });
+    button->onClick([this] { openArchive(); });
     return button;
 }
 
-Card* SettingsScreen::appearanceCard() { return cardWith(labelled(u"Farbschema"_s, m_colorScheme)); }
-
-Card* SettingsScreen::timeCard() {
-    auto* caption = new Label(u"Zeiteinträge runden auf"_s, FontRole::tab12, &Palette::secondary);
-    return cardWith(Column{caption, space(8), labelled(u"Zeitrundung"_s, m_timeRounding)});
+template <class Option>
+LayoutItem SettingsScreen::choiceSection(const Choice& choice, Published<Option>& setting) {
+    Picker* const picker = pickerFor(setting);
+    picker->setAccessibleName(choice.label);
+    Column rows{};
+    if (!choice.caption.isEmpty())
+        rows.add(new Label(choice.caption, FontRole::tab12, &Palette::secondary)).add(space(8));
+    if (choice.pickerPlace == Choice::PickerPlace::belowLabel) {
+        rows.add(new Label(choice.label)).add(space(6)).add(picker);
+    } else {
+        picker->setFixedWidth(pickerWidth);
+        rows.add(Row{new Label(choice.label), stretch(), picker});
+    }
+    return section(choice.sectionTitle, choice.symbol, cardWith(rows));
 }
 
-Card* SettingsScreen::invoiceCard() {
-    // Under its label at full width: beside it the longest choice would be cut.
-    return cardWith(Column{new Label(u"Rechnungsrundung"_s), space(6), m_invoiceRounding});
+template <class Option>
+Picker* SettingsScreen::pickerFor(Published<Option>& setting) {
+    const auto& values = rawValues<Option>;
+    std::vector<QString> labels;
+    for (const RawValue<Option>& value : values)
+        labels.push_back(text(value.text));
+    auto* picker = new Picker;
+    picker->setOptions(labels);
+    picker->onChosen(
+        [&setting, &values](int index) { setting = values.at(static_cast<std::size_t>(index)).option; });
+    m_showSettings.emplace_back([&setting, &values, picker] {
+        const auto shown = std::ranges::find(values, setting.get(), &RawValue<Option>::option);
+        picker->setSelectedIndex(static_cast<int>(shown - values.begin()));
+    });
+    return picker;
 }
 
 QWidget* SettingsScreen::credit() {
     auto* lines = new QWidget;
     Row links{stretch()};
-    for (const CreditLink& link : creditLinks) {
-        auto* word = new Link(text(link.caption));
-        word->onClick([this, address = link.address] { m_actions.openLink(address); });
+    for (const auto& [caption, address] : {CreditLink{u"Website"_s, "https://brisklog.example"},
+                                           CreditLink{u"Mail"_s, "mailto:kontakt@brisklog.example"}}) {
+        auto* word = new Link(caption);
+        word->onClick([this, address = address] { m_actions.openLink(address); });
         links.add(word);
     }
     links.add(stretch()).spacing(4);
-    auto* line = new Label(text(creditLine), FontRole::caption11, &Palette::secondary);
+    auto* line =
+        new Label(u"Brisklog – Zeiterfassung und Rechnungen"_s, FontRole::caption11, &Palette::secondary);
     Column{aligned(line, Qt::AlignHCenter), links}.applyTo(*lines);
     return lines;
 }
 
 void SettingsScreen::refresh() {
-    m_colorScheme->setSelectedIndex(indexOf(m_view.settings.colorScheme));
-    m_timeRounding->setSelectedIndex(indexOf(m_view.settings.timeRounding));
-    m_invoiceRounding->setSelectedIndex(indexOf(m_view.settings.invoiceRounding));
-    refreshArchiveSheet();
+    for (const auto& showSetting : m_showSettings)
+        showSetting();
 }
 
-void SettingsScreen::refreshArchiveSheet() {
-    if (!m_view.showingArchiveSheet || m_archiveSheet)
+void SettingsScreen::openArchive() {
+    if (m_archiveSheet)
         return;
     m_archiveSheet = &presentSheet(*this, m_actions.makeArchiveSheet());
-    m_archiveSheet->onClosed([this] {
-        m_archiveSheet = nullptr;
-        m_view.showingArchiveSheet = false;
-    });
+    m_archiveSheet->onClosed([this] { m_archiveSheet = nullptr; });
 }
 
 } // namespace brisklog

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "settings/SettingsView.h"
+#include "settings/AppSettings.h"
 #include "ui/sheets/Screen.h"
 
 #include <QPointer>
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace brisklog {
 
-class Card;
+class LayoutItem;
 class Picker;
 class SheetWindow;
 
@@ -30,20 +31,23 @@ protected:
     void refresh() override;
 
 private:
+    /// How a setting is chosen on the screen.
+    struct Choice;
+
     [[nodiscard]] QWidget* makeContent();
     [[nodiscard]] QWidget* archiveButton();
-    [[nodiscard]] Card* appearanceCard();
-    [[nodiscard]] Card* timeCard();
-    [[nodiscard]] Card* invoiceCard();
+    template <class Option>
+    [[nodiscard]] LayoutItem choiceSection(const Choice& choice, Published<Option>& setting);
+    /// Offers all values of that setting; a choice is written at once.
+    template <class Option>
+    [[nodiscard]] Picker* pickerFor(Published<Option>& setting);
     [[nodiscard]] QWidget* credit();
-    /// Shows the archive's sheet, as the view says.
-    void refreshArchiveSheet();
+    void openArchive();
 
-    SettingsView m_view;
+    AppSettings& m_settings;
     const SettingsActions m_actions;
-    Picker* m_colorScheme;
-    Picker* m_timeRounding;
-    Picker* m_invoiceRounding;
+    /// Each shows one setting as it is now.
+    std::vector<std::function<void()>> m_showSettings;
     QPointer<SheetWindow> m_archiveSheet;
 };
 
