@@ -3,16 +3,13 @@
 #include "ui/controls/NavigationButton.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 #include <QStackedWidget>
 #include <vector>
 
 namespace brisklog {
 namespace {
-
-QString qString(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// The four section buttons at the top of the main view, with a line under them.
 class TopNavigationBar final : public Screen {
@@ -38,8 +35,8 @@ protected:
 private:
     NavigationButton* makeButton(const Section& section) {
         return new NavigationButton(
-            {.icon = qString(section.symbol),
-             .label = qString(section.label),
+            {.icon = screenText(section.symbol),
+             .label = screenText(section.label),
              .action = [this, number = section.number] { m_content.selectedSection = number; }},
             NavigationButton::Form::bar);
     }

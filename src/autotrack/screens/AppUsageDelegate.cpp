@@ -9,6 +9,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <utility>
@@ -82,7 +83,7 @@ void AppUsageDelegate::paintIcon(QPainter& painter, const QRect& area, const QMo
 void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
     const Palette& palette = Palette::of(m_list);
-    const QString duration = QString::fromStdString(m_model.rowAt(index).durationText());
+    const QString duration = screenText(m_model.rowAt(index).durationText());
     painter->save();
     if (index.row() % 2 == 1)
         fillRounded(*painter, stripe(option.rect), radius, withOpacity(palette.secondary, 0.05));
@@ -99,7 +100,7 @@ void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 QString AppUsageDelegate::tooltipAt(const QRect& item, const QPoint& /*point*/,
                                     const QModelIndex& index) const {
     const QString name = index.data().toString();
-    const QString duration = QString::fromStdString(m_model.rowAt(index).durationText());
+    const QString duration = screenText(m_model.rowAt(index).durationText());
     const bool isElided = textWidth(name, FontRole::body13) > nameArea(item, duration).width();
     return isElided ? name : QString();
 }

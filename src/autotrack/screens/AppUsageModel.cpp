@@ -1,6 +1,7 @@
 #include "autotrack/screens/AppUsageModel.h"
 
 #include "foundation/Text.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +15,11 @@ QVariant AppUsageModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const AppUsageDetailRow& row = rowAt(index);
-    const QString name = QString::fromStdString(text::onOneLine(row.appName));
+    const QString name = screenText(text::onOneLine(row.appName));
     if (role == Qt::DisplayRole)
         return name;
     if (role == Qt::AccessibleTextRole)
-        return u"%1, %2"_s.arg(name, QString::fromStdString(row.durationText()));
+        return u"%1, %2"_s.arg(name, screenText(row.durationText()));
     return {};
 }
 

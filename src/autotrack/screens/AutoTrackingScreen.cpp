@@ -5,6 +5,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QPainter>
@@ -23,7 +24,7 @@ constexpr int bottomMargin = 12;
 template <class AnyLabel>
 void showText(AnyLabel& label, const std::optional<std::string>& text) {
     label.setVisible(text.has_value());
-    label.setValue(QString::fromStdString(text.value_or("")));
+    label.setValue(screenText(text.value_or("")));
 }
 
 } // namespace
@@ -80,7 +81,7 @@ QWidget* AutoTrackingScreen::statusLines() {
 void AutoTrackingScreen::refresh() {
     m_switch->setOn(m_view.isTracking());
     m_dot->setOn(m_view.isTracking());
-    m_status->setValue(QString::fromStdString(m_view.status()));
+    m_status->setValue(screenText(m_view.status()));
     m_status->setColor(m_view.isTracking() ? &Palette::text : &Palette::secondary);
     showText(*m_current, m_view.current());
     showText(*m_unavailability, m_view.unavailability());

@@ -5,6 +5,7 @@
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 
@@ -32,7 +33,7 @@ protected:
 QWidget* header(const DailyUsageDetailView& detail) {
     auto* const row = new QWidget;
     row->setFixedHeight(headerHeight);
-    Row{new Label(QString::fromStdString(detail.header()), FontRole::heading15), stretch()}
+    Row{new Label(screenText(detail.header()), FontRole::heading15), stretch()}
         .margins({margin, 0, margin, 0})
         .applyTo(*row);
     return row;

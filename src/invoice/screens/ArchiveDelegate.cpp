@@ -8,6 +8,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -43,7 +44,7 @@ constexpr FontRole monthFont = FontRole::body13Semibold;
 constexpr FontRole numberFont = FontRole::body13Medium;
 constexpr FontRole customerFont = FontRole::caption11;
 
-QString oneLine(const std::string& utf8) { return QString::fromStdString(text::onOneLine(utf8)); }
+QString oneLine(const std::string& utf8) { return screenText(text::onOneLine(utf8)); }
 
 QRect headIn(const QRect& item) { return {side, item.top(), item.width() - 2 * side, headHeight}; }
 

@@ -6,6 +6,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 
@@ -49,9 +50,9 @@ void ArchiveDetailsPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void ArchiveDetailsPanel::setDetails(const ArchiveDetails& details) {
-    m_date->setValue(QString::fromStdString(details.date));
-    m_time->setValue(QString::fromStdString(details.time));
-    m_amount->setValue(QString::fromStdString(details.amount));
+    m_date->setValue(screenText(details.date));
+    m_time->setValue(screenText(details.time));
+    m_amount->setValue(screenText(details.amount));
 }
 
 void ArchiveDetailsPanel::paintEvent(QPaintEvent*) {

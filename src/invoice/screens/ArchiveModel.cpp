@@ -1,11 +1,11 @@
 #include "invoice/screens/ArchiveModel.h"
 
+#include "ui/look/Text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
 namespace {
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 void append(std::vector<ArchiveRow>& rows, ArchiveGroup group) {
     rows.push_back({.kind = ArchiveRow::Kind::month, .key = group.key, .title = group.title, .invoice = {}});
@@ -53,20 +53,20 @@ QModelIndex ArchiveModel::firstInvoice() const {
 
 QString ArchiveModel::spokenText(const ArchiveRow& row) const {
     if (row.kind != ArchiveRow::Kind::invoice)
-        return text(row.title);
-    QString closed = text(row.title) + u", "_s + text(archiveCustomer(row.invoice));
+        return screenText(row.title);
+    QString closed = screenText(row.title) + u", "_s + screenText(archiveCustomer(row.invoice));
     if (!m_view.isOpen(row.invoice.id))
         return closed;
     const ArchiveDetails details = m_view.details(row.invoice);
-    return u"%1, Datum: %2, Zeit: %3, Betrag: %4"_s.arg(closed, text(details.date), text(details.time),
-                                                        text(details.amount));
+    return u"%1, Datum: %2, Zeit: %3, Betrag: %4"_s.arg(closed, screenText(details.date),
+                                                        screenText(details.time), screenText(details.amount));
 }
 
 QVariant ArchiveModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     if (role == Qt::DisplayRole)
-        return text(rowAt(index).title);
+        return screenText(rowAt(index).title);
     if (role == Qt::AccessibleTextRole)
         return spokenText(rowAt(index));
     return {};

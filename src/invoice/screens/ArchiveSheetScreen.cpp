@@ -4,6 +4,7 @@
 #include "ui/controls/EmptyState.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -26,7 +27,7 @@ ArchiveSheetScreen::ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock
 
 QWidget* ArchiveSheetScreen::makeEmptyArchive() {
     auto* area = new QWidget;
-    auto* explanation = new Label(QString::fromUtf8(ArchiveSheetView::explanation), FontRole::tab12,
+    auto* explanation = new Label(screenText(ArchiveSheetView::explanation), FontRole::tab12,
                                   &Palette::secondary, Label::Lines::wrapped);
     auto* state = new EmptyState({.symbol = u"archivebox"_s,
                                   .headline = u"Noch keine archivierten Rechnungen"_s,

@@ -6,6 +6,7 @@
 #include "ui/controls/Picker.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 #include <algorithm>
 
@@ -15,8 +16,6 @@ namespace brisklog {
 namespace {
 
 constexpr int pickerWidth = 300;
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 } // namespace
 
@@ -71,7 +70,7 @@ void InvoiceCustomerSection::refreshChoices() {
     m_shownRevision = m_timeStore.customers.revision();
     std::vector<QString> choices{u"Bitte auswählen"_s};
     for (const Customer& customer : m_timeStore.customers.get())
-        choices.push_back(text(customerChoice(customer)));
+        choices.push_back(screenText(customerChoice(customer)));
     m_picker->setOptions(choices);
 }
 
@@ -88,7 +87,7 @@ void InvoiceCustomerSection::refresh() {
     refreshChoices();
     m_picker->setSelectedIndex(selectedIndex());
     const auto customer = m_view.selectedCustomer();
-    m_address->setValue(customer ? text(customer->formattedAddress()) : QString());
+    m_address->setValue(customer ? screenText(customer->formattedAddress()) : QString());
     m_information->setVisible(customer.has_value());
 }
 

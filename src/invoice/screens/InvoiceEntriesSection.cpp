@@ -8,6 +8,7 @@
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,8 +19,6 @@ namespace {
 constexpr int amountInset = 48;
 constexpr int noEntriesHeight = 26;
 constexpr int shadow = 1;
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 Label* caption(const QString& text) { return new Label(text, FontRole::body13, &Palette::secondary); }
 
@@ -71,9 +70,9 @@ void InvoiceEntriesSection::refresh() {
     m_list->setVisible(!isEmpty);
     m_noEntries->setVisible(isEmpty);
     const InvoiceSummary sums = m_view.summary();
-    m_entryCount->setValue(text(sums.entryCount));
-    m_totalTime->setValue(text(sums.totalTime));
-    m_totalAmount->setValue(text(sums.totalAmount.value_or("")));
+    m_entryCount->setValue(screenText(sums.entryCount));
+    m_totalTime->setValue(screenText(sums.totalTime));
+    m_totalAmount->setValue(screenText(sums.totalAmount.value_or("")));
     m_totalAmount->setVisible(sums.totalAmount.has_value());
 }
 

@@ -8,6 +8,7 @@
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -33,8 +34,6 @@ constexpr int trashWidth = 28;
 constexpr int trashGap = 4;
 constexpr int symbolSize = 18;
 constexpr double invoicedOpacity = 0.7;
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 QRect rowIn(const QRect& item) {
     return item.adjusted(insetLeft, inset, -(insetRight + trashWidth + trashGap), -inset);
@@ -129,15 +128,16 @@ void InvoiceEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
 void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
                                       const InvoiceEntryRowView& shown) const {
     const Palette& palette = Palette::of(m_list);
-    const QString duration = text(shown.duration(m_model.now()));
-    const QString amount = text(shown.amount(m_model.now()));
+    const QString duration = screenText(shown.duration(m_model.now()));
+    const QString amount = screenText(shown.amount(m_model.now()));
     const Cells cells =
         cellsIn(row, figureWidth(duration, FontRole::body13), figureWidth(amount, FontRole::body13Medium));
     constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
     constexpr Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
     paintCheckBox(painter, cells.box, {.isTicked = shown.entryStatus.isSelected}, palette);
-    paintFigures(painter, cells.date, text(shown.date()), FontRole::body13, palette.text, left);
-    paintText(painter, cells.name, text(shown.entryStatus.entry.taskName), FontRole::body13, palette.text);
+    paintFigures(painter, cells.date, screenText(shown.date()), FontRole::body13, palette.text, left);
+    paintText(painter, cells.name, screenText(shown.entryStatus.entry.taskName), FontRole::body13,
+              palette.text);
     paintFigures(painter, cells.duration, duration, FontRole::body13, palette.text, right);
     paintFigures(painter, cells.amount, amount, FontRole::body13Medium, palette.text, right);
 }
@@ -150,12 +150,12 @@ QString InvoiceEntryDelegate::tooltipAt(const QRect& item, const QPoint& point,
     if (part == Part::trash)
         return QString::fromUtf16(trashTooltip);
     const InvoiceEntryRowView shown = m_model.row(index);
-    const QString name = text(shown.entryStatus.entry.taskName);
+    const QString name = screenText(shown.entryStatus.entry.taskName);
     const Cells cells =
-        cellsIn(rowIn(item), figureWidth(text(shown.duration(m_model.now())), FontRole::body13),
-                figureWidth(text(shown.amount(m_model.now())), FontRole::body13Medium));
+        cellsIn(rowIn(item), figureWidth(screenText(shown.duration(m_model.now())), FontRole::body13),
+                figureWidth(screenText(shown.amount(m_model.now())), FontRole::body13Medium));
     const bool isElided = textWidth(name, FontRole::body13) > cells.name.width();
-    QString remark = text(shown.remark());
+    QString remark = screenText(shown.remark());
     if (!isElided)
         return remark;
     return remark.isEmpty() ? name : name + u'\n' + remark;

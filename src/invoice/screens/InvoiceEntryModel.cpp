@@ -1,11 +1,8 @@
 #include "invoice/screens/InvoiceEntryModel.h"
 
+#include "ui/look/Text.h"
+
 namespace brisklog {
-namespace {
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-
-} // namespace
 
 int InvoiceEntryModel::currentCount() const { return static_cast<int>(m_view.entryStatuses->size()); }
 
@@ -59,13 +56,13 @@ QVariant InvoiceEntryModel::data(const QModelIndex& index, int role) const {
     const InvoiceEntryRowView shown = row(index);
     switch (role) {
     case Qt::DisplayRole:
-        return text(shown.entryStatus.entry.taskName);
+        return screenText(shown.entryStatus.entry.taskName);
     case Qt::CheckStateRole:
         return shown.entryStatus.isSelected ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleTextRole:
-        return text(shown.spokenText(now()));
+        return screenText(shown.spokenText(now()));
     case Qt::AccessibleDescriptionRole:
-        return text(shown.remark());
+        return screenText(shown.remark());
     default:
         return {};
     }

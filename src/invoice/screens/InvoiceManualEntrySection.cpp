@@ -8,6 +8,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 #include <QDateTime>
 
@@ -17,8 +18,6 @@ namespace brisklog {
 namespace {
 
 constexpr int rateWidth = 120;
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 QDateTime moment(Date date) { return QDateTime::fromMSecsSinceEpoch(millisecondsSince1970(date)); }
 
@@ -59,10 +58,10 @@ void InvoiceManualEntrySection::connectFields() {
 
 void InvoiceManualEntrySection::refresh() {
     m_date->setMoment(moment(m_view.manualDate));
-    m_description->setValue(text(m_view.manualDescription));
+    m_description->setValue(screenText(*m_view.manualDescription));
     m_hours->setNumber(static_cast<int>(m_view.manualHours));
     m_minutes->setNumber(static_cast<int>(m_view.manualMinutes));
-    m_rate->setValue(text(m_view.manualRate));
+    m_rate->setValue(screenText(*m_view.manualRate));
 }
 
 } // namespace brisklog

@@ -8,16 +8,12 @@
 #include "ui/controls/TextArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
-namespace {
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-
-} // namespace
 
 InvoiceNotesSection::InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceView& view)
     : m_timeStore(timeStore), m_view(view), m_notes(new TextArea), m_save(new Button(u"Speichern"_s)),
@@ -47,14 +43,14 @@ void InvoiceNotesSection::connectButtons() {
 void InvoiceNotesSection::showSavedNotes() {
     MenuContent content;
     for (const SavedNote& note : m_timeStore.savedNotes.get())
-        content.items.push_back({.text = text(note.name),
+        content.items.push_back({.text = screenText(note.name),
                                  .chosen = [this, id = note.id] { m_view.chooseNote(id); },
                                  .isChecked = note.id == m_view.selectedNoteId.get()});
     showMenu(*m_saved, content);
 }
 
 void InvoiceNotesSection::refresh() {
-    m_notes->setValue(text(m_view.additionalNotes));
+    m_notes->setValue(screenText(*m_view.additionalNotes));
     m_saved->setVisible(!m_timeStore.savedNotes->empty());
     refreshSaveNoteSheet();
 }

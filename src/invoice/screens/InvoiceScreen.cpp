@@ -10,6 +10,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
 
 #include <QShortcut>
@@ -74,14 +75,14 @@ void InvoiceScreen::showEvent(QShowEvent* event) {
 }
 
 void InvoiceScreen::refresh() {
-    m_number->setValue(QString::fromStdString(m_view.invoiceNumber));
+    m_number->setValue(screenText(*m_view.invoiceNumber));
     m_create->setEnabled(m_view.canCreateInvoice());
 }
 
 std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
                                               const InvoicePlatform& platform) {
     auto* screen = new InvoiceScreen(timeStore, projectIndex, platform);
-    auto sheet = std::make_unique<SheetWindow>(QString::fromStdString(screen->view().title()), sheetSize);
+    auto sheet = std::make_unique<SheetWindow>(screenText(screen->view().title()), sheetSize);
     sheet->setMinimumSize(smallestSheet);
     sheet->addCloseButton(u"Schließen"_s);
     sheet->setBody(screen);

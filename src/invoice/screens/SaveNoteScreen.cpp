@@ -4,6 +4,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,7 @@ SaveNoteScreen::SaveNoteScreen(TimeTrackingStore& timeStore, InvoiceView& invoic
 }
 
 void SaveNoteScreen::refresh() {
-    m_name->setValue(QString::fromStdString(m_view.noteName()));
+    m_name->setValue(screenText(m_view.noteName()));
     m_save->setEnabled(m_view.canSave());
 }
 

@@ -4,6 +4,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 
@@ -53,10 +54,10 @@ ActiveTimerRowView::ActiveTimerRowView(QWidget* parent)
 }
 
 void ActiveTimerRowView::setTimer(const ActiveTimerRow& timer) {
-    m_project->setValue(QString::fromStdString(timer.projectName));
-    m_task->setValue(QString::fromStdString(timer.taskName));
-    m_started->setValue(QString::fromStdString(timer.started));
-    m_duration->setValue(QString::fromStdString(timer.duration));
+    m_project->setValue(screenText(timer.projectName));
+    m_task->setValue(screenText(timer.taskName));
+    m_started->setValue(screenText(timer.started));
+    m_duration->setValue(screenText(timer.duration));
     m_duration->setColor(timer.isPaused ? &Palette::orange : &Palette::blue);
     m_paused->setVisible(timer.isPaused);
     m_isPaused = timer.isPaused;

@@ -2,6 +2,7 @@
 
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -40,7 +41,7 @@ void BarChart::describeBars() {
         m_columns.back()->show();
     }
     for (std::size_t i = 0; i < m_content.bars.size(); ++i) {
-        const auto description = QString::fromStdString(m_content.bars[i].description);
+        const auto description = screenText(m_content.bars[i].description);
         m_columns[i]->setAccessibleName(description);
         m_columns[i]->setToolTip(description);
     }
@@ -59,7 +60,7 @@ void BarChart::resizeEvent(QResizeEvent* event) {
 int BarChart::gutter() const {
     int widest = m_look.gutter;
     for (const std::string& label : m_content.valueLabels)
-        widest = std::max(widest, figureWidth(QString::fromStdString(label), FontRole::caption11) + labelGap);
+        widest = std::max(widest, figureWidth(screenText(label), FontRole::caption11) + labelGap);
     return widest;
 }
 
@@ -93,9 +94,8 @@ void BarChart::paintScale(QPainter& painter, const Palette& palette) const {
     for (std::size_t i = 0; i < m_content.valueLabels.size(); ++i) {
         const int y = area.bottom() + 1 - qRound(m_content.scale.share(lines[i]) * area.height());
         painter.fillRect(QRect(area.left(), y, area.width(), 1), palette.line);
-        paintFigures(painter, lineThrough(y, 0, area.left() - labelGap),
-                     QString::fromStdString(m_content.valueLabels[i]), FontRole::caption11, palette.secondary,
-                     Qt::AlignRight);
+        paintFigures(painter, lineThrough(y, 0, area.left() - labelGap), screenText(m_content.valueLabels[i]),
+                     FontRole::caption11, palette.secondary, Qt::AlignRight);
     }
 }
 
@@ -107,8 +107,8 @@ void BarChart::paintBar(QPainter& painter, const Palette& palette, std::size_t i
     const QRectF shape(left, area.bottom() + 1 - height, m_look.barWidth, height);
     fillRounded(painter, shape, std::min(barRadius, height / 2), palette.*m_look.barColor);
     const bool isLast = index + 1 == m_content.bars.size();
-    paintText(painter, QRect(area.left(), area.bottom() + 1, area.width(), labelBand),
-              QString::fromStdString(bar.label), isLast ? FontRole::caption11Semibold : FontRole::caption11,
+    paintText(painter, QRect(area.left(), area.bottom() + 1, area.width(), labelBand), screenText(bar.label),
+              isLast ? FontRole::caption11Semibold : FontRole::caption11,
               isLast ? palette.text : palette.secondary, Qt::AlignCenter, Qt::ElideNone);
 }
 
@@ -116,10 +116,10 @@ void BarChart::paintTitles(QPainter& painter, const Palette& palette) const {
     const QRect area = plot();
     const int width = area.left() - labelGap;
     const auto end = Qt::AlignRight | Qt::AlignVCenter;
-    paintText(painter, QRect(0, 0, width, labelHeight), QString::fromStdString(m_content.valueTitle),
+    paintText(painter, QRect(0, 0, width, labelHeight), screenText(m_content.valueTitle),
               FontRole::caption11Medium, palette.secondary, end, Qt::ElideNone);
     paintText(painter, QRect(0, area.bottom() + 1 + (labelBand - labelHeight) / 2 + 2, width, labelHeight),
-              QString::fromStdString(m_content.labelTitle), FontRole::caption11Medium, palette.secondary, end,
+              screenText(m_content.labelTitle), FontRole::caption11Medium, palette.secondary, end,
               Qt::ElideNone);
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -43,7 +44,7 @@ void CalendarCellView::setCell(const std::optional<CalendarCell>& cell) {
         return;
     m_cell = cell;
     setEnabled(cell.has_value());
-    setAccessibleName(cell ? QString::fromStdString(cell->name) : QString());
+    setAccessibleName(cell ? screenText(cell->name) : QString());
     setAccessibleDescription(cell ? description(*cell) : QString());
     update();
 }
@@ -57,9 +58,8 @@ void CalendarCellView::paintEvent(QPaintEvent*) {
         fillRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.2));
     else if (isHovered())
         fillRounded(painter, rect(), radius, withOpacity(palette.control, 0.5));
-    paintFigures(painter, QRect(0, numberTop, width(), numberHeight),
-                 QString::fromStdString(m_cell->dayNumber), fontOf(*m_cell),
-                 m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter);
+    paintFigures(painter, QRect(0, numberTop, width(), numberHeight), screenText(m_cell->dayNumber),
+                 fontOf(*m_cell), m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter);
     if (m_cell->hasData)
         fillRounded(painter,
                     QRect((width() - dotSize) / 2, numberTop + numberHeight + dotGap, dotSize, dotSize),

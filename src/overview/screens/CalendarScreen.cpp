@@ -5,6 +5,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QGridLayout>
 #include <QPainter>
@@ -74,10 +75,9 @@ QWidget* CalendarScreen::grid() {
 
 void CalendarScreen::refresh() {
     m_cells = m_view.cells();
-    m_title->setValue(QString::fromStdString(m_view.monthTitle()));
+    m_title->setValue(screenText(m_view.monthTitle()));
     for (int column = 0; column < columns; ++column)
-        m_headings[static_cast<std::size_t>(column)]->setValue(
-            QString::fromStdString(m_view.columnHeading(column)));
+        m_headings[static_cast<std::size_t>(column)]->setValue(screenText(m_view.columnHeading(column)));
     for (std::size_t cell = 0; cell < m_cells.size(); ++cell)
         m_cellViews[cell]->setCell(m_cells[cell]);
     if (!gridHasFocus())

@@ -9,6 +9,7 @@
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -113,9 +114,7 @@ QWidget* DashboardScreen::finance() {
 
 void DashboardScreen::refresh() {
     const DashboardContent content = m_view.content();
-    const auto show = [](auto* label, const std::string& text) {
-        label->setValue(QString::fromStdString(text));
-    };
+    const auto show = [](auto* label, const std::string& text) { label->setValue(screenText(text)); };
     show(m_currentDate, content.currentDate);
     show(m_todaysWork, content.todaysWork);
     show(m_totalWork, content.totalWork);

@@ -3,6 +3,7 @@
 #include "autotrack/screens/DailyUsageDetailScreen.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Palette.h"
+#include "ui/look/Text.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -38,7 +39,7 @@ DayDetailWindow::DayDetailWindow(const DetailWindowContent& content, const Image
                                  std::weak_ptr<DetailWindowDelegate> delegate)
     : QWidget(nullptr, Qt::Window), m_delegate(std::move(delegate)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(QString::fromStdString(content.title));
+    setWindowTitle(screenText(content.title));
     setMinimumSize(smallestSize);
     resize(windowSize);
     Column{expanding(new DailyUsageDetailScreen(content.detail, images))}.applyTo(*this);

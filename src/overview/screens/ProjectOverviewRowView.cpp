@@ -4,6 +4,7 @@
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,9 +24,9 @@ ProjectOverviewRowView::ProjectOverviewRowView(QWidget* parent)
 }
 
 void ProjectOverviewRowView::setProject(const ProjectOverviewRow& project) {
-    m_name->setValue(QString::fromStdString(project.name));
-    m_workingTime->setValue(QString::fromStdString(project.workingTime));
-    m_earnings->setValue(QString::fromStdString(project.earnings.value_or("")));
+    m_name->setValue(screenText(project.name));
+    m_workingTime->setValue(screenText(project.workingTime));
+    m_earnings->setValue(screenText(project.earnings.value_or("")));
     m_earnings->setVisible(project.earnings.has_value());
     m_earningsCaption->setVisible(project.earnings.has_value());
 }

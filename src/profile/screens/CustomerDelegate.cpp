@@ -7,6 +7,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <vector>
@@ -37,7 +38,7 @@ struct Line {
     QString symbol;
 };
 
-QString text(const std::string& utf8) { return QString::fromStdString(text::onOneLine(utf8)); }
+QString text(const std::string& utf8) { return screenText(text::onOneLine(utf8)); }
 
 int heightOf(const CustomerRowView& row) {
     int height = 2 * paddingDown + shadow;

@@ -6,6 +6,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 #include <algorithm>
@@ -24,10 +25,6 @@ constexpr int postalCodeWidth = 96;
 constexpr int confirmWidth = 112;
 /// The lowest pixel row of a card is its shadow.
 constexpr int shadow = 1;
-
-QString text(const std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 /// A box of rows under its title.
 LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
@@ -58,8 +55,8 @@ CustomerEditScreen::CustomerEditScreen(TimeTrackingStore& timeStore, const Custo
 }
 
 void CustomerEditScreen::build() {
-    setTitle(text(m_view.title()));
-    m_confirm = new Button(text(m_view.confirmCaption()), Button::Kind::primary);
+    setTitle(screenText(m_view.title()));
+    m_confirm = new Button(screenText(m_view.confirmCaption()), Button::Kind::primary);
     addHeader();
     setBody(makeBody());
     addFooter();
@@ -98,7 +95,7 @@ LayoutItem CustomerEditScreen::contact() {
 
 QWidget* CustomerEditScreen::field(const QString& label, Published<std::string>& value) {
     auto* field = new TextField;
-    field->setValue(text(*value));
+    field->setValue(screenText(*value));
     // What does not fit is seen from its beginning.
     field->setCursorPosition(0);
     field->onEdited([this, &value](const QString& typed) {
@@ -113,7 +110,7 @@ QWidget* CustomerEditScreen::genderPicker() {
     std::vector<QString> words;
     words.reserve(allGenders.size());
     for (const Gender gender : allGenders)
-        words.push_back(text(salutationWord(gender)));
+        words.push_back(screenText(salutationWord(gender)));
     picker->setOptions(words);
     const auto* const chosen = std::ranges::find(allGenders, m_view.gender.get());
     picker->setSelectedIndex(static_cast<int>(chosen - allGenders.begin()));

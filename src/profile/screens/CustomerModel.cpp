@@ -1,5 +1,7 @@
 #include "profile/screens/CustomerModel.h"
 
+#include "ui/look/Text.h"
+
 namespace brisklog {
 
 void CustomerModel::synchronise() {
@@ -18,9 +20,9 @@ QVariant CustomerModel::data(const QModelIndex& index, int role) const {
         return {};
     const CustomerRowView& shown = rowAt(index).shown;
     if (role == Qt::DisplayRole)
-        return QString::fromStdString(shown.headline);
+        return screenText(shown.headline);
     if (role == Qt::AccessibleTextRole)
-        return QString::fromStdString(shown.spokenText());
+        return screenText(shown.spokenText());
     return {};
 }
 

@@ -1,6 +1,7 @@
 #include "profile/screens/FileItemModel.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +27,7 @@ QVariant FileItemModel::data(const QModelIndex& index, int role) const {
     if (!found)
         return {};
     if (role == Qt::DisplayRole)
-        return onOneLine(QString::fromStdString(found->name()));
+        return onOneLine(screenText(found->name()));
     if (role == Qt::AccessibleDescriptionRole && found->isDirectory)
         return u"Ordner"_s;
     return {};

@@ -9,6 +9,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ constexpr int gap = 8;
 
 QString nameOf(const std::filesystem::path& folder) {
     const auto name = folder.has_filename() ? folder.filename() : folder;
-    return onOneLine(QString::fromStdString(name.string()));
+    return onOneLine(screenText(name.string()));
 }
 
 QWidget* nothingHere() {
@@ -116,7 +117,7 @@ void LogoPickerScreen::refresh() {
     const bool hasError = !m_view.errorText->empty();
     m_folder->setValue(folder);
     m_list->setAccessibleName(folder);
-    m_error->setValue(onOneLine(QString::fromStdString(m_view.errorText)));
+    m_error->setValue(onOneLine(screenText(*m_view.errorText)));
     m_errorStrip->setVisible(hasError);
     m_loading->setVisible(isLoading);
     m_nothing->setVisible(!isLoading && !hasError && m_view.items->empty());

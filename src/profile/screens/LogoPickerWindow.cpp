@@ -1,6 +1,7 @@
 #include "profile/screens/LogoPickerWindow.h"
 
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/SheetHost.h"
 #include "ui/sheets/Sheets.h"
 
@@ -59,7 +60,7 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
     auto* const screen =
         new LogoPickerScreen(m_platform.picker, m_platform.pictures,
                              {.onImageSelected = std::move(completed), .dismiss = [this] { close(); }});
-    m_window = new LogoPickerWindow(QString::fromStdString(title), screen, &parent);
+    m_window = new LogoPickerWindow(screenText(title), screen, &parent);
     SheetHost* const host = sheetHostOf(parent);
     m_window->onClosed([host, hold = host ? host->holdOpen() : nullptr]() mutable {
         hold.reset();

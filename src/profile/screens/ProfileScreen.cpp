@@ -9,6 +9,7 @@
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,8 +26,6 @@ constexpr int narrowFieldWidth = 80;
 constexpr int buttonGap = 8;
 /// The lowest pixel row belongs to the card's shadow.
 constexpr QMargins cardPadding{14, 12, 14, 15};
-
-QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
 QWidget* card(const LayoutBox& content) {
     auto* const card = new Card;
@@ -89,7 +88,7 @@ QWidget* ProfileScreen::fieldSection(const QString& title, const QString& symbol
 }
 
 LayoutItem ProfileScreen::row(const ProfileRow& row) {
-    auto* const label = new Label(text(row.label), FontRole::body13, &Palette::secondary);
+    auto* const label = new Label(screenText(row.label), FontRole::body13, &Palette::secondary);
     label->setFixedWidth(labelWidth);
     Row fields{};
     for (const ProfileField& each : row.fields)
@@ -98,9 +97,9 @@ LayoutItem ProfileScreen::row(const ProfileRow& row) {
 }
 
 TextField* ProfileScreen::field(const ProfileRow& row, const ProfileField& field) {
-    auto* const created = new TextField(text(field.exampleText));
+    auto* const created = new TextField(screenText(field.exampleText));
     // Fields that share a label are told apart by their examples, which the toolkit gives as descriptions.
-    created->setAccessibleName(text(row.label));
+    created->setAccessibleName(screenText(row.label));
     if (field.property == &UserProfile::postalCode)
         created->setFixedWidth(narrowFieldWidth);
     created->onEdited([this, property = field.property](const QString& edited) {
@@ -113,7 +112,7 @@ TextField* ProfileScreen::field(const ProfileRow& row, const ProfileField& field
 void ProfileScreen::refresh() {
     UserProfile& profile = m_view.profile();
     for (const BoundField& bound : m_fields)
-        showValue(*bound.field, text((profile.*bound.property).get()));
+        showValue(*bound.field, screenText((profile.*bound.property).get()));
     // Decoding the logo anew at every keystroke would be felt.
     if (m_shownLogo != profile.logoData.revision())
         m_logo->setLogo(profile.logoData);

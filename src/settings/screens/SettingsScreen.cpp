@@ -10,6 +10,7 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QPainter>
@@ -49,10 +50,6 @@ struct CreditLink {
     QString caption;
     std::string_view address;
 };
-
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 LayoutItem section(const QString& title, const QString& symbol, QWidget* content) {
     return Column{Row{space(headerInset), new SectionHeader(title, symbol)}, space(headerGap), content};
@@ -160,7 +157,7 @@ Picker* SettingsScreen::pickerFor(Published<Option>& setting) {
     const auto& values = rawValues<Option>;
     std::vector<QString> labels;
     for (const RawValue<Option>& value : values)
-        labels.push_back(text(value.text));
+        labels.push_back(screenText(value.text));
     auto* picker = new Picker;
     picker->setOptions(labels);
     picker->onChosen(

@@ -1,5 +1,7 @@
 #include "app/projects/screens/ProjectEntryModel.h"
 
+#include "ui/look/Text.h"
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -8,10 +10,9 @@ namespace brisklog {
 namespace {
 
 QString spoken(const ProjectEntryRow& row) {
-    return u"%1, %2 bis %3, %4, %5"_s.arg(QString::fromStdString(row.taskName),
-                                          QString::fromStdString(row.start), QString::fromStdString(row.end),
-                                          QString::fromStdString(row.duration),
-                                          QString::fromStdString(row.earnings));
+    return u"%1, %2 bis %3, %4, %5"_s.arg(screenText(row.taskName), screenText(row.start),
+                                          screenText(row.end), screenText(row.duration),
+                                          screenText(row.earnings));
 }
 
 } // namespace
@@ -76,7 +77,7 @@ QVariant ProjectEntryModel::data(const QModelIndex& index, int role) const {
     if (!found)
         return {};
     if (role == Qt::DisplayRole)
-        return QString::fromStdString(found->taskName);
+        return screenText(found->taskName);
     if (role == Qt::AccessibleTextRole)
         return spoken(row(index.row()));
     return {};

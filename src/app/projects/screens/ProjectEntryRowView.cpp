@@ -6,6 +6,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 
@@ -44,9 +45,8 @@ struct RowPlacement {
     QRect timesArea;
 
     RowPlacement(const ProjectEntryRow& row, const QRect& area)
-        : name(QString::fromStdString(row.taskName)), earnings(QString::fromStdString(row.earnings)),
-          start(QString::fromStdString(row.start)), end(QString::fromStdString(row.end)),
-          duration(QString::fromStdString(row.duration)) {
+        : name(screenText(row.taskName)), earnings(screenText(row.earnings)), start(screenText(row.start)),
+          end(screenText(row.end)), duration(screenText(row.duration)) {
         const QRect inner = area.adjusted(padding, 0, -padding, 0);
         const int earningsWidth =
             earningsSymbol + earningsSymbolGap + figureWidth(earnings, FontRole::body13Semibold);

@@ -15,6 +15,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QEvent>
@@ -161,7 +162,7 @@ void ProjectScreen::refresh() {
 
 void ProjectScreen::refreshInput() {
     const bool isProcessing = m_view->isProcessing;
-    m_taskField->setValue(QString::fromStdString(m_view->taskName));
+    m_taskField->setValue(screenText(*m_view->taskName));
     // Not disabled, which would take the keyboard away from the next task's name.
     m_taskField->setReadOnly(isProcessing);
     m_startButton->setEnabled(!isProcessing);
@@ -180,7 +181,7 @@ void ProjectScreen::refreshProject() {
         return;
     m_shownRevision = revision;
     const Project& project = m_view->project();
-    m_name->setValue(onOneLine(QString::fromStdString(project.name)));
+    m_name->setValue(onOneLine(screenText(project.name)));
     m_exportButton->setDisabled(!m_view->canExportPDF());
     m_invoiceButton->setDisabled(!m_view->hasProject());
     m_count->setCount(static_cast<int>(project.entries.size()));

@@ -2,6 +2,7 @@
 
 #include "app/projects/screens/ProjectForm.h"
 #include "ui/controls/Button.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
 
 using namespace Qt::StringLiterals;
@@ -16,8 +17,8 @@ ProjectSettingsScreen::ProjectSettingsScreen(TimeTrackingStore& store, int proje
 
 QWidget* ProjectSettingsScreen::makeBody() {
     const ProjectForm form = makeProjectForm({.rateLabel = u"Stundensatz (€, optional)"_s});
-    form.name->setValue(QString::fromStdString(m_view.projectName));
-    form.rate->setValue(QString::fromStdString(m_view.hourlyRateString));
+    form.name->setValue(screenText(*m_view.projectName));
+    form.rate->setValue(screenText(*m_view.hourlyRateString));
     form.name->onEdited([this](const QString& text) { m_view.projectName = text.toStdString(); });
     form.rate->onEdited([this](const QString& text) { m_view.hourlyRateString = text.toStdString(); });
     return form.body;

@@ -2,6 +2,7 @@
 
 #include "app/projects/screens/TabOverflowButton.h"
 #include "ui/controls/SymbolButton.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 #include <QWheelEvent>
@@ -101,7 +102,7 @@ void ProjectTabStrip::measure() {
     std::vector<int> widths;
     QStringList names;
     for (std::size_t index = 0; index < m_content.tabs.size(); ++index) {
-        const auto name = QString::fromStdString(m_content.tabs[index].name);
+        const QString name = screenText(m_content.tabs[index].name);
         const auto position = static_cast<qsizetype>(index);
         // Measuring is what costs, and names seldom change.
         const bool isKnown = position < m_names.size() && m_names[position] == name;

@@ -4,6 +4,7 @@
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Text.h"
 
 #include <QPainter>
 
@@ -30,7 +31,7 @@ constexpr QRect timeEdge{5, 8, 3, rowHeight - 16};
 
 TimerRowView::TimerRowView(const TimerRow& timer, const Actions& actions, QWidget* parent)
     : QWidget(parent), m_timer(timer), m_name(new ElidedLabel({}, FontRole::tab12Medium)),
-      m_duration(new FigureLabel(QString::fromStdString(timer.duration), FontRole::title17)),
+      m_duration(new FigureLabel(screenText(timer.duration), FontRole::title17)),
       m_pauseButton(new SymbolButton({}, {}, SymbolButton::Size::timer)),
       m_stopButton(new SymbolButton(u"stop.fill"_s, u"Stoppen"_s, SymbolButton::Size::timer)) {
     for (QWidget* part : std::initializer_list<QWidget*>{m_name, m_duration, m_pauseButton, m_stopButton})
@@ -49,7 +50,7 @@ QSize TimerRowView::sizeHint() const { return {0, rowHeight}; }
 
 void TimerRowView::setTimer(const TimerRow& timer) {
     const TimerRow before = std::exchange(m_timer, timer);
-    m_duration->setValue(QString::fromStdString(timer.duration));
+    m_duration->setValue(screenText(timer.duration));
     if (timer.taskName != before.taskName)
         showName();
     if (timer.isPaused != before.isPaused)
@@ -57,7 +58,7 @@ void TimerRowView::setTimer(const TimerRow& timer) {
 }
 
 void TimerRowView::showName() {
-    const auto name = QString::fromStdString(m_timer.taskName);
+    const QString name = screenText(m_timer.taskName);
     m_name->setValue(name);
     m_stopButton->setAccessibleDescription(name);
     showState();
@@ -69,7 +70,7 @@ void TimerRowView::showState() {
     m_pauseButton->setSymbol(isPaused ? u"play.fill"_s : u"pause.fill"_s);
     m_pauseButton->setColor(isPaused ? &Palette::orangeFill : &Palette::blue);
     m_pauseButton->setTooltip(isPaused ? u"Fortsetzen"_s : u"Pausieren"_s);
-    m_pauseButton->setAccessibleDescription(QString::fromStdString(m_timer.taskName));
+    m_pauseButton->setAccessibleDescription(screenText(m_timer.taskName));
     update();
 }
 
