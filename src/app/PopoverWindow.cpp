@@ -184,7 +184,7 @@ void PopoverWindow::keyPressEvent(QKeyEvent* event) {
 
 void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), Palette::of(*this).ground);
+    painter.fillRect(rect(), Palette::current().ground);
     if (m_form == Form::window)
         return;
     // The frame belongs to the popover itself and follows the desktop's appearance at launch.

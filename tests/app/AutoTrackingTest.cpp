@@ -62,7 +62,7 @@ TEST_F(ProgramThatTracks, windowOfADayOutlivesThePopover) {
     EXPECT_EQ(dayWindows().size(), 1U);
     app.settings().colorScheme = ColorSchemeOption::dark;
     turn();
-    EXPECT_EQ(Palette::of(*dayWindows()[0]).scheme, ColorScheme::dark);
+    EXPECT_EQ(dayWindows()[0]->grab().toImage().pixelColor(4, 70), Palette::of(ColorScheme::dark).ground);
     app.settings().colorScheme = ColorSchemeOption::light;
     turn();
 }

@@ -100,10 +100,11 @@ TEST_F(BrisklogAppTest, theWindowBecomesThePopoverOnceAPanelHasCome) {
 TEST_F(BrisklogAppTest, aChangedColourSchemeRepaintsTheOpenPopoverAtOnce) {
     statusItem->click();
     settle();
-    EXPECT_EQ(Palette::of(*app.popover()).scheme, ColorScheme::light);
+    const auto ground = [this] { return app.popover()->palette().color(QPalette::Window); };
+    EXPECT_EQ(ground(), Palette::of(ColorScheme::light).ground);
     app.settings().colorScheme = ColorSchemeOption::dark;
     turn();
-    EXPECT_EQ(Palette::of(*app.popover()).scheme, ColorScheme::dark);
+    EXPECT_EQ(ground(), Palette::of(ColorScheme::dark).ground);
     EXPECT_EQ(app.popover()->grab().toImage().pixelColor(4, 640), Palette::of(ColorScheme::dark).ground);
     app.settings().colorScheme = ColorSchemeOption::light;
     turn();

@@ -1,6 +1,7 @@
 #include "ui/look/Palette.h"
 
 #include "support/screen/ScreenTest.h"
+#include "ui/look/Hairline.h"
 
 #include <QApplication>
 #include <QToolTip>
@@ -123,17 +124,19 @@ TEST_P(PaletteTest, applyingAScheme_reachesOpenWidgetsAndTooltips) {
     QWidget open;
     open.show();
     applyColorScheme(GetParam());
-    EXPECT_EQ(&Palette::of(open), &palette());
+    EXPECT_EQ(&Palette::current(), &palette());
+    EXPECT_EQ(open.palette().color(QPalette::Window), palette().ground);
     EXPECT_EQ(open.palette().color(QPalette::Highlight), palette().blueFill);
     EXPECT_EQ(open.palette().color(QPalette::PlaceholderText), palette().secondary);
     EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase), palette().tooltip);
 }
 
-TEST_P(PaletteTest, theSchemeIsReadOffTheWidgetItself) {
-    applyColorScheme(ColorScheme::light);
-    QWidget widget;
-    widget.setPalette(toolkitPalette(palette()));
-    EXPECT_EQ(Palette::of(widget).scheme, GetParam());
+TEST_P(PaletteTest, whatIsPaintedFollowsTheAppliedScheme_notTheWidgetsOwnColours) {
+    applyColorScheme(GetParam());
+    const ColorScheme other = GetParam() == ColorScheme::dark ? ColorScheme::light : ColorScheme::dark;
+    Hairline line(Hairline::Kind::card);
+    line.setPalette(toolkitPalette(Palette::of(other)));
+    EXPECT_EQ(picture(line).pixelColor(0, 0), palette().line);
 }
 
 INSTANTIATE_TEST_SUITE_P(Schemes, PaletteTest, ::testing::Values(ColorScheme::light, ColorScheme::dark),

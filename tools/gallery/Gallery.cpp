@@ -285,7 +285,7 @@ Gallery::Gallery() {
 
 void Gallery::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintWindowFrame(painter, rect(), Palette::of(*this));
+    paintWindowFrame(painter, rect(), Palette::current());
 }
 
 } // namespace brisklog

@@ -75,14 +75,14 @@ void AppUsageDelegate::paintIcon(QPainter& painter, const QRect& area, const QMo
     const QImage& icon = iconOf(index, painter.device()->devicePixelRatioF());
     const QRect place(area.left(), area.top() + (area.height() - iconSize) / 2, iconSize, iconSize);
     if (icon.isNull())
-        paintSymbol(painter, place, u"app.fill"_s, iconSize, Palette::of(m_list).secondary);
+        paintSymbol(painter, place, u"app.fill"_s, iconSize, Palette::current().secondary);
     else
         painter.drawImage(place, icon);
 }
 
 void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const QString duration = screenText(m_model.rowAt(index).durationText());
     painter->save();
     if (index.row() % 2 == 1)

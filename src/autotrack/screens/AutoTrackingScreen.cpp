@@ -38,7 +38,7 @@ void TrackingDot::setOn(bool isOn) {
 
 void TrackingDot::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintSymbol(painter, rect(), m_isOn ? u"circle.fill"_s : u"circle"_s, dotSize,
                 m_isOn ? palette.greenFill : palette.secondary);
 }

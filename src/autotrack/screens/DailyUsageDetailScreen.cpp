@@ -26,7 +26,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), withOpacity(Palette::of(*this).secondary, 0.3));
+        QPainter(this).fillRect(rect(), withOpacity(Palette::current().secondary, 0.3));
     }
 };
 

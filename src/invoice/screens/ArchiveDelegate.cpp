@@ -137,7 +137,7 @@ QSize ArchiveDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& 
 
 void ArchiveDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const ArchiveRow& row = m_model.rowAt(index);
     painter->save();
     painter->setClipRect(option.rect, Qt::IntersectClip);

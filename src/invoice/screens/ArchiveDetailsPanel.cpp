@@ -57,7 +57,7 @@ void ArchiveDetailsPanel::setDetails(const ArchiveDetails& details) {
 
 void ArchiveDetailsPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    fillRounded(painter, rect(), radius, withOpacity(Palette::of(*this).secondary, 0.07));
+    fillRounded(painter, rect(), radius, withOpacity(Palette::current().secondary, 0.07));
 }
 
 } // namespace brisklog

@@ -105,7 +105,7 @@ QSize InvoiceEntryDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIn
 
 void InvoiceEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const QRect row = rowIn(option.rect);
     const InvoiceEntryRowView shown = m_model.row(index);
     painter->save();
@@ -127,7 +127,7 @@ void InvoiceEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
 
 void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
                                       const InvoiceEntryRowView& shown) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const QString duration = screenText(shown.duration(m_model.now()));
     const QString amount = screenText(shown.amount(m_model.now()));
     const Cells cells =

@@ -30,7 +30,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const Palette& palette = Palette::of(*this);
+        const Palette& palette = Palette::current();
         fillRounded(painter, rect(), 4, withOpacity(palette.orangeFill, 0.2));
         paintText(painter, rect(), text(), FontRole::caption11Medium, palette.orange, Qt::AlignCenter,
                   Qt::ElideNone);
@@ -66,7 +66,7 @@ void ActiveTimerRowView::setTimer(const ActiveTimerRow& timer) {
 
 void ActiveTimerRowView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), radius, withOpacity(palette.secondary, 0.05));
     paintTimeEdge(painter, timeEdge, m_isPaused ? palette.orangeFill : palette.blue);
 }

@@ -79,7 +79,7 @@ QRect BarChart::column(std::size_t index) const {
 
 void BarChart::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintScale(painter, palette);
     for (std::size_t i = 0; i < m_content.bars.size(); ++i)
         paintBar(painter, palette, i);

@@ -53,7 +53,7 @@ void CalendarCellView::paintEvent(QPaintEvent*) {
     if (!m_cell)
         return;
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     if (m_cell->isSelected)
         fillRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.2));
     else if (isHovered())

@@ -92,7 +92,7 @@ void CalendarScreen::showEvent(QShowEvent* event) {
 
 void CalendarScreen::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintCard(painter, rect(), Palette::of(*this));
+    paintCard(painter, rect(), Palette::current());
 }
 
 bool CalendarScreen::gridHasFocus() const {

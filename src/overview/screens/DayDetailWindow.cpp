@@ -51,7 +51,7 @@ void DayDetailWindow::closeEvent(QCloseEvent* event) {
         delegate->windowWillClose();
 }
 
-void DayDetailWindow::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Palette::of(*this).ground); }
+void DayDetailWindow::paintEvent(QPaintEvent*) { QPainter(this).fillRect(rect(), Palette::current().ground); }
 
 DayDetailWindows::~DayDetailWindows() {
     for (const QPointer<DayDetailWindow>& window : m_windows)

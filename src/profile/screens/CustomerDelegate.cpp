@@ -103,7 +103,7 @@ QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&
 
 void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const QRect card = cardIn(option.rect, index);
     painter->save();
     if (option.state.testFlag(QStyle::State_MouseOver))

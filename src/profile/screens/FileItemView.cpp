@@ -61,7 +61,7 @@ QSize FileItemView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) co
 
 void FileItemView::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     const QRect tile = tileIn(option.rect);
     const bool isFocused = m_list.showsFocusRing() && m_list.currentIndex() == index;
     const bool isMarked = isFocused || option.state.testFlag(QStyle::State_MouseOver);
@@ -78,7 +78,7 @@ void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QMode
     const FileItem* const item = m_model.item(index.row());
     if (!item)
         return;
-    const Palette& palette = Palette::of(m_list);
+    const Palette& palette = Palette::current();
     if (item->isDirectory) {
         fillRounded(painter, box, pictureRadius, withOpacity(palette.blueFill, 0.1));
         paintSymbol(painter, box, u"folder"_s, symbolSize, palette.blue);

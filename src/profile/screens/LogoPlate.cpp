@@ -56,7 +56,7 @@ void LogoPlate::paintEvent(QPaintEvent*) {
 }
 
 void LogoPlate::paintLogo(QPainter& painter) const {
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), radius, palette.white);
     frameRounded(painter, rect(), radius, palette.line);
     QRect place(QPoint(), sizeOnScreen(m_logo));
@@ -66,7 +66,7 @@ void LogoPlate::paintLogo(QPainter& painter) const {
 }
 
 void LogoPlate::paintEmpty(QPainter& painter) const {
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const int textHeight = lineHeight(FontRole::tab12);
     QRect lines(0, 0, width(), symbolSize + gap + textHeight);
     lines.moveCenter(rect().center());

@@ -26,7 +26,7 @@ NoteBox::NoteBox(const QString& heading, const QString& text, QWidget* parent) :
 
 void NoteBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), radius, laidOver(withOpacity(palette.blueFill, 0.08), palette.card));
     frameRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.16));
     paintTimeEdge(painter, {edgeLeft, edgeInset, edgeWidth, height() - 2 * edgeInset}, palette.blue);

@@ -83,7 +83,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        const Palette& palette = Palette::of(*this);
+        const Palette& palette = Palette::current();
         if (isHovered() || isDown())
             paintHoveredCard(painter, rect(), palette);
         else

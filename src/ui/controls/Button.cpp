@@ -130,7 +130,7 @@ QColor Button::foreground(const Palette& palette) const {
 
 void Button::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintGround(painter, palette);
     paintContent(painter, foreground(palette));
 }

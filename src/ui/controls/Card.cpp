@@ -9,7 +9,7 @@ namespace brisklog {
 
 void Card::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintCard(painter, rect(), Palette::of(*this));
+    paintCard(painter, rect(), Palette::current());
 }
 
 CardView::CardView(QWidget* content, int padding, int cornerRadius, QWidget* parent)

@@ -54,7 +54,7 @@ QSize CheckBox::minimumSizeHint() const { return sizeHint(); }
 
 void CheckBox::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const QRect box(0, 0, boxSize, rect().height());
     paintCheckBox(painter, box, {.isTicked = isChecked(), .isEnabled = isEnabled()}, palette);
     paintText(painter, rect().adjusted(boxSize + gap, 0, 0, 0), caption(), FontRole::body13,

@@ -29,7 +29,7 @@ QSize CountBadge::sizeHint() const { return {textWidth(text(), badgeFont) + 2 * 
 
 void CountBadge::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), badgeHeight / 2.0, withOpacity(palette.control, 0.8));
     paintText(painter, rect(), text(), badgeFont, palette.text, Qt::AlignCenter, Qt::ElideNone);
 }

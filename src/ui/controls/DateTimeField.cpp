@@ -75,7 +75,7 @@ QRect DateTimeField::symbolRect() const { return {width() - symbolArea, 0, symbo
 
 void DateTimeField::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
     const QColor resting = isEnabled() ? palette.secondary : withOpacity(palette.secondary, 0.5);

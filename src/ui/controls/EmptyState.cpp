@@ -21,7 +21,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const Palette& palette = Palette::of(*this);
+        const Palette& palette = Palette::current();
         fillRounded(painter, rect(), width() / 2.0, withOpacity(palette.control, 0.5));
         paintSymbol(painter, rect(), m_symbol, width() / 2, palette.secondary);
     }

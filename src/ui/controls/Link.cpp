@@ -23,7 +23,7 @@ QSize Link::sizeHint() const { return {textWidth(caption(), linkFont) + 2 * padd
 
 void Link::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     QFont underlined = fontFor(linkFont);
     underlined.setUnderline(true);
     painter.setFont(underlined);

@@ -67,7 +67,7 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const Palette& palette = Palette::of(m_list);
+        const Palette& palette = Palette::current();
         const MenuItem& row = item(index);
         if (row.isDivider)
             painter->fillRect(QRect(option.rect.x() + dividerInset, option.rect.center().y(),
@@ -226,7 +226,7 @@ bool MenuPopup::eventFilter(QObject* watched, QEvent* event) {
 
 void MenuPopup::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), frameRadius, palette.card);
     frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
 }

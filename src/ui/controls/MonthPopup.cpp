@@ -93,7 +93,7 @@ void MonthPopup::choose(const QDate& day) {
 
 void MonthPopup::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), frameRadius, palette.card);
     frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
     paintHeadings(painter);
@@ -106,12 +106,12 @@ void MonthPopup::paintHeadings(QPainter& painter) const {
         const int weekday = firstShownDay().addDays(column).dayOfWeek();
         const QRect area(cellRect(column).x(), gridTop - headingHeight, cellSize.width(), headingHeight);
         paintText(painter, area, german().dayName(weekday, QLocale::ShortFormat).left(2), FontRole::caption11,
-                  Palette::of(*this).secondary, Qt::AlignCenter);
+                  Palette::current().secondary, Qt::AlignCenter);
     }
 }
 
 void MonthPopup::paintDay(QPainter& painter, int cell) const {
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const QDate day = firstShownDay().addDays(cell);
     const QRect area = cellRect(cell).adjusted(1, 1, -1, -1);
     const bool isOfMonth = day.month() == m_current.month();

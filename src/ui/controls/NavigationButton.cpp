@@ -83,7 +83,7 @@ QSize NavigationButton::sizeHint() const {
 
 void NavigationButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     fillRounded(painter, rect(), radius, navigationButtonBackground(state(), palette));
     const QColor color = navigationButtonForeground(state(), palette);
     if (m_form == Form::bar)

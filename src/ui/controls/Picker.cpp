@@ -104,7 +104,7 @@ bool Picker::event(QEvent* event) {
 
 void Picker::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
     const QColor disabled = withOpacity(palette.secondary, 0.5);

@@ -27,7 +27,7 @@ QSize SectionHeader::sizeHint() const {
 
 void SectionHeader::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const bool isDark = palette.scheme == ColorScheme::dark;
     paintSymbol(painter, QRect(0, 0, symbolSize, height()), m_systemImage, symbolSize,
                 isDark ? palette.white : palette.blue);

@@ -64,7 +64,7 @@ bool Stepper::canStep(Part part) const {
 
 void Stepper::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
     paintText(painter, partRect(Part::none).adjusted(padding, 0, 0, 0), QString::number(value()) + m_unit,
@@ -74,7 +74,7 @@ void Stepper::paintEvent(QPaintEvent*) {
 }
 
 void Stepper::paintPart(QPainter& painter, Part part) const {
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const QRect area = partRect(part);
     const bool isActive = canStep(part) && (part == m_hovered || part == m_pressed);
     // Inside the frame, so that the field's own edge stays.

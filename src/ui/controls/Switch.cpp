@@ -56,7 +56,7 @@ void Switch::moveKnob() {
 
 void Switch::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     painter.setOpacity(isEnabled() ? 1 : 0.5);
     fillRounded(painter, rect(), radius, isChecked() ? palette.blueFill : palette.rule);
     const qreal left = inset + m_knob * (width() - knob - 2 * inset);

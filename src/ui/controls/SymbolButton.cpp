@@ -78,7 +78,7 @@ void SymbolButton::paintEvent(QPaintEvent*) {
                                 .isHovered = isHovered(),
                                 .isPressed = isDown(),
                                 .isEnabled = isEnabled()};
-    paintSymbolButton(painter, rect(), m_symbol, symbolSizeOf(m_size), look, Palette::of(*this));
+    paintSymbolButton(painter, rect(), m_symbol, symbolSizeOf(m_size), look, Palette::current());
 }
 
 } // namespace brisklog

@@ -97,7 +97,7 @@ bool TextArea::event(QEvent* event) {
 void TextArea::paintGround() {
     QPainter painter(this);
     paintField(painter, rect(), {.isHovered = m_isHovered, .isFocused = hasFocus(), .isEnabled = isEnabled()},
-               Palette::of(*this));
+               Palette::current());
 }
 
 void TextArea::keyPressEvent(QKeyEvent* event) {

@@ -73,7 +73,7 @@ QSize TextField::minimumSizeHint() const { return {48, sizeHint().height()}; }
 void TextField::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     paintField(painter, rect(), {.isHovered = m_isHovered, .isFocused = hasFocus(), .isEnabled = isEnabled()},
-               Palette::of(*this));
+               Palette::current());
     painter.end();
     QLineEdit::paintEvent(event);
 }

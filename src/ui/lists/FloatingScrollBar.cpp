@@ -104,7 +104,7 @@ void FloatingScrollBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const int width = m_isHovered || m_isDragged ? hoveredThickness : thickness;
     fillRounded(painter, QRectF(reach - edge - width, 0, width, height()), width / 2.0,
-                withOpacity(Palette::of(*this).secondary, 0.35));
+                withOpacity(Palette::current().secondary, 0.35));
 }
 
 void FloatingScrollBar::mousePressEvent(QMouseEvent* event) {

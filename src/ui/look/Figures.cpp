@@ -92,7 +92,7 @@ QSize FigureLabel::sizeHint() const { return {figureWidth(text(), m_font), lineH
 
 void FigureLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFigures(painter, rect(), text(), m_font, Palette::of(*this).*m_color, alignment());
+    paintFigures(painter, rect(), text(), m_font, Palette::current().*m_color, alignment());
 }
 
 } // namespace brisklog

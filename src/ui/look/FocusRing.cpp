@@ -24,7 +24,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        paintFocusRing(painter, rect().adjusted(room, room, -room, -room), m_radius, Palette::of(*this));
+        paintFocusRing(painter, rect().adjusted(room, room, -room, -room), m_radius, Palette::current());
     }
 
 private:

@@ -13,7 +13,7 @@ Hairline::Hairline(Kind kind, Qt::Orientation orientation, QWidget* parent) : QW
 
 void Hairline::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     painter.fillRect(rect(), m_kind == Kind::card ? palette.line : withOpacity(palette.secondary, 0.2));
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int longTooltip = 80;
 
 QColor textColor(const QWidget& widget, ColorRole color) {
-    const Palette& palette = Palette::of(widget);
+    const Palette& palette = Palette::current();
     return widget.isEnabled() ? palette.*color : withOpacity(palette.secondary, 0.5);
 }
 

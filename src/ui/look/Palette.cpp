@@ -3,11 +3,13 @@
 #include <QApplication>
 #include <QPalette>
 #include <QToolTip>
-#include <QWidget>
 #include <cmath>
 
 namespace brisklog {
 namespace {
+
+/// One for the whole program, like the toolkit's own palette.
+ColorScheme currentScheme = ColorScheme::light;
 
 Palette lightPalette() {
     return {
@@ -83,11 +85,7 @@ const Palette& Palette::of(ColorScheme scheme) {
     return scheme == ColorScheme::dark ? dark : light;
 }
 
-const Palette& Palette::of(const QPalette& palette) {
-    return of(palette.color(QPalette::Window).lightness() < 128 ? ColorScheme::dark : ColorScheme::light);
-}
-
-const Palette& Palette::of(const QWidget& widget) { return of(widget.palette()); }
+const Palette& Palette::current() { return of(currentScheme); }
 
 QColor withOpacity(QColor color, double opacity) {
     color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
@@ -127,7 +125,8 @@ QPalette toolkitPalette(const Palette& palette) {
 }
 
 void applyColorScheme(ColorScheme scheme) {
-    const QPalette palette = toolkitPalette(Palette::of(scheme));
+    currentScheme = scheme;
+    const QPalette palette = toolkitPalette(Palette::current());
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
     // The toolkit would tell the widgets only in the next turn of the event loop.

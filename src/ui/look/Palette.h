@@ -5,7 +5,6 @@
 #include <QColor>
 
 class QPalette;
-class QWidget;
 
 namespace brisklog {
 
@@ -43,9 +42,8 @@ struct Palette {
     QColor white;
 
     [[nodiscard]] static const Palette& of(ColorScheme scheme);
-    /// The set that applies to the widget: read off the tone of its window colour.
-    [[nodiscard]] static const Palette& of(const QWidget& widget);
-    [[nodiscard]] static const Palette& of(const QPalette& palette);
+    /// The set to paint with: that of the scheme applied last, the light one before.
+    [[nodiscard]] static const Palette& current();
 };
 
 /// Names a colour independently of the scheme: `&Palette::secondary`.
@@ -63,7 +61,8 @@ using ColorRole = QColor Palette::*;
 /// The scheme in the toolkit's own roles, for the parts of widgets the toolkit paints.
 [[nodiscard]] QPalette toolkitPalette(const Palette& palette);
 
-/// Repaints everything that is open (windows, sheets, menus, tooltips) in this scheme, at once.
+/// Makes this scheme the current one and repaints everything that is open (windows, sheets, menus, tooltips),
+/// at once.
 void applyColorScheme(ColorScheme scheme);
 
 } // namespace brisklog

@@ -30,7 +30,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const Palette& palette = Palette::of(*this);
+        const Palette& palette = Palette::current();
         fillRounded(painter, rect(), tileRadius, withOpacity(palette.redFill, 0.12));
         paintSymbol(painter, rect(), u"exclamationmark.triangle.fill"_s, symbolSize, palette.red);
     }

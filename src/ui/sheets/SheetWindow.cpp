@@ -126,7 +126,7 @@ void SheetWindow::addFooterTrailing(QWidget* widget) {
 
 void SheetWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     painter.fillRect(rect(), palette.ground);
     paintWindowFrame(painter, rect(), palette);
 }

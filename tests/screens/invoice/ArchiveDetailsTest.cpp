@@ -157,9 +157,9 @@ TEST_F(ArchiveDetailsOnScreen, theInvoiceUnderThePointerIsMarkedUntilThePointerI
     };
     QMouseEvent move(QEvent::MouseMove, onHead, list().viewport()->mapToGlobal(onHead), Qt::NoButton, {}, {});
     QCoreApplication::sendEvent(list().viewport(), &move);
-    EXPECT_NE(colorThere(), Palette::of(*sheet).card);
+    EXPECT_NE(colorThere(), Palette::current().card);
     hover(*list().indexWidget(row(u"2026-041"_s)));
-    EXPECT_EQ(colorThere(), Palette::of(*sheet).card);
+    EXPECT_EQ(colorThere(), Palette::current().card);
 }
 
 TEST_F(ArchiveDetailsOnScreen, detailsThatAreStillMovingEndWhereTheyShouldWhenOthersBegin) {

@@ -139,7 +139,7 @@ TEST_F(ArchiveSheet, theKeyboardsInvoiceHasTheRing) {
     const QRect head = list().visualRect(list().currentIndex());
     const QImage image = picture(*sheet);
     const QPoint onRing = list().viewport()->mapTo(sheet, head.topLeft() + QPoint(200, 3));
-    EXPECT_TRUE(looksLike(image.pixelColor(onRing), Palette::of(*sheet).blue));
+    EXPECT_TRUE(looksLike(image.pixelColor(onRing), Palette::current().blue));
 }
 
 TEST_F(ArchiveSheet, twoThousandInvoicesOpenWithoutMakingOneWait) {

@@ -51,7 +51,7 @@ TEST_F(CalendarScreenTest, dotsComeWithDataAndGoWithIt) {
         const QImage with = cell(name + u", mit Daten"_s).grab().toImage();
         const QPoint dot(with.width() / 2, 31);
         EXPECT_NE(with.pixelColor(dot), without.pixelColor(dot));
-        EXPECT_EQ(with.pixelColor(dot), Palette::of(*screen).blue);
+        EXPECT_EQ(with.pixelColor(dot), Palette::current().blue);
         manager().clearAllData();
         settle();
         EXPECT_EQ(cell(name).grab().toImage(), without);

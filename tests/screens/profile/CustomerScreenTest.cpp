@@ -213,13 +213,13 @@ TEST_F(CustomerScreenTest, theCardUnderThePointerIsMarked) {
     open();
     const QPoint spot(400, rowArea(1).center().y());
     const QPoint onSheet = list().viewport()->mapTo(sheet, spot);
-    EXPECT_EQ(picture(*sheet).pixelColor(onSheet), Palette::of(*sheet).card);
+    EXPECT_EQ(picture(*sheet).pixelColor(onSheet), Palette::current().card);
     QTest::mouseMove(list().viewport(), spot);
     QMouseEvent move(QEvent::MouseMove, spot, list().viewport()->mapToGlobal(spot), Qt::NoButton, {}, {});
     QCoreApplication::sendEvent(list().viewport(), &move);
     QHoverEvent hover(QEvent::HoverMove, spot, list().viewport()->mapToGlobal(spot), QPointF());
     QCoreApplication::sendEvent(list().viewport(), &hover);
-    const Palette& palette = Palette::of(*sheet);
+    const Palette& palette = Palette::current();
     EXPECT_TRUE(looksLike(picture(*sheet).pixelColor(onSheet),
                           laidOver(withOpacity(palette.control, 0.5), palette.ground)));
 }

@@ -159,8 +159,8 @@ TEST_F(LogoPickerScreenTest, showsThumbnailsFittedAndInTheMiddle) {
     EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(-30, -12)), Qt::red));
     EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(30, -12)), Qt::green));
     EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(-30, 12)), Qt::blue));
-    EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(0, -24)), Palette::of(*window()).ground));
-    EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(-44, 0)), Palette::of(*window()).ground));
+    EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(0, -24)), Palette::current().ground));
+    EXPECT_TRUE(looksLike(seen.pixelColor(middle + QPoint(-44, 0)), Palette::current().ground));
 }
 
 TEST_F(LogoPickerScreenTest, ofThousandsOfPicturesOnlyTheVisibleOnesAreDecoded) {

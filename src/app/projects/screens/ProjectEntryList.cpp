@@ -51,7 +51,7 @@ void ProjectEntryList::place() {
 
 void ProjectEntryList::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintCard(painter, cardArea(), Palette::of(*this));
+    paintCard(painter, cardArea(), Palette::current());
 }
 
 void ProjectEntryList::resizeEvent(QResizeEvent* event) {

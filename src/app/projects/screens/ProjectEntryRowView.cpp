@@ -110,7 +110,7 @@ QSize ProjectEntryRowView::sizeHint(const QStyleOptionViewItem&, const QModelInd
 
 void ProjectEntryRowView::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                 const QModelIndex& index) const {
-    const Palette& palette = Palette::of(m_view);
+    const Palette& palette = Palette::current();
     const RowPlacement row(m_model.row(index.row()), option.rect);
     paintNameAndEarnings(*painter, row, palette);
     paintTimes(*painter, row, palette);

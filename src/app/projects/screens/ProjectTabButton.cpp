@@ -64,7 +64,7 @@ void ProjectTabButton::updateTooltip() {
 
 void ProjectTabButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const QColor color = m_content.isSelected || isHovered() ? palette.text : palette.secondary;
     const QColor symbolColor = m_content.symbolColor ? palette.*m_content.symbolColor : color;
     const QRect area = rect().adjusted(0, 0, 0, -1);

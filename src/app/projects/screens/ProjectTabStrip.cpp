@@ -198,7 +198,7 @@ void ProjectTabStrip::openMenu() {
 
 void ProjectTabStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor line = withOpacity(Palette::of(*this).secondary, 0.2);
+    const QColor line = withOpacity(Palette::current().secondary, 0.2);
     painter.fillRect(0, height() - 1, width(), 1, line);
     if (m_layout.overflow)
         painter.fillRect(m_layout.overflow->x + m_layout.overflow->width, (height() - dividerHeight) / 2, 1,

@@ -28,7 +28,7 @@ QSize TabOverflowButton::sizeHint() const { return {46, 30}; }
 
 void TabOverflowButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     if (isHovered() || isDown())
         fillRounded(painter, rect(), radius, withOpacity(palette.control, isDown() ? 0.9 : 0.7));
     const int number = figureWidth(caption(), FontRole::tab12Medium);

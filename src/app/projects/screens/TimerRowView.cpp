@@ -76,7 +76,7 @@ void TimerRowView::showState() {
 
 void TimerRowView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::of(*this);
+    const Palette& palette = Palette::current();
     const QColor& hue = m_timer.isPaused ? palette.orangeFill : palette.blueFill;
     fillRounded(painter, rect(), radius, laidOver(withOpacity(hue, 0.08), palette.card));
     frameRounded(painter, rect(), radius, withOpacity(hue, 0.16));
