@@ -12,8 +12,4 @@ int ContentView::shownSection() const {
     return found == sections.end() ? projectsSection : found->number;
 }
 
-ColorScheme ContentView::colorScheme() const {
-    return settings.colorScheme.get() == ColorSchemeOption::dark ? ColorScheme::dark : ColorScheme::light;
-}
-
 } // namespace brisklog

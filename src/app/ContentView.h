@@ -3,8 +3,6 @@
 #include "core/TimeTrackingStore.h"
 #include "settings/AppSettings.h"
 
-#include "platform/Appearance.h"
-
 #include <array>
 #include <string_view>
 
@@ -41,7 +39,7 @@ public:
     [[nodiscard]] int shownSection() const;
 
     /// What the whole main view is drawn in, overriding the desktop's own appearance.
-    [[nodiscard]] ColorScheme colorScheme() const;
+    [[nodiscard]] ColorScheme colorScheme() const { return settings.colorScheme; }
 };
 
 } // namespace brisklog

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Appearance.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -19,7 +21,7 @@ template <class Option>
 inline constexpr std::array<RawValue<Option>, 0> rawValues{};
 
 /// Appearance chosen by the user.
-enum class ColorSchemeOption { light, dark };
+using ColorSchemeOption = ColorScheme;
 
 template <>
 inline constexpr std::array rawValues<ColorSchemeOption>{RawValue{ColorSchemeOption::light, "Hell"},
