@@ -99,10 +99,8 @@ void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
 QString AppUsageDelegate::tooltipAt(const QRect& item, const QPoint& /*point*/,
                                     const QModelIndex& index) const {
-    const QString name = index.data().toString();
     const QString duration = screenText(m_model.rowAt(index).durationText());
-    const bool isElided = textWidth(name, FontRole::body13) > nameArea(item, duration).width();
-    return isElided ? name : QString();
+    return textIfElided(index.data().toString(), FontRole::body13, nameArea(item, duration).width());
 }
 
 } // namespace brisklog

@@ -3,6 +3,7 @@
 #include "foundation/Text.h"
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveModel.h"
+#include "ui/controls/SectionHeader.h"
 #include "ui/lists/ListView.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -26,8 +27,6 @@ constexpr int marginAbove = 12;
 constexpr int marginBelow = 15;
 constexpr int monthAbove = 14;
 constexpr int monthBelow = 6;
-constexpr int monthSymbol = 16;
-constexpr int monthGap = 6;
 constexpr int headHeight = 46;
 constexpr int numberTop = 7;
 constexpr int chevronSize = 14;
@@ -71,13 +70,9 @@ QRect numberIn(const QRect& item) { return lineIn(item, numberTop, numberFont); 
 QRect customerIn(const QRect& item) { return lineIn(item, numberTop + lineHeight(numberFont), customerFont); }
 
 void paintMonth(QPainter& painter, const QRect& item, const QString& title, const Palette& palette) {
-    const bool isDark = palette.scheme == ColorScheme::dark;
     const QRect line(explanationInset, item.top() + monthAbove, item.width() - 2 * explanationInset,
                      lineHeight(monthFont));
-    paintSymbol(painter, QRect(line.topLeft(), QSize(monthSymbol, line.height())), u"calendar"_s, monthSymbol,
-                isDark ? palette.white : palette.blue);
-    paintText(painter, line.adjusted(monthSymbol + monthGap, 0, 0, 0), title, monthFont,
-              isDark ? palette.white : palette.text);
+    paintSectionHeader(painter, line, title, u"calendar"_s, palette);
 }
 
 /// The row's share of its month's card.
@@ -185,12 +180,11 @@ QString ArchiveDelegate::tooltipAt(const QRect& item, const QPoint& point, const
     if (m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
         return {};
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
-    QString number = oneLine(archiveNumber(invoice));
-    QString customer = oneLine(archiveCustomer(invoice));
-    if (numberIn(item).contains(point) && textWidth(number, numberFont) > numberIn(item).width())
-        return number;
-    const bool isElided = textWidth(customer, customerFont) > customerIn(item).width();
-    return customerIn(item).contains(point) && isElided ? customer : QString();
+    if (numberIn(item).contains(point))
+        return textIfElided(oneLine(archiveNumber(invoice)), numberFont, numberIn(item).width());
+    if (customerIn(item).contains(point))
+        return textIfElided(oneLine(archiveCustomer(invoice)), customerFont, customerIn(item).width());
+    return {};
 }
 
 } // namespace brisklog

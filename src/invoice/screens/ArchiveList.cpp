@@ -167,15 +167,10 @@ void ArchiveList::move(const QModelIndex& index) {
     m_moving = index;
     const bool opens = m_view.isOpen(m_model.rowAt(index).invoice.id);
     m_delegate->setMoving(index, opens ? 0 : 1);
-    m_movement = new QVariantAnimation(this);
-    m_movement->setStartValue(opens ? 0.0 : 1.0);
-    m_movement->setEndValue(opens ? 1.0 : 0.0);
-    m_movement->setDuration(motionAllowed() ? movementMilliseconds : 0);
-    m_movement->setEasingCurve(QEasingCurve::OutCubic);
-    connect(m_movement, &QVariantAnimation::valueChanged, this,
-            [this](const QVariant& shown) { m_delegate->setMoving(m_moving, shown.toDouble()); });
-    connect(m_movement, &QVariantAnimation::finished, this, [this] { movementEnded(m_moving); });
-    m_movement->start(QAbstractAnimation::DeleteWhenStopped);
+    m_movement = glide(
+        *this, opens ? 0 : 1, opens ? 1 : 0, movementMilliseconds,
+        [this](double shown) { m_delegate->setMoving(m_moving, shown); },
+        [this] { movementEnded(m_moving); });
 }
 
 void ArchiveList::movementEnded(const QModelIndex& index) {

@@ -150,15 +150,13 @@ QString InvoiceEntryDelegate::tooltipAt(const QRect& item, const QPoint& point,
     if (part == Part::trash)
         return QString::fromUtf16(trashTooltip);
     const InvoiceEntryRowView shown = m_model.row(index);
-    const QString name = screenText(shown.entryStatus.entry.taskName);
     const Cells cells =
         cellsIn(rowIn(item), figureWidth(screenText(shown.duration(m_model.now())), FontRole::body13),
                 figureWidth(screenText(shown.amount(m_model.now())), FontRole::body13Medium));
-    const bool isElided = textWidth(name, FontRole::body13) > cells.name.width();
-    QString remark = screenText(shown.remark());
-    if (!isElided)
-        return remark;
-    return remark.isEmpty() ? name : name + u'\n' + remark;
+    const QString name =
+        textIfElided(screenText(shown.entryStatus.entry.taskName), FontRole::body13, cells.name.width());
+    const QString remark = screenText(shown.remark());
+    return name.isEmpty() || remark.isEmpty() ? name + remark : name + u'\n' + remark;
 }
 
 } // namespace brisklog

@@ -119,8 +119,8 @@ void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
 QString CustomerDelegate::tooltipAt(const QRect& item, const QPoint& point, const QModelIndex& index) const {
     for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(item, index)))
-        if (line.area.contains(point) && textWidth(line.text, line.font) > textArea(line).width())
-            return line.text;
+        if (line.area.contains(point))
+            return textIfElided(line.text, line.font, textArea(line).width());
     return {};
 }
 

@@ -95,9 +95,7 @@ void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QMode
 }
 
 QString FileItemView::tooltipAt(const QRect& item, const QPoint& /*point*/, const QModelIndex& index) const {
-    const QString name = index.data().toString();
-    const bool isElided = textWidth(name, nameFont(true)) > nameBoxIn(tileIn(item)).width();
-    return isElided ? name : QString();
+    return textIfElided(index.data().toString(), nameFont(true), nameBoxIn(tileIn(item)).width());
 }
 
 } // namespace brisklog

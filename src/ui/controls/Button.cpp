@@ -120,7 +120,7 @@ QSize Button::sizeHint() const {
 
 QColor Button::foreground(const Palette& palette) const {
     if (!isEnabled())
-        return withOpacity(palette.secondary, 0.5);
+        return palette.disabled();
     if (isFilled(m_kind))
         return palette.white;
     if (m_kind == Kind::destructive)

@@ -58,7 +58,7 @@ void CheckBox::paintEvent(QPaintEvent*) {
     const QRect box(0, 0, boxSize, rect().height());
     paintCheckBox(painter, box, {.isTicked = isChecked(), .isEnabled = isEnabled()}, palette);
     paintText(painter, rect().adjusted(boxSize + gap, 0, 0, 0), caption(), FontRole::body13,
-              isEnabled() ? palette.text : withOpacity(palette.secondary, 0.5));
+              isEnabled() ? palette.text : palette.disabled());
 }
 
 } // namespace brisklog

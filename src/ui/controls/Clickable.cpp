@@ -1,8 +1,7 @@
 #include "ui/controls/Clickable.h"
 
 #include "ui/look/FocusRing.h"
-
-#include <QKeyEvent>
+#include "ui/look/Keys.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,10 +50,9 @@ void Clickable::hideEvent(QHideEvent* event) {
 }
 
 void Clickable::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+    if (isControlReturn(*event))
         event->ignore();
-    else if (isReturn)
+    else if (isReturn(*event))
         click();
     else
         QAbstractButton::keyPressEvent(event);

@@ -1,10 +1,10 @@
 #include "ui/controls/DateTimeField.h"
 
 #include "ui/controls/MonthPopup.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
 
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -34,9 +34,7 @@ DateTimeField::DateTimeField(const QString& name, QWidget* parent) : QDateTimeEd
     setAccessibleName(name);
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    setPalette(palette);
+    clearGround(*this);
 }
 
 void DateTimeField::setMoment(const QDateTime& moment) {
@@ -78,7 +76,7 @@ void DateTimeField::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::current();
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
-    const QColor resting = isEnabled() ? palette.secondary : withOpacity(palette.secondary, 0.5);
+    const QColor resting = isEnabled() ? palette.secondary : palette.disabled();
     paintSymbol(painter, symbolRect(), u"calendar"_s, symbolSize, m_isSymbolHovered ? palette.text : resting);
 }
 
@@ -122,10 +120,9 @@ void DateTimeField::enterEvent(QEnterEvent* event) {
 }
 
 void DateTimeField::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier))
         showCalendar();
-    else if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+    else if (isControlReturn(*event))
         event->ignore();
     else
         QDateTimeEdit::keyPressEvent(event);

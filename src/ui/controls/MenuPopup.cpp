@@ -92,7 +92,7 @@ private:
             left += symbolSize + columnGap;
         }
         paintText(painter, area.adjusted(left, 0, -rowPaddingRight, 0), row.text, FontRole::body13,
-                  row.isEnabled ? palette.text : withOpacity(palette.secondary, 0.5));
+                  row.isEnabled ? palette.text : palette.disabled());
     }
 
     [[nodiscard]] const MenuItem& item(const QModelIndex& index) const {

@@ -22,7 +22,7 @@ constexpr int rowPaddingRight = 9;
 
 QColor navigationButtonForeground(const NavigationButtonState& state, const Palette& palette) {
     if (state.isDisabled)
-        return withOpacity(palette.secondary, 0.5);
+        return palette.disabled();
     if (state.destructive)
         return state.isHovered ? palette.white : palette.red;
     if (state.accent)

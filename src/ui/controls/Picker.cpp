@@ -2,13 +2,13 @@
 
 #include "ui/controls/Menu.h"
 #include "ui/controls/PickerAccessible.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QToolTip>
@@ -107,16 +107,14 @@ void Picker::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::current();
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
-    const QColor disabled = withOpacity(palette.secondary, 0.5);
     const QColor& text = currentIndex() < 0 ? palette.secondary : palette.text;
-    paintText(painter, textRect(), shownText(), FontRole::body13, isEnabled() ? text : disabled);
+    paintText(painter, textRect(), shownText(), FontRole::body13, isEnabled() ? text : palette.disabled());
     paintSymbol(painter, QRect(width() - chevronEdge - chevronSize, 0, chevronSize, rect().height()),
-                u"chevron.down"_s, chevronSize, isEnabled() ? palette.secondary : disabled);
+                u"chevron.down"_s, chevronSize, isEnabled() ? palette.secondary : palette.disabled());
 }
 
 void Picker::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !event->modifiers().testFlag(Qt::ControlModifier))
+    if (isReturn(*event) && !isControlReturn(*event))
         showPopup();
     else
         QComboBox::keyPressEvent(event);

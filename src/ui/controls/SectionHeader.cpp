@@ -14,6 +14,15 @@ constexpr FontRole titleFont = FontRole::body13Semibold;
 
 } // namespace
 
+void paintSectionHeader(QPainter& painter, const QRect& area, const QString& title, const QString& symbol,
+                        const Palette& palette) {
+    const bool isDark = palette.scheme == ColorScheme::dark;
+    paintSymbol(painter, QRect(area.topLeft(), QSize(symbolSize, area.height())), symbol, symbolSize,
+                isDark ? palette.white : palette.blue);
+    paintText(painter, area.adjusted(symbolSize + gap, 0, 0, 0), title, titleFont,
+              isDark ? palette.white : palette.text);
+}
+
 SectionHeader::SectionHeader(const QString& title, const QString& systemImage, QWidget* parent)
     : QLabel(parent), m_systemImage(systemImage) {
     setTextFormat(Qt::PlainText);
@@ -27,12 +36,7 @@ QSize SectionHeader::sizeHint() const {
 
 void SectionHeader::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const Palette& palette = Palette::current();
-    const bool isDark = palette.scheme == ColorScheme::dark;
-    paintSymbol(painter, QRect(0, 0, symbolSize, height()), m_systemImage, symbolSize,
-                isDark ? palette.white : palette.blue);
-    paintText(painter, rect().adjusted(symbolSize + gap, 0, 0, 0), text(), titleFont,
-              isDark ? palette.white : palette.text);
+    paintSectionHeader(painter, rect(), text(), m_systemImage, Palette::current());
 }
 
 } // namespace brisklog

@@ -1,11 +1,17 @@
 #pragma once
 
 #include <QLabel>
-#include <QString>
 
 namespace brisklog {
 
-/// A symbol and a title in the headline font. Light: symbol blue, title in the text colour; dark: both white.
+struct Palette;
+
+/// Paints a symbol and a title in the headline font, for delegates. Light: symbol blue, title in the text
+/// colour; dark: both white.
+void paintSectionHeader(QPainter& painter, const QRect& area, const QString& title, const QString& symbol,
+                        const Palette& palette);
+
+/// The symbol and the title as a widget.
 class SectionHeader final : public QLabel {
 public:
     SectionHeader(const QString& title, const QString& systemImage, QWidget* parent = nullptr);

@@ -68,7 +68,7 @@ void Stepper::paintEvent(QPaintEvent*) {
     paintField(painter, rect(),
                {.isHovered = underMouse(), .isFocused = hasFocus(), .isEnabled = isEnabled()}, palette);
     paintText(painter, partRect(Part::none).adjusted(padding, 0, 0, 0), QString::number(value()) + m_unit,
-              FontRole::body13, isEnabled() ? palette.text : withOpacity(palette.secondary, 0.5));
+              FontRole::body13, isEnabled() ? palette.text : palette.disabled());
     paintPart(painter, Part::minus);
     paintPart(painter, Part::plus);
 }
@@ -84,7 +84,7 @@ void Stepper::paintPart(QPainter& painter, Part part) const {
     const int inset = hasFocus() ? 2 : 1;
     painter.fillRect(QRect(area.x(), inset, 1, height() - 2 * inset), withOpacity(palette.secondary, 0.2));
     paintSymbol(painter, area, part == Part::minus ? u"minus"_s : u"plus"_s, symbolSize,
-                canStep(part) ? palette.text : withOpacity(palette.secondary, 0.5));
+                canStep(part) ? palette.text : palette.disabled());
 }
 
 void Stepper::mousePressEvent(QMouseEvent* event) {

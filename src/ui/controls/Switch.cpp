@@ -4,7 +4,6 @@
 #include "ui/look/Painting.h"
 
 #include <QPainter>
-#include <QVariantAnimation>
 
 namespace brisklog {
 namespace {
@@ -36,22 +35,10 @@ void Switch::onToggled(std::function<void(bool)> toggled) {
 }
 
 void Switch::moveKnob() {
-    const double target = isChecked() ? 1 : 0;
-    if (!motionAllowed()) {
-        m_knob = target;
-        update();
-        return;
-    }
-    auto* glide = new QVariantAnimation(this);
-    glide->setStartValue(m_knob);
-    glide->setEndValue(target);
-    glide->setDuration(glideMilliseconds);
-    glide->setEasingCurve(QEasingCurve::OutCubic);
-    connect(glide, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-        m_knob = value.toDouble();
+    glide(*this, m_knob, isChecked() ? 1 : 0, glideMilliseconds, [this](double knob) {
+        m_knob = knob;
         update();
     });
-    glide->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
 void Switch::paintEvent(QPaintEvent*) {

@@ -24,7 +24,7 @@ int symbolSizeOf(SymbolButton::Size size) {
 
 QColor foreground(const SymbolButtonLook& look, const Palette& palette) {
     if (!look.isEnabled)
-        return withOpacity(palette.secondary, 0.5);
+        return palette.disabled();
     if (look.isDeleting)
         return palette.red;
     const bool isActive = look.isHovered || look.isPressed;

@@ -1,9 +1,9 @@
 #include "ui/controls/TextArea.h"
 
 #include "ui/lists/FloatingScrollBar.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Painting.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QTextBlockFormat>
 #include <QTextCursor>
@@ -27,9 +27,7 @@ TextArea::TextArea(const QString& placeholder, QWidget* parent) : QTextEdit(pare
     setViewportMargins(padding);
     document()->setDocumentMargin(0);
     viewport()->setAutoFillBackground(false);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    setPalette(palette);
+    clearGround(*this);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setLineHeights();
     FloatingScrollBar::attach(*this);
@@ -101,11 +99,10 @@ void TextArea::paintGround() {
 }
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // Left to the sheet, whose main action it is.
-    if (isReturn && event->modifiers().testFlag(Qt::ControlModifier))
+    if (isControlReturn(*event))
         event->ignore();
-    else if (isReturn)
+    else if (isReturn(*event))
         breakLine();
     else
         QTextEdit::keyPressEvent(event);

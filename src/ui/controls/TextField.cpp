@@ -1,10 +1,10 @@
 #include "ui/controls/TextField.h"
 
+#include "ui/look/Keys.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <limits>
 
@@ -14,12 +14,6 @@ namespace {
 constexpr int padding = 10;
 /// The toolkit keeps 2 pixels at both sides of the text for itself.
 constexpr int toolkitMargin = 2;
-
-void paintNoGround(QWidget& widget) {
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    widget.setPalette(palette);
-}
 
 } // namespace
 
@@ -32,7 +26,7 @@ TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    paintNoGround(*this);
+    clearGround(*this);
     // The pasted text has arrived by then: cleaning it here covers the clipboard, drops and input methods.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { cleanUp(text); });
 }
@@ -91,8 +85,7 @@ void TextField::leaveEvent(QEvent* event) {
 }
 
 void TextField::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && m_returned && !event->modifiers().testFlag(Qt::ControlModifier))
+    if (m_returned && isReturn(*event) && !isControlReturn(*event))
         m_returned();
     else
         QLineEdit::keyPressEvent(event);

@@ -1,6 +1,7 @@
 #include "ui/lists/ListView.h"
 
 #include "ui/lists/FloatingScrollBar.h"
+#include "ui/look/Palette.h"
 
 #include <QFocusEvent>
 
@@ -16,9 +17,7 @@ ListView::ListView(RowHeights heights, QWidget* parent) : QListView(parent) {
     setTabKeyNavigation(false);
     viewport()->setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    setPalette(palette);
+    clearGround(*this);
     FloatingScrollBar::attach(*this);
 }
 

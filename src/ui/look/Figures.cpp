@@ -69,30 +69,16 @@ void paintFigures(QPainter& painter, const QRect& area, const QString& text, Fon
 
 FigureLabel::FigureLabel(const QString& text, FontRole font, ColorRole color, Qt::Alignment alignment,
                          QWidget* parent)
-    : QLabel(parent), m_font(font), m_color(color) {
-    setTextFormat(Qt::PlainText);
+    : RoleLabel(text, font, color, parent) {
     setAlignment(alignment);
-    setText(text);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
 
-void FigureLabel::setValue(const QString& value) {
-    if (text() != value)
-        setText(value);
-}
-
-void FigureLabel::setColor(ColorRole color) {
-    if (m_color == color)
-        return;
-    m_color = color;
-    update();
-}
-
-QSize FigureLabel::sizeHint() const { return {figureWidth(text(), m_font), lineHeight(m_font)}; }
+QSize FigureLabel::sizeHint() const { return {figureWidth(text(), fontRole()), lineHeight(fontRole())}; }
 
 void FigureLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFigures(painter, rect(), text(), m_font, Palette::current().*m_color, alignment());
+    paintFigures(painter, rect(), text(), fontRole(), color(), alignment());
 }
 
 } // namespace brisklog

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "ui/look/Palette.h"
-#include "ui/look/Typography.h"
-
-#include <QLabel>
-
-class QPainter;
+#include "ui/look/Label.h"
 
 namespace brisklog {
 
@@ -17,16 +12,12 @@ void paintFigures(QPainter& painter, const QRect& area, const QString& text, Fon
                   const QColor& color, Qt::Alignment alignment);
 
 /// A duration or an amount. Its text is readable for screen readers like that of any label.
-class FigureLabel final : public QLabel {
+class FigureLabel final : public RoleLabel {
 public:
     explicit FigureLabel(const QString& text = {}, FontRole font = FontRole::title17,
                          ColorRole color = &Palette::text,
                          Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter,
                          QWidget* parent = nullptr);
-
-    /// Does nothing when the text is the same.
-    void setValue(const QString& text);
-    void setColor(ColorRole color);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -34,10 +25,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    FontRole m_font;
-    ColorRole m_color;
 };
 
 } // namespace brisklog

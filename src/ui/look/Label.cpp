@@ -15,11 +15,6 @@ namespace {
 
 constexpr int longTooltip = 80;
 
-QColor textColor(const QWidget& widget, ColorRole color) {
-    const Palette& palette = Palette::current();
-    return widget.isEnabled() ? palette.*color : withOpacity(palette.secondary, 0.5);
-}
-
 /// The lines the text breaks into at that width; they start at the left edge, one line height apart.
 std::unique_ptr<QTextLayout> brokenIntoLines(QString text, FontRole font, int width) {
     text.replace(u'\n', QChar::LineSeparator);
@@ -57,10 +52,31 @@ void drawLines(QPainter& painter, const QRect& area, const QTextLayout& layout, 
 
 } // namespace
 
-Label::Label(const QString& text, FontRole font, ColorRole color, Lines lines, QWidget* parent)
-    : QLabel(parent), m_font(font), m_color(color), m_lines(lines) {
+RoleLabel::RoleLabel(const QString& text, FontRole font, ColorRole color, QWidget* parent)
+    : QLabel(parent), m_font(font), m_color(color) {
     setTextFormat(Qt::PlainText);
     setText(text);
+}
+
+void RoleLabel::setValue(const QString& value) {
+    if (text() != value)
+        setText(value);
+}
+
+void RoleLabel::setColor(ColorRole color) {
+    if (m_color == color)
+        return;
+    m_color = color;
+    update();
+}
+
+QColor RoleLabel::color() const {
+    const Palette& palette = Palette::current();
+    return isEnabled() ? palette.*m_color : palette.disabled();
+}
+
+Label::Label(const QString& text, FontRole font, ColorRole color, Lines lines, QWidget* parent)
+    : RoleLabel(text, font, color, parent), m_lines(lines) {
     // Wrapped text needs more lines than its size hint has where it is narrower.
     QSizePolicy policy = lines == Lines::one ? QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed)
                                              : QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -68,72 +84,46 @@ Label::Label(const QString& text, FontRole font, ColorRole color, Lines lines, Q
     setSizePolicy(policy);
 }
 
-void Label::setValue(const QString& value) {
-    if (text() != value)
-        setText(value);
-}
-
-void Label::setColor(ColorRole color) {
-    if (m_color == color)
-        return;
-    m_color = color;
-    update();
-}
-
 QSize Label::sizeHint() const {
     if (m_lines == Lines::one)
-        return {textWidth(text(), m_font), lineHeight(m_font)};
+        return {textWidth(text(), fontRole()), lineHeight(fontRole())};
     constexpr int unlimited = 100000;
-    const auto layout = brokenIntoLines(text(), m_font, unlimited);
-    return {static_cast<int>(std::ceil(widestLine(*layout))), lineHeight(m_font) * layout->lineCount()};
+    const auto layout = brokenIntoLines(text(), fontRole(), unlimited);
+    return {static_cast<int>(std::ceil(widestLine(*layout))), lineHeight(fontRole()) * layout->lineCount()};
 }
 
 QSize Label::minimumSizeHint() const {
-    return m_lines == Lines::one ? sizeHint() : QSize(0, lineHeight(m_font));
+    return m_lines == Lines::one ? sizeHint() : QSize(0, lineHeight(fontRole()));
 }
 
 int Label::heightForWidth(int width) const {
     if (m_lines == Lines::one)
-        return lineHeight(m_font);
-    return wrappedHeight(text(), m_font, width);
+        return lineHeight(fontRole());
+    return wrappedHeight(text(), fontRole(), width);
 }
 
 void Label::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor color = textColor(*this, m_color);
     if (m_lines == Lines::one) {
-        paintText(painter, rect(), text(), m_font, color, alignment() | Qt::AlignVCenter, Qt::ElideNone);
+        paintText(painter, rect(), text(), fontRole(), color(), alignment() | Qt::AlignVCenter,
+                  Qt::ElideNone);
         return;
     }
-    painter.setPen(color);
-    drawLines(painter, rect(), *brokenIntoLines(text(), m_font, width()), alignment());
+    painter.setPen(color());
+    drawLines(painter, rect(), *brokenIntoLines(text(), fontRole(), width()), alignment());
 }
 
 ElidedLabel::ElidedLabel(const QString& text, FontRole font, ColorRole color, Qt::TextElideMode mode,
                          QWidget* parent)
-    : QLabel(parent), m_font(font), m_color(color), m_mode(mode) {
-    setTextFormat(Qt::PlainText);
-    setText(text);
+    : RoleLabel(text, font, color, parent), m_mode(mode) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void ElidedLabel::setValue(const QString& value) {
-    if (text() != value)
-        setText(value);
-}
+bool ElidedLabel::isElided() const { return textWidth(text(), fontRole()) > width(); }
 
-void ElidedLabel::setColor(ColorRole color) {
-    if (m_color == color)
-        return;
-    m_color = color;
-    update();
-}
+QSize ElidedLabel::sizeHint() const { return {textWidth(text(), fontRole()), lineHeight(fontRole())}; }
 
-bool ElidedLabel::isElided() const { return textWidth(text(), m_font) > width(); }
-
-QSize ElidedLabel::sizeHint() const { return {textWidth(text(), m_font), lineHeight(m_font)}; }
-
-QSize ElidedLabel::minimumSizeHint() const { return {0, lineHeight(m_font)}; }
+QSize ElidedLabel::minimumSizeHint() const { return {0, lineHeight(fontRole())}; }
 
 bool ElidedLabel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
@@ -147,8 +137,7 @@ bool ElidedLabel::event(QEvent* event) {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintText(painter, rect(), text(), m_font, textColor(*this, m_color), alignment() | Qt::AlignVCenter,
-              m_mode);
+    paintText(painter, rect(), text(), fontRole(), color(), alignment() | Qt::AlignVCenter, m_mode);
 }
 
 int wrappedHeight(const QString& text, FontRole font, int width) {
@@ -159,6 +148,10 @@ void paintWrapped(QPainter& painter, const QRect& area, const QString& text, Fon
                   const QColor& color) {
     painter.setPen(color);
     drawLines(painter, area, *brokenIntoLines(text, font, area.width()), Qt::AlignLeft);
+}
+
+QString textIfElided(const QString& text, FontRole font, int width) {
+    return textWidth(text, font) > width ? text : QString();
 }
 
 QString plainTooltip(const QString& text) {

@@ -7,17 +7,33 @@
 
 namespace brisklog {
 
-/// A text in one of our fonts and colours, always plain. Lines keep the role's line height.
-class Label final : public QLabel {
+/// What our labels have in common: a text in one of our fonts and colours, always plain.
+class RoleLabel : public QLabel {
+public:
+    /// Does nothing when the text is the same.
+    void setValue(const QString& text);
+    void setColor(ColorRole color);
+
+protected:
+    RoleLabel(const QString& text, FontRole font, ColorRole color, QWidget* parent);
+
+    [[nodiscard]] FontRole fontRole() const { return m_font; }
+
+    /// To paint with: paler while the label is disabled.
+    [[nodiscard]] QColor color() const;
+
+private:
+    FontRole m_font;
+    ColorRole m_color;
+};
+
+/// A text on one line or several, which keep the role's line height.
+class Label final : public RoleLabel {
 public:
     enum class Lines { one, wrapped };
 
     explicit Label(const QString& text = {}, FontRole font = FontRole::body13,
                    ColorRole color = &Palette::text, Lines lines = Lines::one, QWidget* parent = nullptr);
-
-    /// Does nothing when the text is the same.
-    void setValue(const QString& text);
-    void setColor(ColorRole color);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -30,21 +46,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    FontRole m_font;
-    ColorRole m_color;
     Lines m_lines;
 };
 
 /// One line that shortens itself where there is no room; the full text is its tooltip then, and only then.
-class ElidedLabel final : public QLabel {
+class ElidedLabel final : public RoleLabel {
 public:
     explicit ElidedLabel(const QString& text = {}, FontRole font = FontRole::body13,
                          ColorRole color = &Palette::text, Qt::TextElideMode mode = Qt::ElideRight,
                          QWidget* parent = nullptr);
 
-    /// Does nothing when the text is the same.
-    void setValue(const QString& text);
-    void setColor(ColorRole color);
     [[nodiscard]] bool isElided() const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -55,8 +66,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    FontRole m_font;
-    ColorRole m_color;
     Qt::TextElideMode m_mode;
 };
 
@@ -65,6 +74,9 @@ private:
 /// Paints the text broken into lines, from the area's top on; for delegates.
 void paintWrapped(QPainter& painter, const QRect& area, const QString& text, FontRole font,
                   const QColor& color);
+
+/// The text where it does not fit into that width, else nothing; for tooltips.
+[[nodiscard]] QString textIfElided(const QString& text, FontRole font, int width);
 
 /// The text as a tooltip that shows it letter by letter (never as markup) and wraps when it is long.
 [[nodiscard]] QString plainTooltip(const QString& text);

@@ -2,14 +2,15 @@
 
 #include "ui/look/Painting.h"
 #include "ui/look/Typography.h"
-#include "ui/look/WindowAccessible.h"
 
-#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <QToolTip>
+#include <QVariantAnimation>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -74,6 +75,53 @@ private:
     Motion m_motion;
 };
 
+bool isPopup(const QWidget& widget) { return widget.windowType() == Qt::Popup; }
+
+/// Windows that also list the menus and calendars open over them. The toolkit leaves out popups, so that a
+/// screen reader could follow the focus into a menu, but not look around in it.
+class WindowAccessible final : public QAccessibleWidget {
+public:
+    using QAccessibleWidget::QAccessibleWidget;
+
+    [[nodiscard]] int childCount() const override {
+        return QAccessibleWidget::childCount() + static_cast<int>(popups().size());
+    }
+
+    [[nodiscard]] QAccessibleInterface* child(int index) const override {
+        const int before = QAccessibleWidget::childCount();
+        const auto open = popups();
+        if (index < before || index >= before + static_cast<int>(open.size()))
+            return QAccessibleWidget::child(index);
+        return QAccessible::queryAccessibleInterface(open[static_cast<std::size_t>(index - before)]);
+    }
+
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
+        const auto open = popups();
+        for (std::size_t i = 0; i < open.size(); ++i)
+            if (child->object() == open[i])
+                return QAccessibleWidget::childCount() + static_cast<int>(i);
+        return QAccessibleWidget::indexOfChild(child);
+    }
+
+private:
+    [[nodiscard]] std::vector<QWidget*> popups() const {
+        std::vector<QWidget*> open;
+        for (QWidget* each : widget()->findChildren<QWidget*>())
+            if (each->isVisible() && isPopup(*each))
+                open.push_back(each);
+        return open;
+    }
+};
+
+QAccessibleInterface* windowAccessible(const QString& className, QObject* object) {
+    if (className != QLatin1String("QWidget"))
+        return nullptr;
+    auto* const widget = qobject_cast<QWidget*>(object);
+    const bool isOurs = widget != nullptr && widget->isWindow() && !isPopup(*widget) &&
+                        qstrcmp(widget->metaObject()->className(), "QWidget") == 0;
+    return isOurs ? new WindowAccessible(widget) : nullptr;
+}
+
 } // namespace
 
 Motion motionFromEnvironment() {
@@ -93,6 +141,27 @@ bool motionAllowed() {
     const QStyle* style = QApplication::style();
     return dynamic_cast<const ComponentStyle*>(style) &&
            style->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
+}
+
+QVariantAnimation* glide(QObject& owner, double from, double to, int milliseconds,
+                         std::function<void(double)> each, std::function<void()> ended) {
+    if (!motionAllowed()) {
+        each(to);
+        if (ended)
+            ended();
+        return nullptr;
+    }
+    auto* const animation = new QVariantAnimation(&owner);
+    animation->setStartValue(from);
+    animation->setEndValue(to);
+    animation->setDuration(milliseconds);
+    animation->setEasingCurve(QEasingCurve::OutCubic);
+    QObject::connect(animation, &QVariantAnimation::valueChanged, &owner,
+                     [each = std::move(each)](const QVariant& value) { each(value.toDouble()); });
+    if (ended)
+        QObject::connect(animation, &QVariantAnimation::finished, &owner, std::move(ended));
+    animation->start(QAbstractAnimation::DeleteWhenStopped);
+    return animation;
 }
 
 } // namespace brisklog

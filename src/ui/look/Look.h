@@ -1,6 +1,10 @@
 #pragma once
 
+#include <functional>
+
 class QApplication;
+class QObject;
+class QVariantAnimation;
 
 namespace brisklog {
 
@@ -16,5 +20,11 @@ void installLook(QApplication& application, Motion motion);
 
 /// Whether an animation may run; without the look installed none does.
 [[nodiscard]] bool motionAllowed();
+
+/// Moves from one value to the other, slower and slower, calls `each` on the way and `ended` at the end. The
+/// animation belongs to the owner and destroys itself; where nothing may move, all is done at once and there
+/// is none.
+QVariantAnimation* glide(QObject& owner, double from, double to, int milliseconds,
+                         std::function<void(double)> each, std::function<void()> ended = {});
 
 } // namespace brisklog

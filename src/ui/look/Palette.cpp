@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 #include <QToolTip>
+#include <QWidget>
 #include <cmath>
 
 namespace brisklog {
@@ -85,6 +86,8 @@ const Palette& Palette::of(ColorScheme scheme) {
     return scheme == ColorScheme::dark ? dark : light;
 }
 
+QColor Palette::disabled() const { return withOpacity(secondary, 0.5); }
+
 const Palette& Palette::current() { return of(currentScheme); }
 
 QColor withOpacity(QColor color, double opacity) {
@@ -117,11 +120,16 @@ QPalette toolkitPalette(const Palette& palette) {
     result.setColor(QPalette::LinkVisited, palette.blue);
     result.setColor(QPalette::ToolTipBase, palette.tooltip);
     result.setColor(QPalette::ToolTipText, palette.tooltipText);
-    const QColor disabled = withOpacity(palette.secondary, 0.5);
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText})
-        result.setColor(QPalette::Disabled, role, disabled);
+        result.setColor(QPalette::Disabled, role, palette.disabled());
     return result;
+}
+
+void clearGround(QWidget& widget) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    widget.setPalette(palette);
 }
 
 void applyColorScheme(ColorScheme scheme) {

@@ -5,6 +5,7 @@
 #include <QColor>
 
 class QPalette;
+class QWidget;
 
 namespace brisklog {
 
@@ -42,6 +43,9 @@ struct Palette {
     QColor white;
 
     [[nodiscard]] static const Palette& of(ColorScheme scheme);
+    /// Of text and symbols while they are disabled.
+    [[nodiscard]] QColor disabled() const;
+
     /// The set to paint with: that of the scheme applied last, the light one before.
     [[nodiscard]] static const Palette& current();
 };
@@ -60,6 +64,9 @@ using ColorRole = QColor Palette::*;
 
 /// The scheme in the toolkit's own roles, for the parts of widgets the toolkit paints.
 [[nodiscard]] QPalette toolkitPalette(const Palette& palette);
+
+/// Keeps the toolkit from painting a ground of its own behind the widget's content.
+void clearGround(QWidget& widget);
 
 /// Makes this scheme the current one and repaints everything that is open (windows, sheets, menus, tooltips),
 /// at once.

@@ -4,6 +4,7 @@
 #include "ui/controls/SymbolButton.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Hairline.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Label.h"
 #include "ui/look/Look.h"
 #include "ui/look/Painting.h"
@@ -12,12 +13,10 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTextEdit>
 #include <QVBoxLayout>
-#include <QVariantAnimation>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -132,8 +131,7 @@ void SheetWindow::paintEvent(QPaintEvent*) {
 }
 
 void SheetWindow::keyPressEvent(QKeyEvent* event) {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn)
+    if (!isReturn(*event))
         QDialog::keyPressEvent(event);
     else if (m_mainAction && m_mainAction->isVisible())
         m_mainAction->click();
@@ -184,18 +182,11 @@ void SheetWindow::arrive() {
     if (!motionAllowed() || QGuiApplication::platformName() != "xcb"_L1)
         return;
     const QPoint place = pos();
-    auto* arrival = new QVariantAnimation(this);
-    arrival->setStartValue(0.0);
-    arrival->setEndValue(1.0);
-    arrival->setDuration(arrivalMilliseconds);
-    arrival->setEasingCurve(QEasingCurve::OutCubic);
-    connect(arrival, &QVariantAnimation::valueChanged, this, [this, place](const QVariant& value) {
-        const double share = value.toDouble();
+    setWindowOpacity(0);
+    glide(*this, 0, 1, arrivalMilliseconds, [this, place](double share) {
         setWindowOpacity(share);
         move(place.x(), place.y() + qRound((1 - share) * arrivalPixels));
     });
-    setWindowOpacity(0);
-    arrival->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
 void SheetWindow::done(int result) {

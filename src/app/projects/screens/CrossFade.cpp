@@ -3,7 +3,6 @@
 #include "ui/look/Look.h"
 
 #include <QPainter>
-#include <QVariantAnimation>
 #include <QWidget>
 
 namespace brisklog {
@@ -17,17 +16,11 @@ public:
     explicit FadingPicture(QWidget& area) : QWidget(&area), m_picture(area.grab()) {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         resize(area.size());
-        auto* fading = new QVariantAnimation(this);
-        fading->setStartValue(1.0);
-        fading->setEndValue(0.0);
-        fading->setDuration(milliseconds);
-        fading->setEasingCurve(QEasingCurve::OutCubic);
-        connect(fading, &QVariantAnimation::valueChanged, this, [this](const QVariant& value) {
-            m_opacity = value.toDouble();
+        const auto fade = [this](double opacity) {
+            m_opacity = opacity;
             update();
-        });
-        connect(fading, &QVariantAnimation::finished, this, &QWidget::deleteLater);
-        fading->start();
+        };
+        glide(*this, 1, 0, milliseconds, fade, [this] { deleteLater(); });
     }
 
 protected:

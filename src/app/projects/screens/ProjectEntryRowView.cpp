@@ -54,10 +54,6 @@ struct RowPlacement {
         earningsArea = {inner.right() + 1 - earningsWidth, nameArea.top(), earningsWidth, nameHeight};
         timesArea = {inner.left(), inner.top() + timesTop, inner.width(), timesHeight};
     }
-
-    [[nodiscard]] bool isNameElided() const {
-        return textWidth(name, FontRole::body13Medium) > nameArea.width();
-    }
 };
 
 int timeWidth(const QString& text) {
@@ -124,7 +120,9 @@ void ProjectEntryRowView::paint(QPainter* painter, const QStyleOptionViewItem& o
 QString ProjectEntryRowView::tooltipAt(const QRect& item, const QPoint& point,
                                        const QModelIndex& index) const {
     const RowPlacement row(m_model.row(index.row()), item);
-    return row.isNameElided() && row.nameArea.contains(point) ? row.name : QString();
+    if (!row.nameArea.contains(point))
+        return {};
+    return textIfElided(row.name, FontRole::body13Medium, row.nameArea.width());
 }
 
 } // namespace brisklog

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QKeyEvent>
+
+namespace brisklog {
+
+[[nodiscard]] inline bool isReturn(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+[[nodiscard]] inline bool isReturn(const QKeyEvent& event) { return isReturn(event.key()); }
+
+/// Belongs to the sheet's main action: fields leave it alone.
+[[nodiscard]] inline bool isControlReturn(const QKeyEvent& event) {
+    return isReturn(event) && event.modifiers().testFlag(Qt::ControlModifier);
+}
+
+} // namespace brisklog
