@@ -46,9 +46,4 @@ struct Date {
     return std::llround(date.secondsSince1970() * 1000);
 }
 
-/// Rounded to the nearest one.
-[[nodiscard]] inline std::int64_t millisecondsSince1970(Date date) {
-    return std::llround((date.secondsSinceReference + secondsFromUnixEpochToReference) * 1000);
-}
-
 } // namespace brisklog

@@ -10,7 +10,7 @@ std::shared_ptr<const std::string> textObject(const std::string& text) {
     return std::make_shared<const std::string>(text);
 }
 
-std::optional<std::string> decoded(const std::string& base64) {
+std::optional<std::string> decodedBase64(const std::string& base64) {
     const auto data = SharedData::fromBase64(textObject(base64));
     return data ? std::optional(data->bytes()) : std::nullopt;
 }
@@ -35,7 +35,7 @@ TEST(SharedData, isTheTextOfItsBytes) {
                                                          {"\xFB\xFF\xBF", "+/+/"}};
     for (const auto& [bytes, text] : pairs) {
         EXPECT_EQ(SharedData::of(bytes).base64(), text);
-        EXPECT_EQ(decoded(text), bytes);
+        EXPECT_EQ(decodedBase64(text), bytes);
     }
 }
 
@@ -47,18 +47,18 @@ TEST(SharedData, whateverBytesComeBack) {
             byte = static_cast<char>(chance());
         const auto data = SharedData::of(bytes);
         EXPECT_EQ(data.bytes(), bytes);
-        ASSERT_EQ(decoded(data.base64()), bytes);
+        ASSERT_EQ(decodedBase64(data.base64()), bytes);
     }
 }
 
 TEST(SharedData, whatIsNoBase64IsAbsent) {
     for (const char* const text :
          {"Z", "Zg", "Zg=", "Z===", "====", "==", "Zg==Zg==", "Zm9v\n", "Zm 9", "Zm-_", "Zm9ä"})
-        EXPECT_EQ(decoded(text), std::nullopt) << text;
-    EXPECT_EQ(decoded(std::string("Zm9\0", 4)), std::nullopt);
+        EXPECT_EQ(decodedBase64(text), std::nullopt) << text;
+    EXPECT_EQ(decodedBase64(std::string("Zm9\0", 4)), std::nullopt);
 }
 
-TEST(SharedData, bitsThatStandForNothingAreNoMatter) { EXPECT_EQ(decoded("Zh=="), "f"); }
+TEST(SharedData, bitsThatStandForNothingAreNoMatter) { EXPECT_EQ(decodedBase64("Zh=="), "f"); }
 
 TEST(SharedDataPool, equalBytesBecomeTheSame) {
     SharedDataPool pool;
