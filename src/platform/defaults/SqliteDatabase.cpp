@@ -20,42 +20,44 @@ constexpr const char* configure = "PRAGMA synchronous = NORMAL;"
 /// What one row may hold, and so what a broken one can make us ask for.
 constexpr int mostBytesInRow = 1 << 28;
 
-constexpr int primaryCode(int code) { return code & 0xFF; }
-
-/// Errors of the moment, which say nothing about the file.
-bool isShortage(int systemError) {
-    constexpr std::array shortages{EMFILE, ENFILE, ENOMEM, ENOSPC, EDQUOT, EAGAIN, EINTR};
-    return std::ranges::find(shortages, systemError) != shortages.end();
-}
-
-bool isUnreadable(int code) {
-    constexpr std::array codes{SQLITE_IOERR_READ, SQLITE_IOERR_SHORT_READ, SQLITE_IOERR_DATA,
-                               SQLITE_IOERR_CORRUPTFS};
+template <std::size_t Count>
+bool isOneOf(const std::array<int, Count>& codes, int code) {
     return std::ranges::find(codes, code) != codes.end();
 }
 
-bool passes(int code) {
-    constexpr std::array codes{SQLITE_BUSY,      SQLITE_LOCKED, SQLITE_NOMEM,    SQLITE_FULL,
-                               SQLITE_INTERRUPT, SQLITE_TOOBIG, SQLITE_PROTOCOL, SQLITE_IOERR};
-    return std::ranges::find(codes, primaryCode(code)) != codes.end();
-}
+constexpr std::array unreadableFile{SQLITE_IOERR_READ, SQLITE_IOERR_SHORT_READ, SQLITE_IOERR_DATA,
+                                    SQLITE_IOERR_CORRUPTFS};
+
+constexpr std::array noSharedMemory{SQLITE_IOERR_SHMOPEN, SQLITE_IOERR_SHMSIZE, SQLITE_IOERR_SHMMAP,
+                                    SQLITE_IOERR_SHMLOCK};
+
+/// System errors of the moment, which say nothing about the file.
+constexpr std::array shortages{EMFILE, ENFILE, ENOMEM, ENOSPC, EDQUOT, EAGAIN, EINTR};
 
 } // namespace
 
-bool SqliteFailure::isFilesFault() const {
-    if (isUnreadable(code))
-        return true;
-    return !passes(code) && !(primaryCode(code) == SQLITE_CANTOPEN && isShortage(systemError));
-}
-
-bool SqliteFailure::isLock() const { return primaryCode(code) == SQLITE_BUSY; }
-
-bool SqliteFailure::isLackOfMemory() const { return primaryCode(code) == SQLITE_NOMEM; }
-
-bool SqliteFailure::isSharedMemorys() const {
-    constexpr std::array codes{SQLITE_IOERR_SHMOPEN, SQLITE_IOERR_SHMSIZE, SQLITE_IOERR_SHMMAP,
-                               SQLITE_IOERR_SHMLOCK};
-    return std::ranges::find(codes, code) != codes.end();
+SqliteFailure::Cause SqliteFailure::cause() const {
+    if (isOneOf(unreadableFile, code))
+        return Cause::file;
+    if (isOneOf(noSharedMemory, code))
+        return Cause::sharedMemory;
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+        return Cause::otherProcess;
+    case SQLITE_NOMEM:
+        return Cause::memory;
+    case SQLITE_CANTOPEN:
+        return isOneOf(shortages, systemError) ? Cause::passing : Cause::file;
+    case SQLITE_LOCKED:
+    case SQLITE_FULL:
+    case SQLITE_INTERRUPT:
+    case SQLITE_TOOBIG:
+    case SQLITE_PROTOCOL:
+    case SQLITE_IOERR:
+        return Cause::passing;
+    default:
+        return Cause::file;
+    }
 }
 
 SqliteDatabase::SqliteDatabase(const std::string& name, Locking locking) {
@@ -105,11 +107,12 @@ std::optional<std::int64_t> SqliteDatabase::integer(const char* sql) {
     return query.next() ? std::optional(query.integer(0)) : std::nullopt;
 }
 
-void SqliteDatabase::checkpoint() {
+bool SqliteDatabase::checkpoint() {
     const int code =
         sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_FULL, nullptr, nullptr);
     if (code != SQLITE_OK)
         noteFailure(code);
+    return code == SQLITE_OK;
 }
 
 void SqliteDatabase::leaveFilesAlone() {

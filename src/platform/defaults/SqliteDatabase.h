@@ -21,19 +21,15 @@ struct SqliteFailure {
     int systemError;
     std::string description;
 
-    /// Whether the file itself is at fault: broken, foreign or not ours to use. A full disk, a locked
-    /// database or a lack of memory is not the file's fault and may pass.
-    [[nodiscard]] bool isFilesFault() const;
+    enum class Cause {
+        file,         ///< broken, foreign or not ours to use
+        otherProcess, ///< it was in the way
+        memory,       ///< there was none, or so it looked: a broken file can have SQLite ask for too much
+        sharedMemory, ///< what processes share could not be made (a full disk does that)
+        passing,      ///< anything else that says nothing about the file, as a full disk
+    };
 
-    /// Whether another process was in the way.
-    [[nodiscard]] bool isLock() const;
-
-    /// Whether SQLite got no memory, or thinks so: a broken file that has it fetch what is not there looks
-    /// the same.
-    [[nodiscard]] bool isLackOfMemory() const;
-
-    /// Whether only the memory shared between processes could not be made (a full disk does that).
-    [[nodiscard]] bool isSharedMemorys() const;
+    [[nodiscard]] Cause cause() const;
 };
 
 /// One open SQLite database. It keeps its prepared statements, and the first failure until that is taken.
@@ -59,8 +55,8 @@ public:
     /// The first column of the first row; absent on failure or without a row.
     [[nodiscard]] std::optional<std::int64_t> integer(const char* sql);
 
-    /// Copies the log of changes into the file, both through to the medium.
-    void checkpoint();
+    /// Copies the log of changes into the file, both through to the medium; false on failure.
+    bool checkpoint();
 
     /// From now on closing changes nothing in the files.
     void leaveFilesAlone();
@@ -129,9 +125,6 @@ public:
     ~SqliteTransaction();
     SqliteTransaction(const SqliteTransaction&) = delete;
     SqliteTransaction& operator=(const SqliteTransaction&) = delete;
-
-    /// Whether it could be begun.
-    [[nodiscard]] bool isOpen() const { return m_isOpen; }
 
     /// False when something failed since the beginning; everything is undone then.
     bool commit();

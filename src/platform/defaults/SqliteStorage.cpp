@@ -19,6 +19,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+using Cause = SqliteFailure::Cause;
+
 /// The file, a fresh file in its place, and memory.
 constexpr int placesToTry = 3;
 
@@ -94,7 +96,7 @@ SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::perform(WhenMi
         }
         if (!failure)
             return Outcome::done;
-        if (!failure->isFilesFault()) {
+        if (failure->cause() != Cause::file) {
             m_log.print(std::string(complaint) + ": " + failure->description);
             return Outcome::failed;
         }
@@ -116,12 +118,13 @@ SqliteUserDefaults::Storage::Failure SqliteUserDefaults::Storage::open(WhenMissi
     auto failure = openDatabase(SqliteDatabase::Locking::shared);
     // Two processes that make the file at the same moment are turned away at once instead of waiting.
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
-    while (failure && failure->isLock() && std::chrono::steady_clock::now() < deadline) {
+    while (failure && failure->cause() == Cause::otherProcess &&
+           std::chrono::steady_clock::now() < deadline) {
         sqlite3_sleep(millisecondsBetweenTries);
         failure = openDatabase(SqliteDatabase::Locking::shared);
     }
     // On a full disk what is stored can still be read this way; taken for absent, it might be overwritten.
-    if (failure && failure->isSharedMemorys())
+    if (failure && failure->cause() == Cause::sharedMemory)
         failure = openDatabase(SqliteDatabase::Locking::exclusive);
     return failure;
 }
@@ -135,7 +138,7 @@ SqliteUserDefaults::Storage::openDatabase(SqliteDatabase::Locking locking) {
     sqlite_layout::prepare(*database);
     auto failure = database->takeFailure();
     // Taken at its word, a file broken in this way would be in the way at every start.
-    if (failure && failure->isLackOfMemory() && isMemoryThere())
+    if (failure && failure->cause() == Cause::memory && isMemoryThere())
         failure->code = SQLITE_CORRUPT;
     if (failure)
         database->leaveFilesAlone();
