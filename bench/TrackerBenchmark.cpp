@@ -75,7 +75,7 @@ struct Machine {
         userDefaults.setValue("autoTrackingEnabled", true);
         SharedDataPool icons;
         const auto days = usageHistory(sessionCount);
-        if (UsageHistoryStorage(userDefaults, clock, icons).save(days).failed())
+        if (UsageHistoryStorage(userDefaults, clock, icons).save(days, 0).failed())
             std::abort();
         if (!days.empty())
             clock.moment = days.back().sessions.back().endTime.value();
@@ -86,7 +86,7 @@ struct Machine {
 
     ~Machine() { fs::remove_all(folder); }
 
-    [[nodiscard]] AutoTrackingPlatform platform(UserDefaults& userDefaults) {
+    [[nodiscard]] AutoTrackingPlatform platform(LargeValueStore& userDefaults) {
         return {.frontmost = desktop,
                 .userDefaults = userDefaults,
                 .clock = clock,

@@ -31,7 +31,7 @@ bool fillUsage(std::int64_t sessionCount) {
     userDefaults.setValue("autoTrackingEnabled", true);
     SharedDataPool icons;
     return UsageHistoryStorage(userDefaults, clock, icons)
-        .save(bench::usageHistory(sessionCount))
+        .save(bench::usageHistory(sessionCount), 0)
         .succeeded();
 }
 

@@ -9,6 +9,7 @@
 #include "overview/DetailWindowManager.h"
 #include "overview/screens/DayDetailWindow.h"
 #include "platform/Images.h"
+#include "platform/LargeValueStore.h"
 #include "platform/PdfFacility.h"
 #include "platform/SavePanel.h"
 #include "platform/WindowServer.h"
@@ -30,7 +31,7 @@ class SheetWindow;
 /// Everything outside the program, as its parts need it.
 struct BrisklogPlatform {
     Files& files;
-    UserDefaults& userDefaults;
+    LargeValueStore& userDefaults;
     Clock& clock;
     RunLoop& runLoop;
     Log& log;

@@ -54,11 +54,13 @@ void AutoTrackingManager::clearAllData() {
 
 void AutoTrackingManager::clearDataForDay(Date date) {
     const Day day = m_platform.clock.calendar().dayOf(date);
-    changeHistory([&](std::vector<DailyAppUsage>& days) {
-        m_storage.noteChangeFrom(indexOfDay(days, day));
+    std::size_t index = 0;
+    ++m_ownRevision;
+    dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
+        index = indexOfDay(days, day);
         std::erase_if(days, [&day](const DailyAppUsage& usage) { return day.contains(usage.date); });
     });
-    saveData();
+    saveDays(index);
 }
 
 void AutoTrackingManager::updateCurrentSession() {
@@ -77,10 +79,20 @@ void AutoTrackingManager::updateCurrentSession() {
     openSession(*application, std::move(name), std::move(identifier));
 }
 
+/// Files the whole session under the day on which it began, also when it ran past midnight.
 void AutoTrackingManager::closeCurrentSession() {
     AppUsageSession closed = *currentSession.get();
     closed.endTime = m_platform.clock.now();
-    saveSession(closed);
+    const Day day = m_platform.clock.calendar().dayOf(closed.startTime);
+    std::size_t index = 0;
+    ++m_ownRevision;
+    dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
+        index = indexOfDay(days, day);
+        if (index == days.size())
+            days.push_back({.id = Uuid::generate(), .date = day.start, .sessions = {}});
+        days[index].sessions.push_back(std::move(closed));
+    });
+    saveDays(index + 1);
 }
 
 void AutoTrackingManager::openSession(const DesktopApplication& application, std::string name,
@@ -95,24 +107,20 @@ void AutoTrackingManager::openSession(const DesktopApplication& application, std
                                                       : std::nullopt};
 }
 
-/// Files the whole session under the day on which it began, also when it ran past midnight.
-void AutoTrackingManager::saveSession(const AppUsageSession& session) {
-    const Day day = m_platform.clock.calendar().dayOf(session.startTime);
-    changeHistory([&](std::vector<DailyAppUsage>& days) {
-        const std::size_t index = indexOfDay(days, day);
-        if (index == days.size())
-            days.push_back({.id = Uuid::generate(), .date = day.start, .sessions = {}});
-        days[index].sessions.push_back(session);
-        m_storage.noteSessionAppended(index);
-    });
-    saveData();
-}
+void AutoTrackingManager::saveData() { saveDays(dailyUsageData->size()); }
 
-void AutoTrackingManager::saveData() {
-    noticeForeignChange();
+/// So many days are as they were saved last, the last of these perhaps with more sessions; none are when
+/// somebody else wrote the list since.
+void AutoTrackingManager::saveDays(std::size_t unchangedDays) {
+    const std::uint64_t revision = dailyUsageData.revision();
+    if (std::exchange(m_ownRevision, revision) != revision) {
+        unchangedDays = 0;
+        if (dailyUsageData->empty())
+            m_storage.removeUnreadable();
+    }
     if (dailyUsageData->empty())
         m_icons.forgetUnused();
-    if (const auto saved = m_storage.save(dailyUsageData); saved.failed()) {
+    if (const auto saved = m_storage.save(dailyUsageData, unchangedDays); saved.failed()) {
         m_platform.log.print("Fehler beim Speichern der automatischen Tracking-Daten: " +
                              saved.error().description);
         return;
@@ -127,28 +135,10 @@ void AutoTrackingManager::loadData() {
                              loaded.error().description);
     else
         dailyUsageData = std::move(loaded).value();
-    m_knownRevision = dailyUsageData.revision();
+    m_ownRevision = dailyUsageData.revision();
     isTracking = truthValue(m_platform.userDefaults, enabledKey).value_or(false);
     if (isTracking)
         startTracking();
-}
-
-void AutoTrackingManager::noticeForeignChange() {
-    if (dailyUsageData.revision() == m_knownRevision)
-        return;
-    if (dailyUsageData->empty())
-        m_storage.noteCleared();
-    else
-        m_storage.noteChangeFrom(0);
-    m_knownRevision = dailyUsageData.revision();
-}
-
-/// A change of which the storage is told what it leaves untouched.
-template <class Change>
-void AutoTrackingManager::changeHistory(Change&& change) {
-    noticeForeignChange();
-    ++m_knownRevision;
-    dailyUsageData.mutate(std::forward<Change>(change));
 }
 
 } // namespace brisklog

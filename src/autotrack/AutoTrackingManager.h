@@ -18,7 +18,7 @@ namespace brisklog {
 /// The outside world as the tracker needs it.
 struct AutoTrackingPlatform {
     FrontmostApplication& frontmost;
-    UserDefaults& userDefaults;
+    LargeValueStore& userDefaults;
     const Clock& clock;
     RunLoop& runLoop;
     Log& log;
@@ -58,17 +58,13 @@ private:
     void updateCurrentSession();
     void closeCurrentSession();
     void openSession(const DesktopApplication& application, std::string name, std::string identifier);
-    void saveSession(const AppUsageSession& session);
-    void noticeForeignChange();
-
-    template <class Change>
-    void changeHistory(Change&& change);
+    void saveDays(std::size_t unchangedDays);
 
     AutoTrackingPlatform m_platform;
     SharedDataPool m_icons;
     UsageHistoryStorage m_storage;
-    /// `dailyUsageData` as the storage knows it.
-    std::uint64_t m_knownRevision = 0;
+    /// Of `dailyUsageData`, without what was written from outside since it was last saved.
+    std::uint64_t m_ownRevision = 0;
     std::unique_ptr<Timer> m_timer;
     /// Timers that were replaced while they ran.
     std::vector<std::unique_ptr<Timer>> m_replacedTimers;

@@ -1,7 +1,5 @@
 #include "autotrack/UsageHistoryEncoding.h"
 
-#include <algorithm>
-#include <string>
 #include <utility>
 
 namespace brisklog {
@@ -10,75 +8,83 @@ namespace {
 /// Ends a day without sessions.
 constexpr std::string_view dayEnd = "]}";
 
-/// Hands on what it is given and knows how far it came.
-class Counter {
-public:
-    Counter(DataSink& sink, std::size_t position) : m_sink(sink), m_position(position) {}
-
-    void append(std::string_view bytes) {
-        m_sink.append(bytes);
-        m_position += bytes.size();
-    }
-
-    [[nodiscard]] std::size_t position() const { return m_position; }
-
-private:
-    DataSink& m_sink;
-    std::size_t m_position;
-};
-
-std::string stepOf(std::size_t day) { return "[" + std::to_string(day) + "]"; }
-
-Result<Done> appendDayBeginning(const DailyAppUsage& day, Counter& out) {
-    const auto encoded =
-        json::encode(DailyAppUsage{.id = day.id, .date = day.date, .sessions = {}}, json::Layout::compact);
-    if (encoded.failed())
-        return encoded.error();
-    std::string_view beginning = encoded.value().bytes();
-    beginning.remove_suffix(dayEnd.size());
-    out.append(beginning);
-    return Done{};
-}
-
-Result<Done> appendSessions(const DailyAppUsage& day, std::size_t from, Counter& out) {
-    json::Encoder encoder(json::Layout::compact);
-    for (std::size_t i = from; i < day.sessions.size(); ++i) {
-        const auto encoded = json::encode(day.sessions[i], encoder);
-        if (encoded.failed())
-            return Error{"sessions[" + std::to_string(i) + "]." + encoded.error().description};
-        if (i > 0)
-            out.append(",");
-        out.append(encoded.value());
-    }
-    return Done{};
-}
+std::string step(std::size_t index) { return "[" + std::to_string(index) + "]"; }
 
 } // namespace
 
-std::size_t keptLength(const EncodedDays& kept) { return kept.empty() ? 0 : kept.back().end; }
+std::size_t encodedSize(const EncodedDays& days) {
+    return days.empty() ? std::string_view("[]").size() : days.back().end + std::string_view("]}]").size();
+}
 
-Result<EncodedDays> encodeHistory(const std::vector<DailyAppUsage>& days, EncodedDays kept, DataSink& sink) {
-    Counter out(sink, keptLength(kept));
-    if (kept.empty())
-        out.append("[");
-    const std::size_t first = std::max<std::size_t>(kept.size(), 1) - 1;
-    for (std::size_t i = first; i < days.size(); ++i) {
-        if (i > first)
-            out.append(",");
-        auto appended = Result<Done>(Done{});
-        if (i == kept.size()) {
-            appended = appendDayBeginning(days[i], out);
-            kept.emplace_back();
-        }
-        if (appended.succeeded())
-            appended = appendSessions(days[i], kept[i].sessionCount, out);
-        if (appended.failed())
-            return Error{stepOf(i) + "." + appended.error().description};
-        kept[i] = {.sessionCount = days[i].sessions.size(), .end = out.position()};
-        out.append(dayEnd);
+UsageHistoryEncoding::UsageHistoryEncoding(const std::vector<DailyAppUsage>& days, EncodedDays kept)
+    : m_days(days), m_kept(std::move(kept)) {
+    rewind();
+}
+
+void UsageHistoryEncoding::rewind() {
+    m_encoded = m_kept;
+    m_position = start();
+    m_isAtSession = isSessionLeft() && m_encoded.back().sessionCount == 0;
+    m_isAtEnd = false;
+    m_error.reset();
+}
+
+std::optional<DataPart> UsageHistoryEncoding::next() {
+    if (m_isAtEnd || m_error)
+        return std::nullopt;
+    if (m_isAtSession)
+        return nextSession();
+    if (isSessionLeft()) {
+        m_isAtSession = true;
+        return part(",");
     }
-    out.append("]");
-    return kept;
+    if (m_encoded.size() < m_days.size())
+        return nextDay();
+    m_isAtEnd = true;
+    return part(m_encoded.empty() ? "[]" : "]}]");
+}
+
+/// Of the last day of which anything was given.
+bool UsageHistoryEncoding::isSessionLeft() const {
+    return !m_encoded.empty() && m_encoded.back().sessionCount < m_days[m_encoded.size() - 1].sessions.size();
+}
+
+std::optional<DataPart> UsageHistoryEncoding::nextSession() {
+    EncodedDay& day = m_encoded.back();
+    const std::size_t index = m_encoded.size() - 1;
+    const auto encoded = json::encode(m_days[index].sessions[day.sessionCount], m_encoder);
+    if (encoded.failed())
+        return fail(index, "sessions" + step(day.sessionCount) + "." + encoded.error().description);
+    const DataPart session = part(encoded.value());
+    day = {.sessionCount = day.sessionCount + 1, .end = m_position};
+    m_isAtSession = false;
+    return session;
+}
+
+/// The end of the day before and this one's beginning, up to its first session.
+std::optional<DataPart> UsageHistoryEncoding::nextDay() {
+    const DailyAppUsage& day = m_days[m_encoded.size()];
+    const auto encoded =
+        json::encode(DailyAppUsage{.id = day.id, .date = day.date, .sessions = {}}, m_encoder);
+    if (encoded.failed())
+        return fail(m_encoded.size(), encoded.error().description);
+    m_beginning = m_encoded.empty() ? "[" : "]},";
+    m_beginning += encoded.value();
+    m_beginning.resize(m_beginning.size() - dayEnd.size());
+    const DataPart beginning = part(m_beginning);
+    m_encoded.push_back({.sessionCount = 0, .end = m_position});
+    m_isAtSession = !day.sessions.empty();
+    return beginning;
+}
+
+DataPart UsageHistoryEncoding::part(std::string_view bytes) {
+    m_position += bytes.size();
+    return {bytes, nullptr};
+}
+
+std::optional<DataPart> UsageHistoryEncoding::fail(std::size_t day, const std::string& description) {
+    m_error = Error{step(day) + "." + description};
+    return std::nullopt;
 }
 
 } // namespace brisklog

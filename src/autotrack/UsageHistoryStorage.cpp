@@ -1,13 +1,13 @@
 #include "autotrack/UsageHistoryStorage.h"
 
 #include <algorithm>
-#include <utility>
+#include <string>
 
 namespace brisklog {
 namespace {
 
 using Days = std::vector<DailyAppUsage>;
-using Reading = UserDefaults::Reading;
+using Reading = LargeValueStore::Reading;
 
 constexpr std::string_view dataKey = "autoTrackingData";
 
@@ -15,43 +15,29 @@ constexpr std::string_view dataKey = "autoTrackingData";
 /// the start-up clean-up knows oversized strays.
 constexpr std::string_view unreadableKey = "autoTrackingUnreadable-";
 
-/// Finds out whether the bytes it is given are those that are stored.
-class ComparingSink final : public DataSink {
-public:
-    explicit ComparingSink(DataParts& stored) : m_stored(stored) {}
+/// The bytes of the next part that is not empty; none at the end.
+std::string_view nextBytes(DataParts& parts) {
+    while (const auto part = parts.next())
+        if (!part->bytes.empty())
+            return part->bytes;
+    return {};
+}
 
-    void append(std::string_view bytes) override {
-        while (!bytes.empty() && !m_isDifferent) {
-            const auto length = std::min(bytes.size(), advance());
-            m_isDifferent = length == 0 || m_part.substr(0, length) != bytes.substr(0, length);
-            m_part.remove_prefix(length);
-            bytes.remove_prefix(length);
-        }
+/// Whether both give the same bytes, however they are cut.
+bool areSame(DataParts& one, DataParts& other) {
+    std::string_view bytes;
+    std::string_view others;
+    while (true) {
+        if (bytes.empty())
+            bytes = nextBytes(one);
+        if (others.empty())
+            others = nextBytes(other);
+        const auto length = std::min(bytes.size(), others.size());
+        if (length == 0 || bytes.substr(0, length) != others.substr(0, length))
+            return bytes.empty() && others.empty();
+        bytes.remove_prefix(length);
+        others.remove_prefix(length);
     }
-
-    /// Whether they were, all of them.
-    [[nodiscard]] bool isSame() { return !m_isDifferent && advance() == 0; }
-
-private:
-    /// How many stored bytes are at hand; 0 at the end.
-    std::size_t advance() {
-        while (m_part.empty()) {
-            const auto next = m_stored.next();
-            if (!next)
-                return 0;
-            m_part = next->bytes;
-        }
-        return m_part.size();
-    }
-
-    DataParts& m_stored;
-    std::string_view m_part;
-    bool m_isDifferent = false;
-};
-
-std::size_t encodedSize(const EncodedDays& encoded) {
-    return encoded.empty() ? std::string_view("[]").size()
-                           : encoded.back().end + std::string_view("]}]").size();
 }
 
 } // namespace
@@ -75,54 +61,28 @@ Result<Days> UsageHistoryStorage::load() {
 /// Only what is byte for byte our own encoding can be continued; other programs' forms are replaced as a
 /// whole by the first save.
 void UsageHistoryStorage::findOurEncoding(const Days& days) {
-    const auto reading = m_userDefaults.readData(dataKey, [&](DataParts& parts) {
-        ComparingSink stored(parts);
-        auto encoded = encodeHistory(days, {}, stored);
-        const bool isOurs = encoded.succeeded() && stored.isSame();
-        m_kept = isOurs ? std::move(encoded).value() : EncodedDays();
-        m_storedSize = isOurs ? encodedSize(m_kept) : 0;
-    });
-    if (reading != Reading::complete)
-        m_storedSize = 0;
+    UsageHistoryEncoding encoding(days);
+    bool isOurs = false;
+    const auto reading =
+        m_userDefaults.readData(dataKey, [&](DataParts& stored) { isOurs = areSame(stored, encoding); });
+    if (reading == Reading::complete && isOurs)
+        m_stored = encoding.encodedDays();
 }
 
-void UsageHistoryStorage::noteSessionAppended(std::size_t day) { noteChangeFrom(day + 1); }
-
-void UsageHistoryStorage::noteChangeFrom(std::size_t day) { m_kept.resize(std::min(m_kept.size(), day)); }
-
-void UsageHistoryStorage::noteCleared() {
-    noteChangeFrom(0);
-    m_isCleared = true;
-}
-
-Result<Done> UsageHistoryStorage::save(const Days& days) {
-    if (m_isCleared)
-        removeWhatWasSetAside();
+Result<Done> UsageHistoryStorage::save(const Days& days, std::size_t unchangedDays) {
     if (m_isUnreadable && !setUnreadableAside())
         return Done{};
-    const bool isContinued = isStoredAsLeft();
-    Result<EncodedDays> encoded = EncodedDays();
-    const auto write = [&](DataSink& sink) {
-        encoded = encodeHistory(days, isContinued ? m_kept : EncodedDays(), sink);
-        return encoded.succeeded();
-    };
-    const bool isStored = isContinued ? m_userDefaults.writeTail(dataKey, keptLength(m_kept), write)
-                                      : m_userDefaults.writeData(dataKey, write);
-    if (encoded.failed())
-        return encoded.error();
-    if (isStored) {
-        m_kept = std::move(encoded).value();
-        m_storedSize = encodedSize(m_kept);
-    }
+    // Somebody else may have written or removed the value, or the whole store was replaced.
+    if (m_userDefaults.dataSize(dataKey) != encodedSize(m_stored))
+        m_stored.clear();
+    m_stored.resize(std::min(m_stored.size(), unchangedDays));
+    UsageHistoryEncoding encoding(days, m_stored);
+    const bool isStored = m_userDefaults.replaceData(dataKey, encoding.start(), encoding);
+    if (encoding.failed())
+        return encoding.error();
+    if (isStored)
+        m_stored = encoding.encodedDays();
     return Done{};
-}
-
-/// Somebody else may have written or removed the value, or the whole store was replaced.
-bool UsageHistoryStorage::isStoredAsLeft() const {
-    const auto entries = m_userDefaults.entries();
-    const auto found = std::ranges::find(entries, dataKey, &UserDefaults::Entry::key);
-    return m_storedSize > 0 && found != entries.end() && found->type == UserDefaults::Type::data &&
-           found->size == m_storedSize;
 }
 
 /// False when the value is still in the place of ours.
@@ -134,12 +94,11 @@ bool UsageHistoryStorage::setUnreadableAside() {
     return isAside;
 }
 
-void UsageHistoryStorage::removeWhatWasSetAside() {
+void UsageHistoryStorage::removeUnreadable() {
     for (const auto& entry : m_userDefaults.entries())
         if (entry.key.starts_with(unreadableKey))
             m_userDefaults.removeValue(entry.key);
     m_isUnreadable = false;
-    m_isCleared = false;
 }
 
 } // namespace brisklog

@@ -2,9 +2,7 @@
 
 #include "autotrack/UsageHistoryEncoding.h"
 #include "platform/Clock.h"
-#include "platform/UserDefaults.h"
 
-#include <string>
 #include <vector>
 
 namespace brisklog {
@@ -15,41 +13,31 @@ namespace brisklog {
 class UsageHistoryStorage {
 public:
     /// The history's icons are shared through the pool.
-    UsageHistoryStorage(UserDefaults& userDefaults, const Clock& clock, SharedDataPool& icons)
+    UsageHistoryStorage(LargeValueStore& userDefaults, const Clock& clock, SharedDataPool& icons)
         : m_userDefaults(userDefaults), m_clock(clock), m_icons(icons) {}
 
     /// The stored days, none when nothing is stored; an error when what is stored cannot be read or decoded.
     Result<std::vector<DailyAppUsage>> load();
 
-    /// Sessions were appended to the day at this place, or the day itself was, and nothing else changed.
-    void noteSessionAppended(std::size_t day);
+    /// Makes the stored value the encoding of the days. So many of them are as they were when last loaded or
+    /// saved, except that the last of these may have got more sessions. An error when the days cannot be
+    /// encoded; nothing is changed then. What the user defaults fail to store is stored with the next save. A
+    /// value that could not be loaded is moved to another key before it is replaced for the first time.
+    Result<Done> save(const std::vector<DailyAppUsage>& days, std::size_t unchangedDays);
 
-    /// All days before this place are as they were; the others may be different.
-    void noteChangeFrom(std::size_t day);
-
-    /// The user wants nothing kept of what was recorded so far.
-    void noteCleared();
-
-    /// Makes the stored value the encoding of the days; an error when they cannot be encoded, and nothing is
-    /// changed then. What the user defaults fail to store is stored with the next save. A value that could
-    /// not be loaded is moved to another key before it is replaced for the first time.
-    Result<Done> save(const std::vector<DailyAppUsage>& days);
+    /// Forgets what could not be loaded, now and earlier.
+    void removeUnreadable();
 
 private:
     void findOurEncoding(const std::vector<DailyAppUsage>& days);
-    [[nodiscard]] bool isStoredAsLeft() const;
     [[nodiscard]] bool setUnreadableAside();
-    void removeWhatWasSetAside();
 
-    UserDefaults& m_userDefaults;
+    LargeValueStore& m_userDefaults;
     const Clock& m_clock;
     SharedDataPool& m_icons;
-    /// What of the stored value is the encoding of the days as they are now.
-    EncodedDays m_kept;
-    /// The stored value's size; 0 when it is not known to be ours.
-    std::size_t m_storedSize = 0;
+    /// What of the stored value is the encoding of the days as they were last loaded or saved.
+    EncodedDays m_stored;
     bool m_isUnreadable = false;
-    bool m_isCleared = false;
 };
 
 } // namespace brisklog

@@ -25,12 +25,4 @@ public:
     [[nodiscard]] virtual std::optional<DataPart> next() = 0;
 };
 
-/// Takes bytes that are written part by part.
-class DataSink {
-public:
-    virtual ~DataSink() = default;
-
-    virtual void append(std::string_view bytes) = 0;
-};
-
 } // namespace brisklog

@@ -23,7 +23,7 @@ std::string encodingOf(const std::vector<DailyAppUsage>& days, json::Layout layo
 /// A user who does everything that can be done, in an order of chance.
 class RestlessUser {
 public:
-    RestlessUser(Tracker& desktop, UserDefaults& userDefaults, unsigned seed)
+    RestlessUser(Tracker& desktop, LargeValueStore& userDefaults, unsigned seed)
         : m_desktop(desktop), m_userDefaults(userDefaults), m_chance(seed) {
         for (const char* const name : {"Editor", "Browser", "Zeichnen \"2\""})
             desktop.frontmost.icons["org." + std::string(name)] = std::string(500 + upTo(400), name[0]);
@@ -97,7 +97,7 @@ private:
     }
 
     Tracker& m_desktop;
-    UserDefaults& m_userDefaults;
+    LargeValueStore& m_userDefaults;
     std::minstd_rand m_chance;
     std::unique_ptr<AutoTrackingManager> m_manager;
 };

@@ -5,6 +5,7 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "support/ChildProcess.h"
 #include "support/Sanitizer.h"
+#include "support/StoredData.h"
 #include "support/TemporaryHome.h"
 
 #include <fstream>
@@ -39,7 +40,7 @@ public:
         return {home.configuration() / "defaults.sqlite", clock, log};
     }
 
-    [[nodiscard]] AutoTrackingPlatform platformWith(UserDefaults& database) {
+    [[nodiscard]] AutoTrackingPlatform platformWith(LargeValueStore& database) {
         return {
             .frontmost = frontmost, .userDefaults = database, .clock = clock, .runLoop = runLoop, .log = log};
     }
@@ -50,12 +51,11 @@ public:
         while (block.size() < megabyte)
             block += filling;
         auto database = openDatabase();
-        ASSERT_TRUE(database.writeData("autoTrackingData", [&](DataSink& sink) {
-            sink.append(beginning);
-            for (std::size_t written = 0; written < size; written += block.size())
-                sink.append(block);
-            return true;
-        }));
+        std::vector parts{beginning};
+        for (std::size_t written = 0; written < size; written += block.size())
+            parts.emplace_back(block);
+        DataInParts data(parts);
+        ASSERT_TRUE(database.replaceData("autoTrackingData", 0, data));
     }
 
     /// The history is empty with one line, the tracker works, and its memory stays far below the value's

@@ -39,7 +39,7 @@ public:
         return {home.configuration() / "defaults.sqlite", clock, log};
     }
 
-    [[nodiscard]] AutoTrackingPlatform platformWith(UserDefaults& database) {
+    [[nodiscard]] AutoTrackingPlatform platformWith(LargeValueStore& database) {
         AutoTrackingPlatform platform = this->platform();
         return {.frontmost = platform.frontmost,
                 .userDefaults = database,

@@ -3,6 +3,7 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "support/FakeClock.h"
 #include "support/RecordingLog.h"
+#include "support/StoredData.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -18,7 +19,7 @@ constexpr int triesUntilItWorks = 2;
 
 const std::string picture(600, 'Q');
 
-void read(const UserDefaults& defaults, const UserDefaults::Entry& entry) {
+void read(const LargeValueStore& defaults, const UserDefaults::Entry& entry) {
     const auto value = defaults.value(entry.key);
     (void)numberValue(defaults, entry.key);
     (void)truthValue(defaults, entry.key);
@@ -27,15 +28,15 @@ void read(const UserDefaults& defaults, const UserDefaults::Entry& entry) {
         while (const auto part = parts.next())
             inParts += part->bytes;
     });
-    if (reading == UserDefaults::Reading::complete && value && std::holds_alternative<Data>(*value))
+    if (reading == LargeValueStore::Reading::complete && value && std::holds_alternative<Data>(*value))
         require(std::get<Data>(*value).bytes == inParts, "in parts as whole");
 }
 
 /// Everything that the program does to a value that it found.
-void change(UserDefaults& defaults, const UserDefaults::Entry& entry) {
+void change(LargeValueStore& defaults, const UserDefaults::Entry& entry) {
     const auto before = dataValue(defaults, entry.key);
     const std::size_t kept = before ? before->size() / 2 : entry.size / 2;
-    const bool isChanged = defaults.replaceTail(entry.key, kept, "\"" + picture + "\"");
+    const bool isChanged = test::replaceTail(defaults, entry.key, kept, "\"" + picture + "\"");
     const auto after = dataValue(defaults, entry.key);
     if (before && isChanged && after)
         require(*after == before->substr(0, kept) + "\"" + picture + "\"", "the rest of a value stays");

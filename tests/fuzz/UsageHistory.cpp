@@ -92,12 +92,6 @@ void requireSameHoweverCut(std::string_view bytes) {
     }
 }
 
-struct StringSink final : DataSink {
-    void append(std::string_view more) override { bytes += more; }
-
-    std::string bytes;
-};
-
 std::string compact(const Days& days) {
     const auto encoded = json::encode(days, json::Layout::compact);
     require(encoded.succeeded(), "a history can be encoded");
@@ -105,9 +99,12 @@ std::string compact(const Days& days) {
 }
 
 void requireSameStreamed(const Days& days) {
-    StringSink sink;
-    require(encodeHistory(days, {}, sink).succeeded(), "a history can be encoded bit by bit");
-    require(sink.bytes == compact(days), "bit by bit as whole");
+    UsageHistoryEncoding encoding(days);
+    std::string bytes;
+    while (const auto part = encoding.next())
+        bytes += part->bytes;
+    require(!encoding.failed(), "a history can be encoded bit by bit");
+    require(bytes == compact(days), "bit by bit as whole");
 }
 
 /// Loads the stored bytes and closes a session, as the tracker does.
@@ -127,8 +124,7 @@ void continueHistory(std::string_view bytes) {
                                     .startTime = clock.now(),
                                     .endTime = {},
                                     .iconData = {}});
-    storage.noteSessionAppended(days.size() - 1);
-    require(storage.save(days).succeeded(), "a history can be continued");
+    require(storage.save(days, days.size()).succeeded(), "a history can be continued");
     require(dataValue(defaults, dataKey) == compact(days), "a continued history is the encoding of all days");
     const bool isAside = std::ranges::any_of(defaults.entries(), [&](const auto& entry) {
         return entry.key != dataKey && dataValue(defaults, entry.key) == bytes;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/UserDefaults.h"
+#include "platform/LargeValueStore.h"
 
 #include <map>
 #include <string>
@@ -10,7 +10,7 @@
 namespace brisklog::test {
 
 /// User defaults in memory, enumerated in the order of their keys, with a record of what was done.
-class MemoryUserDefaults final : public UserDefaults {
+class MemoryUserDefaults final : public LargeValueStore {
 public:
     [[nodiscard]] std::optional<Value> value(std::string_view key) const override {
         const auto found = m_values.find(key);
@@ -36,34 +36,39 @@ public:
         return all;
     }
 
-    [[nodiscard]] Reading readData(std::string_view key, const Read& read) const override {
+    [[nodiscard]] std::optional<std::size_t> dataSize(std::string_view key) const override {
+        const auto found = m_values.find(key);
+        const bool isData = found != m_values.end() && std::holds_alternative<Data>(found->second);
+        return isData ? std::optional(sizeOf(found->second)) : std::nullopt;
+    }
+
+    [[nodiscard]] Reading readData(std::string_view key,
+                                   const std::function<void(DataParts&)>& read) const override {
         const auto found = m_values.find(key);
         if (found == m_values.end())
             return Reading::absent;
         const auto* const data = std::get_if<Data>(&found->second);
         if (data == nullptr)
             return Reading::otherType;
-        OnePart parts(data->bytes);
+        DataAtHand parts(data->bytes);
         read(parts);
         return Reading::complete;
     }
 
-    bool writeData(std::string_view key, const Write& write) override {
-        StringSink sink;
-        if (!write(sink) || writesFail)
+    bool replaceData(std::string_view key, std::size_t from, DataSource& data) override {
+        if (from > 0 && dataSize(key).value_or(0) < from)
             return false;
-        m_values.insert_or_assign(std::string(key), Data{std::move(sink.bytes)});
-        return true;
-    }
-
-    bool writeTail(std::string_view key, std::size_t offset, const Write& write) override {
-        const auto found = m_values.find(key);
-        auto* const data = found != m_values.end() ? std::get_if<Data>(&found->second) : nullptr;
-        StringSink sink;
-        if (data == nullptr || data->bytes.size() < offset || !write(sink) || writesFail)
+        std::string bytes;
+        data.rewind();
+        while (const auto part = data.next())
+            bytes += part->bytes;
+        if (data.failed() || writesFail)
             return false;
-        data->bytes.replace(offset, std::string::npos, sink.bytes);
-        tailsReplaced.push_back({std::string(key), sink.bytes.size()});
+        if (from > 0) {
+            tailsReplaced.push_back({std::string(key), bytes.size()});
+            bytes.insert(0, std::get<Data>(m_values.find(key)->second).bytes, 0, from);
+        }
+        m_values.insert_or_assign(std::string(key), Data{std::move(bytes)});
         return true;
     }
 
@@ -91,25 +96,6 @@ public:
     bool writesFail = false;
 
 private:
-    class OnePart final : public DataParts {
-    public:
-        explicit OnePart(std::string_view bytes) : m_bytes(bytes) {}
-
-        std::optional<DataPart> next() override {
-            const auto bytes = std::exchange(m_bytes, std::nullopt);
-            return bytes ? std::optional(DataPart{*bytes, nullptr}) : std::nullopt;
-        }
-
-    private:
-        std::optional<std::string_view> m_bytes;
-    };
-
-    struct StringSink final : DataSink {
-        void append(std::string_view more) override { bytes += more; }
-
-        std::string bytes;
-    };
-
     static std::size_t sizeOf(const Value& value) {
         if (const auto* const text = std::get_if<std::string>(&value))
             return text->size();

@@ -122,8 +122,10 @@ void SqliteChunkWriter::endRun() {
         add(m_run);
     } else {
         writeOwn();
-        for (std::size_t at = 0; at < m_run.size(); at += longestPiece)
-            writePiece(std::string_view(m_run).substr(at, longestPiece));
+        for (std::size_t at = 0; at < m_run.size(); at += longestPiece) {
+            const auto piece = std::string_view(m_run).substr(at, longestPiece);
+            writeChunk(piece, pieceWith(piece));
+        }
     }
     m_run.clear();
 }
@@ -143,8 +145,6 @@ void SqliteChunkWriter::writeOwn() {
         writeChunk(m_own, noPiece);
     m_own.clear();
 }
-
-void SqliteChunkWriter::writePiece(std::string_view bytes) { writeChunk(bytes, pieceWith(bytes)); }
 
 std::int64_t SqliteChunkWriter::pieceWith(std::string_view bytes) {
     const std::int64_t hash = contentHash(bytes);

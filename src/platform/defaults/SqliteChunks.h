@@ -32,11 +32,11 @@ private:
 
 /// Writes the bytes of one data value from a position on, at which none may be stored. Whatever fails is left
 /// in the database, and what follows is dropped.
-class SqliteChunkWriter final : public DataSink {
+class SqliteChunkWriter {
 public:
     SqliteChunkWriter(SqliteDatabase& database, std::int64_t id, std::size_t position);
 
-    void append(std::string_view bytes) override;
+    void append(std::string_view bytes);
 
     /// Writes what was held back; gives the value's size.
     [[nodiscard]] std::size_t finish();
@@ -45,7 +45,6 @@ private:
     void endRun();
     void add(std::string_view bytes);
     void writeOwn();
-    void writePiece(std::string_view bytes);
     [[nodiscard]] std::int64_t pieceWith(std::string_view bytes);
     void writeChunk(std::string_view bytes, std::int64_t piece);
 

@@ -21,9 +21,6 @@ namespace {
 
 using Cause = SqliteFailure::Cause;
 
-/// The file, a fresh file in its place, and memory.
-constexpr int placesToTry = 3;
-
 /// How long opening waits for another process.
 constexpr std::chrono::seconds longestWait{1};
 constexpr int millisecondsBetweenTries = 10;
@@ -56,61 +53,23 @@ bool moveAway(const fs::path& file, const fs::path& target) {
 
 } // namespace
 
-SqliteUserDefaults::Storage::Storage(std::optional<fs::path> file, const Clock& clock, Log& log)
+SqliteStorage::SqliteStorage(std::optional<fs::path> file, const Clock& clock, Log& log)
     : m_file(std::move(file)), m_clock(clock), m_log(log) {}
 
-SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::read(std::string_view what,
-                                                                       const Access& access) {
-    return perform(WhenMissing::give, "Error reading user defaults: " + std::string(what), access);
-}
-
-SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::write(std::string_view what,
-                                                                        const Access& access) {
-    m_hasChanges = true;
-    return perform(WhenMissing::make, "Error writing user defaults: " + std::string(what), access);
-}
-
-SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::change(std::string_view what,
-                                                                         const Access& access) {
-    m_hasChanges = true;
-    return perform(WhenMissing::give, "Error writing user defaults: " + std::string(what), access);
-}
-
-void SqliteUserDefaults::Storage::synchronise() {
+void SqliteStorage::synchronise() {
     if (!m_hasChanges || !m_database)
         return;
-    m_hasChanges = perform(WhenMissing::give, "Error writing user defaults",
-                           [](SqliteDatabase& database) { database.checkpoint(); }) != Outcome::done;
-}
-
-SqliteUserDefaults::Storage::Outcome SqliteUserDefaults::Storage::perform(WhenMissing whenMissing,
-                                                                          std::string_view complaint,
-                                                                          const Access& access) {
-    for (int place = 0; place < placesToTry; ++place) {
-        Failure failure = open(whenMissing);
-        if (!failure && !m_database)
-            return Outcome::nothingThere;
-        if (!failure) {
-            access(*m_database);
-            failure = m_database->takeFailure();
-        }
-        if (!failure)
-            return Outcome::done;
-        if (failure->cause() != Cause::file) {
-            m_log.print(std::string(complaint) + ": " + failure->description);
-            return Outcome::failed;
-        }
-        replaceBroken(*failure);
-    }
-    return Outcome::failed;
+    const auto isDone =
+        perform(Purpose::changing, {}, [](SqliteDatabase& database) { return database.checkpoint(); });
+    m_hasChanges = !isDone.value_or(false);
 }
 
 /// Opens the database unless it is open. Neither a failure nor a database means that there is none to open.
-SqliteUserDefaults::Storage::Failure SqliteUserDefaults::Storage::open(WhenMissing whenMissing) {
+SqliteStorage::Failure SqliteStorage::open(Purpose purpose) {
     if (m_database)
         return std::nullopt;
     if (m_file && !PosixFiles().exists(*m_file)) {
-        if (whenMissing == WhenMissing::give)
+        if (purpose != Purpose::writing)
             return std::nullopt;
         if (auto failure = makeFile())
             return failure;
@@ -129,8 +88,7 @@ SqliteUserDefaults::Storage::Failure SqliteUserDefaults::Storage::open(WhenMissi
     return failure;
 }
 
-SqliteUserDefaults::Storage::Failure
-SqliteUserDefaults::Storage::openDatabase(SqliteDatabase::Locking locking) {
+SqliteStorage::Failure SqliteStorage::openDatabase(SqliteDatabase::Locking locking) {
     std::error_code ignored;
     if (m_file && fs::exists(*m_file, ignored) && !fs::is_regular_file(*m_file, ignored))
         return SqliteFailure{SQLITE_CANTOPEN, 0, "not a regular file"};
@@ -148,7 +106,7 @@ SqliteUserDefaults::Storage::openDatabase(SqliteDatabase::Locking locking) {
 }
 
 /// Makes the empty file readable for its owner alone; SQLite gives its companions the same mode.
-SqliteUserDefaults::Storage::Failure SqliteUserDefaults::Storage::makeFile() const {
+SqliteStorage::Failure SqliteStorage::makeFile() const {
     if (PosixFiles().createFolder(m_file->parent_path()).failed())
         return cannotOpen(errno);
     const int descriptor = ::open(m_file->c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -159,7 +117,19 @@ SqliteUserDefaults::Storage::Failure SqliteUserDefaults::Storage::makeFile() con
     return std::nullopt;
 }
 
-void SqliteUserDefaults::Storage::replaceBroken(const SqliteFailure& failure) {
+/// Whether that makes another try worth while; what else failed is printed.
+bool SqliteStorage::replaceIfBroken(const SqliteFailure& failure, Purpose purpose, std::string_view what) {
+    if (failure.cause() == Cause::file) {
+        replaceBroken(failure);
+        return true;
+    }
+    const std::string verb = purpose == Purpose::reading ? "reading" : "writing";
+    m_log.print("Error " + verb + " user defaults" + (what.empty() ? "" : ": ") + std::string(what) + ": " +
+                failure.description);
+    return false;
+}
+
+void SqliteStorage::replaceBroken(const SqliteFailure& failure) {
     if (m_database)
         m_database->leaveFilesAlone();
     m_database.reset();
@@ -177,7 +147,7 @@ void SqliteUserDefaults::Storage::replaceBroken(const SqliteFailure& failure) {
     m_log.print(complaint + "; values last until the program ends");
 }
 
-fs::path SqliteUserDefaults::Storage::freeNameForBroken() const {
+fs::path SqliteStorage::freeNameForBroken() const {
     const auto name = withEnding(*m_file, ".broken-" + std::to_string(millisecondsSince1970(m_clock.now())));
     fs::path free = name;
     for (int number = 2; number < 1000 && PosixFiles().exists(free); ++number)

@@ -1,77 +1,68 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 
 #include "platform/defaults/SqliteStorage.h"
+#include "platform/defaults/SqliteValues.h"
 
 #include <utility>
 
 namespace brisklog {
 
+using Purpose = SqliteStorage::Purpose;
+
 SqliteUserDefaults::SqliteUserDefaults(std::optional<std::filesystem::path> file, const Clock& clock,
                                        Log& log)
-    : m_storage(std::make_unique<Storage>(std::move(file), clock, log)) {}
+    : m_storage(std::make_unique<SqliteStorage>(std::move(file), clock, log)) {}
 
 SqliteUserDefaults::~SqliteUserDefaults() = default;
 
 std::optional<UserDefaults::Value> SqliteUserDefaults::value(std::string_view key) const {
-    std::optional<Value> found;
-    const auto outcome =
-        m_storage->read(key, [&](SqliteDatabase& database) { found = SqliteValues(database).value(key); });
-    return outcome == Storage::Outcome::done ? std::move(found) : std::nullopt;
+    const auto find = [&](SqliteDatabase& database) { return SqliteValues(database).value(key); };
+    return m_storage->perform(Purpose::reading, key, find).value_or(std::nullopt);
 }
 
 void SqliteUserDefaults::setValue(std::string_view key, const Value& value) {
-    m_storage->write(key, [&](SqliteDatabase& database) { SqliteValues(database).setValue(key, value); });
+    m_storage->perform(Purpose::writing, key,
+                       [&](SqliteDatabase& database) { return SqliteValues(database).setValue(key, value); });
 }
 
 void SqliteUserDefaults::removeValue(std::string_view key) {
-    // Where there is no database there is nothing to remove, and none is made for it.
-    m_storage->change(key, [&](SqliteDatabase& database) { SqliteValues(database).removeValue(key); });
+    m_storage->perform(Purpose::changing, key,
+                       [&](SqliteDatabase& database) { return SqliteValues(database).removeValue(key); });
 }
 
 std::vector<UserDefaults::Entry> SqliteUserDefaults::entries() const {
-    std::vector<Entry> found;
-    const auto outcome = m_storage->read(
-        "list of keys", [&](SqliteDatabase& database) { found = SqliteValues(database).entries(); });
-    return outcome == Storage::Outcome::done ? std::move(found) : std::vector<Entry>();
-}
-
-UserDefaults::Reading SqliteUserDefaults::readData(std::string_view key, const Read& read) const {
-    auto reading = Reading::absent;
-    const auto outcome = m_storage->read(
-        key, [&](SqliteDatabase& database) { reading = SqliteValues(database).readData(key, read); });
-    switch (outcome) {
-    case Storage::Outcome::done:
-        return reading;
-    case Storage::Outcome::nothingThere:
-        return Reading::absent;
-    case Storage::Outcome::failed:
-        break;
-    }
-    return Reading::failed;
-}
-
-bool SqliteUserDefaults::writeData(std::string_view key, const Write& write) {
-    bool written = false;
-    const auto outcome = m_storage->write(
-        key, [&](SqliteDatabase& database) { written = SqliteValues(database).writeData(key, write); });
-    return outcome == Storage::Outcome::done && written;
-}
-
-bool SqliteUserDefaults::writeTail(std::string_view key, std::size_t offset, const Write& write) {
-    bool written = false;
-    const auto outcome = m_storage->change(key, [&](SqliteDatabase& database) {
-        written = SqliteValues(database).writeTail(key, offset, write);
-    });
-    return outcome == Storage::Outcome::done && written;
-}
-
-bool SqliteUserDefaults::renameValue(std::string_view key, std::string_view newKey) {
-    bool renamed = false;
-    const auto outcome = m_storage->change(
-        key, [&](SqliteDatabase& database) { renamed = SqliteValues(database).renameValue(key, newKey); });
-    return outcome == Storage::Outcome::done && renamed;
+    const auto list = [](SqliteDatabase& database) { return SqliteValues(database).entries(); };
+    return m_storage->perform(Purpose::reading, "list of keys", list).value_or(std::vector<Entry>());
 }
 
 void SqliteUserDefaults::synchronise() { m_storage->synchronise(); }
+
+std::optional<std::size_t> SqliteUserDefaults::dataSize(std::string_view key) const {
+    const auto find = [&](SqliteDatabase& database) { return SqliteValues(database).dataSize(key); };
+    return m_storage->perform(Purpose::reading, key, find).value_or(std::nullopt);
+}
+
+LargeValueStore::Reading SqliteUserDefaults::readData(std::string_view key,
+                                                      const std::function<void(DataParts&)>& read) const {
+    static_assert(Reading{} == Reading::absent, "which it is where there is no database");
+    const auto readParts = [&](SqliteDatabase& database) {
+        return SqliteValues(database).readData(key, read);
+    };
+    return m_storage->perform(Purpose::reading, key, readParts).value_or(Reading::failed);
+}
+
+bool SqliteUserDefaults::replaceData(std::string_view key, std::size_t from, DataSource& data) {
+    const auto replace = [&](SqliteDatabase& database) {
+        return SqliteValues(database).replaceData(key, from, data);
+    };
+    return m_storage->perform(from == 0 ? Purpose::writing : Purpose::changing, key, replace).value_or(false);
+}
+
+bool SqliteUserDefaults::renameValue(std::string_view key, std::string_view newKey) {
+    const auto rename = [&](SqliteDatabase& database) {
+        return SqliteValues(database).renameValue(key, newKey);
+    };
+    return m_storage->perform(Purpose::changing, key, rename).value_or(false);
+}
 
 } // namespace brisklog

@@ -108,35 +108,19 @@ std::optional<Value> SqliteValues::value(std::string_view key) {
     return data;
 }
 
-UserDefaults::Reading SqliteValues::readData(std::string_view key, const UserDefaults::Read& read) {
-    SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
-    if (!query.bindText(1, key).next())
-        return UserDefaults::Reading::absent;
-    const auto row = rowIn(query);
-    if (!row || row->type != Type::data)
-        return UserDefaults::Reading::otherType;
-    SqliteChunkReader parts(m_database, row->id, row->size);
-    read(parts);
-    return UserDefaults::Reading::complete;
-}
-
-void SqliteValues::setValue(std::string_view key, const Value& value) {
+bool SqliteValues::setValue(std::string_view key, const Value& value) {
     if (const auto* const data = std::get_if<Data>(&value)) {
-        writeData(key, [data](DataSink& sink) {
-            sink.append(data->bytes);
-            return true;
-        });
-        return;
+        DataAtHand bytes(data->bytes);
+        return replaceData(key, 0, bytes);
     }
     if (this->value(key) == value)
-        return;
+        return true;
     SqliteTransaction change(m_database);
     const auto before = find(key);
     if (before)
         removeChunks(before->id, 0);
     putRow(key, value);
-    if (commit(change) && before)
-        reclaimSpace(before->size, sizeOf(value));
+    return commit(change, before, sizeOf(value));
 }
 
 void SqliteValues::putRow(std::string_view key, const Value& value) {
@@ -150,15 +134,14 @@ void SqliteValues::putRow(std::string_view key, const Value& value) {
     query.run();
 }
 
-void SqliteValues::removeValue(std::string_view key) {
+bool SqliteValues::removeValue(std::string_view key) {
     const auto row = find(key);
     if (!row)
-        return;
+        return true;
     SqliteTransaction change(m_database);
     removeChunks(row->id, 0);
     m_database.query("DELETE FROM value WHERE id = ?1").bindInteger(1, row->id).run();
-    if (commit(change))
-        reclaimSpace(row->size, 0);
+    return commit(change, row, 0);
 }
 
 std::vector<UserDefaults::Entry> SqliteValues::entries() {
@@ -170,40 +153,48 @@ std::vector<UserDefaults::Entry> SqliteValues::entries() {
     return entries;
 }
 
-bool SqliteValues::writeData(std::string_view key, const UserDefaults::Write& write) {
+std::optional<std::size_t> SqliteValues::dataSize(std::string_view key) {
+    const auto row = find(key);
+    return row && row->type == Type::data ? std::optional(row->size) : std::nullopt;
+}
+
+LargeValueStore::Reading SqliteValues::readData(std::string_view key,
+                                                const std::function<void(DataParts&)>& read) {
+    // Open for as long as the chunks are read: both see the same state, whatever another process changes.
+    SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
+    if (!query.bindText(1, key).next())
+        return LargeValueStore::Reading::absent;
+    const auto row = rowIn(query);
+    if (!row || row->type != Type::data)
+        return LargeValueStore::Reading::otherType;
+    SqliteChunkReader parts(m_database, row->id, row->size);
+    read(parts);
+    return LargeValueStore::Reading::complete;
+}
+
+bool SqliteValues::replaceData(std::string_view key, std::size_t from, DataSource& data) {
     SqliteTransaction change(m_database);
     const auto before = find(key);
-    if (!before || before->type != Type::data)
+    const bool wasData = before && before->type == Type::data;
+    if (from > 0 && (!wasData || from > before->size))
+        return false;
+    if (!wasData)
         putRow(key, Data{});
-    const auto row = find(key);
-    if (!row || !this->write(*row, 0, write) || !commit(change))
-        return false;
-    if (before)
-        reclaimSpace(before->size, 0);
-    return true;
+    const auto row = wasData ? before : find(key);
+    return row && writeFrom(*row, from, data) && commit(change, before, from);
 }
 
-bool SqliteValues::writeTail(std::string_view key, std::size_t offset, const UserDefaults::Write& write) {
-    SqliteTransaction change(m_database);
-    const auto row = find(key);
-    if (!row || row->type != Type::data || offset > row->size)
-        return false;
-    if (!this->write(*row, offset, write) || !commit(change))
-        return false;
-    reclaimSpace(row->size, offset);
-    return true;
-}
-
-/// Replaces what stands from the offset on, as part of a change.
-bool SqliteValues::write(const Row& row, std::size_t offset, const UserDefaults::Write& write) {
-    const Head head = headBefore(row.id, offset);
+/// Replaces what stands from there on, as part of a change; false when the source gave up.
+bool SqliteValues::writeFrom(const Row& row, std::size_t from, DataSource& data) {
+    const Head head = headBefore(row.id, from);
     removeChunks(row.id, head.start);
     SqliteChunkWriter writer(m_database, row.id, head.start);
     writer.append(head.bytes);
-    if (!write(writer))
-        return false;
+    data.rewind();
+    while (const auto part = data.next())
+        writer.append(part->bytes);
     setSize(row.id, writer.finish());
-    return true;
+    return !data.failed();
 }
 
 bool SqliteValues::renameValue(std::string_view key, std::string_view newKey) {
@@ -211,7 +202,7 @@ bool SqliteValues::renameValue(std::string_view key, std::string_view newKey) {
     if (!find(key) || find(newKey))
         return false;
     m_database.query("UPDATE value SET key = ?2 WHERE key = ?1").bindText(1, key).bindText(2, newKey).run();
-    return commit(change);
+    return change.commit();
 }
 
 SqliteValues::Head SqliteValues::headBefore(std::int64_t id, std::size_t offset) {
@@ -253,18 +244,20 @@ void SqliteValues::setSize(std::int64_t id, std::size_t size) {
         .run();
 }
 
-bool SqliteValues::commit(SqliteTransaction& change) {
+bool SqliteValues::commit(SqliteTransaction& change, const std::optional<Row>& before, std::size_t keptSize) {
     if (m_hasLetGoOfPieces)
         m_database
             .query("DELETE FROM piece WHERE NOT EXISTS (SELECT 1 FROM chunk WHERE chunk.piece = piece.id)")
             .run();
-    return change.commit();
+    if (!change.commit())
+        return false;
+    if (before && before->size >= keptSize + noticeableRoom)
+        reclaimSpace();
+    return true;
 }
 
 /// A file grown large by what was deleted since is made small again: deleting a long history frees the disk.
-void SqliteValues::reclaimSpace(std::size_t sizeBefore, std::size_t sizeAfter) {
-    if (sizeBefore < sizeAfter + noticeableRoom)
-        return;
+void SqliteValues::reclaimSpace() {
     const auto free = m_database.integer("PRAGMA freelist_count");
     const auto all = m_database.integer("PRAGMA page_count");
     if (!free || !all || *free * 2 < *all)

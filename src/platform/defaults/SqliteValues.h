@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/UserDefaults.h"
+#include "platform/LargeValueStore.h"
 
 namespace brisklog {
 
@@ -9,18 +9,20 @@ class SqliteQuery;
 class SqliteTransaction;
 
 /// The user defaults' tables in an open database. Whatever fails is left in the database to be taken there;
-/// the result then means nothing.
+/// the result then means nothing. What changes values tells whether it did.
 class SqliteValues {
 public:
     explicit SqliteValues(SqliteDatabase& database) : m_database(database) {}
 
     [[nodiscard]] std::optional<UserDefaults::Value> value(std::string_view key);
-    void setValue(std::string_view key, const UserDefaults::Value& value);
-    void removeValue(std::string_view key);
+    bool setValue(std::string_view key, const UserDefaults::Value& value);
+    bool removeValue(std::string_view key);
     [[nodiscard]] std::vector<UserDefaults::Entry> entries();
-    [[nodiscard]] UserDefaults::Reading readData(std::string_view key, const UserDefaults::Read& read);
-    bool writeData(std::string_view key, const UserDefaults::Write& write);
-    bool writeTail(std::string_view key, std::size_t offset, const UserDefaults::Write& write);
+
+    [[nodiscard]] std::optional<std::size_t> dataSize(std::string_view key);
+    [[nodiscard]] LargeValueStore::Reading readData(std::string_view key,
+                                                    const std::function<void(DataParts&)>& read);
+    bool replaceData(std::string_view key, std::size_t from, DataSource& data);
     bool renameValue(std::string_view key, std::string_view newKey);
 
 private:
@@ -39,12 +41,12 @@ private:
     [[nodiscard]] std::optional<Row> find(std::string_view key);
     [[nodiscard]] std::optional<Row> rowIn(const SqliteQuery& query);
     void putRow(std::string_view key, const UserDefaults::Value& value);
-    bool write(const Row& row, std::size_t offset, const UserDefaults::Write& write);
+    bool writeFrom(const Row& row, std::size_t from, DataSource& data);
     [[nodiscard]] Head headBefore(std::int64_t id, std::size_t offset);
     void removeChunks(std::int64_t id, std::size_t from);
     void setSize(std::int64_t id, std::size_t size);
-    bool commit(SqliteTransaction& change);
-    void reclaimSpace(std::size_t sizeBefore, std::size_t sizeAfter);
+    bool commit(SqliteTransaction& change, const std::optional<Row>& before, std::size_t keptSize);
+    void reclaimSpace();
 
     SqliteDatabase& m_database;
     /// Whether chunks were removed that named pieces.

@@ -233,9 +233,9 @@ TEST_F(SqliteBrokenFile, whateverIsDamagedTheStoreGoesOnWorking) {
         auto store = openStore();
         (void)store.entries();
         (void)store.value("short");
-        (void)store.replaceTail("long", 150000, "tail");
+        (void)replaceTail(store, "long", 150000, "tail");
         (void)store.value("long");
-        (void)store.replaceTail("pictures", 7000, picture);
+        (void)replaceTail(store, "pictures", 7000, picture);
         (void)store.value("pictures");
         (void)store.renameValue("pictures", "moved");
         store.setValue("fresh", Data{"new"});

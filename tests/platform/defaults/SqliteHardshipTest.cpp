@@ -64,10 +64,10 @@ TEST_F(SqliteHardship, startingOnAFullDiskStillReadsEverything) {
         auto store = openStore();
         EXPECT_EQ(textValue(store, "short"), "kurz");
         EXPECT_EQ(dataValue(store, "long"), variedBytes(200000));
-        EXPECT_FALSE(store.replaceTail("long", 200000, variedBytes(50000)));
+        EXPECT_FALSE(replaceTail(store, "long", 200000, variedBytes(50000)));
         EXPECT_THAT(log.lines, ElementsAre(StartsWith("Error writing user defaults: long: ")));
         fs::remove(home.configuration() / "filler");
-        EXPECT_TRUE(store.replaceTail("long", 200000, variedBytes(50000)));
+        EXPECT_TRUE(replaceTail(store, "long", 200000, variedBytes(50000)));
         EXPECT_EQ(dataValue(store, "long"), variedBytes(200000) + variedBytes(50000));
     });
 }
@@ -90,7 +90,7 @@ TEST_F(SqliteHardship, whatCannotBeReadOnAFullDiskIsNotTakenForAbsent) {
         makeEarlierVersionsStore();
         fillDisk(home.configuration());
         auto store = openStore();
-        EXPECT_EQ(store.readData("long", [](DataParts&) {}), UserDefaults::Reading::failed);
+        EXPECT_EQ(store.readData("long", [](DataParts&) {}), LargeValueStore::Reading::failed);
         EXPECT_THAT(log.lines, ElementsAre(StartsWith("Error reading user defaults: long: ")));
         fs::remove(home.configuration() / "filler");
         EXPECT_EQ(dataValue(store, "long"), earlierVersionsData());
@@ -164,12 +164,12 @@ long countRecords(std::string_view text) {
     return count;
 }
 
-[[noreturn]] void appendForEver(UserDefaults& store, SharedCounter& acknowledged) {
+[[noreturn]] void appendForEver(LargeValueStore& store, SharedCounter& acknowledged) {
     std::string value = dataValue(store, "records").value_or("[]");
     store.setValue("records", Data{value});
     for (long number = countRecords(value);; ++number) {
         const std::string tail = "{" + std::string(300, 'x') + std::to_string(number) + "}]";
-        if (!store.replaceTail("records", value.size() - 1, tail))
+        if (!replaceTail(store, "records", value.size() - 1, tail))
             ::_exit(1);
         value.replace(value.size() - 1, 1, tail);
         acknowledged.set(number + 1);

@@ -50,7 +50,7 @@ TEST_F(SqliteHostileContent, aValueThatHasNoPlaceIsNotReadEither) {
     changeBySql("UPDATE value SET id = 8388607 WHERE key = 'long'");
     const auto store = openStore();
     EXPECT_EQ(store.readData("long", [](DataParts&) { FAIL() << "there is nothing to read"; }),
-              UserDefaults::Reading::absent);
+              LargeValueStore::Reading::absent);
     EXPECT_THAT(log.lines, SizeIs(1));
 }
 

@@ -2,6 +2,7 @@
 
 #include "SqliteUserDefaultsFixture.h"
 
+#include <fstream>
 #include <gmock/gmock.h>
 #include <random>
 #include <sqlite3.h>
@@ -16,7 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
-using Reading = UserDefaults::Reading;
+using Reading = LargeValueStore::Reading;
 
 using SqlitePieces = SqliteDefaults;
 
@@ -26,7 +27,7 @@ std::string record(unsigned number, std::size_t iconSize = 5000) {
     return "{\"number\":" + std::to_string(number) + ",\"icon\":\"" + digits(iconSize, number % 5) + "\"}";
 }
 
-std::string readWhole(const UserDefaults& store, std::string_view key) {
+std::string readWhole(const LargeValueStore& store, std::string_view key) {
     std::string bytes;
     EXPECT_EQ(store.readData(key,
                              [&](DataParts& parts) {
@@ -84,9 +85,9 @@ TEST_F(SqlitePieces, theyGoWithTheLastPlaceThatNamesThem) {
     const std::string one = record(1);
     store.setValue("key", Data{one + one + record(2)});
     EXPECT_EQ(pieceCount(file()), 2);
-    store.replaceTail("key", one.size() + 5, "");
+    replaceTail(store, "key", one.size() + 5, "");
     EXPECT_EQ(pieceCount(file()), 1);
-    store.replaceTail("key", one.size() - 100, "");
+    replaceTail(store, "key", one.size() - 100, "");
     EXPECT_EQ(dataValue(store, "key"), one.substr(0, one.size() - 100));
     store.setValue("key", Data{record(3)});
     EXPECT_EQ(pieceCount(file()), 1);
@@ -103,7 +104,7 @@ TEST_F(SqlitePieces, stretchesOfWhateverLengthComeBack) {
             const std::string expected = before + digits(size, 7);
             store.setValue("key", Data{expected});
             ASSERT_EQ(dataValue(store, "key"), expected) << size;
-            store.replaceTail("key", expected.size(), "\"end");
+            replaceTail(store, "key", expected.size(), "\"end");
             ASSERT_EQ(dataValue(store, "key"), expected + "\"end") << size;
         }
     }
@@ -122,7 +123,7 @@ TEST_F(SqlitePieces, aReplacedTailEqualsTheValueWrittenWhole) {
             tail += record(static_cast<unsigned>(chance() % 20), chance() % 2 == 0 ? 5000 : chance() % 2000);
         expected.resize(offset);
         expected += tail;
-        ASSERT_TRUE(store.replaceTail("key", offset, tail));
+        ASSERT_TRUE(replaceTail(store, "key", offset, tail));
         ASSERT_EQ(dataValue(store, "key"), expected) << "round " << round;
         ASSERT_EQ(readWhole(store, "key"), expected);
     }
@@ -136,11 +137,11 @@ TEST_F(SqlitePieces, writingInPartsOfWhateverSizeIsTheSame) {
     auto store = openStore();
     const std::string expected = record(1) + record(2) + record(1);
     for (const std::size_t partSize : {1, 7, 100, 4999, 100000}) {
-        EXPECT_TRUE(store.writeData("key", [&](DataSink& sink) {
-            for (std::size_t at = 0; at < expected.size(); at += partSize)
-                sink.append(std::string_view(expected).substr(at, partSize));
-            return true;
-        }));
+        std::vector<std::string_view> parts;
+        for (std::size_t at = 0; at < expected.size(); at += partSize)
+            parts.push_back(std::string_view(expected).substr(at, partSize));
+        DataInParts data(parts);
+        EXPECT_TRUE(store.replaceData("key", 0, data));
         EXPECT_EQ(dataValue(store, "key"), expected);
         EXPECT_EQ(pieceCount(file()), 2);
     }
@@ -148,14 +149,12 @@ TEST_F(SqlitePieces, writingInPartsOfWhateverSizeIsTheSame) {
 
 TEST_F(SqlitePieces, aWriterThatGivesUpChangesNothing) {
     auto store = openStore();
-    const auto giveUp = [](DataSink& sink) {
-        sink.append(record(9));
-        return false;
-    };
-    EXPECT_FALSE(store.writeData("new", giveUp));
+    const std::string begun = record(9);
+    DataInParts givenUp({begun}, DataInParts::End::givenUp);
+    EXPECT_FALSE(store.replaceData("new", 0, givenUp));
     store.setValue("key", Data{record(1)});
-    EXPECT_FALSE(store.writeData("key", giveUp));
-    EXPECT_FALSE(store.writeTail("key", 3, giveUp));
+    EXPECT_FALSE(store.replaceData("key", 0, givenUp));
+    EXPECT_FALSE(store.replaceData("key", 3, givenUp));
     EXPECT_EQ(dataValue(store, "key"), record(1));
     EXPECT_EQ(store.entries().size(), 1u);
     EXPECT_EQ(pieceCount(file()), 1);
@@ -165,11 +164,36 @@ TEST_F(SqlitePieces, aWriterThatGivesUpChangesNothing) {
 TEST_F(SqlitePieces, writingInPartsReplacesAValueOfAnotherType) {
     auto store = openStore();
     store.setValue("key", std::string("text"));
-    EXPECT_TRUE(store.writeData("key", [](DataSink& sink) {
-        sink.append("data");
-        return true;
-    }));
+    EXPECT_TRUE(replaceTail(store, "key", 0, "data"));
     EXPECT_EQ(dataValue(store, "key"), "data");
+}
+
+TEST_F(SqlitePieces, damageFoundInTheMidstOfWritingLosesNothing) {
+    storeSomething();
+    const auto page = ask(file(), "SELECT rootpage FROM sqlite_schema WHERE name = 'piece'");
+    std::fstream(file(), std::ios::in | std::ios::out | std::ios::binary)
+        .seekp((page - 1) * 4096)
+        .write(std::string(4096, '\xA5').data(), 4096);
+    auto store = openStore();
+    ASSERT_EQ(textValue(store, "short"), "kurz") << "what is read is sound";
+    const std::string begun = variedBytes(20000);
+    const std::string picture = record(1);
+    DataInParts data({begun, picture, begun});
+    EXPECT_TRUE(store.replaceData("key", 0, data));
+    EXPECT_EQ(dataValue(store, "key"), begun + picture + begun) << "from its first part on";
+    EXPECT_EQ(store.value("short"), std::nullopt);
+    EXPECT_THAT(log.lines, ElementsAre(HasSubstr("kept as")));
+}
+
+TEST_F(SqlitePieces, onlyDataHasASizeAsData) {
+    auto store = openStore();
+    EXPECT_EQ(store.dataSize("key"), std::nullopt);
+    store.setValue("key", std::string("text"));
+    EXPECT_EQ(store.dataSize("key"), std::nullopt);
+    store.setValue("key", Data{});
+    EXPECT_EQ(store.dataSize("key"), 0u);
+    EXPECT_TRUE(replaceTail(store, "key", 0, record(1) + record(1)));
+    EXPECT_EQ(store.dataSize("key"), 2 * record(1).size());
 }
 
 TEST_F(SqlitePieces, readingTellsWhatIsThere) {
@@ -271,10 +295,10 @@ TEST_F(SqlitePieces, anEarlierVersionsStoreOpensWithEverythingInIt) {
     EXPECT_EQ(textValue(store, "short"), "kurz");
     const std::string before = earlierVersionsData();
     EXPECT_EQ(dataValue(store, "long"), before);
-    EXPECT_TRUE(store.replaceTail("long", 16386, record(1)));
+    EXPECT_TRUE(replaceTail(store, "long", 16386, record(1)));
     EXPECT_EQ(dataValue(store, "long"), before.substr(0, 16386) + record(1));
     EXPECT_EQ(pieceCount(file()), 1);
-    EXPECT_TRUE(store.replaceTail("long", 16000, "x"));
+    EXPECT_TRUE(replaceTail(store, "long", 16000, "x"));
     EXPECT_EQ(dataValue(openStore(), "long"), before.substr(0, 16000) + "x");
     EXPECT_THAT(log.lines, IsEmpty());
     EXPECT_THAT(filesStartingWith("defaults.sqlite.broken-"), IsEmpty());

@@ -3,6 +3,7 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "support/FakeClock.h"
 #include "support/RecordingLog.h"
+#include "support/StoredData.h"
 #include "support/TemporaryHome.h"
 
 #include <gtest/gtest.h>

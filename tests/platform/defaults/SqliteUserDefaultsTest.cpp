@@ -74,7 +74,7 @@ TEST_F(SqliteDefaults, lookingAndRemovingMakeNoFile) {
     auto store = openStore();
     EXPECT_FALSE(store.value("key"));
     EXPECT_THAT(store.entries(), IsEmpty());
-    EXPECT_FALSE(store.replaceTail("key", 0, "tail"));
+    EXPECT_FALSE(replaceTail(store, "key", 1, "tail"));
     store.removeValue("key");
     store.synchronise();
     EXPECT_FALSE(fs::exists(home.configuration()));
@@ -88,7 +88,7 @@ TEST_F(SqliteDefaults, entriesTellTypeAndSizeInTheOrderOfTheirMaking) {
     store.setValue("truth", true);
     store.setValue("integer", std::int64_t{7});
     store.setValue("number", 7.5);
-    store.replaceTail("data", 100001, "more");
+    replaceTail(store, "data", 100001, "more");
 
     const auto entries = store.entries();
     ASSERT_EQ(entries.size(), 5u);
@@ -117,7 +117,7 @@ TEST_F(SqliteDefaults, aReplacedTailEqualsTheValueWrittenWhole) {
             variedBytes(std::uniform_int_distribution<std::size_t>(0, round % 10 == 0 ? 70000 : 400)(chance));
         expected.resize(offset);
         expected += tail;
-        ASSERT_TRUE(store.replaceTail("key", offset, tail));
+        ASSERT_TRUE(replaceTail(store, "key", offset, tail));
         ASSERT_EQ(dataValue(store, "key"), expected) << "round " << round;
     }
     EXPECT_EQ(dataValue(openStore(), "key"), expected);
@@ -129,7 +129,7 @@ TEST_F(SqliteDefaults, manySmallTailsFillTheChunksWithoutGaps) {
     store.setValue("key", Data{expected});
     for (int count = 0; count < 600; ++count) {
         const std::string tail = "{\"count\":" + std::to_string(count) + std::string(100, 'x') + "}]";
-        ASSERT_TRUE(store.replaceTail("key", expected.size() - 1, tail));
+        ASSERT_TRUE(replaceTail(store, "key", expected.size() - 1, tail));
         expected.pop_back();
         expected += tail;
     }
@@ -140,9 +140,9 @@ TEST_F(SqliteDefaults, aTailIsOnlyReplacedWhereThereIsData) {
     auto store = openStore();
     store.setValue("text", std::string("abc"));
     store.setValue("data", Data{"abc"});
-    EXPECT_FALSE(store.replaceTail("missing", 0, "x"));
-    EXPECT_FALSE(store.replaceTail("text", 0, "x"));
-    EXPECT_FALSE(store.replaceTail("data", 4, "x"));
+    EXPECT_FALSE(replaceTail(store, "missing", 1, "x"));
+    EXPECT_FALSE(replaceTail(store, "text", 1, "x"));
+    EXPECT_FALSE(replaceTail(store, "data", 4, "x"));
     EXPECT_EQ(textValue(store, "text"), "abc");
     EXPECT_EQ(dataValue(store, "data"), "abc");
     EXPECT_EQ(store.entries().size(), 2u);
@@ -154,7 +154,7 @@ TEST_F(SqliteDefaults, appendingToALongValueWritesLittle) {
         store.setValue("key", Data{variedBytes(5000000)});
     }
     auto store = openStore();
-    ASSERT_TRUE(store.replaceTail("key", 4999998, variedBytes(1200)));
+    ASSERT_TRUE(replaceTail(store, "key", 4999998, variedBytes(1200)));
     EXPECT_LE(fs::file_size(file().string() + "-wal"), 65536u);
 }
 
@@ -184,7 +184,7 @@ TEST_F(SqliteDefaults, deletingALongValueFreesTheDisk) {
     store.setValue("long", Data{variedBytes(8000000)});
     store.synchronise();
     ASSERT_GT(fs::file_size(file()), 8000000u);
-    store.replaceTail("long", 0, "[]");
+    replaceTail(store, "long", 0, "[]");
     EXPECT_LT(fs::file_size(file()), 100000u);
     EXPECT_EQ(dataValue(store, "long"), "[]");
     EXPECT_EQ(textValue(store, "short"), "kurz");
@@ -193,7 +193,7 @@ TEST_F(SqliteDefaults, deletingALongValueFreesTheDisk) {
 TEST_F(SqliteDefaults, withoutAFileValuesLastAsLongAsTheStore) {
     SqliteUserDefaults store(std::nullopt, clock, log);
     store.setValue("key", Data{variedBytes(40000)});
-    EXPECT_TRUE(store.replaceTail("key", 40000, "x"));
+    EXPECT_TRUE(replaceTail(store, "key", 40000, "x"));
     store.synchronise();
     EXPECT_EQ(dataValue(store, "key"), variedBytes(40000) + "x");
     EXPECT_THAT(log.lines, IsEmpty());
