@@ -1,5 +1,7 @@
 #include "app/AppDelegate.h"
 
+#include <utility>
+
 namespace brisklog {
 namespace {
 
@@ -8,26 +10,26 @@ constexpr const char* darkAppearance = "Dark";
 
 } // namespace
 
-AppDelegate::AppDelegate(const AppDelegatePlatform& platform) : m_platform(platform) {}
+AppDelegate::AppDelegate(Parts parts) : m_parts(std::move(parts)) {}
 
 void AppDelegate::applicationDidFinishLaunching() {
-    m_popover = m_platform.makePopover();
+    m_popover = m_parts.makePopover();
     applyLaunchAppearance();
     m_popover->loadContent();
-    m_statusItem = m_platform.makeStatusItem();
+    m_statusItem = m_parts.makeStatusItem();
     m_statusItem->setDescription("Zeiterfassung");
     m_statusItem->setAction([this] { togglePopover(); });
 }
 
 /// Read once: a later change of the desktop's appearance deliberately waits for the next launch.
 void AppDelegate::applyLaunchAppearance() {
-    if (m_platform.userDefaults.value(appearanceKey)) {
-        const bool dark = textValue(m_platform.userDefaults, appearanceKey) == darkAppearance;
+    if (m_parts.userDefaults.value(appearanceKey)) {
+        const bool dark = textValue(m_parts.userDefaults, appearanceKey) == darkAppearance;
         m_popover->setAppearance(dark ? ColorScheme::dark : ColorScheme::light);
         return;
     }
     m_popover->setAppearance(ColorScheme::light);
-    m_platform.systemAppearance.ask([this](ColorScheme appearance) { m_popover->setAppearance(appearance); });
+    m_parts.systemAppearance.ask([this](ColorScheme appearance) { m_popover->setAppearance(appearance); });
 }
 
 void AppDelegate::togglePopover() {

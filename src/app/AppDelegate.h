@@ -33,18 +33,18 @@ public:
     virtual void loadContent() = 0;
 };
 
-/// What the delegate needs from outside: makers are called once, when launching has finished.
-struct AppDelegatePlatform {
-    UserDefaults& userDefaults;
-    SystemAppearance& systemAppearance;
-    std::function<std::unique_ptr<Popover>()> makePopover;
-    std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-};
-
 /// Sets the program up at launch and opens and closes its popover.
 class AppDelegate {
 public:
-    explicit AppDelegate(const AppDelegatePlatform& platform);
+    /// Makers are called once, when launching has finished.
+    struct Parts {
+        UserDefaults& userDefaults;
+        SystemAppearance& systemAppearance;
+        std::function<std::unique_ptr<Popover>()> makePopover;
+        std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+    };
+
+    explicit AppDelegate(Parts parts);
 
     /// Creates popover and main view, then the status item.
     void applicationDidFinishLaunching();
@@ -59,7 +59,7 @@ public:
 private:
     void applyLaunchAppearance();
 
-    AppDelegatePlatform m_platform;
+    Parts m_parts;
     std::unique_ptr<Popover> m_popover;
     std::unique_ptr<StatusItem> m_statusItem;
 };

@@ -42,8 +42,8 @@ void installGermanTexts(QCoreApplication& application) {
 
 } // namespace
 
-BrisklogApp::BrisklogApp(BrisklogPlatform platform)
-    : m_platform(std::move(platform)), m_dayWindows(m_platform.images, [this] { return m_popover; }),
+BrisklogApp::BrisklogApp(Outside outside)
+    : m_platform(std::move(outside)), m_dayWindows(m_platform.images, [this] { return m_popover; }),
       m_delegate({.userDefaults = m_platform.userDefaults,
                   .systemAppearance = m_platform.systemAppearance,
                   .makePopover = [this] { return makePopover(); },

@@ -28,31 +28,31 @@ namespace brisklog {
 class PopoverWindow;
 class SheetWindow;
 
-/// Everything outside the program, as its parts need it.
-struct BrisklogPlatform {
-    Files& files;
-    LargeValueStore& userDefaults;
-    Clock& clock;
-    RunLoop& runLoop;
-    Log& log;
-    SavePanel& savePanel;
-    PdfFacility& pdf;
-    const Images& images;
-    FrontmostApplication& frontmost;
-    LogoPickerPresenter& logoPicker;
-    SystemAppearance& systemAppearance;
-    WindowServer& windowServer;
-    std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
-    std::function<void()> terminate;
-    /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it has
-    /// none.
-    std::function<void(std::string_view address)> openLink = [](std::string_view) {};
-};
-
 /// The application object: puts the parts together and keeps them for the life of the process.
 class BrisklogApp {
 public:
-    explicit BrisklogApp(BrisklogPlatform platform);
+    /// Everything outside the program, as its parts need it.
+    struct Outside {
+        Files& files;
+        LargeValueStore& userDefaults;
+        Clock& clock;
+        RunLoop& runLoop;
+        Log& log;
+        SavePanel& savePanel;
+        PdfFacility& pdf;
+        const Images& images;
+        FrontmostApplication& frontmost;
+        LogoPickerPresenter& logoPicker;
+        SystemAppearance& systemAppearance;
+        WindowServer& windowServer;
+        std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
+        std::function<void()> terminate;
+        /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it
+        /// has none.
+        std::function<void(std::string_view address)> openLink = [](std::string_view) {};
+    };
+
+    explicit BrisklogApp(Outside outside);
     ~BrisklogApp();
 
     /// What happens once launching has finished. Where no panel shows an icon after a while, the popover
@@ -87,7 +87,7 @@ private:
     [[nodiscard]] InvoicePlatform invoicePlatform();
     [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
 
-    BrisklogPlatform m_platform;
+    Outside m_platform;
     std::optional<AppSettings> m_settings;
     std::optional<UserProfile> m_profile;
     NotificationCenter m_notificationCenter;
