@@ -1,10 +1,6 @@
 #pragma once
 
-#include "foundation/Observable.h"
-#include "foundation/Result.h"
-#include "platform/Files.h"
-#include "platform/Log.h"
-#include "platform/UserDefaults.h"
+#include "platform/StoredProperties.h"
 #include "profile/LogoPickerPresenter.h"
 
 #include <filesystem>
@@ -75,5 +71,28 @@ private:
 
     ProfilePlatform m_platform;
 };
+
+constexpr auto storedProperties(std::type_identity<UserProfile>) {
+    return std::tuple{stored<&UserProfile::companyName>("companyName", "profile_companyName"),
+                      stored<&UserProfile::fullName>("fullName", "profile_fullName"),
+                      stored<&UserProfile::address>("address", "profile_address"),
+                      stored<&UserProfile::postalCode>("postalCode", "profile_postalCode"),
+                      stored<&UserProfile::city>("city", "profile_city"),
+                      stored<&UserProfile::country>("country", "profile_country"),
+                      stored<&UserProfile::phone>("phone", "profile_phone"),
+                      stored<&UserProfile::email>("email", "profile_email"),
+                      stored<&UserProfile::website>("website", "profile_website"),
+                      stored<&UserProfile::taxId>("taxId", "profile_taxId"),
+                      stored<&UserProfile::vatId>("vatId", "profile_vatId"),
+                      // Earlier versions knew no tax office.
+                      stored<&UserProfile::taxOffice>("taxOffice"),
+                      stored<&UserProfile::bankName>("bankName", "profile_bankName"),
+                      stored<&UserProfile::iban>("iban", "profile_iban"),
+                      stored<&UserProfile::bic>("bic", "profile_bic"),
+                      stored<&UserProfile::logoPositionX>("logoPositionX", "profile_logoPositionX"),
+                      stored<&UserProfile::logoPositionY>("logoPositionY", "profile_logoPositionY"),
+                      stored<&UserProfile::logoWidth>("logoWidth", "profile_logoWidth"),
+                      stored<&UserProfile::logoHeight>("logoHeight", "profile_logoHeight")};
+}
 
 } // namespace brisklog

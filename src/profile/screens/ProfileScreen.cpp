@@ -1,7 +1,6 @@
 #include "profile/screens/ProfileScreen.h"
 
 #include "profile/screens/LogoPlate.h"
-#include "profile/screens/NoteBox.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Card.h"
 #include "ui/controls/SectionHeader.h"
@@ -9,11 +8,27 @@
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 #include "ui/look/Text.h"
+
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
+
+struct ProfileScreen::FormField {
+    Published<std::string> UserProfile::*property;
+    /// Shown in grey while the field is empty.
+    QString example;
+};
+
+/// A label and the fields beside it.
+struct ProfileScreen::FormRow {
+    QString label;
+    std::vector<FormField> fields;
+};
+
 namespace {
 
 constexpr int margin = 12;
@@ -41,6 +56,32 @@ void showValue(TextField& field, const QString& value) {
         field.setCursorPosition(0);
 }
 
+/// A remark that wants to be read: a heading over a text, marked like running time by the bar at its left.
+class NoteBox final : public QWidget {
+public:
+    NoteBox(const QString& heading, const QString& text) {
+        Column{new Label(heading, FontRole::body13Semibold), space(1),
+               new Label(text, FontRole::tab12, &Palette::secondary, Label::Lines::wrapped)}
+            .margins({17, 9, 16, 11})
+            .applyTo(*this);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const Palette& palette = Palette::current();
+        fillRounded(painter, rect(), radius, laidOver(withOpacity(palette.blueFill, 0.08), palette.card));
+        frameRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.16));
+        paintTimeEdge(painter, {edgeLeft, edgeInset, edgeWidth, height() - 2 * edgeInset}, palette.blue);
+    }
+
+private:
+    static constexpr int radius = 8;
+    static constexpr int edgeLeft = 5;
+    static constexpr int edgeWidth = 3;
+    static constexpr int edgeInset = 9;
+};
+
 QWidget* note() {
     return new NoteBox(u"Hinweis"_s,
                        u"Diese Daten werden auf Ihren Rechnungen verwendet. Bitte füllen Sie alle relevanten "
@@ -50,16 +91,16 @@ QWidget* note() {
 } // namespace
 
 ProfileScreen::ProfileScreen(UserProfile& profile, const Images& images, QWidget* parent)
-    : Screen(parent), m_view(profile), m_logo(new LogoPlate(images)) {
+    : Screen(parent), m_profile(profile), m_logo(new LogoPlate(images)) {
     auto* const content = new QWidget;
     auto* const title = new Label(u"Profil"_s, FontRole::title17);
     Column{Row{title}.margins({titleInset, 0, titleInset, 0}),
            space(margin),
            logoSection(),
            space(gapBetweenCards),
-           fieldSection(u"Kontaktdaten"_s, u"person.fill"_s, ProfileView::contactRows()),
+           contactSection(),
            space(gapBetweenCards),
-           fieldSection(u"Steuer- und Bankdaten"_s, u"banknote"_s, ProfileView::taxAndBankRows()),
+           taxAndBankSection(),
            space(gapBetweenCards),
            note(),
            stretch()}
@@ -72,51 +113,72 @@ ProfileScreen::ProfileScreen(UserProfile& profile, const Images& images, QWidget
 QWidget* ProfileScreen::logoSection() {
     auto* const select = new Button(u"Logo auswählen"_s);
     auto* const remove = new Button(u"Logo entfernen"_s, Button::Kind::destructive);
-    select->onClick([this] { m_view.selectLogo(); });
-    remove->onClick([this] { m_view.removeLogo(); });
+    select->onClick([this] { m_profile.loadLogoFromFile(); });
+    remove->onClick([this] { m_profile.logoData = std::nullopt; });
     return card(Column{new SectionHeader(u"Firmenlogo"_s, u"photo"_s), space(10),
                        aligned(m_logo, Qt::AlignHCenter), space(margin),
                        Row{stretch(), select, remove, stretch()}.spacing(buttonGap)});
 }
 
+QWidget* ProfileScreen::contactSection() {
+    return fieldSection(
+        u"Kontaktdaten"_s, u"person.fill"_s,
+        {{u"Firma"_s, {{&UserProfile::companyName, u"Ihre Firma GmbH"_s}}},
+         {u"Name"_s, {{&UserProfile::fullName, u"Max Mustermann"_s}}},
+         {u"Adresse"_s, {{&UserProfile::address, u"Musterstraße 123"_s}}},
+         {u"PLZ & Ort"_s, {{&UserProfile::postalCode, u"12345"_s}, {&UserProfile::city, u"Musterstadt"_s}}},
+         {u"Land"_s, {{&UserProfile::country, u"Deutschland"_s}}},
+         {u"Telefon"_s, {{&UserProfile::phone, u"+49 123 456789"_s}}},
+         {u"E-Mail"_s, {{&UserProfile::email, u"post@beispiel.example"_s}}},
+         {u"Website"_s, {{&UserProfile::website, u"www.beispiel.example"_s}}}});
+}
+
+QWidget* ProfileScreen::taxAndBankSection() {
+    return fieldSection(u"Steuer- und Bankdaten"_s, u"banknote"_s,
+                        {{u"Steuernummer"_s, {{&UserProfile::taxId, u"123/456/78901"_s}}},
+                         {u"Finanzamt"_s, {{&UserProfile::taxOffice, u"Finanzamt Musterstadt"_s}}},
+                         {u"USt-IdNr."_s, {{&UserProfile::vatId, u"DE123456789"_s}}},
+                         {u"Bank"_s, {{&UserProfile::bankName, u"Musterbank"_s}}},
+                         {u"IBAN"_s, {{&UserProfile::iban, u"DE89 3704 0044 0532 0130 00"_s}}},
+                         {u"BIC"_s, {{&UserProfile::bic, u"MUSTERDEXXX"_s}}}});
+}
+
 QWidget* ProfileScreen::fieldSection(const QString& title, const QString& symbol,
-                                     const std::vector<ProfileRow>& rows) {
+                                     const std::vector<FormRow>& rows) {
     Column column{new SectionHeader(title, symbol), space(4)};
-    for (const ProfileRow& each : rows)
+    for (const FormRow& each : rows)
         column.add(row(each));
     return card(column.spacing(rowGap));
 }
 
-LayoutItem ProfileScreen::row(const ProfileRow& row) {
-    auto* const label = new Label(screenText(row.label), FontRole::body13, &Palette::secondary);
+LayoutItem ProfileScreen::row(const FormRow& row) {
+    auto* const label = new Label(row.label, FontRole::body13, &Palette::secondary);
     label->setFixedWidth(labelWidth);
     Row fields{};
-    for (const ProfileField& each : row.fields)
+    for (const FormField& each : row.fields)
         fields.add(field(row, each));
     return Row{label, expanding(fields.spacing(fieldGap))};
 }
 
-TextField* ProfileScreen::field(const ProfileRow& row, const ProfileField& field) {
-    auto* const created = new TextField(screenText(field.exampleText));
+TextField* ProfileScreen::field(const FormRow& row, const FormField& field) {
+    auto* const created = new TextField(field.example);
     // Fields that share a label are told apart by their examples, which the toolkit gives as descriptions.
-    created->setAccessibleName(screenText(row.label));
+    created->setAccessibleName(row.label);
     if (field.property == &UserProfile::postalCode)
         created->setFixedWidth(narrowFieldWidth);
-    created->onEdited([this, property = field.property](const QString& edited) {
-        m_view.profile().*property = edited.toStdString();
-    });
-    m_fields.push_back({created, field.property});
+    Published<std::string>& property = m_profile.*field.property;
+    created->onEdited([&property](const QString& edited) { property = edited.toStdString(); });
+    m_fields.push_back({created, &property});
     return created;
 }
 
 void ProfileScreen::refresh() {
-    UserProfile& profile = m_view.profile();
     for (const BoundField& bound : m_fields)
-        showValue(*bound.field, screenText((profile.*bound.property).get()));
+        showValue(*bound.field, screenText(**bound.property));
     // Decoding the logo anew at every keystroke would be felt.
-    if (m_shownLogo != profile.logoData.revision())
-        m_logo->setLogo(profile.logoData);
-    m_shownLogo = profile.logoData.revision();
+    if (m_shownLogo != m_profile.logoData.revision())
+        m_logo->setLogo(m_profile.logoData);
+    m_shownLogo = m_profile.logoData.revision();
 }
 
 } // namespace brisklog

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "profile/ProfileView.h"
+#include "profile/UserProfile.h"
 #include "ui/sheets/Screen.h"
 
 #include <optional>
@@ -13,7 +13,8 @@ class LayoutItem;
 class LogoPlate;
 class TextField;
 
-/// The profile form: the logo, and what is printed on every invoice about its sender.
+/// The profile form: the logo, and what is printed on every invoice about its sender. Every keystroke changes
+/// the profile, which is in its file at once.
 class ProfileScreen final : public Screen {
 public:
     ProfileScreen(UserProfile& profile, const Images& images, QWidget* parent = nullptr);
@@ -22,19 +23,24 @@ protected:
     void refresh() override;
 
 private:
+    struct FormField;
+    struct FormRow;
+
     /// A text field and the property it shows.
     struct BoundField {
         TextField* field;
-        Published<std::string> UserProfile::*property;
+        Published<std::string>* property;
     };
 
     [[nodiscard]] QWidget* logoSection();
+    [[nodiscard]] QWidget* contactSection();
+    [[nodiscard]] QWidget* taxAndBankSection();
     [[nodiscard]] QWidget* fieldSection(const QString& title, const QString& symbol,
-                                        const std::vector<ProfileRow>& rows);
-    [[nodiscard]] LayoutItem row(const ProfileRow& row);
-    [[nodiscard]] TextField* field(const ProfileRow& row, const ProfileField& field);
+                                        const std::vector<FormRow>& rows);
+    [[nodiscard]] LayoutItem row(const FormRow& row);
+    [[nodiscard]] TextField* field(const FormRow& row, const FormField& field);
 
-    ProfileView m_view;
+    UserProfile& m_profile;
     LogoPlate* m_logo;
     std::optional<std::uint64_t> m_shownLogo;
     std::vector<BoundField> m_fields;
