@@ -93,7 +93,7 @@ struct Archive {
 void listArchive(benchmark::State& state) {
     Archive archive(state.range(0));
     for (auto run : state) {
-        const ArchiveSheetView view(archive.store, archive.clock, Calendar::current());
+        const ArchiveSheetView view(archive.store, archive.clock);
         benchmark::DoNotOptimize(view.groups());
     }
 }
@@ -111,7 +111,7 @@ void copyInvoices(benchmark::State& state) {
 void detailEveryInvoice(benchmark::State& state) {
     Archive archive(state.range(0));
     for (auto run : state) {
-        const ArchiveSheetView view(archive.store, archive.clock, Calendar::current());
+        const ArchiveSheetView view(archive.store, archive.clock);
         for (const ArchivedInvoice& invoice : archive.store.archivedInvoices.get())
             benchmark::DoNotOptimize(view.details(invoice));
     }
@@ -144,7 +144,7 @@ void openSheet(benchmark::State& state) {
     offscreenApplication();
     Archive archive(state.range(0));
     for (auto run : state) {
-        const auto sheet = makeArchiveSheet(archive.store, archive.clock, Calendar::current());
+        const auto sheet = makeArchiveSheet(archive.store, archive.clock);
         show(*sheet);
     }
 }

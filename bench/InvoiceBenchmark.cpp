@@ -67,7 +67,7 @@ double peakMemory() {
 
 void writeInvoice(benchmark::State& state) {
     CairoPdfFacility pdf;
-    const UpdatedInvoiceTemplate invoice(pdf, sender(), Calendar::current(), now);
+    const UpdatedInvoiceTemplate invoice(pdf, sender(), Calendar(QTimeZone("Europe/Berlin")), now);
     const auto billed = entries(state.range(0));
     const Project project{.id = {}, .name = "Website", .hourlyRate = 85.5, .entries = {}};
     const std::string notes = "Leistungszeitraum: 1. bis 14. November 2026.";

@@ -149,8 +149,7 @@ QWidget* BrisklogApp::makeSection(int section) {
 QWidget* BrisklogApp::makeSettingsSection() {
     return new SettingsScreen(
         settings(),
-        {.makeArchiveSheet =
-             [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock, Calendar::current()); },
+        {.makeArchiveSheet = [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock); },
          .openLink = m_platform.openLink});
 }
 
@@ -193,7 +192,7 @@ InvoicePlatform BrisklogApp::invoicePlatform() {
                                const std::string& number, const std::vector<TimeEntry>& entries,
                                const std::string& notes) {
                 const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(profile()),
-                                                      Calendar::current(), m_platform.clock.now());
+                                                      m_platform.clock.calendar(), m_platform.clock.now());
                 return document.generate(project, customer, number, entries, notes);
             }};
 }

@@ -17,8 +17,6 @@ Date dateOf(const QDateTime& moment) {
 Calendar::Calendar(const QTimeZone& zone, Qt::DayOfWeek firstWeekday)
     : m_zone(zone), m_firstWeekday(firstWeekday) {}
 
-Calendar Calendar::current() { return Calendar(QTimeZone::systemTimeZone()); }
-
 QDateTime Calendar::localTime(Date date) const {
     if (!(std::abs(date.secondsSinceReference) < farthestMoment))
         return {};

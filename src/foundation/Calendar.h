@@ -32,11 +32,6 @@ class Calendar {
 public:
     explicit Calendar(const QTimeZone& zone, Qt::DayOfWeek firstWeekday = Qt::Monday);
 
-    /// The calendar of the user's own time zone.
-    [[nodiscard]] static Calendar current();
-
-    [[nodiscard]] const QTimeZone& zone() const { return m_zone; }
-
     [[nodiscard]] Qt::DayOfWeek firstWeekday() const { return m_firstWeekday; }
 
     /// What clocks show at that moment, fractions of a second cut off; invalid where no calendar reaches.

@@ -1,5 +1,6 @@
 #include "invoice/ArchiveSheetView.h"
 
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 
 #include <algorithm>
@@ -34,13 +35,14 @@ std::string archiveCustomer(const ArchivedInvoice& invoice) {
     return invoice.customerName.value_or("").empty() ? "Unbekannt" : *invoice.customerName;
 }
 
-ArchiveSheetView::ArchiveSheetView(TimeTrackingStore& timeStore, const Clock& clock, const Calendar& calendar)
-    : m_timeStore(timeStore), m_clock(clock), m_calendar(calendar), m_index(timeStore) {}
+ArchiveSheetView::ArchiveSheetView(TimeTrackingStore& timeStore, const Clock& clock)
+    : m_timeStore(timeStore), m_clock(clock), m_index(timeStore) {}
 
 ArchiveSheetView::GroupedInvoices ArchiveSheetView::groupedInvoices() const {
+    const Calendar calendar = m_clock.calendar();
     GroupedInvoices grouped;
     for (const ArchivedInvoice& invoice : m_timeStore.archivedInvoices.get())
-        grouped[groupKey(m_calendar.monthOf(invoice.date))].push_back(invoice);
+        grouped[groupKey(calendar.monthOf(invoice.date))].push_back(invoice);
     return grouped;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/TimeTrackingStore.h"
-#include "foundation/Calendar.h"
 #include "invoice/EntryIndex.h"
 
 #include <map>
@@ -45,7 +44,7 @@ public:
     static constexpr const char* explanation =
         "Hier findest du alle archivierten Rechnungen sortiert nach Jahr und Monat.";
 
-    ArchiveSheetView(TimeTrackingStore& timeStore, const Clock& clock, const Calendar& calendar);
+    ArchiveSheetView(TimeTrackingStore& timeStore, const Clock& clock);
 
     /// The invoices whose details are shown.
     Published<std::set<Uuid>> openInvoices{*this};
@@ -71,7 +70,6 @@ public:
 private:
     TimeTrackingStore& m_timeStore;
     const Clock& m_clock;
-    const Calendar m_calendar;
     mutable EntryIndex m_index;
 };
 

@@ -58,8 +58,8 @@ public:
                             .notificationCenter = notifications,
                             .generate = [this](const Project& project, const auto& customer,
                                                const auto& number, const auto& entries, const auto& notes) {
-                                const UpdatedInvoiceTemplate document(pdf, InvoiceSender(),
-                                                                      Calendar::current(), clock.now());
+                                const UpdatedInvoiceTemplate document(pdf, InvoiceSender(), clock.calendar(),
+                                                                      clock.now());
                                 return document.generate(project, customer, number, entries, notes);
                             }});
         invoice->exportInvoicePDF();

@@ -62,7 +62,7 @@ std::string numberedLines(int count) {
 
 std::string SampleInvoice::document() const {
     CairoPdfFacility pdf;
-    const UpdatedInvoiceTemplate invoice(pdf, sender, Calendar::current(), now);
+    const UpdatedInvoiceTemplate invoice(pdf, sender, Calendar(QTimeZone("Europe/Berlin")), now);
     return invoice.generate(project, customer, invoiceNumber, entries, notes);
 }
 

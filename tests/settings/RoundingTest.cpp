@@ -59,7 +59,7 @@ public:
     }
 
     [[nodiscard]] std::string invoiceText() {
-        const UpdatedInvoiceTemplate document(pdf, {}, Calendar::current(), clock.now());
+        const UpdatedInvoiceTemplate document(pdf, {}, clock.calendar(), clock.now());
         const Project& project = store.projects->front();
         return PdfReader(document.generate(project, {}, "1", project.entries, "")).readText();
     }

@@ -16,9 +16,8 @@ constexpr QSize sheetSize{400, 600};
 
 } // namespace
 
-ArchiveSheetScreen::ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock,
-                                       const Calendar& calendar)
-    : m_view(timeStore, clock, calendar), m_list(new ArchiveList(timeStore, m_view)),
+ArchiveSheetScreen::ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock)
+    : m_view(timeStore, clock), m_list(new ArchiveList(timeStore, m_view)),
       m_emptyArchive(makeEmptyArchive()) {
     Column{expanding(m_list), expanding(m_emptyArchive)}.applyTo(*this);
     observe(timeStore);
@@ -43,11 +42,10 @@ void ArchiveSheetScreen::refresh() {
     m_list->showInvoices();
 }
 
-std::unique_ptr<SheetWindow> makeArchiveSheet(TimeTrackingStore& timeStore, const Clock& clock,
-                                              const Calendar& calendar) {
+std::unique_ptr<SheetWindow> makeArchiveSheet(TimeTrackingStore& timeStore, const Clock& clock) {
     auto sheet = std::make_unique<SheetWindow>(u"Archivierte Rechnungen"_s, sheetSize);
     sheet->addCloseButton(u"Schließen"_s, u"xmark.circle.fill"_s);
-    sheet->setBody(new ArchiveSheetScreen(timeStore, clock, calendar), SheetWindow::Body::fixed);
+    sheet->setBody(new ArchiveSheetScreen(timeStore, clock), SheetWindow::Body::fixed);
     return sheet;
 }
 

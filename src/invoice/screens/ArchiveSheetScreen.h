@@ -13,7 +13,7 @@ class SheetWindow;
 /// The archive sheet's body: the issued invoices by month, or what to do while there is none.
 class ArchiveSheetScreen final : public Screen {
 public:
-    ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock, const Calendar& calendar);
+    ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock);
 
 protected:
     void refresh() override;
@@ -27,7 +27,6 @@ private:
 };
 
 /// The sheet, ready to be presented.
-[[nodiscard]] std::unique_ptr<SheetWindow> makeArchiveSheet(TimeTrackingStore& timeStore, const Clock& clock,
-                                                            const Calendar& calendar);
+[[nodiscard]] std::unique_ptr<SheetWindow> makeArchiveSheet(TimeTrackingStore& timeStore, const Clock& clock);
 
 } // namespace brisklog

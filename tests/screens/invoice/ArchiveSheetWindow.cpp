@@ -35,8 +35,7 @@ void ArchiveSheetWindow::issueThree() {
 void ArchiveSheetWindow::open() {
     popover.resize(370, 650);
     showActive(popover);
-    sheet =
-        &presentSheet(popover, makeArchiveSheet(content.store, content.clock, Calendar(QTimeZone::utc())));
+    sheet = &presentSheet(popover, makeArchiveSheet(content.store, content.clock));
     showActive(*sheet);
 }
 
