@@ -1,9 +1,12 @@
 #include "foundation/GermanFormat.h"
 
+#include "foundation/Calendar.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <map>
 #include <memory>
 #include <unicode/datefmt.h>
 #include <unicode/numfmt.h>
@@ -14,7 +17,6 @@ namespace brisklog::format {
 namespace {
 
 constexpr const char* noBreakSpace = "\u00A0";
-constexpr double millisecondsPerSecond = 1000;
 /// Beyond this many seconds (three million years) a duration is no figure any more.
 constexpr double longestDuration = 1e14;
 
@@ -28,46 +30,52 @@ std::string utf8(const icu::UnicodeString& text) {
     return text.toUTF8String(bytes);
 }
 
-struct DateFormatters {
-    std::unique_ptr<icu::DateFormat> shortWithTime{icu::DateFormat::createDateTimeInstance(
-        icu::DateFormat::kShort, icu::DateFormat::kMedium, germany())};
-    std::unique_ptr<icu::DateFormat> shortDate{
-        icu::DateFormat::createDateInstance(icu::DateFormat::kShort, germany())};
-    std::unique_ptr<icu::DateFormat> mediumDate{
-        icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, germany())};
-    std::unique_ptr<icu::DateFormat> longDate{
-        icu::DateFormat::createDateInstance(icu::DateFormat::kLong, germany())};
-    std::unique_ptr<icu::DateFormat> fullDate{
-        icu::DateFormat::createDateInstance(icu::DateFormat::kFull, germany())};
-    std::unique_ptr<icu::DateFormat> shortTime{
-        icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, germany())};
-    std::unique_ptr<icu::DateFormat> weekday{makePattern("E")};
-    std::unique_ptr<icu::DateFormat> month{makePattern("MMM")};
-    std::unique_ptr<icu::DateFormat> monthAndYear{makePattern("LLLL yyyy")};
-    std::unique_ptr<icu::DateFormat> isoDay{makePattern("yyyy-MM-dd")};
-
-    static std::unique_ptr<icu::DateFormat> makePattern(const char* pattern) {
-        UErrorCode status = U_ZERO_ERROR;
-        return std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(pattern), germany(),
-                                                       status);
-    }
-
-    [[nodiscard]] std::array<icu::DateFormat*, 10> all() const {
-        return {shortWithTime.get(), shortDate.get(), mediumDate.get(), longDate.get(),     fullDate.get(),
-                shortTime.get(),     weekday.get(),   month.get(),      monthAndYear.get(), isoDay.get()};
-    }
-};
-
-DateFormatters& dateFormatters() {
-    // Building one costs thirty times what using it does.
-    static DateFormatters formatters;
-    return formatters;
+std::unique_ptr<icu::DateFormat> makeStyle(icu::DateFormat::EStyle date, icu::DateFormat::EStyle time) {
+    return std::unique_ptr<icu::DateFormat>(icu::DateFormat::createDateTimeInstance(date, time, germany()));
 }
 
-std::string formatted(const icu::DateFormat& formatter, Date date) {
-    icu::UnicodeString text;
-    formatter.format(date.secondsSince1970() * millisecondsPerSecond, text);
-    return utf8(text);
+std::unique_ptr<icu::DateFormat> makePattern(const char* pattern) {
+    UErrorCode status = U_ZERO_ERROR;
+    return std::make_unique<icu::SimpleDateFormat>(icu::UnicodeString::fromUTF8(pattern), germany(), status);
+}
+
+std::unique_ptr<icu::DateFormat> makeDateFormatter(DateForm form) {
+    using icu::DateFormat;
+    switch (form) {
+    case DateForm::shortWithTime:
+        return makeStyle(DateFormat::kShort, DateFormat::kMedium);
+    case DateForm::shortDate:
+        return makeStyle(DateFormat::kShort, DateFormat::kNone);
+    case DateForm::mediumDate:
+        return makeStyle(DateFormat::kMedium, DateFormat::kNone);
+    case DateForm::longDate:
+        return makeStyle(DateFormat::kLong, DateFormat::kNone);
+    case DateForm::fullDate:
+        return makeStyle(DateFormat::kFull, DateFormat::kNone);
+    case DateForm::shortTime:
+        return makeStyle(DateFormat::kNone, DateFormat::kShort);
+    case DateForm::weekday:
+        return makePattern("E");
+    case DateForm::month:
+        return makePattern("MMM");
+    case DateForm::monthAndYear:
+        return makePattern("LLLL yyyy");
+    case DateForm::isoDay:
+        return makePattern("yyyy-MM-dd");
+    }
+    std::abort();
+}
+
+/// Writes what clocks of universal time show.
+const icu::DateFormat& dateFormatter(DateForm form) {
+    // Building one costs thirty times what using it does.
+    static std::map<DateForm, std::unique_ptr<icu::DateFormat>> formatters;
+    auto& formatter = formatters[form];
+    if (!formatter) {
+        formatter = makeDateFormatter(form);
+        formatter->setTimeZone(*icu::TimeZone::getGMT());
+    }
+    return *formatter;
 }
 
 std::unique_ptr<icu::NumberFormat> makeMoneyFormatter(int decimals) {
@@ -129,32 +137,13 @@ std::string twoDigits(long long number) { return (number < 10 ? "0" : "") + std:
 
 } // namespace
 
-std::string date(Date date, DateForm form) {
-    const DateFormatters& formatters = dateFormatters();
-    switch (form) {
-    case DateForm::shortWithTime:
-        return formatted(*formatters.shortWithTime, date);
-    case DateForm::shortDate:
-        return formatted(*formatters.shortDate, date);
-    case DateForm::mediumDate:
-        return formatted(*formatters.mediumDate, date);
-    case DateForm::longDate:
-        return formatted(*formatters.longDate, date);
-    case DateForm::fullDate:
-        return formatted(*formatters.fullDate, date);
-    case DateForm::shortTime:
-        return formatted(*formatters.shortTime, date);
-    case DateForm::weekday:
-        return formatted(*formatters.weekday, date);
-    case DateForm::month:
-        return formatted(*formatters.month, date);
-    case DateForm::monthAndYear:
-        return formatted(*formatters.monthAndYear, date);
-    }
-    std::abort();
+std::string date(Date date, DateForm form, const Calendar& calendar) {
+    // The formatters know no time zones, of which there could be two opinions then.
+    const int offset = calendar.localTime(date).offsetFromUtc();
+    icu::UnicodeString text;
+    dateFormatter(form).format(date.addingSeconds(offset).secondsSince1970() * 1000, text);
+    return utf8(text);
 }
-
-std::string isoDay(Date date) { return formatted(*dateFormatters().isoDay, date); }
 
 std::string money(double euros, std::string_view fallback) {
     return formattedAmount(moneyFormatter(), euros, fallback);
@@ -207,10 +196,17 @@ std::string runningDuration(TimeInterval seconds, std::string_view fallback) {
     return p.sign + twoDigits(p.hours) + ":" + twoDigits(p.minutes) + ":" + twoDigits(p.seconds);
 }
 
-void useTimeZone(const QTimeZone& zone) {
-    const auto id = icu::UnicodeString::fromUTF8(zone.id().toStdString());
-    for (icu::DateFormat* formatter : dateFormatters().all())
-        formatter->adoptTimeZone(icu::TimeZone::createTimeZone(id));
+namespace {
+Calendar& transitional() {
+    static Calendar calendar(QTimeZone::systemTimeZone());
+    return calendar;
 }
+} // namespace
+
+std::string date(Date when, DateForm form) { return date(when, form, transitional()); }
+
+std::string isoDay(Date when) { return date(when, DateForm::isoDay); }
+
+void useTimeZone(const QTimeZone& zone) { transitional() = Calendar(zone); }
 
 } // namespace brisklog::format

@@ -6,11 +6,17 @@
 #include <string>
 #include <string_view>
 
+namespace brisklog {
+
+class Calendar;
+
+}
+
 /// How the program writes dates, money and durations: always German (Germany), whatever the desktop's
 /// language.
 namespace brisklog::format {
 
-/// The forms in which a date is written, in the user's own time zone.
+/// The forms in which a date is written.
 enum class DateForm {
     shortWithTime, ///< 15.11.26, 18:20:08
     shortDate,     ///< 15.11.26
@@ -21,11 +27,13 @@ enum class DateForm {
     weekday,       ///< So.
     month,         ///< Nov.
     monthAndYear,  ///< November 2026
+    isoDay,        ///< 2026-11-15, for file names
 };
 
-[[nodiscard]] std::string date(Date date, DateForm form);
+/// The date as clocks of the calendar's time zone show it.
+[[nodiscard]] std::string date(Date date, DateForm form, const Calendar& calendar);
 
-/// The pattern yyyy-MM-dd, as used in file names.
+[[nodiscard]] std::string date(Date date, DateForm form);
 [[nodiscard]] std::string isoDay(Date date);
 
 /// Euros as 1.234,50 € (no-break space before the sign), half-even; `fallback` when the amount is not finite.
@@ -50,7 +58,6 @@ enum class DateForm {
 /// Two digits each of hours, minutes and seconds (00:05:07), more digits of hours beyond 99.
 [[nodiscard]] std::string runningDuration(TimeInterval seconds, std::string_view fallback);
 
-/// Makes the formatters follow another zone than the system's; for a program that shows a fixed moment.
 void useTimeZone(const QTimeZone& zone);
 
 } // namespace brisklog::format

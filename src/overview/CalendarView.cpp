@@ -24,10 +24,6 @@ MonthGrid gridOf(const YearAndMonth& month, Qt::DayOfWeek firstWeekday) {
     return {first, (first.dayOfWeek() - firstWeekday + daysPerWeek) % daysPerWeek};
 }
 
-/// A moment on that day. The formatters' zones may be of another year than the calendar's and disagree about
-/// an hour; at noon both see the same day.
-Date noonOf(const Day& day) { return day.start.addingSeconds(day.end.since(day.start) / 2); }
-
 /// 2026-11-15 09:41:00 +0000
 std::string description(Date date) {
     const auto seconds = static_cast<qint64>(std::floor(date.secondsSince1970()));
@@ -42,16 +38,14 @@ CalendarView::CalendarView(CalendarPlatform platform)
     : currentMonth(*this, platform.clock.now()), m_platform(std::move(platform)) {}
 
 std::string CalendarView::monthTitle() const {
-    const Calendar calendar = m_platform.clock.calendar();
-    return format::date(noonOf(calendar.dayOf(calendar.startOfMonth(currentMonth))),
-                        format::DateForm::monthAndYear);
+    return format::date(currentMonth, format::DateForm::monthAndYear, m_platform.clock.calendar());
 }
 
 std::string CalendarView::columnHeading(int column) const {
+    const Calendar calendar = m_platform.clock.calendar();
     // The second row: all of its days are of this month.
-    const auto date = getDate(1, column);
-    return date ? format::date(noonOf(m_platform.clock.calendar().dayOf(*date)), format::DateForm::weekday)
-                : std::string();
+    const auto date = dateAt(1, column, calendar);
+    return date ? format::date(*date, format::DateForm::weekday, calendar) : std::string();
 }
 
 std::optional<Date> CalendarView::getDate(int row, int column) const {
@@ -92,7 +86,8 @@ CalendarCell CalendarView::cellOf(Date date, const Calendar& calendar) const {
             .isToday = day.contains(m_platform.clock.now()),
             .isSelected = isSelected(day),
             .hasData = hasData,
-            .name = format::date(noonOf(day), format::DateForm::longDate) + (hasData ? ", mit Daten" : "")};
+            .name =
+                format::date(date, format::DateForm::longDate, calendar) + (hasData ? ", mit Daten" : "")};
 }
 
 bool CalendarView::isSelected(const Day& day) const {
@@ -118,8 +113,7 @@ void CalendarView::selectDate(Date date) {
 }
 
 void CalendarView::openDetailWindow(const DailyAppUsage& usage, Date selected) {
-    const Date day = noonOf(m_platform.clock.calendar().dayOf(usage.date));
-    const DetailWindowContent content{.title = "App-Nutzung: " + formatDate(day),
+    const DetailWindowContent content{.title = "App-Nutzung: " + formatDate(usage.date),
                                       .detail = DailyUsageDetailView(usage, m_platform.clock.now())};
     auto delegate = std::make_shared<DetailWindowDelegate>();
     auto controller = m_platform.showDetailWindow(content, delegate);
@@ -135,6 +129,8 @@ void CalendarView::showNextMonth() {
     currentMonth = m_platform.clock.calendar().addingMonths(currentMonth, 1);
 }
 
-std::string CalendarView::formatDate(Date date) { return format::date(date, format::DateForm::mediumDate); }
+std::string CalendarView::formatDate(Date date) const {
+    return format::date(date, format::DateForm::mediumDate, m_platform.clock.calendar());
+}
 
 } // namespace brisklog

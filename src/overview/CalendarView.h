@@ -83,7 +83,7 @@ public:
     void showNextMonth();
 
     /// 15.11.2026
-    [[nodiscard]] static std::string formatDate(Date date);
+    [[nodiscard]] std::string formatDate(Date date) const;
 
 private:
     [[nodiscard]] std::optional<Date> dateAt(int row, int column, const Calendar& calendar) const;

@@ -22,10 +22,12 @@ std::string formatMoneyForAxis(const ChartScale& scale, double euros) {
     return scale.step < 1 ? formatCurrency(euros) : format::wholeMoney(euros, "0 €");
 }
 
-ActiveTimerRow timerRow(const Project& project, const ActiveEntryState& timer, Date now) {
+ActiveTimerRow timerRow(const Project& project, const ActiveEntryState& timer, const Calendar& calendar,
+                        Date now) {
     return {.projectName = text::onOneLine(project.name),
             .taskName = text::onOneLine(timer.entry.taskName),
-            .started = "Gestartet: " + format::date(timer.entry.startTime, format::DateForm::shortTime),
+            .started =
+                "Gestartet: " + format::date(timer.entry.startTime, format::DateForm::shortTime, calendar),
             .duration = format::runningDuration(timer.currentDuration(now), "00:00:00"),
             .isPaused = timer.isPaused};
 }
@@ -87,7 +89,7 @@ DashboardContent DashboardView::content() const {
     const Calendar calendar = m_platform.clock.calendar();
     const DashboardFigures figures =
         dashboardFigures(m_platform.store.projects, m_platform.store.activeEntries, calendar, now);
-    return {.currentDate = format::date(now, format::DateForm::fullDate),
+    return {.currentDate = format::date(now, format::DateForm::fullDate, calendar),
             .todaysWork = formatDuration(figures.todaysWork),
             .totalWork = formatDuration(figures.totalWork),
             .projects = projectRows(figures),
@@ -97,7 +99,7 @@ DashboardContent DashboardView::content() const {
             // Always by seven, however many days had work: an average of the week, not of its working days.
             .averagePerDay = formatDuration(figures.weeklyTotal / DashboardFigures::dayCount),
             .hasTimers = !m_platform.store.activeEntries->empty(),
-            .timers = timerRows(now),
+            .timers = timerRows(calendar, now),
             .revenue = revenueChart(monthlyRevenueData(figures, calendar, now)),
             .currentMonth = formatCurrency(figures.revenue.back())};
 }
@@ -116,7 +118,7 @@ std::vector<ProjectOverviewRow> DashboardView::projectRows(const DashboardFigure
     return rows;
 }
 
-std::vector<ActiveTimerRow> DashboardView::timerRows(Date now) const {
+std::vector<ActiveTimerRow> DashboardView::timerRows(const Calendar& calendar, Date now) const {
     std::vector<const ActiveEntryState*> timers;
     for (const auto& [id, timer] : m_platform.store.activeEntries.get())
         timers.push_back(&timer);
@@ -129,7 +131,7 @@ std::vector<ActiveTimerRow> DashboardView::timerRows(Date now) const {
         const auto project = std::ranges::find(projects, timer->projectId, &Project::id);
         // A timer whose project was deleted runs on without a row.
         if (project != projects.end())
-            rows.push_back(timerRow(*project, *timer, now));
+            rows.push_back(timerRow(*project, *timer, calendar, now));
     }
     return rows;
 }
@@ -138,8 +140,8 @@ std::vector<WeeklyDataPoint> weeklyData(const DashboardFigures& figures, const C
     std::vector<WeeklyDataPoint> points;
     const auto days = dashboardDays(calendar, now);
     for (std::size_t i = 0; i < days.size(); ++i)
-        points.push_back(
-            {Uuid::generate(), format::date(days[i], format::DateForm::weekday), figures.hoursWorked[i]});
+        points.push_back({Uuid::generate(), format::date(days[i], format::DateForm::weekday, calendar),
+                          figures.hoursWorked[i]});
     return points;
 }
 
@@ -148,8 +150,8 @@ std::vector<MonthlyRevenueDataPoint> monthlyRevenueData(const DashboardFigures& 
     std::vector<MonthlyRevenueDataPoint> points;
     const auto months = dashboardMonths(calendar, now);
     for (std::size_t i = 0; i < months.size(); ++i)
-        points.push_back(
-            {Uuid::generate(), format::date(months[i], format::DateForm::month), figures.revenue[i]});
+        points.push_back({Uuid::generate(), format::date(months[i], format::DateForm::month, calendar),
+                          figures.revenue[i]});
     return points;
 }
 

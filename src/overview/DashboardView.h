@@ -95,7 +95,7 @@ public:
     [[nodiscard]] DashboardContent content() const;
 
 private:
-    [[nodiscard]] std::vector<ActiveTimerRow> timerRows(Date now) const;
+    [[nodiscard]] std::vector<ActiveTimerRow> timerRows(const Calendar& calendar, Date now) const;
     [[nodiscard]] std::vector<ProjectOverviewRow> projectRows(const DashboardFigures& figures) const;
 
     DashboardPlatform m_platform;

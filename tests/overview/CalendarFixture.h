@@ -54,7 +54,6 @@ struct CalendarBench {
     explicit CalendarBench(const char* timeZone = "Europe/Berlin", Qt::DayOfWeek firstWeekday = Qt::Monday)
         : zone(timeZone) {
         clock.setCalendar(Calendar(QTimeZone(zone), firstWeekday));
-        format::useTimeZone(QTimeZone(zone));
     }
 
     [[nodiscard]] CalendarPlatform platform() {

@@ -23,8 +23,7 @@ protected:
 
     [[nodiscard]] std::string iso(int row, int column) const {
         const auto date = view->getDate(row, column);
-        // The formatter's zones may be of another year: at noon both mean the same day.
-        return date ? format::isoDay(date->addingSeconds(12 * 3600)) : "none";
+        return date ? format::date(*date, format::DateForm::isoDay, bench->clock.calendar()) : "none";
     }
 
     [[nodiscard]] Texts shownDays() const {

@@ -1,7 +1,6 @@
 #include "overview/DashboardView.h"
 
 #include "DashboardHistory.h"
-#include "foundation/GermanFormat.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
@@ -21,7 +20,6 @@ class DashboardViewTest : public testing::Test {
 protected:
     DashboardViewTest() {
         clock.setZone("Europe/Berlin");
-        format::useTimeZone(QTimeZone("Europe/Berlin"));
         clock.set(at("2026-11-20T14:30:00"));
     }
 

@@ -1,7 +1,6 @@
 #include "overview/screens/DashboardScreen.h"
 
 #include "app/projects/ProjectWorkbench.h"
-#include "foundation/GermanFormat.h"
 #include "overview/screens/BarChart.h"
 #include "screens/Pictures.h"
 #include "support/screen/ScreenTest.h"
@@ -21,7 +20,6 @@ constexpr Date friday{816879600}; // 20 November 2026, 15:00 UTC
 class DashboardScreenTest : public ScreenTest {
 protected:
     DashboardScreenTest() {
-        format::useTimeZone(QTimeZone::utc());
         bench.clock.set(friday);
         screen.resize(370, 592);
     }
