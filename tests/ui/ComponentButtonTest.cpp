@@ -5,7 +5,7 @@
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/controls/TextField.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"

@@ -2,7 +2,7 @@
 
 #include "autotrack/screens/AppUsageModel.h"
 #include "platform/Images.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/BitmapImage.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
@@ -55,7 +55,7 @@ QImage decoded(const std::optional<SharedData>& png, const Images& images, qreal
 
 } // namespace
 
-AppUsageDelegate::AppUsageDelegate(const AppUsageModel& model, const Images& images, ListView& list)
+AppUsageDelegate::AppUsageDelegate(const AppUsageModel& model, const Images& images, RowList& list)
     : RowDelegate(&list), m_model(model), m_images(images), m_list(list) {}
 
 QSize AppUsageDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {

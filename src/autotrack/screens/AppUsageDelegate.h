@@ -9,12 +9,12 @@ namespace brisklog {
 
 class AppUsageModel;
 class Images;
-class ListView;
+class RowList;
 
 /// Paints an application's icon, name and duration. Icons are decoded once, when their row is first seen.
 class AppUsageDelegate final : public RowDelegate {
 public:
-    AppUsageDelegate(const AppUsageModel& model, const Images& images, ListView& list);
+    AppUsageDelegate(const AppUsageModel& model, const Images& images, RowList& list);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -29,7 +29,7 @@ private:
 
     const AppUsageModel& m_model;
     const Images& m_images;
-    ListView& m_list;
+    RowList& m_list;
     /// By row, in the resolution of the screen on which they were last painted.
     mutable std::unordered_map<int, QImage> m_icons;
     mutable qreal m_iconResolution = 0;

@@ -1,7 +1,7 @@
 #include "autotrack/screens/DailyUsageDetailScreen.h"
 
 #include "autotrack/screens/AppUsageDelegate.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
@@ -59,7 +59,7 @@ DailyUsageDetailScreen::DailyUsageDetailScreen(DailyUsageDetailView detail, cons
 }
 
 QWidget* DailyUsageDetailScreen::list(const Images& images) {
-    auto* const rows = new ListView;
+    auto* const rows = new RowList;
     rows->setAccessibleName(u"Anwendungen"_s);
     rows->setItemDelegate(new AppUsageDelegate(m_model, images, *rows));
     rows->setModel(&m_model);

@@ -4,7 +4,7 @@
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveModel.h"
 #include "ui/controls/SectionHeader.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
@@ -86,7 +86,7 @@ void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, 
 
 } // namespace
 
-ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list)
+ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, RowList& list)
     : RowDelegate(&list), m_model(model), m_view(view), m_list(list) {}
 
 bool ArchiveDelegate::isOnHead(const QModelIndex& index, const QRect& item, const QPoint& point) const {

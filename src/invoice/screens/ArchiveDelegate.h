@@ -8,14 +8,14 @@ namespace brisklog {
 
 class ArchiveModel;
 class ArchiveSheetView;
-class ListView;
+class RowList;
 struct Palette;
 
 /// Paints the archive: the sentence on top, months, and the invoices of each in a card. Under an opened
 /// invoice it keeps room for its details and places them.
 class ArchiveDelegate final : public RowDelegate {
 public:
-    ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, ListView& list);
+    ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, RowList& list);
 
     /// The point is on the part of an invoice that is pressed to open it, for an item that covers `item`.
     [[nodiscard]] bool isOnHead(const QModelIndex& index, const QRect& item, const QPoint& point) const;
@@ -45,7 +45,7 @@ private:
 
     const ArchiveModel& m_model;
     const ArchiveSheetView& m_view;
-    ListView& m_list;
+    RowList& m_list;
     QPersistentModelIndex m_hovered;
     QPersistentModelIndex m_moving;
     double m_movingShown = 0;

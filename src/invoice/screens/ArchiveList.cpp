@@ -4,7 +4,7 @@
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveListAccessible.h"
 #include "ui/controls/SymbolButton.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Look.h"
 #include "ui/sheets/Sheets.h"
@@ -24,7 +24,7 @@ constexpr int movementMilliseconds = 140;
 } // namespace
 
 ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
-    : m_view(view), m_model(timeStore, view), m_list(new ListView(ListView::RowHeights::different)),
+    : m_view(view), m_model(timeStore, view), m_list(new RowList(RowList::RowHeights::different)),
       m_delegate(new ArchiveDelegate(m_model, view, *m_list)) {
     m_list->setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleDescription(u"Die Leertaste zeigt Einzelheiten, Entf löscht."_s);

@@ -14,7 +14,7 @@ namespace brisklog {
 
 class ArchiveDelegate;
 class ArchiveDetailsPanel;
-class ListView;
+class RowList;
 
 /// The archived invoices by month. A click, Return or Space opens one and shuts it again, Right opens, Left
 /// shuts, the trash and Delete ask whether to delete it.
@@ -25,7 +25,7 @@ public:
     /// Shows the invoices as they are now.
     void showInvoices();
 
-    [[nodiscard]] ListView& list() const { return *m_list; }
+    [[nodiscard]] RowList& list() const { return *m_list; }
 
     /// The details that are shown, in the order of their rows.
     [[nodiscard]] std::vector<ArchiveDetailsPanel*> openPanels() const;
@@ -50,7 +50,7 @@ private:
 
     ArchiveSheetView& m_view;
     ArchiveModel m_model;
-    ListView* m_list;
+    RowList* m_list;
     ArchiveDelegate* m_delegate;
     QPersistentModelIndex m_pressed;
     /// The row whose details are arriving or leaving.

@@ -2,7 +2,7 @@
 
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveList.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 
 #include <QAccessibleWidget>
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "invoice/screens/InvoiceEntryModel.h"
 #include "ui/controls/CheckBox.h"
 #include "ui/controls/SymbolButton.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -82,7 +82,7 @@ QColor groundColor(InvoiceEntryRowView::Ground ground, const Palette& palette) {
 
 } // namespace
 
-InvoiceEntryDelegate::InvoiceEntryDelegate(const InvoiceEntryModel& model, ListView& list)
+InvoiceEntryDelegate::InvoiceEntryDelegate(const InvoiceEntryModel& model, RowList& list)
     : RowDelegate(&list), m_model(model), m_list(list) {}
 
 InvoiceEntryDelegate::Part InvoiceEntryDelegate::partAt(const QRect& item, const QPoint& point) {

@@ -10,7 +10,7 @@
 namespace brisklog {
 
 class InvoiceEntryModel;
-class ListView;
+class RowList;
 
 /// Paints the invoice sheet's rows and says which part of one lies under a point.
 class InvoiceEntryDelegate final : public RowDelegate {
@@ -22,7 +22,7 @@ public:
     static constexpr int rowStep = 38;
     static constexpr const char16_t* trashTooltip = u"Eintrag löschen";
 
-    InvoiceEntryDelegate(const InvoiceEntryModel& model, ListView& list);
+    InvoiceEntryDelegate(const InvoiceEntryModel& model, RowList& list);
 
     /// The part at a point, for an item that covers `item`.
     [[nodiscard]] static Part partAt(const QRect& item, const QPoint& point);
@@ -40,7 +40,7 @@ private:
     void paintCells(QPainter& painter, const QRect& row, const InvoiceEntryRowView& shown) const;
 
     const InvoiceEntryModel& m_model;
-    ListView& m_list;
+    RowList& m_list;
     QPersistentModelIndex m_activeTrash;
     bool m_isTrashPressed = false;
 };

@@ -1,6 +1,6 @@
 #include "invoice/screens/InvoiceEntryList.h"
 
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Layout.h"
 
 #include <QKeyEvent>
@@ -17,7 +17,7 @@ constexpr int heightWhenScrolling = InvoiceEntryDelegate::rowStep * 23 / 2;
 } // namespace
 
 InvoiceEntryList::InvoiceEntryList(InvoiceView& view, const Clock& clock)
-    : m_model(view, clock), m_list(new ListView), m_delegate(new InvoiceEntryDelegate(m_model, *m_list)) {
+    : m_model(view, clock), m_list(new RowList), m_delegate(new InvoiceEntryDelegate(m_model, *m_list)) {
     m_list->setAccessibleName(u"Einträge zur Abrechnung"_s);
     m_list->setAccessibleDescription(u"Leertaste wählt aus, Entf löscht."_s);
     m_list->setModel(&m_model);

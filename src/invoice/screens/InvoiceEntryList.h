@@ -10,7 +10,7 @@ class QMouseEvent;
 
 namespace brisklog {
 
-class ListView;
+class RowList;
 
 /// The entries to tick. Few rows are all shown; more than twelve scroll within eleven and a half, so that the
 /// cut row says that there is more and the sums under the list stay in sight.
@@ -21,7 +21,7 @@ public:
     /// Shows the rows as they are now.
     void showRows();
 
-    [[nodiscard]] ListView& list() const { return *m_list; }
+    [[nodiscard]] RowList& list() const { return *m_list; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,7 +39,7 @@ private:
     void fitHeight();
 
     InvoiceEntryModel m_model;
-    ListView* m_list;
+    RowList* m_list;
     InvoiceEntryDelegate* m_delegate;
     QPersistentModelIndex m_pressedIndex;
     Part m_pressedPart = Part::none;

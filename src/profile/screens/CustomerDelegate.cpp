@@ -2,7 +2,7 @@
 
 #include "foundation/Text.h"
 #include "profile/screens/CustomerModel.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
@@ -94,7 +94,7 @@ void paintLine(QPainter& painter, const Line& line, const Palette& palette) {
 
 } // namespace
 
-CustomerDelegate::CustomerDelegate(const CustomerModel& model, ListView& list)
+CustomerDelegate::CustomerDelegate(const CustomerModel& model, RowList& list)
     : RowDelegate(&list), m_model(model), m_list(list) {}
 
 QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {

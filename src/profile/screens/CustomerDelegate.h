@@ -6,12 +6,12 @@
 namespace brisklog {
 
 class CustomerModel;
-class ListView;
+class RowList;
 
 /// Paints customers as cards.
 class CustomerDelegate final : public RowDelegate {
 public:
-    CustomerDelegate(const CustomerModel& model, ListView& list);
+    CustomerDelegate(const CustomerModel& model, RowList& list);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -21,7 +21,7 @@ private:
     [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
                                     const QModelIndex& index) const override;
     const CustomerModel& m_model;
-    ListView& m_list;
+    RowList& m_list;
 };
 
 } // namespace brisklog

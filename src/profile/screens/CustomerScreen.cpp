@@ -4,7 +4,7 @@
 #include "profile/screens/CustomerEditScreen.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/NavigationButton.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Layout.h"
 #include "ui/sheets/Sheets.h"
 
@@ -36,7 +36,7 @@ CustomerScreen::CustomerScreen(TimeTrackingStore& timeStore)
                                           .action = [this] { m_view.createCustomer(); },
                                           .accent = true})),
       m_noCustomers(noCustomers([this] { m_view.createCustomer(); })),
-      m_list(new ListView(ListView::RowHeights::different)) {
+      m_list(new RowList(RowList::RowHeights::different)) {
     makeList();
     Column{expanding(m_noCustomers), expanding(m_list)}.applyTo(*this);
     observe(m_timeStore);

@@ -11,7 +11,7 @@
 namespace brisklog {
 
 class EmptyState;
-class ListView;
+class RowList;
 class NavigationButton;
 class SheetWindow;
 
@@ -39,7 +39,7 @@ private:
     CustomerModel m_model;
     NavigationButton* m_newCustomer;
     EmptyState* m_noCustomers;
-    ListView* m_list;
+    RowList* m_list;
     QPointer<SheetWindow> m_form;
 };
 

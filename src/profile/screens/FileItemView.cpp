@@ -2,7 +2,7 @@
 
 #include "profile/Thumbnails.h"
 #include "profile/screens/FileItemModel.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/BitmapImage.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -54,7 +54,7 @@ void paintThumbnail(QPainter& painter, const QRect& box, const QImage& picture) 
 
 } // namespace
 
-FileItemView::FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, ListView& list)
+FileItemView::FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, RowList& list)
     : RowDelegate(&list), m_model(model), m_thumbnails(thumbnails), m_list(list) {}
 
 QSize FileItemView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return cell; }

@@ -5,7 +5,7 @@
 namespace brisklog {
 
 class FileItemModel;
-class ListView;
+class RowList;
 class Thumbnails;
 
 /// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it.
@@ -16,7 +16,7 @@ public:
     /// The longer side of a thumbnail.
     static constexpr int pictureSide = 80;
 
-    FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, ListView& list);
+    FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, RowList& list);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -29,7 +29,7 @@ private:
 
     const FileItemModel& m_model;
     const Thumbnails& m_thumbnails;
-    ListView& m_list;
+    RowList& m_list;
 };
 
 } // namespace brisklog

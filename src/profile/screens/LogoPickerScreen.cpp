@@ -4,7 +4,7 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/SymbolButton.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
@@ -55,7 +55,7 @@ LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Backgroun
       m_scrolled(new QTimer(this)), m_up(new SymbolButton(u"arrow.up"_s, u"Übergeordneter Ordner"_s)),
       m_folder(new ElidedLabel({}, FontRole::body13Semibold)), m_cancel(new Button(u"Abbrechen"_s)),
       m_error(new Label({}, FontRole::tab12, &Palette::red, Label::Lines::wrapped)),
-      m_errorStrip(errorStrip()), m_list(new ListView),
+      m_errorStrip(errorStrip()), m_list(new RowList),
       m_loading(new Label(u"Lade Inhalte..."_s, FontRole::body13, &Palette::secondary)),
       m_nothing(nothingHere()) {
     m_up->onClick([this] { m_view.moveToParentFolder(); });

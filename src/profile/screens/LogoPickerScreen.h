@@ -14,7 +14,7 @@ namespace brisklog {
 class Button;
 class ElidedLabel;
 class Label;
-class ListView;
+class RowList;
 class SymbolButton;
 
 /// The logo picker's window inside: a bar with the way up, and the folder's entries as tiles.
@@ -53,7 +53,7 @@ private:
     Button* m_cancel;
     Label* m_error;
     QWidget* m_errorStrip;
-    ListView* m_list;
+    RowList* m_list;
     Label* m_loading;
     QWidget* m_nothing;
     /// The press that follows a click on a folder within a double click belongs to that click.

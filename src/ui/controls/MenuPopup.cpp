@@ -1,6 +1,6 @@
 #include "ui/controls/MenuPopup.h"
 
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
@@ -58,7 +58,7 @@ private:
 /// Paints the rows.
 class MenuDelegate final : public QStyledItemDelegate {
 public:
-    MenuDelegate(const std::vector<MenuItem>& items, const ListView& list, QObject* parent)
+    MenuDelegate(const std::vector<MenuItem>& items, const RowList& list, QObject* parent)
         : QStyledItemDelegate(parent), m_items(items), m_list(list) {}
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
@@ -100,7 +100,7 @@ private:
     }
 
     const std::vector<MenuItem>& m_items;
-    const ListView& m_list;
+    const RowList& m_list;
 };
 
 int heightOf(const MenuItem& item) { return item.isDivider ? dividerHeight : rowHeight; }
@@ -125,7 +125,7 @@ int startRowOf(const MenuContent& content) {
 MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
     : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
       m_items(content.items), m_startRow(startRowOf(content)),
-      m_list(new ListView(ListView::RowHeights::different)) {
+      m_list(new RowList(RowList::RowHeights::different)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     // The click that closes the menu must not open it again.

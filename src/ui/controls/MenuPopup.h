@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-class ListView;
+class RowList;
 
 /// The window of an open menu. It destroys itself when it closes.
 class MenuPopup final : public QWidget {
@@ -34,7 +34,7 @@ private:
 
     std::vector<MenuItem> m_items;
     int m_startRow;
-    ListView* m_list;
+    RowList* m_list;
     bool m_isClosing = false;
 };
 

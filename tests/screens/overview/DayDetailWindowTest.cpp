@@ -3,7 +3,7 @@
 #include "screens/Pictures.h"
 #include "screens/autotrack/AutoTrackingBench.h"
 #include "support/SamplePictures.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Palette.h"
 
 #include <QPointer>
@@ -27,7 +27,7 @@ protected:
         return *dayWindows().back();
     }
 
-    [[nodiscard]] static ListView& list(QWidget& window) { return *window.findChild<ListView*>(); }
+    [[nodiscard]] static RowList& list(QWidget& window) { return *window.findChild<RowList*>(); }
 
     /// The texts of a row as a screen reader says them, with ordinary blanks.
     [[nodiscard]] static QString spoken(QWidget& window, int row) {

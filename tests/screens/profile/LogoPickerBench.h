@@ -9,7 +9,7 @@
 #include "support/VirtualBackground.h"
 #include "support/screen/ScreenTest.h"
 #include "support/screen/Windows.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/sheets/SheetHost.h"
 
 #include <QAbstractButton>
@@ -60,7 +60,7 @@ protected:
 
     [[nodiscard]] static LogoPickerWindow* window() { return visibleWindow<LogoPickerWindow>(); }
 
-    [[nodiscard]] static ListView& tiles() { return *window()->findChild<ListView*>(); }
+    [[nodiscard]] static RowList& tiles() { return *window()->findChild<RowList*>(); }
 
     [[nodiscard]] static QStringList names() {
         QStringList names;

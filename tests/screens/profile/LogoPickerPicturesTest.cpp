@@ -9,7 +9,7 @@
 #include "support/TemporaryHome.h"
 #include "support/VirtualBackground.h"
 #include "support/screen/ScreenTest.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 
 #include <QPainter>
 #include <QTest>
@@ -42,7 +42,7 @@ protected:
         settle();
     }
 
-    [[nodiscard]] ListView& tiles() const { return *screen->findChild<ListView*>(); }
+    [[nodiscard]] RowList& tiles() const { return *screen->findChild<RowList*>(); }
 
     [[nodiscard]] fs::path folder() const { return home.path() / "Pictures"; }
 

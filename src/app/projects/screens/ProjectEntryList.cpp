@@ -1,7 +1,7 @@
 #include "app/projects/screens/ProjectEntryList.h"
 
 #include "app/projects/screens/ProjectEntryRowView.h"
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Painting.h"
 
 #include <QPainter>
@@ -20,7 +20,7 @@ constexpr int beyond = 16;
 } // namespace
 
 ProjectEntryList::ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent)
-    : QWidget(parent), m_view(new ListView(ListView::RowHeights::alike, this)),
+    : QWidget(parent), m_view(new RowList(RowList::RowHeights::alike, this)),
       m_model(new ProjectEntryModel(store, clock, this)) {
     m_view->setModel(m_model);
     m_view->setItemDelegate(new ProjectEntryRowView(*m_model, *m_view));

@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-class ListView;
+class RowList;
 
 /// The card with all entries of a project. It ends with its last row, or runs down past the window's edge and
 /// scrolls.
@@ -28,7 +28,7 @@ private:
     [[nodiscard]] QRect cardArea() const;
     void place();
 
-    ListView* m_view;
+    RowList* m_view;
     ProjectEntryModel* m_model;
 };
 

@@ -1,6 +1,6 @@
 #include "app/projects/screens/ProjectEntryRowView.h"
 
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -97,7 +97,7 @@ void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Pale
 
 } // namespace
 
-ProjectEntryRowView::ProjectEntryRowView(const ProjectEntryModel& model, ListView& view)
+ProjectEntryRowView::ProjectEntryRowView(const ProjectEntryModel& model, RowList& view)
     : RowDelegate(&view), m_model(model), m_view(view) {}
 
 QSize ProjectEntryRowView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {

@@ -5,7 +5,7 @@
 
 namespace brisklog {
 
-class ListView;
+class RowList;
 
 /// Paints the rows of stored entries: task and earnings, under them start, end and duration. Only the task's
 /// name is ever shortened; its tooltip is the whole name then.
@@ -13,7 +13,7 @@ class ProjectEntryRowView final : public RowDelegate {
 public:
     static constexpr int rowHeight = 50;
 
-    ProjectEntryRowView(const ProjectEntryModel& model, ListView& view);
+    ProjectEntryRowView(const ProjectEntryModel& model, RowList& view);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -23,7 +23,7 @@ private:
     [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
                                     const QModelIndex& index) const override;
     const ProjectEntryModel& m_model;
-    const ListView& m_view;
+    const RowList& m_view;
 };
 
 } // namespace brisklog

@@ -1,4 +1,4 @@
-#include "ui/lists/ListView.h"
+#include "ui/lists/RowList.h"
 
 #include "ui/lists/FloatingScrollBar.h"
 #include "ui/look/Palette.h"
@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-ListView::ListView(RowHeights heights, QWidget* parent) : QListView(parent) {
+RowList::RowList(RowHeights heights, QWidget* parent) : QListView(parent) {
     setFrameStyle(QFrame::NoFrame);
     setUniformItemSizes(heights == RowHeights::alike);
     setVerticalScrollMode(ScrollPerPixel);
@@ -21,7 +21,7 @@ ListView::ListView(RowHeights heights, QWidget* parent) : QListView(parent) {
     FloatingScrollBar::attach(*this);
 }
 
-void ListView::focusInEvent(QFocusEvent* event) {
+void RowList::focusInEvent(QFocusEvent* event) {
     const Qt::FocusReason reason = event->reason();
     m_isFocusFromKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                             (m_isFocusFromKeyboard && reason == Qt::ActiveWindowFocusReason);
@@ -32,7 +32,7 @@ void ListView::focusInEvent(QFocusEvent* event) {
     viewport()->update();
 }
 
-void ListView::keyPressEvent(QKeyEvent* event) {
+void RowList::keyPressEvent(QKeyEvent* event) {
     m_isFocusFromKeyboard = true;
     QListView::keyPressEvent(event);
     viewport()->update();
