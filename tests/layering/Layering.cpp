@@ -147,7 +147,7 @@ Complaints widgetsWhereNothingIsShown(const std::vector<Include>& includes,
 Complaints processWideObjectsMadeIn(const std::vector<SourceLine>& lines) {
     // Its type before a name, before what it is made from, or as in make_unique<…>.
     static const std::regex made(R"((^|[^:~\w])(AppSettings|UserProfile)( \w|\(|\{|>))");
-    static const std::regex declared(R"(^\s*(//|class |explicit ))");
+    static const std::regex declared(R"(^\s*(//|class |explicit )|type_identity<)");
     Complaints complaints;
     for (const SourceLine& line : lines)
         if (!line.file.starts_with("src/app/") && std::regex_search(line.text, made) &&
