@@ -2,7 +2,6 @@
 
 #include "autotrack/screens/AppUsageModel.h"
 #include "platform/Images.h"
-#include "ui/lists/RowList.h"
 #include "ui/look/BitmapImage.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
@@ -56,11 +55,9 @@ QImage decoded(const std::optional<SharedData>& png, const Images& images, qreal
 } // namespace
 
 AppUsageDelegate::AppUsageDelegate(const AppUsageModel& model, const Images& images, RowList& list)
-    : RowDelegate(&list), m_model(model), m_images(images), m_list(list) {}
+    : RowDelegate(list), m_model(model), m_images(images) {}
 
-QSize AppUsageDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
-    return {0, rowHeight};
-}
+QSize AppUsageDelegate::sizeOf(const QModelIndex& /*index*/) const { return {0, rowHeight}; }
 
 const QImage& AppUsageDelegate::iconOf(const QModelIndex& index, qreal devicePixelRatio) const {
     if (std::exchange(m_iconResolution, devicePixelRatio) != devicePixelRatio)
@@ -80,27 +77,24 @@ void AppUsageDelegate::paintIcon(QPainter& painter, const QRect& area, const QMo
         painter.drawImage(place, icon);
 }
 
-void AppUsageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                             const QModelIndex& index) const {
+void AppUsageDelegate::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const QString duration = screenText(m_model.rowAt(index).durationText());
-    painter->save();
-    if (index.row() % 2 == 1)
-        fillRounded(*painter, stripe(option.rect), radius, withOpacity(palette.secondary, 0.05));
-    paintIcon(*painter, content(option.rect), index);
-    paintText(*painter, nameArea(option.rect, duration), index.data().toString(), FontRole::body13,
+    const QString duration = screenText(m_model.rowAt(row.index).durationText());
+    if (row.index.row() % 2 == 1)
+        fillRounded(painter, stripe(row.area), radius, withOpacity(palette.secondary, 0.05));
+    paintIcon(painter, content(row.area), row.index);
+    paintText(painter, nameArea(row.area, duration), row.index.data().toString(), FontRole::body13,
               palette.text);
-    paintFigures(*painter, durationArea(option.rect, duration), duration, FontRole::body13, palette.secondary,
+    paintFigures(painter, durationArea(row.area, duration), duration, FontRole::body13, palette.secondary,
                  Qt::AlignRight | Qt::AlignVCenter);
-    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
-        paintFocusRing(*painter, stripe(option.rect).adjusted(0, 3, 0, -3), radius, palette);
-    painter->restore();
+    if (row.showsFocusRing)
+        paintFocusRing(painter, stripe(row.area).adjusted(0, 3, 0, -3), radius, palette);
 }
 
-QString AppUsageDelegate::tooltipAt(const QRect& item, const QPoint& /*point*/,
+QString AppUsageDelegate::tooltipAt(const QRect& area, const QPoint& /*point*/,
                                     const QModelIndex& index) const {
     const QString duration = screenText(m_model.rowAt(index).durationText());
-    return textIfElided(index.data().toString(), FontRole::body13, nameArea(item, duration).width());
+    return textIfElided(index.data().toString(), FontRole::body13, nameArea(area, duration).width());
 }
 
 } // namespace brisklog

@@ -61,8 +61,7 @@ DailyUsageDetailScreen::DailyUsageDetailScreen(DailyUsageDetailView detail, cons
 QWidget* DailyUsageDetailScreen::list(const Images& images) {
     auto* const rows = new RowList;
     rows->setAccessibleName(u"Anwendungen"_s);
-    rows->setItemDelegate(new AppUsageDelegate(m_model, images, *rows));
-    rows->setModel(&m_model);
+    rows->setRows(m_model, *new AppUsageDelegate(m_model, images, *rows));
     return rows;
 }
 

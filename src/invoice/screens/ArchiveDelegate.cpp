@@ -4,7 +4,6 @@
 #include "invoice/screens/ArchiveDetailsPanel.h"
 #include "invoice/screens/ArchiveModel.h"
 #include "ui/controls/SectionHeader.h"
-#include "ui/lists/RowList.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
@@ -87,18 +86,11 @@ void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, 
 } // namespace
 
 ArchiveDelegate::ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, RowList& list)
-    : RowDelegate(&list), m_model(model), m_view(view), m_list(list) {}
+    : RowDelegate(list), m_model(model), m_view(view) {}
 
-bool ArchiveDelegate::isOnHead(const QModelIndex& index, const QRect& item, const QPoint& point) const {
-    return index.isValid() && m_model.rowAt(index).kind == ArchiveRow::Kind::invoice &&
-           headIn(item).contains(point);
-}
-
-void ArchiveDelegate::setHovered(const QModelIndex& index) {
-    if (m_hovered == index)
-        return;
-    m_hovered = index;
-    m_list.viewport()->update();
+RowPart ArchiveDelegate::partAt(const QRect& area, const QPoint& point, const QModelIndex& index) const {
+    const bool isInvoice = m_model.rowAt(index).kind == ArchiveRow::Kind::invoice;
+    return isInvoice && headIn(area).contains(point) ? RowPart::row : RowPart::none;
 }
 
 void ArchiveDelegate::setMoving(const QModelIndex& index, double shown) {
@@ -115,11 +107,11 @@ int ArchiveDelegate::detailsHeight(const QModelIndex& index) const {
 }
 
 int ArchiveDelegate::explanationHeight() const {
-    const int width = m_list.viewport()->width() - 2 * explanationInset;
+    const int width = list().viewport()->width() - 2 * explanationInset;
     return marginAbove + wrappedHeight(oneLine(ArchiveSheetView::explanation), explanationFont, width);
 }
 
-QSize ArchiveDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+QSize ArchiveDelegate::sizeOf(const QModelIndex& index) const {
     const ArchiveRow& row = m_model.rowAt(index);
     if (row.kind == ArchiveRow::Kind::explanation)
         return {0, explanationHeight()};
@@ -130,42 +122,40 @@ QSize ArchiveDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& 
             headHeight + detailsHeight(index) + (row.isLast ? shadow : 0) + (isVeryLast ? marginBelow : 0)};
 }
 
-void ArchiveDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                            const QModelIndex& index) const {
+void ArchiveDelegate::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const ArchiveRow& row = m_model.rowAt(index);
-    painter->save();
-    painter->setClipRect(option.rect, Qt::IntersectClip);
-    if (row.kind == ArchiveRow::Kind::explanation)
-        paintWrapped(*painter, option.rect.adjusted(explanationInset, marginAbove, -explanationInset, 0),
-                     oneLine(row.title), explanationFont, palette.secondary);
-    else if (row.kind == ArchiveRow::Kind::month)
-        paintMonth(*painter, option.rect, oneLine(row.title), palette);
+    const ArchiveRow& shown = m_model.rowAt(row.index);
+    painter.setClipRect(row.area, Qt::IntersectClip);
+    if (shown.kind == ArchiveRow::Kind::explanation)
+        paintWrapped(painter, row.area.adjusted(explanationInset, marginAbove, -explanationInset, 0),
+                     oneLine(shown.title), explanationFont, palette.secondary);
+    else if (shown.kind == ArchiveRow::Kind::month)
+        paintMonth(painter, row.area, oneLine(shown.title), palette);
     else
-        paintInvoice(*painter, option.rect, index, palette);
-    painter->restore();
+        paintInvoice(painter, row, palette);
 }
 
-void ArchiveDelegate::paintInvoice(QPainter& painter, const QRect& item, const QModelIndex& index,
-                                   const Palette& palette) const {
-    const bool isVeryLast = index.row() == m_model.rowCount() - 1;
-    paintCardPart(painter, item.adjusted(0, 0, 0, isVeryLast ? -marginBelow : 0), m_model.rowAt(index),
-                  palette);
-    paintHead(painter, item, index, palette);
-    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
-        paintFocusRing(painter, headIn(item).adjusted(6, 5, -6, -6), 4, palette);
+void ArchiveDelegate::paintInvoice(QPainter& painter, const PaintedRow& row, const Palette& palette) const {
+    const bool isVeryLast = row.index.row() == m_model.rowCount() - 1;
+    paintCardPart(painter, row.area.adjusted(0, 0, 0, isVeryLast ? -marginBelow : 0),
+                  m_model.rowAt(row.index), palette);
+    paintHead(painter, row, palette);
+    if (row.showsFocusRing)
+        paintFocusRing(painter, headIn(row.area).adjusted(6, 5, -6, -6), 4, palette);
 }
 
-void ArchiveDelegate::paintHead(QPainter& painter, const QRect& item, const QModelIndex& index,
-                                const Palette& palette) const {
-    const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
-    if (m_hovered == index)
-        fillRounded(painter, headIn(item).adjusted(4, 3, -4, -4), radius, withOpacity(palette.control, 0.5));
-    paintText(painter, numberIn(item), oneLine(archiveNumber(invoice)), numberFont,
+void ArchiveDelegate::paintHead(QPainter& painter, const PaintedRow& row, const Palette& palette) const {
+    const ArchivedInvoice& invoice = m_model.rowAt(row.index).invoice;
+    if (list().isHovered(row.index, RowPart::row))
+        fillRounded(painter, headIn(row.area).adjusted(4, 3, -4, -4), radius,
+                    withOpacity(palette.control, 0.5));
+    paintText(painter, numberIn(row.area), oneLine(archiveNumber(invoice)), numberFont,
               invoice.invoiceNumber.empty() ? palette.secondary : palette.text);
-    paintText(painter, customerIn(item), oneLine(archiveCustomer(invoice)), customerFont, palette.secondary);
-    paintSymbol(painter, chevronIn(item), m_view.isOpen(invoice.id) ? u"chevron.down"_s : u"chevron.right"_s,
-                chevronSize, palette.secondary);
+    paintText(painter, customerIn(row.area), oneLine(archiveCustomer(invoice)), customerFont,
+              palette.secondary);
+    paintSymbol(painter, chevronIn(row.area),
+                m_view.isOpen(invoice.id) ? u"chevron.down"_s : u"chevron.right"_s, chevronSize,
+                palette.secondary);
 }
 
 void ArchiveDelegate::updateEditorGeometry(QWidget* panel, const QStyleOptionViewItem& option,
@@ -176,14 +166,14 @@ void ArchiveDelegate::updateEditorGeometry(QWidget* panel, const QStyleOptionVie
     panel->setGeometry(place);
 }
 
-QString ArchiveDelegate::tooltipAt(const QRect& item, const QPoint& point, const QModelIndex& index) const {
+QString ArchiveDelegate::tooltipAt(const QRect& area, const QPoint& point, const QModelIndex& index) const {
     if (m_model.rowAt(index).kind != ArchiveRow::Kind::invoice)
         return {};
     const ArchivedInvoice& invoice = m_model.rowAt(index).invoice;
-    if (numberIn(item).contains(point))
-        return textIfElided(oneLine(archiveNumber(invoice)), numberFont, numberIn(item).width());
-    if (customerIn(item).contains(point))
-        return textIfElided(oneLine(archiveCustomer(invoice)), customerFont, customerIn(item).width());
+    if (numberIn(area).contains(point))
+        return textIfElided(oneLine(archiveNumber(invoice)), numberFont, numberIn(area).width());
+    if (customerIn(area).contains(point))
+        return textIfElided(oneLine(archiveCustomer(invoice)), customerFont, customerIn(area).width());
     return {};
 }
 

@@ -9,8 +9,6 @@
 #include "ui/look/Look.h"
 #include "ui/sheets/Sheets.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QVariantAnimation>
 #include <algorithm>
 
@@ -28,10 +26,9 @@ ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
       m_delegate(new ArchiveDelegate(m_model, view, *m_list)) {
     m_list->setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleDescription(u"Die Leertaste zeigt Einzelheiten, Entf löscht."_s);
-    m_list->setModel(&m_model);
-    m_list->setItemDelegate(m_delegate);
-    m_list->installEventFilter(this);
-    m_list->viewport()->installEventFilter(this);
+    m_list->setRows(m_model, *m_delegate);
+    m_list->onKey([this](const QModelIndex& index, int key) { return keyPressed(index, key); });
+    m_list->onPressed([this](const QModelIndex& index, RowPart) { toggle(index); });
     Column{m_list}.applyTo(*this);
     setFocusProxy(m_list);
     installArchiveListAccessible();
@@ -81,35 +78,16 @@ ArchiveDetailsPanel& ArchiveList::panelOf(const QModelIndex& index) {
 }
 
 bool ArchiveList::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_list)
-        return event->type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent*>(event)->key());
-    switch (event->type()) {
-    case QEvent::MouseMove:
-        pointerMoved(static_cast<QMouseEvent*>(event)->position().toPoint());
-        break;
-    case QEvent::Enter:
-    case QEvent::Leave:
-        // Of the rows' surface, or of details that lie on it.
-        m_delegate->setHovered({});
-        break;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-        pressed(*static_cast<QMouseEvent*>(event));
-        break;
-    case QEvent::MouseButtonRelease:
-        released(*static_cast<QMouseEvent*>(event));
-        break;
-    default:
-        break;
-    }
-    return false;
+    // The list hears nothing of a pointer that goes from an invoice to its details.
+    if (event->type() == QEvent::Enter)
+        m_list->forgetPointer();
+    return QWidget::eventFilter(watched, event);
 }
 
-bool ArchiveList::keyPressed(int key) {
-    const QModelIndex index = m_list->currentIndex();
+bool ArchiveList::keyPressed(const QModelIndex& index, int key) {
     if (!index.isValid())
         return false;
-    const bool isOpen = m_view.isOpen(m_model.rowAt(index).invoice.id);
+    const Uuid& id = m_model.rowAt(index).invoice.id;
     switch (key) {
     case Qt::Key_Space:
     case Qt::Key_Return:
@@ -118,38 +96,15 @@ bool ArchiveList::keyPressed(int key) {
         return true;
     case Qt::Key_Right:
     case Qt::Key_Left:
-        if (isOpen == (key == Qt::Key_Left))
+        if (m_view.isOpen(id) == (key == Qt::Key_Left))
             toggle(index);
         return true;
     case Qt::Key_Delete:
-        confirmDeleting(m_model.rowAt(index).invoice.id);
+        confirmDeleting(id);
         return true;
     default:
         return false;
     }
-}
-
-QModelIndex ArchiveList::headAt(const QPoint& position) const {
-    const QModelIndex index = m_list->indexAt(position);
-    const bool isHead = index.isValid() && m_delegate->isOnHead(index, m_list->visualRect(index), position);
-    return isHead ? index : QModelIndex();
-}
-
-void ArchiveList::pointerMoved(const QPoint& position) { m_delegate->setHovered(headAt(position)); }
-
-void ArchiveList::pressed(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton)
-        m_pressed = headAt(event.position().toPoint());
-}
-
-void ArchiveList::released(const QMouseEvent& event) {
-    if (event.button() != Qt::LeftButton)
-        return;
-    const QModelIndex index = headAt(event.position().toPoint());
-    const bool isSame = index.isValid() && index == m_pressed;
-    m_pressed = QModelIndex();
-    if (isSame)
-        toggle(index);
 }
 
 void ArchiveList::toggle(const QModelIndex& index) {

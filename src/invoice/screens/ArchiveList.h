@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <vector>
 
-class QMouseEvent;
 class QVariantAnimation;
 
 namespace brisklog {
@@ -34,12 +33,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool keyPressed(int key);
-    void pointerMoved(const QPoint& position);
-    void pressed(const QMouseEvent& event);
-    void released(const QMouseEvent& event);
-    /// The invoice whose head lies there; an invalid index where none does.
-    [[nodiscard]] QModelIndex headAt(const QPoint& position) const;
+    bool keyPressed(const QModelIndex& index, int key);
     void toggle(const QModelIndex& index);
     /// Lets the row's details arrive or leave, at once where nothing may move.
     void move(const QModelIndex& index);
@@ -52,7 +46,6 @@ private:
     ArchiveModel m_model;
     RowList* m_list;
     ArchiveDelegate* m_delegate;
-    QPersistentModelIndex m_pressed;
     /// The row whose details are arriving or leaving.
     QPersistentModelIndex m_moving;
     QPointer<QVariantAnimation> m_movement;

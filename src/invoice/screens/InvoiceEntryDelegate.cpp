@@ -3,7 +3,6 @@
 #include "invoice/screens/InvoiceEntryModel.h"
 #include "ui/controls/CheckBox.h"
 #include "ui/controls/SymbolButton.h"
-#include "ui/lists/RowList.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -82,47 +81,32 @@ QColor groundColor(InvoiceEntryRowView::Ground ground, const Palette& palette) {
 
 } // namespace
 
-InvoiceEntryDelegate::InvoiceEntryDelegate(const InvoiceEntryModel& model, RowList& list)
-    : RowDelegate(&list), m_model(model), m_list(list) {}
-
-InvoiceEntryDelegate::Part InvoiceEntryDelegate::partAt(const QRect& item, const QPoint& point) {
-    if (rowIn(item).contains(point))
-        return Part::row;
-    return trashIn(item).contains(point) ? Part::trash : Part::none;
+RowPart InvoiceEntryDelegate::partAt(const QRect& area, const QPoint& point,
+                                     const QModelIndex& /*index*/) const {
+    if (rowIn(area).contains(point))
+        return RowPart::row;
+    return trashIn(area).contains(point) ? RowPart::trash : RowPart::none;
 }
 
-void InvoiceEntryDelegate::setActiveTrash(const QModelIndex& index, bool isPressed) {
-    if (m_activeTrash == index && m_isTrashPressed == isPressed)
-        return;
-    m_activeTrash = index;
-    m_isTrashPressed = isPressed;
-    m_list.viewport()->update();
-}
+QSize InvoiceEntryDelegate::sizeOf(const QModelIndex& /*index*/) const { return {0, rowStep}; }
 
-QSize InvoiceEntryDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
-    return {0, rowStep};
-}
-
-void InvoiceEntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                 const QModelIndex& index) const {
+void InvoiceEntryDelegate::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const QRect row = rowIn(option.rect);
-    const InvoiceEntryRowView shown = m_model.row(index);
-    painter->save();
-    painter->setOpacity(shown.entryStatus.isInvoiced ? invoicedOpacity : 1);
-    fillRounded(*painter, row, radius, groundColor(shown.ground(), palette));
-    paintCells(*painter, row, shown);
-    painter->setOpacity(1);
-    const bool isActive = m_activeTrash == index;
-    paintSymbolButton(*painter, trashIn(option.rect), u"trash"_s, symbolSize,
+    const QRect ground = rowIn(row.area);
+    const InvoiceEntryRowView shown = m_model.row(row.index);
+    painter.setOpacity(shown.entryStatus.isInvoiced ? invoicedOpacity : 1);
+    fillRounded(painter, ground, radius, groundColor(shown.ground(), palette));
+    paintCells(painter, ground, shown);
+    painter.setOpacity(1);
+    const bool isHovered = list().isHovered(row.index, RowPart::trash);
+    paintSymbolButton(painter, trashIn(row.area), u"trash"_s, symbolSize,
                       {.color = &Palette::red,
                        .isDeleting = true,
-                       .isHovered = isActive,
-                       .isPressed = isActive && m_isTrashPressed},
+                       .isHovered = isHovered,
+                       .isPressed = isHovered && list().isPressed(row.index, RowPart::trash)},
                       palette);
-    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
-        paintFocusRing(*painter, QRectF(row).adjusted(1, 1, -1, -1), radius, palette);
-    painter->restore();
+    if (row.showsFocusRing)
+        paintFocusRing(painter, QRectF(ground).adjusted(1, 1, -1, -1), radius, palette);
 }
 
 void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
@@ -142,16 +126,16 @@ void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
     paintFigures(painter, cells.amount, amount, FontRole::body13Medium, palette.text, right);
 }
 
-QString InvoiceEntryDelegate::tooltipAt(const QRect& item, const QPoint& point,
+QString InvoiceEntryDelegate::tooltipAt(const QRect& area, const QPoint& point,
                                         const QModelIndex& index) const {
-    const Part part = partAt(item, point);
-    if (part == Part::none)
+    const RowPart part = partAt(area, point, index);
+    if (part == RowPart::none)
         return {};
-    if (part == Part::trash)
-        return QString::fromUtf16(trashTooltip);
+    if (part == RowPart::trash)
+        return u"Eintrag löschen"_s;
     const InvoiceEntryRowView shown = m_model.row(index);
     const Cells cells =
-        cellsIn(rowIn(item), figureWidth(screenText(shown.duration(m_model.now())), FontRole::body13),
+        cellsIn(rowIn(area), figureWidth(screenText(shown.duration(m_model.now())), FontRole::body13),
                 figureWidth(screenText(shown.amount(m_model.now())), FontRole::body13Medium));
     const QString name =
         textIfElided(screenText(shown.entryStatus.entry.taskName), FontRole::body13, cells.name.width());

@@ -1,12 +1,8 @@
 #pragma once
 
-#include "invoice/screens/InvoiceEntryDelegate.h"
 #include "invoice/screens/InvoiceEntryModel.h"
 
-#include <QPersistentModelIndex>
 #include <QWidget>
-
-class QMouseEvent;
 
 namespace brisklog {
 
@@ -23,26 +19,14 @@ public:
 
     [[nodiscard]] RowList& list() const { return *m_list; }
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-    using Part = InvoiceEntryDelegate::Part;
-
-    bool keyPressed(int key);
-    void pointerMoved(const QPoint& position);
-    void pressed(const QMouseEvent& event);
-    void released(const QMouseEvent& event);
+    bool keyPressed(const QModelIndex& index, int key);
     void toggle(const QModelIndex& index);
     void deleteEntry(const QModelIndex& index);
-    [[nodiscard]] Part partAt(const QModelIndex& index, const QPoint& position) const;
     void fitHeight();
 
     InvoiceEntryModel m_model;
     RowList* m_list;
-    InvoiceEntryDelegate* m_delegate;
-    QPersistentModelIndex m_pressedIndex;
-    Part m_pressedPart = Part::none;
 };
 
 } // namespace brisklog

@@ -2,7 +2,6 @@
 
 #include "foundation/Text.h"
 #include "profile/screens/CustomerModel.h"
-#include "ui/lists/RowList.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
@@ -94,31 +93,25 @@ void paintLine(QPainter& painter, const Line& line, const Palette& palette) {
 
 } // namespace
 
-CustomerDelegate::CustomerDelegate(const CustomerModel& model, RowList& list)
-    : RowDelegate(&list), m_model(model), m_list(list) {}
-
-QSize CustomerDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
+QSize CustomerDelegate::sizeOf(const QModelIndex& index) const {
     return {0, marginAbove(index) + heightOf(m_model.rowAt(index).shown) + marginBelow(index)};
 }
 
-void CustomerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                             const QModelIndex& index) const {
+void CustomerDelegate::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const QRect card = cardIn(option.rect, index);
-    painter->save();
-    if (option.state.testFlag(QStyle::State_MouseOver))
-        paintHoveredCard(*painter, card, palette);
+    const QRect card = cardIn(row.area, row.index);
+    if (row.isUnderPointer)
+        paintHoveredCard(painter, card, palette);
     else
-        paintCard(*painter, card, palette);
-    for (const Line& line : linesOf(m_model.rowAt(index).shown, card))
-        paintLine(*painter, line, palette);
-    if (m_list.showsFocusRing() && m_list.currentIndex() == index)
-        paintFocusRing(*painter, card, radius, palette);
-    painter->restore();
+        paintCard(painter, card, palette);
+    for (const Line& line : linesOf(m_model.rowAt(row.index).shown, card))
+        paintLine(painter, line, palette);
+    if (row.showsFocusRing)
+        paintFocusRing(painter, card, radius, palette);
 }
 
-QString CustomerDelegate::tooltipAt(const QRect& item, const QPoint& point, const QModelIndex& index) const {
-    for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(item, index)))
+QString CustomerDelegate::tooltipAt(const QRect& area, const QPoint& point, const QModelIndex& index) const {
+    for (const Line& line : linesOf(m_model.rowAt(index).shown, cardIn(area, index)))
         if (line.area.contains(point))
             return textIfElided(line.text, line.font, textArea(line).width());
     return {};

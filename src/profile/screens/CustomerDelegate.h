@@ -6,22 +6,20 @@
 namespace brisklog {
 
 class CustomerModel;
-class RowList;
 
 /// Paints customers as cards.
 class CustomerDelegate final : public RowDelegate {
 public:
-    CustomerDelegate(const CustomerModel& model, RowList& list);
+    CustomerDelegate(const CustomerModel& model, RowList& list) : RowDelegate(list), m_model(model) {}
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+protected:
+    void paintRow(QPainter& painter, const PaintedRow& row) const override;
+    [[nodiscard]] QSize sizeOf(const QModelIndex& index) const override;
+    [[nodiscard]] QString tooltipAt(const QRect& area, const QPoint& point,
+                                    const QModelIndex& index) const override;
 
 private:
-    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
-                                    const QModelIndex& index) const override;
     const CustomerModel& m_model;
-    RowList& m_list;
 };
 
 } // namespace brisklog

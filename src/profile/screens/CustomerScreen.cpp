@@ -5,10 +5,9 @@
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/NavigationButton.h"
 #include "ui/lists/RowList.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Layout.h"
 #include "ui/sheets/Sheets.h"
-
-#include <QKeyEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -46,20 +45,14 @@ CustomerScreen::CustomerScreen(TimeTrackingStore& timeStore)
 void CustomerScreen::makeList() {
     m_list->setAccessibleName(u"Kundenverwaltung"_s);
     m_list->setAccessibleDescription(u"Die Eingabetaste öffnet einen Kunden."_s);
-    m_list->setModel(&m_model);
-    m_list->setItemDelegate(new CustomerDelegate(m_model, *m_list));
-    m_list->installEventFilter(this);
+    m_list->setRows(m_model, *new CustomerDelegate(m_model, *m_list));
+    m_list->onKey([this](const QModelIndex& current, int key) {
+        const bool chooses = isReturn(key) || key == Qt::Key_Space;
+        if (chooses)
+            editCustomer(current);
+        return chooses;
+    });
     connect(m_list, &QAbstractItemView::clicked, this, [this](const QModelIndex& i) { editCustomer(i); });
-}
-
-bool CustomerScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress)
-        return Screen::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    const bool chooses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-    if (chooses)
-        editCustomer(m_list->currentIndex());
-    return chooses;
 }
 
 void CustomerScreen::editCustomer(const QModelIndex& index) {

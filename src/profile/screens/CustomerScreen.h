@@ -25,7 +25,6 @@ public:
 
 protected:
     void refresh() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeList();

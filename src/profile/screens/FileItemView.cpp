@@ -2,7 +2,6 @@
 
 #include "profile/Thumbnails.h"
 #include "profile/screens/FileItemModel.h"
-#include "ui/lists/RowList.h"
 #include "ui/look/BitmapImage.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -55,22 +54,20 @@ void paintThumbnail(QPainter& painter, const QRect& box, const QImage& picture) 
 } // namespace
 
 FileItemView::FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, RowList& list)
-    : RowDelegate(&list), m_model(model), m_thumbnails(thumbnails), m_list(list) {}
+    : RowDelegate(list), m_model(model), m_thumbnails(thumbnails) {}
 
-QSize FileItemView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const { return cell; }
+QSize FileItemView::sizeOf(const QModelIndex& /*index*/) const { return cell; }
 
-void FileItemView::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                         const QModelIndex& index) const {
+void FileItemView::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const QRect tile = tileIn(option.rect);
-    const bool isFocused = m_list.showsFocusRing() && m_list.currentIndex() == index;
-    const bool isMarked = isFocused || option.state.testFlag(QStyle::State_MouseOver);
+    const QRect tile = tileIn(row.area);
+    const bool isMarked = row.showsFocusRing || row.isUnderPointer;
     if (isMarked)
-        fillRounded(*painter, tile, tileRadius, withOpacity(palette.control, 0.7));
-    if (isFocused)
-        paintFocusRing(*painter, tile, tileRadius, palette);
-    paintPicture(*painter, pictureBoxIn(tile), index);
-    paintText(*painter, nameBoxIn(tile), index.data().toString(), nameFont(isMarked), palette.text,
+        fillRounded(painter, tile, tileRadius, withOpacity(palette.control, 0.7));
+    if (row.showsFocusRing)
+        paintFocusRing(painter, tile, tileRadius, palette);
+    paintPicture(painter, pictureBoxIn(tile), row.index);
+    paintText(painter, nameBoxIn(tile), row.index.data().toString(), nameFont(isMarked), palette.text,
               Qt::AlignCenter, Qt::ElideMiddle);
 }
 
@@ -86,7 +83,7 @@ void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QMode
     }
     const auto* const thumbnail = m_thumbnails.find(item->path);
     if (thumbnail && thumbnail->succeeded()) {
-        paintThumbnail(painter, box, imageOf(thumbnail->value(), m_list.devicePixelRatioF()));
+        paintThumbnail(painter, box, imageOf(thumbnail->value(), list().devicePixelRatioF()));
         return;
     }
     fillRounded(painter, box, pictureRadius, withOpacity(palette.control, 0.5));
@@ -94,8 +91,8 @@ void FileItemView::paintPicture(QPainter& painter, const QRect& box, const QMode
         paintSymbol(painter, box, u"photo"_s, symbolSize, palette.secondary);
 }
 
-QString FileItemView::tooltipAt(const QRect& item, const QPoint& /*point*/, const QModelIndex& index) const {
-    return textIfElided(index.data().toString(), nameFont(true), nameBoxIn(tileIn(item)).width());
+QString FileItemView::tooltipAt(const QRect& area, const QPoint& /*point*/, const QModelIndex& index) const {
+    return textIfElided(index.data().toString(), nameFont(true), nameBoxIn(tileIn(area)).width());
 }
 
 } // namespace brisklog

@@ -5,7 +5,6 @@
 namespace brisklog {
 
 class FileItemModel;
-class RowList;
 class Thumbnails;
 
 /// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it.
@@ -18,18 +17,17 @@ public:
 
     FileItemView(const FileItemModel& model, const Thumbnails& thumbnails, RowList& list);
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+protected:
+    void paintRow(QPainter& painter, const PaintedRow& row) const override;
+    [[nodiscard]] QSize sizeOf(const QModelIndex& index) const override;
+    [[nodiscard]] QString tooltipAt(const QRect& area, const QPoint& point,
+                                    const QModelIndex& index) const override;
 
 private:
-    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
-                                    const QModelIndex& index) const override;
     void paintPicture(QPainter& painter, const QRect& box, const QModelIndex& index) const;
 
     const FileItemModel& m_model;
     const Thumbnails& m_thumbnails;
-    RowList& m_list;
 };
 
 } // namespace brisklog

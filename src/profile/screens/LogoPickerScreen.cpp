@@ -6,13 +6,13 @@
 #include "ui/controls/SymbolButton.h"
 #include "ui/lists/RowList.h"
 #include "ui/look/Hairline.h"
+#include "ui/look/Keys.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Text.h"
 
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QScrollBar>
 #include <QTimer>
 #include <cmath>
@@ -40,10 +40,6 @@ QWidget* nothingHere() {
                            .headline = u"Hier liegen keine Bilder"_s,
                            .sentence = u"Mit dem Pfeil in den übergeordneten Ordner wechseln."_s},
                           EmptyState::Place::sheet);
-}
-
-bool isReturn(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
 } // namespace
@@ -100,9 +96,12 @@ void LogoPickerScreen::makeList() {
     m_list->setWrapping(true);
     m_list->setResizeMode(QListView::Adjust);
     m_list->setGridSize(FileItemView::cell);
-    m_list->setModel(&m_model);
-    m_list->setItemDelegate(new FileItemView(m_model, m_thumbnails, *m_list));
-    m_list->installEventFilter(this);
+    m_list->setRows(m_model, *new FileItemView(m_model, m_thumbnails, *m_list));
+    m_list->onKey([this](const QModelIndex& current, int key) {
+        if (isReturn(key))
+            choose(current);
+        return isReturn(key);
+    });
     m_list->viewport()->installEventFilter(this);
     connect(m_list, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index); });
     m_scrolled->setSingleShot(true);
@@ -163,14 +162,10 @@ void LogoPickerScreen::choose(const QModelIndex& index) {
 }
 
 bool LogoPickerScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_list && event->type() == QEvent::KeyPress && isReturn(*static_cast<QKeyEvent*>(event))) {
-        choose(m_list->currentIndex());
-        return true;
-    }
     // Who opens a folder with a double click, as elsewhere, must not choose what lies under the pointer then.
-    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonDblClick)
+    if (event->type() == QEvent::MouseButtonDblClick)
         return m_isSecondClick = true;
-    if (watched == m_list->viewport() && event->type() == QEvent::MouseButtonRelease)
+    if (event->type() == QEvent::MouseButtonRelease)
         return std::exchange(m_isSecondClick, false);
     return Screen::eventFilter(watched, event);
 }

@@ -2,11 +2,37 @@
 
 #include "ui/look/Label.h"
 
-#include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QToolTip>
 
 namespace brisklog {
+
+RowDelegate::RowDelegate(RowList& list) : QStyledItemDelegate(&list), m_list(list) {}
+
+RowPart RowDelegate::partAt(const QRect& /*area*/, const QPoint& /*point*/,
+                            const QModelIndex& /*index*/) const {
+    return RowPart::row;
+}
+
+QString RowDelegate::tooltipAt(const QRect& /*area*/, const QPoint& /*point*/,
+                               const QModelIndex& /*index*/) const {
+    return {};
+}
+
+void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    painter->save();
+    paintRow(*painter, {.area = option.rect,
+                        .index = index,
+                        .isUnderPointer = option.state.testFlag(QStyle::State_MouseOver),
+                        .showsFocusRing = m_list.showsFocusRing() && m_list.currentIndex() == index});
+    painter->restore();
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& index) const {
+    return sizeOf(index);
+}
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                             const QModelIndex& index) {
@@ -16,7 +42,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (shown.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(event->globalPos(), plainTooltip(shown), view->viewport());
+        QToolTip::showText(event->globalPos(), plainTooltip(shown), m_list.viewport());
     return true;
 }
 

@@ -1,9 +1,11 @@
 #include "ui/lists/RowList.h"
 
 #include "ui/lists/FloatingScrollBar.h"
+#include "ui/lists/RowDelegate.h"
 #include "ui/look/Palette.h"
 
 #include <QFocusEvent>
+#include <utility>
 
 namespace brisklog {
 
@@ -21,6 +23,12 @@ RowList::RowList(RowHeights heights, QWidget* parent) : QListView(parent) {
     FloatingScrollBar::attach(*this);
 }
 
+void RowList::setRows(QAbstractItemModel& model, RowDelegate& delegate) {
+    m_delegate = &delegate;
+    setModel(&model);
+    setItemDelegate(&delegate);
+}
+
 void RowList::focusInEvent(QFocusEvent* event) {
     const Qt::FocusReason reason = event->reason();
     m_isFocusFromKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
@@ -33,8 +41,66 @@ void RowList::focusInEvent(QFocusEvent* event) {
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {
+    if (m_handleKey && m_handleKey(currentIndex(), event->key()))
+        return;
     m_isFocusFromKeyboard = true;
     QListView::keyPressEvent(event);
+    viewport()->update();
+}
+
+bool RowList::viewportEvent(QEvent* event) {
+    const auto* const mouse = dynamic_cast<QMouseEvent*>(event);
+    const bool isLeft = mouse && mouse->button() == Qt::LeftButton;
+    switch (event->type()) {
+    case QEvent::MouseMove:
+        setHovered(spotAt(mouse->position().toPoint()));
+        break;
+    case QEvent::Leave:
+        forgetPointer();
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (isLeft)
+            pressed(mouse->position().toPoint());
+        break;
+    case QEvent::MouseButtonRelease:
+        if (isLeft)
+            released(mouse->position().toPoint());
+        break;
+    default:
+        break;
+    }
+    return QListView::viewportEvent(event);
+}
+
+RowList::Spot RowList::spotAt(const QPoint& position) const {
+    const QModelIndex row = indexAt(position);
+    if (!row.isValid() || !m_handlePress)
+        return {};
+    const RowPart part = m_delegate->partAt(visualRect(row), position, row);
+    return part == RowPart::none ? Spot{} : Spot{row, part};
+}
+
+void RowList::setHovered(const Spot& spot) {
+    if (m_hovered == spot)
+        return;
+    m_hovered = spot;
+    viewport()->update();
+}
+
+void RowList::pressed(const QPoint& position) {
+    m_pressed = spotAt(position);
+    viewport()->update();
+}
+
+void RowList::released(const QPoint& position) {
+    const Spot spot = spotAt(position);
+    const bool isSame = spot == std::exchange(m_pressed, {});
+    if (isSame && spot.part != RowPart::none)
+        m_handlePress(spot.row, spot.part);
+    // Another row may be there now.
+    if (m_hovered.part != RowPart::none)
+        setHovered(spotAt(position));
     viewport()->update();
 }
 

@@ -63,6 +63,24 @@ TEST_F(InvoiceEntryRows, theTrashDeletesAtOnce) {
     EXPECT_EQ(window.view().selectedEntries().size(), 1U);
 }
 
+TEST_F(InvoiceEntryRows, theTrashUnderThePointerIsMarked_alsoWhenItsRowHasOnlyJustCome) {
+    InvoiceSheet content(threeEntries(), 60.0);
+    InvoiceSheetWindow window(content);
+    QWidget& rows = *window.list().viewport();
+    const QRect second = window.list().visualRect(window.list().model()->index(1, 0));
+    const QPoint onTrash(second.right() - 28, second.center().y() - 8);
+    const auto colorThere = [&] { return picture(rows).pixelColor(onTrash); };
+    const QColor resting = colorThere();
+    QMouseEvent move(QEvent::MouseMove, onTrash, rows.mapToGlobal(onTrash), Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(&rows, &move);
+    const QColor hovered = colorThere();
+    EXPECT_NE(hovered, resting);
+    window.clickTrash(1);
+    EXPECT_EQ(colorThere(), hovered);
+    unhover(rows);
+    EXPECT_EQ(colorThere(), resting);
+}
+
 TEST_F(InvoiceEntryRows, aPressThatEndsElsewhereDoesNothing) {
     InvoiceSheet content(threeEntries(), 60.0);
     InvoiceSheetWindow window(content);

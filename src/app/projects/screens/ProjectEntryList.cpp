@@ -22,8 +22,7 @@ constexpr int beyond = 16;
 ProjectEntryList::ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent)
     : QWidget(parent), m_view(new RowList(RowList::RowHeights::alike, this)),
       m_model(new ProjectEntryModel(store, clock, this)) {
-    m_view->setModel(m_model);
-    m_view->setItemDelegate(new ProjectEntryRowView(*m_model, *m_view));
+    m_view->setRows(*m_model, *new ProjectEntryRowView(*m_model, *m_view));
     m_view->setAccessibleName(u"Zeiterfassungen"_s);
     // Another project's list begins at its top.
     connect(m_model, &QAbstractItemModel::modelReset, m_view, &QAbstractItemView::scrollToTop);

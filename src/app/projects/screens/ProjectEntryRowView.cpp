@@ -1,6 +1,5 @@
 #include "app/projects/screens/ProjectEntryRowView.h"
 
-#include "ui/lists/RowList.h"
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
@@ -97,29 +96,23 @@ void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Pale
 
 } // namespace
 
-ProjectEntryRowView::ProjectEntryRowView(const ProjectEntryModel& model, RowList& view)
-    : RowDelegate(&view), m_model(model), m_view(view) {}
+QSize ProjectEntryRowView::sizeOf(const QModelIndex& /*index*/) const { return {0, rowHeight}; }
 
-QSize ProjectEntryRowView::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
-    return {0, rowHeight};
-}
-
-void ProjectEntryRowView::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                const QModelIndex& index) const {
+void ProjectEntryRowView::paintRow(QPainter& painter, const PaintedRow& row) const {
     const Palette& palette = Palette::current();
-    const RowPlacement row(m_model.row(index.row()), option.rect);
-    paintNameAndEarnings(*painter, row, palette);
-    paintTimes(*painter, row, palette);
-    if (index.row() + 1 < m_model.rowCount())
-        painter->fillRect(QRect(row.timesArea.left(), option.rect.bottom(), row.timesArea.width(), 1),
-                          palette.line);
-    if (m_view.showsFocusRing() && m_view.currentIndex() == index)
-        paintFocusRing(*painter, option.rect.marginsRemoved(ringInset), 4, palette);
+    const RowPlacement placed(m_model.row(row.index.row()), row.area);
+    paintNameAndEarnings(painter, placed, palette);
+    paintTimes(painter, placed, palette);
+    if (row.index.row() + 1 < m_model.rowCount())
+        painter.fillRect(QRect(placed.timesArea.left(), row.area.bottom(), placed.timesArea.width(), 1),
+                         palette.line);
+    if (row.showsFocusRing)
+        paintFocusRing(painter, row.area.marginsRemoved(ringInset), 4, palette);
 }
 
-QString ProjectEntryRowView::tooltipAt(const QRect& item, const QPoint& point,
+QString ProjectEntryRowView::tooltipAt(const QRect& area, const QPoint& point,
                                        const QModelIndex& index) const {
-    const RowPlacement row(m_model.row(index.row()), item);
+    const RowPlacement row(m_model.row(index.row()), area);
     if (!row.nameArea.contains(point))
         return {};
     return textIfElided(row.name, FontRole::body13Medium, row.nameArea.width());

@@ -5,25 +5,22 @@
 
 namespace brisklog {
 
-class RowList;
-
 /// Paints the rows of stored entries: task and earnings, under them start, end and duration. Only the task's
 /// name is ever shortened; its tooltip is the whole name then.
 class ProjectEntryRowView final : public RowDelegate {
 public:
     static constexpr int rowHeight = 50;
 
-    ProjectEntryRowView(const ProjectEntryModel& model, RowList& view);
+    ProjectEntryRowView(const ProjectEntryModel& model, RowList& list) : RowDelegate(list), m_model(model) {}
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+protected:
+    void paintRow(QPainter& painter, const PaintedRow& row) const override;
+    [[nodiscard]] QSize sizeOf(const QModelIndex& index) const override;
+    [[nodiscard]] QString tooltipAt(const QRect& area, const QPoint& point,
+                                    const QModelIndex& index) const override;
 
 private:
-    [[nodiscard]] QString tooltipAt(const QRect& item, const QPoint& point,
-                                    const QModelIndex& index) const override;
     const ProjectEntryModel& m_model;
-    const RowList& m_view;
 };
 
 } // namespace brisklog
