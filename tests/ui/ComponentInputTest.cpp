@@ -164,6 +164,20 @@ TEST_F(ComponentDateTimeField, theSymbolOpensAMonthWhoseDayIsTaken) {
     EXPECT_EQ(field.text(), u"12.10.2026, 14:30"_s);
 }
 
+TEST_F(ComponentDateTimeField, theMonthStaysOnTheScreen) {
+    const QRect available = field.screen()->availableGeometry();
+    for (const QPoint corner : {QPoint(available.right() - 40, 100), QPoint(available.left() - 60, 100),
+                                QPoint(100, available.bottom() - 40)}) {
+        field.move(corner);
+        showActive(field);
+        QWidget* const month = field.showCalendar();
+        EXPECT_TRUE(available.contains(month->geometry()))
+            << month->x() << ", " << month->y() << " of " << available.width() << " × " << available.height();
+        month->close();
+        settle();
+    }
+}
+
 TEST_F(ComponentDateTimeField, escapeLeavesTheDay) {
     showActive(field);
     QTest::keyClick(&field, Qt::Key_Down, Qt::AltModifier);

@@ -1,7 +1,6 @@
 #include "ui/controls/Menu.h"
 
 #include "support/screen/ScreenTest.h"
-#include "ui/controls/MenuPopup.h"
 #include "ui/controls/Picker.h"
 
 #include <QAccessible>
@@ -18,9 +17,9 @@ class ComponentMenu : public ScreenTest {
 protected:
     ComponentMenu() { anchor.resize(120, 28); }
 
-    MenuPopup& open(const MenuContent& content) {
+    QWidget& open(const MenuContent& content) {
         showActive(anchor);
-        auto* popup = static_cast<MenuPopup*>(showMenu(anchor, content));
+        auto* popup = showMenu(anchor, content);
         m_popup = popup;
         settle();
         return *popup;
@@ -34,9 +33,11 @@ protected:
         return {.items = {row(u"Alpha"_s), row(u"Beta"_s), MenuItem::divider(), row(u"Gamma"_s)}};
     }
 
-    [[nodiscard]] static QListView& list(MenuPopup& popup) { return *popup.findChild<QListView*>(); }
+    [[nodiscard]] static QListView& list(QWidget& popup) { return *popup.findChild<QListView*>(); }
 
-    static void press(MenuPopup& popup, Qt::Key key) { QTest::keyClick(&list(popup), key); }
+    [[nodiscard]] static int currentRow(QWidget& popup) { return list(popup).currentIndex().row(); }
+
+    static void press(QWidget& popup, Qt::Key key) { QTest::keyClick(&list(popup), key); }
 
     [[nodiscard]] bool isOpen() {
         settle();
@@ -53,7 +54,7 @@ private:
 TEST_F(ComponentMenu, startsAtTheCheckedRow) {
     MenuContent content = projects();
     content.items[1].isChecked = true;
-    EXPECT_EQ(open(content).currentRow(), 1);
+    EXPECT_EQ(currentRow(open(content)), 1);
 }
 
 /// The names of everything a screen reader finds from there.
@@ -66,7 +67,7 @@ QStringList namesUnder(const QAccessibleInterface& root) {
 }
 
 TEST_F(ComponentMenu, isFoundByAScreenReaderFromItsWindow) {
-    QPointer<MenuPopup> popup = &open(projects());
+    QPointer<QWidget> popup = &open(projects());
     auto* const window = QAccessible::queryAccessibleInterface(&anchor);
     EXPECT_TRUE(namesUnder(*window).contains(u"Beta"_s));
     auto* const menu = QAccessible::queryAccessibleInterface(popup.data());
@@ -77,29 +78,29 @@ TEST_F(ComponentMenu, isFoundByAScreenReaderFromItsWindow) {
 }
 
 TEST_F(ComponentMenu, arrowsStepOverDividersAndRoundTheEnds) {
-    MenuPopup& popup = open(projects());
-    EXPECT_EQ(popup.currentRow(), 0);
+    QWidget& popup = open(projects());
+    EXPECT_EQ(currentRow(popup), 0);
     press(popup, Qt::Key_Down);
     press(popup, Qt::Key_Down);
-    EXPECT_EQ(popup.currentRow(), 3);
+    EXPECT_EQ(currentRow(popup), 3);
     press(popup, Qt::Key_Down);
-    EXPECT_EQ(popup.currentRow(), 0);
+    EXPECT_EQ(currentRow(popup), 0);
     press(popup, Qt::Key_Up);
-    EXPECT_EQ(popup.currentRow(), 3);
+    EXPECT_EQ(currentRow(popup), 3);
     press(popup, Qt::Key_Home);
-    EXPECT_EQ(popup.currentRow(), 0);
+    EXPECT_EQ(currentRow(popup), 0);
     press(popup, Qt::Key_End);
-    EXPECT_EQ(popup.currentRow(), 3);
+    EXPECT_EQ(currentRow(popup), 3);
 }
 
 TEST_F(ComponentMenu, typedLettersFindARow) {
-    MenuPopup& popup = open(projects());
+    QWidget& popup = open(projects());
     QTest::keyClicks(&list(popup), u"ga"_s);
-    EXPECT_EQ(popup.currentRow(), 3);
+    EXPECT_EQ(currentRow(popup), 3);
 }
 
 TEST_F(ComponentMenu, returnChoosesAfterItHasClosed) {
-    MenuPopup& popup = open(projects());
+    QWidget& popup = open(projects());
     press(popup, Qt::Key_Down);
     press(popup, Qt::Key_Return);
     EXPECT_EQ(chosen, QStringList{u"Beta"_s});
@@ -113,7 +114,7 @@ TEST_F(ComponentMenu, escapeClosesWithoutChoosing) {
 }
 
 TEST_F(ComponentMenu, aClickChoosesARowButNotADivider) {
-    MenuPopup& popup = open(projects());
+    QWidget& popup = open(projects());
     QListView& rows = list(popup);
     QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
                       rows.visualRect(rows.model()->index(2, 0)).center());
@@ -129,14 +130,14 @@ TEST_F(ComponentMenu, showsAtMostItsVisibleRowsAndScrollsTheRest) {
     for (int i = 0; i < 40; ++i)
         content.items.push_back(row(QString::number(i)));
     content.currentRow = 30;
-    MenuPopup& popup = open(content);
+    QWidget& popup = open(content);
     EXPECT_EQ(popup.height(), 14 * 28 + 8);
     QListView& rows = list(popup);
     EXPECT_TRUE(rows.viewport()->rect().contains(rows.visualRect(rows.model()->index(30, 0))));
 }
 
 TEST_F(ComponentMenu, hasRowsOfTwentyEightAndIsAsWideAsItsAnchor) {
-    MenuPopup& popup = open({.items = {row(u"a"_s), row(u"b"_s)}});
+    QWidget& popup = open({.items = {row(u"a"_s), row(u"b"_s)}});
     EXPECT_EQ(popup.size(), QSize(120, 2 * 28 + 8));
 }
 
@@ -159,7 +160,7 @@ protected:
         picker.resize(200, 32);
     }
 
-    [[nodiscard]] MenuPopup* popup() { return dynamic_cast<MenuPopup*>(QApplication::activePopupWidget()); }
+    [[nodiscard]] static QWidget* popup() { return QApplication::activePopupWidget(); }
 
     Picker picker;
     std::vector<int> chosen;

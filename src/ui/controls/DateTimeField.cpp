@@ -8,8 +8,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +19,6 @@ constexpr int padding = 10;
 constexpr int toolkitMargin = 2;
 constexpr int symbolSize = 14;
 constexpr int symbolArea = 30;
-constexpr int gap = 4;
 
 } // namespace
 
@@ -56,17 +53,13 @@ void DateTimeField::onEdited(std::function<void(const QDateTime&)> edited) {
 QWidget* DateTimeField::showCalendar() {
     if (m_calendar)
         return m_calendar;
-    m_calendar = new MonthPopup(*this, date(), [self = QPointer(this)](const QDate& day) {
+    auto* const calendar = new MonthPopup(*this, date(), [self = QPointer(this)](const QDate& day) {
         if (self)
             self->setDate(day);
     });
-    const QRect available = screen()->availableGeometry();
-    const QPoint below = mapToGlobal(QPoint(0, height() + gap));
-    const QPoint above = mapToGlobal(QPoint(0, -gap - m_calendar->height()));
-    const bool hasRoomBelow = below.y() + m_calendar->height() <= available.bottom() + 1;
-    m_calendar->move(hasRoomBelow ? below : above);
-    m_calendar->show();
-    return m_calendar;
+    m_calendar = calendar;
+    calendar->open();
+    return calendar;
 }
 
 QRect DateTimeField::symbolRect() const { return {width() - symbolArea, 0, symbolArea, height()}; }

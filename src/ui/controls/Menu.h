@@ -1,12 +1,11 @@
 #pragma once
 
+#include "ui/controls/Popup.h"
 #include "ui/look/Palette.h"
 
 #include <QString>
 #include <functional>
 #include <vector>
-
-class QWidget;
 
 namespace brisklog {
 
@@ -25,8 +24,6 @@ struct MenuItem {
 };
 
 struct MenuContent {
-    enum class Place { underAnchor, middleOfWindow };
-
     std::vector<MenuItem> items;
     /// 0: as wide as the anchor, or as its longest text up to 420. What is longer is elided.
     int width = 0;
@@ -34,14 +31,12 @@ struct MenuContent {
     int maximumVisibleRows = 14;
     /// Where the keyboard starts; -1: at the checked row, else at the first.
     int currentRow = -1;
-    /// Its left edge at the anchor's, or its middle at the window's.
-    Place place = Place::underAnchor;
+    PopupPlace place = PopupPlace::underAnchor;
 };
 
-/// Opens the menu under the anchor (above it where there is no room below), 4 pixels away, inside the screen.
-/// Arrows, Home, End and typed letters move, Return chooses, Escape or a click elsewhere closes; the focus
-/// goes back to the anchor. `chosen` runs after the menu has closed. The menu destroys itself and is returned
-/// for tests and for who wants to close it early.
+/// Opens the menu under the anchor, or above it. Arrows, Home, End and typed letters move, Return chooses,
+/// Escape or a click elsewhere closes; the focus goes back to the anchor. `chosen` runs after the menu has
+/// closed. The menu destroys itself and is returned for tests and for who wants to close it early.
 QWidget* showMenu(QWidget& anchor, const MenuContent& content);
 
 } // namespace brisklog

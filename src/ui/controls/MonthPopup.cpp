@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-constexpr int frameRadius = 8;
 constexpr int padding = 8;
 constexpr QSize cellSize(32, 28);
 constexpr int columns = 7;
@@ -32,12 +31,8 @@ const QLocale& german() {
 } // namespace
 
 MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen)
-    : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint),
-      m_selected(selected), m_current(selected), m_chosen(std::move(chosen)),
+    : Popup(anchor), m_selected(selected), m_current(selected), m_chosen(std::move(chosen)),
       m_title(new Label({}, FontRole::body13Semibold)) {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_NoMouseReplay);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     auto* previous = new SymbolButton(u"chevron.left"_s, u"Voriger Monat"_s);
@@ -52,7 +47,7 @@ MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, std::function<voi
 bool MonthPopup::event(QEvent* event) {
     if (event->type() == QEvent::Show)
         setFocus(Qt::PopupFocusReason);
-    return QWidget::event(event);
+    return Popup::event(event);
 }
 
 QDate MonthPopup::firstShownDay() const {
@@ -91,11 +86,9 @@ void MonthPopup::choose(const QDate& day) {
     chosen(day);
 }
 
-void MonthPopup::paintEvent(QPaintEvent*) {
+void MonthPopup::paintEvent(QPaintEvent* event) {
+    Popup::paintEvent(event);
     QPainter painter(this);
-    const Palette& palette = Palette::current();
-    fillRounded(painter, rect(), frameRadius, palette.card);
-    frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
     paintHeadings(painter);
     for (int cell = 0; cell < columns * rows; ++cell)
         paintDay(painter, cell);
@@ -130,7 +123,7 @@ void MonthPopup::mousePressEvent(QMouseEvent* event) {
     if (rect().contains(position))
         choose(dayAt(position));
     else
-        QWidget::mousePressEvent(event);
+        Popup::mousePressEvent(event);
 }
 
 void MonthPopup::mouseMoveEvent(QMouseEvent* event) {
@@ -165,10 +158,8 @@ void MonthPopup::keyPressEvent(QKeyEvent* event) {
         close();
         return;
     default:
-        QWidget::keyPressEvent(event);
+        Popup::keyPressEvent(event);
     }
 }
-
-void MonthPopup::resizeEvent(QResizeEvent*) { setMask(roundedShape(rect(), frameRadius)); }
 
 } // namespace brisklog

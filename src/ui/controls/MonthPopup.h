@@ -1,14 +1,15 @@
 #pragma once
 
+#include "ui/controls/Popup.h"
+
 #include <QDate>
-#include <QWidget>
 #include <functional>
 
 namespace brisklog {
 
 /// The month that a date field opens: a click or Return chooses a day, arrows move by days and weeks, Page
-/// keys and the two chevrons by months. It destroys itself when it closes.
-class MonthPopup final : public QWidget {
+/// keys and the two chevrons by months.
+class MonthPopup final : public Popup {
 public:
     MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen);
 
@@ -21,7 +22,6 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] QDate firstShownDay() const;

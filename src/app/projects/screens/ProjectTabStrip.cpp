@@ -179,7 +179,7 @@ void ProjectTabStrip::focusSelectedTab() {
 void ProjectTabStrip::openMenu() {
     MenuContent menu;
     menu.width = menuWidth;
-    menu.place = MenuContent::Place::middleOfWindow;
+    menu.place = PopupPlace::middleOfWindow;
     for (int index = 0; std::cmp_less(index, m_content.tabs.size()); ++index) {
         const ColorRole color = symbolColor(m_content.tabs[static_cast<std::size_t>(index)].timers);
         menu.items.push_back({.text = m_names[index],
