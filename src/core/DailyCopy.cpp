@@ -1,5 +1,6 @@
 #include "core/DailyCopy.h"
 
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 
 #include <algorithm>
@@ -34,12 +35,13 @@ Result<Done> removeOldDays(Files& files, const std::filesystem::path& backups) {
 
 } // namespace
 
-void keepDailyCopy(Files& files, Log& log, Date now, const std::filesystem::path& file) {
+void keepDailyCopy(Files& files, Log& log, const Clock& clock, const std::filesystem::path& file) {
     const auto state = files.stateFolder();
     if (!state)
         return;
     const auto backups = *state / "backups";
-    const auto target = backups / format::isoDay(now) / file.filename();
+    const std::string today = format::date(clock.now(), format::DateForm::isoDay, clock.calendar());
+    const auto target = backups / today / file.filename();
     if (files.exists(target))
         return;
     auto kept = copy(files, file, target);

@@ -28,7 +28,7 @@ bool TimeTrackingStore::load(const JsonFile<T>& file, Published<T>& collection, 
         m_platform.log.print(std::string("Error loading ") + what + ": " + loaded.error().description);
         return false;
     }
-    keepDailyCopy(m_platform.files, m_platform.log, m_platform.clock.now(), file.path);
+    keepDailyCopy(m_platform.files, m_platform.log, m_platform.clock, file.path);
     collection = std::move(loaded).value();
     return true;
 }

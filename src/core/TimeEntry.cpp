@@ -22,12 +22,12 @@ std::string TimeEntry::formattedEarnings(std::optional<double> projectRate, Date
     return format::money(earnings(projectRate, now), "0,00 €");
 }
 
-std::string TimeEntry::formattedStart() const {
-    return format::date(startTime, format::DateForm::shortWithTime);
+std::string TimeEntry::formattedStart(const Calendar& calendar) const {
+    return format::date(startTime, format::DateForm::shortWithTime, calendar);
 }
 
-std::string TimeEntry::formattedEnd() const {
-    return endTime ? format::date(*endTime, format::DateForm::shortWithTime) : nothingToShow;
+std::string TimeEntry::formattedEnd(const Calendar& calendar) const {
+    return endTime ? format::date(*endTime, format::DateForm::shortWithTime, calendar) : nothingToShow;
 }
 
 } // namespace brisklog

@@ -9,6 +9,8 @@
 
 namespace brisklog {
 
+class Calendar;
+
 /// One block of recorded time.
 struct TimeEntry {
     Uuid id;
@@ -32,10 +34,10 @@ struct TimeEntry {
     [[nodiscard]] std::string formattedEarnings(std::optional<double> projectRate, Date now) const;
 
     /// The start as 15.11.26, 18:20:08.
-    [[nodiscard]] std::string formattedStart() const;
+    [[nodiscard]] std::string formattedStart(const Calendar& calendar) const;
 
     /// The end as 15.11.26, 18:20:08; "--" while there is none.
-    [[nodiscard]] std::string formattedEnd() const;
+    [[nodiscard]] std::string formattedEnd(const Calendar& calendar) const;
 
     bool operator==(const TimeEntry&) const = default;
 };

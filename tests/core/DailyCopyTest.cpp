@@ -1,7 +1,4 @@
 #include "StoreFixture.h"
-#include "foundation/GermanFormat.h"
-
-#include <QTimeZone>
 
 namespace brisklog::test {
 namespace {
@@ -12,7 +9,7 @@ constexpr double day = 86400;
 
 class DailyCopies : public StoreTest {
 protected:
-    DailyCopies() { format::useTimeZone(QTimeZone("Europe/Berlin")); }
+    DailyCopies() { clock.setZone("Europe/Berlin"); }
 
     [[nodiscard]] fs::path backups() const { return home.state() / "backups"; }
 

@@ -3,7 +3,7 @@
 #include "core/Customer.h"
 #include "core/Project.h"
 #include "core/SavedNote.h"
-#include "foundation/GermanFormat.h"
+#include "foundation/Calendar.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -76,14 +76,14 @@ TEST(TimeEntry, amountThatIsNoNumberShowsZero) {
 }
 
 TEST(TimeEntry, startAndEndAreShownWithDateAndTime) {
-    format::useTimeZone(QTimeZone("Europe/Berlin"));
+    const Calendar calendar(QTimeZone("Europe/Berlin"));
     TimeEntry entry = anHour();
     entry.startTime = Date{816456008};
     entry.endTime = Date{816456009};
-    EXPECT_EQ(entry.formattedStart(), "15.11.26, 18:20:08");
-    EXPECT_EQ(entry.formattedEnd(), "15.11.26, 18:20:09");
+    EXPECT_EQ(entry.formattedStart(calendar), "15.11.26, 18:20:08");
+    EXPECT_EQ(entry.formattedEnd(calendar), "15.11.26, 18:20:09");
     entry.endTime.reset();
-    EXPECT_EQ(entry.formattedEnd(), "--");
+    EXPECT_EQ(entry.formattedEnd(calendar), "--");
 }
 
 // Projects

@@ -3,6 +3,7 @@
 #include "RoundTrip.h"
 
 #include "core/Project.h"
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace brisklog::fuzz {
 namespace {
 
 constexpr Date now{816426000};
+const Calendar calendar(QTimeZone("Europe/Berlin"));
 
 /// Projects are equal by identity alone, which is too little here.
 bool haveSameContent(const std::vector<Project>& some, const std::vector<Project>& others) {
@@ -22,8 +24,8 @@ bool haveSameContent(const std::vector<Project>& some, const std::vector<Project
 
 void show(const TimeEntry& entry, std::optional<double> projectRate) {
     requireShowable(entry.formattedEarnings(projectRate, now));
-    requireShowable(entry.formattedStart());
-    requireShowable(entry.formattedEnd());
+    requireShowable(entry.formattedStart(calendar));
+    requireShowable(entry.formattedEnd(calendar));
 }
 
 void show(TimeInterval seconds) {

@@ -23,6 +23,6 @@ struct ProjectEntryRow {
 };
 
 [[nodiscard]] ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> projectRate,
-                                              Date now);
+                                              const Calendar& calendar, Date now);
 
 } // namespace brisklog

@@ -1,8 +1,6 @@
 #include "app/projects/ProjectEntryRow.h"
 #include "app/projects/ProjectWorkbench.h"
 
-#include "foundation/GermanFormat.h"
-
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -11,10 +9,8 @@ namespace {
 
 class ProjectEntryRowTexts : public ::testing::Test {
 protected:
-    ProjectEntryRowTexts() { format::useTimeZone(QTimeZone::utc()); }
-
     [[nodiscard]] ProjectEntryRow row(std::optional<double> rate) const {
-        return projectEntryRow(entry, rate, now);
+        return projectEntryRow(entry, rate, FakeClock().calendar(), now);
     }
 
     /// 15 November 2026, 09:00:00 UTC.

@@ -2,7 +2,6 @@
 
 #include "app/projects/ProjectWorkbench.h"
 #include "app/projects/screens/MultiProjectScreen.h"
-#include "foundation/GermanFormat.h"
 #include "support/screen/ScreenTest.h"
 
 #include <QAbstractButton>
@@ -18,8 +17,6 @@ class ProjectScreenBench : public ScreenTest {
 protected:
     /// The popover's inside under its navigation bar.
     static constexpr QSize sectionSize{370, 592};
-
-    ProjectScreenBench() { format::useTimeZone(QTimeZone::utc()); }
 
     /// Shows the section; what the test put into the store before is there from the start.
     void open() {

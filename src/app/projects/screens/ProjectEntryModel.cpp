@@ -1,5 +1,6 @@
 #include "app/projects/screens/ProjectEntryModel.h"
 
+#include "foundation/Calendar.h"
 #include "ui/look/Text.h"
 
 #include <utility>
@@ -69,7 +70,8 @@ const TimeEntry* ProjectEntryModel::entry(int row) const {
 
 ProjectEntryRow ProjectEntryModel::row(int row) const {
     const TimeEntry* const found = entry(row);
-    return found ? projectEntryRow(*found, project()->hourlyRate, m_clock.now()) : ProjectEntryRow{};
+    return found ? projectEntryRow(*found, project()->hourlyRate, m_clock.calendar(), m_clock.now())
+                 : ProjectEntryRow{};
 }
 
 QVariant ProjectEntryModel::data(const QModelIndex& index, int role) const {
