@@ -35,8 +35,8 @@ public:
     virtual ~Images() = default;
 
     /// The file's first picture, upright, in the size the rule gives. An error for what is no regular file,
-    /// no picture in one of the formats, broken, cut short, or so large that decoding it would fill the
-    /// memory. Any thread may call it.
+    /// no picture in one of the formats, broken, cut short, or made so that decoding it would fill the memory
+    /// or take minutes. Any thread may call it.
     [[nodiscard]] virtual Result<Bitmap> read(const std::filesystem::path& file,
                                               const SizeRule& rule) const = 0;
 
