@@ -76,16 +76,14 @@ void preferPlatformThatPlacesWindows() {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
-/// An X server that the toolkit does not use is none of ours.
+/// Under Wayland there may be an X server as well, but our windows are not on it.
 std::unique_ptr<WindowServer> chooseWindowServer() {
     if (QGuiApplication::platformName() == u"xcb"_s)
         return std::make_unique<X11WindowServer>();
     return std::make_unique<WindowServer>();
 }
 
-void openLink(std::string_view address) {
-    QDesktopServices::openUrl(QUrl(QString::fromUtf8(address.data(), qsizetype(address.size()))));
-}
+void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(QString::fromUtf8(address))); }
 
 /// This machine, as it really is.
 struct Machine {

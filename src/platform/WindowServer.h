@@ -7,8 +7,8 @@
 
 namespace brisklog {
 
-/// What the server behind the screen tells and does beyond the toolkit. As it stands here it tells and does
-/// nothing: the desktop has no such server.
+/// What the server that shows our windows tells and does beyond what the toolkit passes on. This one tells
+/// and does nothing, for desktops whose server has none of it to offer.
 class WindowServer {
 public:
     WindowServer() = default;

@@ -1,0 +1,120 @@
+#include "platform/x11/X11WindowServer.h"
+
+#include "platform/frontmost/X11Desktop.h"
+
+#include <gmock/gmock.h>
+#include <optional>
+
+namespace brisklog::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A tray's part: it owns the selection by which programs find it, and tells that it has come.
+class TestTray {
+public:
+    TestTray() : m_window(xcb_generate_id(m_server.raw())) {
+        xcb_create_window(m_server.raw(), XCB_COPY_FROM_PARENT, m_window, m_server.root(), 0, 0, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_set_selection_owner(m_server.raw(), m_window, m_selection, XCB_CURRENT_TIME);
+        xcb_client_message_event_t message{};
+        message.response_type = XCB_CLIENT_MESSAGE;
+        message.format = 32;
+        message.window = m_server.root();
+        message.type = m_server.atom("MANAGER");
+        message.data.data32[1] = m_selection;
+        message.data.data32[2] = m_window;
+        xcb_send_event(m_server.raw(), 0, m_server.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&message));
+        xcb_flush(m_server.raw());
+    }
+
+private:
+    X11Connection m_server;
+    xcb_window_t m_window;
+    xcb_atom_t m_selection = m_server.atom("_NET_SYSTEM_TRAY_S0");
+};
+
+class X11WindowServerTest : public X11Desktop {
+protected:
+    void SetUp() override {
+        X11Desktop::SetUp();
+        if (!IsSkipped())
+            m_server.emplace();
+    }
+
+    void TearDown() override {
+        m_server.reset();
+        X11Desktop::TearDown();
+    }
+
+    X11WindowServer& server() { return *m_server; }
+
+    /// Presses and releases a button somewhere, where no window is.
+    static void press() { ASSERT_EQ(QProcess::execute(u"xdotool"_s, {u"click"_s, u"1"_s}), 0); }
+
+private:
+    std::optional<X11WindowServer> m_server;
+};
+
+TEST_F(X11WindowServerTest, tellsOfATrayThatComesAndKnowsWhetherItIsThere) {
+    int trays = 0;
+    const auto watch = server().watchTrays([&trays] { ++trays; });
+    EXPECT_FALSE(server().hasTray());
+    {
+        const TestTray tray;
+        EXPECT_TRUE(waitUntil([&trays] { return trays == 1; }));
+        EXPECT_TRUE(server().hasTray());
+    }
+    EXPECT_TRUE(waitUntil([this] { return !server().hasTray(); }));
+}
+
+TEST_F(X11WindowServerTest, tellsOfPressesWhileTheyAreWatched) {
+    int presses = 0;
+    auto watch = server().watchPointer([&presses] { ++presses; });
+    press();
+    EXPECT_TRUE(waitUntil([&presses] { return presses == 1; }));
+    watch = {};
+    press();
+    auto second = server().watchPointer([&presses] { presses += 10; });
+    press();
+    EXPECT_TRUE(waitUntil([&presses] { return presses > 1; }));
+    EXPECT_EQ(presses, 11);
+}
+
+TEST_F(X11WindowServerTest, theWatchMayEndInTheMidstOfAPress) {
+    int presses = 0;
+    Subscription watch;
+    watch = server().watchPointer([&presses, &watch] {
+        watch = {};
+        ++presses;
+    });
+    press();
+    EXPECT_TRUE(waitUntil([&presses] { return presses == 1; }));
+}
+
+TEST_F(X11WindowServerTest, keepsAWindowOutOfTaskBarAndPager) {
+    const TestWindow window;
+    // Answered once the server has the window.
+    EXPECT_FALSE(window.isActive());
+    server().keepOutOfTaskBar(window.id());
+    const X11Connection connection;
+    const auto states = connection.numbers(connection.askFor(window.id(), connection.atom("_NET_WM_STATE")));
+    ASSERT_TRUE(states);
+    EXPECT_THAT(*states, testing::UnorderedElementsAre(connection.atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                                                       connection.atom("_NET_WM_STATE_SKIP_PAGER")));
+}
+
+using WithoutX11Server = Desktop;
+
+TEST_F(WithoutX11Server, nothingIsToldAndNothingHappens) {
+    qputenv("DISPLAY", ":12345");
+    X11WindowServer server;
+    const auto pointer = server.watchPointer([] {});
+    const auto trays = server.watchTrays([] {});
+    EXPECT_FALSE(server.hasTray());
+    server.keepOutOfTaskBar(1);
+}
+
+} // namespace
+} // namespace brisklog::test
