@@ -33,7 +33,7 @@ void writeReport(benchmark::State& state) {
     sender.companyName = "Schäfer Softwareentwicklung";
     sender.fullName = "Jürgen Schäfer-Größmann";
     sender.iban = "DE89 3704 0044 0532 0130 00";
-    const InvoiceGenerator report(pdf, sender, now);
+    const InvoiceGenerator report(pdf, sender, Calendar(QTimeZone("Europe/Berlin")), now);
     const Project project = projectOf(state.range(0));
     // The fonts are found once in the program's life.
     benchmark::DoNotOptimize(report.generate(projectOf(1)));
@@ -45,7 +45,8 @@ void writeReport(benchmark::State& state) {
 
 /// The rows' cells alone, drawn the plain way.
 void writeReportCellsPlainly(benchmark::State& state) {
-    const ReportTexts texts = reportTexts(projectOf(state.range(0)), {}, now);
+    const ReportTexts texts =
+        reportTexts(projectOf(state.range(0)), {}, Calendar(QTimeZone("Europe/Berlin")), now);
     std::vector<bench::PlainRow> rows;
     for (const ReportRow& row : texts.rows)
         rows.push_back({row.taskName, row.start.day, row.start.time, row.end.day, row.end.time, row.duration,

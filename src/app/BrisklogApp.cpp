@@ -204,7 +204,7 @@ ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
             .log = m_platform.log,
             .generate = [this](const Project& project) {
                 const InvoiceGenerator report(m_platform.pdf, invoiceSender(profile()),
-                                              m_platform.clock.now());
+                                              m_platform.clock.calendar(), m_platform.clock.now());
                 return report.generate(project);
             }};
 }

@@ -21,8 +21,8 @@ std::string groupKey(const YearAndMonth& month) {
 }
 
 /// The month in words; the key itself where the date lies in no month.
-std::string groupTitle(const std::string& key, Date date) {
-    return key == groupKey({}) ? key : format::date(date, format::DateForm::monthAndYear);
+std::string groupTitle(const std::string& key, Date date, const Calendar& calendar) {
+    return key == groupKey({}) ? key : format::date(date, format::DateForm::monthAndYear, calendar);
 }
 
 } // namespace
@@ -47,9 +47,11 @@ ArchiveSheetView::GroupedInvoices ArchiveSheetView::groupedInvoices() const {
 }
 
 std::vector<ArchiveGroup> ArchiveSheetView::groups() const {
+    const Calendar calendar = m_clock.calendar();
     std::vector<ArchiveGroup> groups;
     for (auto& [key, invoices] : groupedInvoices()) {
-        ArchiveGroup group{.key = key, .title = groupTitle(key, invoices.front().date), .invoices = {}};
+        ArchiveGroup group{
+            .key = key, .title = groupTitle(key, invoices.front().date, calendar), .invoices = {}};
         group.invoices.assign(std::make_move_iterator(invoices.rbegin()),
                               std::make_move_iterator(invoices.rend()));
         groups.push_back(std::move(group));
@@ -66,7 +68,8 @@ std::vector<EntryInfo> ArchiveSheetView::entryInfosFor(const ArchivedInvoice& in
 ArchiveDetails ArchiveSheetView::details(const ArchivedInvoice& invoice) const {
     const Date now = m_clock.now();
     const std::vector<EntryInfo> infos = entryInfosFor(invoice);
-    ArchiveDetails details{.date = format::date(invoice.date, format::DateForm::mediumDate),
+    ArchiveDetails details{.date =
+                               format::date(invoice.date, format::DateForm::mediumDate, m_clock.calendar()),
                            .time = noFigure,
                            .amount = noFigure};
     if (infos.empty())

@@ -1,5 +1,6 @@
 // Creating the invoice: marking, asking where to save, writing the document, archiving.
 
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 #include "invoice/InvoiceView.h"
 
@@ -88,7 +89,8 @@ void InvoiceView::createInvoice() {
 }
 
 void InvoiceView::exportInvoicePDF() {
-    const std::string today = format::isoDay(m_platform.clock.now());
+    const std::string today =
+        format::date(m_platform.clock.now(), format::DateForm::isoDay, m_platform.clock.calendar());
     m_platform.savePanel.present({.title = "Rechnung als PDF exportieren",
                                   .suggestedName = "Rechnung_" + project().name + "_" + today + ".pdf"},
                                  [exports = m_exports](const std::optional<std::filesystem::path>& file) {

@@ -4,8 +4,8 @@
 
 namespace brisklog {
 
-std::string InvoiceEntryRowView::date() const {
-    return format::date(entryStatus.entry.startTime, format::DateForm::shortDate);
+std::string InvoiceEntryRowView::date(const Calendar& calendar) const {
+    return format::date(entryStatus.entry.startTime, format::DateForm::shortDate, calendar);
 }
 
 std::string InvoiceEntryRowView::duration(Date now) const {
@@ -26,8 +26,8 @@ std::string InvoiceEntryRowView::remark() const {
     return entryStatus.isInvoiced ? "Bereits abgerechnet" : "";
 }
 
-std::string InvoiceEntryRowView::spokenText(Date now) const {
-    std::string text = date();
+std::string InvoiceEntryRowView::spokenText(const Calendar& calendar, Date now) const {
+    std::string text = date(calendar);
     for (const std::string& part : {entryStatus.entry.taskName, duration(now), amount(now), remark()})
         if (!part.empty())
             text += ", " + part;

@@ -8,6 +8,8 @@
 
 namespace brisklog {
 
+class Calendar;
+
 /// What one row of the entry list shows.
 struct InvoiceEntryRowView {
     /// What the row's ground says about its entry.
@@ -19,7 +21,7 @@ struct InvoiceEntryRowView {
     std::function<void()> onToggle;
 
     /// The start's day as 15.11.26.
-    [[nodiscard]] std::string date() const;
+    [[nodiscard]] std::string date(const Calendar& calendar) const;
 
     /// Hours and minutes up to `now` where there is no end; "0h 0m" for what is no figure.
     [[nodiscard]] std::string duration(Date now) const;
@@ -34,7 +36,7 @@ struct InvoiceEntryRowView {
     [[nodiscard]] std::string remark() const;
 
     /// The whole row as one text, for whoever cannot see it.
-    [[nodiscard]] std::string spokenText(Date now) const;
+    [[nodiscard]] std::string spokenText(const Calendar& calendar, Date now) const;
 };
 
 } // namespace brisklog

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Project.h"
+#include "foundation/Calendar.h"
 #include "invoice/InvoiceSender.h"
 #include "platform/PdfFacility.h"
 
@@ -12,7 +13,7 @@ namespace brisklog {
 class InvoiceGenerator {
 public:
     /// `now` is the date of the report, and what an entry without an end is counted up to.
-    InvoiceGenerator(PdfFacility& pdf, InvoiceSender sender, Date now);
+    InvoiceGenerator(PdfFacility& pdf, InvoiceSender sender, Calendar calendar, Date now);
 
     /// The report; empty when it could not be made.
     [[nodiscard]] std::string generate(const Project& project) const;
@@ -20,6 +21,7 @@ public:
 private:
     PdfFacility& m_pdf;
     InvoiceSender m_sender;
+    Calendar m_calendar;
     Date m_now;
 };
 

@@ -1,5 +1,6 @@
 #include "invoice/InvoiceTexts.h"
 
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 #include "foundation/Text.h"
 #include "invoice/SenderLines.h"
@@ -9,6 +10,8 @@ namespace {
 
 constexpr const char* noAmount = "0,00\u00A0€";
 constexpr const char* noDuration = "0\u00A0h 0\u00A0min";
+/// Calendar days from the invoice's date to the date it is payable by.
+constexpr int paymentTermInDays = 14;
 
 std::vector<std::string> recipientLines(const Customer& customer) {
     std::vector<std::string> lines;
@@ -33,8 +36,6 @@ std::string formOfAddress(const std::optional<Customer>& customer) {
     }
     return {};
 }
-
-std::string longDate(Date date) { return format::date(date, format::DateForm::longDate); }
 
 InvoiceRow makeRow(const TimeEntry& entry, std::optional<double> projectRate, Date now) {
     const double rate = entry.hourlyRate ? *entry.hourlyRate : projectRate.value_or(0);
@@ -64,9 +65,12 @@ void addSender(InvoiceTexts& texts, const InvoiceSender& sender) {
 }
 
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
-                   const std::string& invoiceNumber, Date invoiceDate, Date payableBy) {
+                   const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate) {
+    const auto longDate = [&calendar](Date date) {
+        return format::date(date, format::DateForm::longDate, calendar);
+    };
     texts.invoiceLines = {"Rechnungsnummer: " + invoiceNumber, "Rechnungsdatum: " + longDate(invoiceDate),
-                          "Zahlbar bis: " + longDate(payableBy)};
+                          "Zahlbar bis: " + longDate(calendar.addingDays(invoiceDate, paymentTermInDays))};
     if (customer)
         texts.recipientLines = recipientLines(*customer);
     texts.salutation = "Sehr geehrte" + formOfAddress(customer) + ",";

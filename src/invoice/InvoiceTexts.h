@@ -10,6 +10,8 @@
 
 namespace brisklog {
 
+class Calendar;
+
 /// The cells of one line of an invoice's table.
 struct InvoiceRow {
     std::string description;
@@ -34,15 +36,12 @@ struct InvoiceTexts {
     std::vector<std::string> footerLines;
 };
 
-/// Calendar days from the invoice's date to the date it is payable by.
-inline constexpr int paymentTermInDays = 14;
-
 /// Logo, sender, closing text with the sender's name, and the lines at the foot.
 void addSender(InvoiceTexts& texts, const InvoiceSender& sender);
 
-/// Number and dates, the recipient and how he or she is addressed.
+/// Number and dates, a fortnight apart, the recipient and how he or she is addressed.
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
-                   const std::string& invoiceNumber, Date invoiceDate, Date payableBy);
+                   const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate);
 
 /// A row for each entry and their sum. An entry's own rate goes before the project's; without any it is 0.
 void addTable(InvoiceTexts& texts, const std::vector<TimeEntry>& entries, std::optional<double> projectRate,

@@ -37,26 +37,26 @@ std::vector<std::string> bankLines(const InvoiceSender& sender) {
     return lines;
 }
 
-ReportMoment moment(const std::optional<Date>& date) {
+ReportMoment moment(const std::optional<Date>& date, const Calendar& calendar) {
     if (!date)
         return {};
-    return {format::date(*date, format::DateForm::mediumDate),
-            format::date(*date, format::DateForm::shortTime)};
+    return {format::date(*date, format::DateForm::mediumDate, calendar),
+            format::date(*date, format::DateForm::shortTime, calendar)};
 }
 
-ReportRow makeRow(const TimeEntry& entry, Date now) {
+ReportRow makeRow(const TimeEntry& entry, const Calendar& calendar, Date now) {
     return {.taskName = entry.taskName,
-            .start = moment(entry.startTime),
-            .end = moment(entry.endTime),
+            .start = moment(entry.startTime, calendar),
+            .end = moment(entry.endTime, calendar),
             .duration = duration(entry.duration(now)),
             .earnings = std::nullopt};
 }
 
-void addRows(ReportTexts& texts, const Project& project, Date now) {
+void addRows(ReportTexts& texts, const Project& project, const Calendar& calendar, Date now) {
     TimeInterval totalDuration = 0;
     double totalEarnings = 0;
     for (const TimeEntry& entry : project.entries) {
-        texts.rows.push_back(makeRow(entry, now));
+        texts.rows.push_back(makeRow(entry, calendar, now));
         totalDuration += entry.duration(now);
         if (!project.hourlyRate)
             continue;
@@ -73,15 +73,16 @@ void addRows(ReportTexts& texts, const Project& project, Date now) {
 
 } // namespace
 
-ReportTexts reportTexts(const Project& project, const InvoiceSender& sender, Date now) {
+ReportTexts reportTexts(const Project& project, const InvoiceSender& sender, const Calendar& calendar,
+                        Date now) {
     ReportTexts texts;
     texts.logo = sender.logoData;
     texts.senderGroups = senderGroups(sender);
     texts.title = "Zeiterfassung: " + project.name;
-    texts.creationDate = "Erstellt am " + format::date(now, format::DateForm::longDate);
+    texts.creationDate = "Erstellt am " + format::date(now, format::DateForm::longDate, calendar);
     if (project.hourlyRate)
         texts.hourlyRate = "Stundensatz: " + money(*project.hourlyRate);
-    addRows(texts, project, now);
+    addRows(texts, project, calendar, now);
     texts.bankLines = bankLines(sender);
     return texts;
 }

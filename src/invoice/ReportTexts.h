@@ -9,6 +9,8 @@
 
 namespace brisklog {
 
+class Calendar;
+
 /// A moment as a report shows it: the date over the time of day. Both are empty for none.
 struct ReportMoment {
     std::string day;
@@ -42,6 +44,7 @@ struct ReportTexts {
 
 /// The report of all entries of the project, in the project's order. An entry without an end counts up to
 /// `now`.
-[[nodiscard]] ReportTexts reportTexts(const Project& project, const InvoiceSender& sender, Date now);
+[[nodiscard]] ReportTexts reportTexts(const Project& project, const InvoiceSender& sender,
+                                      const Calendar& calendar, Date now);
 
 } // namespace brisklog

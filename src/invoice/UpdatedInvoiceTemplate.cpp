@@ -20,7 +20,7 @@ std::string UpdatedInvoiceTemplate::generate(const Project& project, const std::
     std::ranges::stable_sort(selectedEntries, {}, &TimeEntry::startTime);
     InvoiceTexts texts;
     addSender(texts, m_sender);
-    addLetterhead(texts, customer, invoiceNumber, m_now, m_calendar.addingDays(m_now, paymentTermInDays));
+    addLetterhead(texts, customer, invoiceNumber, m_calendar, m_now);
     addTable(texts, selectedEntries, project.hourlyRate, m_now);
     texts.notes = additionalNotes;
 

@@ -36,16 +36,17 @@ public:
     }
 
     void exportReport() {
-        brisklog::exportReport(
-            {.store = store,
-             .savePanel = savePanel,
-             .files = files,
-             .log = log,
-             .generate =
-                 [this](const Project& project) {
-                     return InvoiceGenerator(pdf, InvoiceSender(), clock.now()).generate(project);
-                 }},
-            store.projects->front());
+        brisklog::exportReport({.store = store,
+                                .savePanel = savePanel,
+                                .files = files,
+                                .log = log,
+                                .generate =
+                                    [this](const Project& project) {
+                                        return InvoiceGenerator(pdf, InvoiceSender(), clock.calendar(),
+                                                                clock.now())
+                                            .generate(project);
+                                    }},
+                               store.projects->front());
     }
 
     void exportInvoice() {

@@ -3,9 +3,16 @@
 #include "RoundTrip.h"
 
 #include "core/ArchivedInvoice.h"
+#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 
 namespace brisklog::fuzz {
+
+namespace {
+
+const Calendar calendar(QTimeZone("Europe/Berlin"));
+
+} // namespace
 
 void tryInput(std::string_view bytes) {
     const auto invoices = decodedAndBack<std::vector<ArchivedInvoice>>(bytes, json::Layout::compact);
@@ -14,7 +21,7 @@ void tryInput(std::string_view bytes) {
     for (const ArchivedInvoice& invoice : *invoices)
         for (const auto form : {format::DateForm::mediumDate, format::DateForm::longDate,
                                 format::DateForm::monthAndYear, format::DateForm::weekday})
-            requireShowable(format::date(invoice.date, form));
+            requireShowable(format::date(invoice.date, form, calendar));
 }
 
 } // namespace brisklog::fuzz

@@ -1,6 +1,5 @@
 #include "invoice/InvoiceEntryRowView.h"
 
-#include "foundation/GermanFormat.h"
 #include "invoice/InvoiceSheet.h"
 
 #include <gtest/gtest.h>
@@ -15,14 +14,14 @@ InvoiceEntryStatus rowOf(const TimeEntry& entry) {
 }
 
 TEST(InvoiceEntryRowView, showsDayDurationAndEarnings) {
-    format::useTimeZone(QTimeZone("Europe/Berlin"));
+    const Calendar calendar(QTimeZone("Europe/Berlin"));
     const InvoiceEntryStatus status = rowOf(entryOf("Komponenten", 90 * 60));
     const InvoiceEntryRowView row{status, 80, {}};
-    EXPECT_EQ(row.date(), "12.11.26");
+    EXPECT_EQ(row.date(calendar), "12.11.26");
     EXPECT_EQ(row.duration(now), "1\u00A0h 30\u00A0min");
     EXPECT_EQ(row.amount(now), "120,00\u00A0€");
     EXPECT_EQ(row.remark(), "");
-    EXPECT_EQ(row.spokenText(now), "12.11.26, Komponenten, 1\u00A0h 30\u00A0min, 120,00\u00A0€");
+    EXPECT_EQ(row.spokenText(calendar, now), "12.11.26, Komponenten, 1\u00A0h 30\u00A0min, 120,00\u00A0€");
 }
 
 TEST(InvoiceEntryRowView, showsTheEntrysOwnRateEvenInAProjectWithoutOne) {

@@ -143,7 +143,6 @@ TEST(InvoiceCreation, anEmptyNumberIsPrintedAndArchivedEmpty) {
 }
 
 TEST(InvoiceExport, suggestsProjectAndDayAsFileName) {
-    format::useTimeZone(QTimeZone("Europe/Berlin"));
     InvoiceSheet sheet({}, std::nullopt, "A/B: Büro \"neu\"");
     sheet.view->exportInvoicePDF();
     ASSERT_EQ(sheet.savePanel.requests.size(), 1U);

@@ -1,14 +1,12 @@
 #include "invoice/ReportSample.h"
 
-#include "foundation/GermanFormat.h"
 #include "platform/documents/CairoPdfFacility.h"
 
 namespace brisklog::test {
 
 std::string ReportSample::document() const {
-    format::useTimeZone(QTimeZone("Europe/Berlin"));
     CairoPdfFacility pdf;
-    return InvoiceGenerator(pdf, sender, now).generate(project);
+    return InvoiceGenerator(pdf, sender, Calendar(QTimeZone("Europe/Berlin")), now).generate(project);
 }
 
 ReportSample reportOf(int entries) {

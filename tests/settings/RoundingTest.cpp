@@ -65,7 +65,9 @@ public:
     }
 
     [[nodiscard]] std::string reportText() {
-        return PdfReader(InvoiceGenerator(pdf, {}, clock.now()).generate(store.projects->front())).readText();
+        return PdfReader(
+                   InvoiceGenerator(pdf, {}, clock.calendar(), clock.now()).generate(store.projects->front()))
+            .readText();
     }
 
     TemporaryHome home;

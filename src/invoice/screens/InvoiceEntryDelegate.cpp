@@ -119,7 +119,8 @@ void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
     constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
     constexpr Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
     paintCheckBox(painter, cells.box, {.isTicked = shown.entryStatus.isSelected}, palette);
-    paintFigures(painter, cells.date, screenText(shown.date()), FontRole::body13, palette.text, left);
+    paintFigures(painter, cells.date, screenText(shown.date(m_model.calendar())), FontRole::body13,
+                 palette.text, left);
     paintText(painter, cells.name, screenText(shown.entryStatus.entry.taskName), FontRole::body13,
               palette.text);
     paintFigures(painter, cells.duration, duration, FontRole::body13, palette.text, right);

@@ -30,6 +30,7 @@ void InvoiceEntryModel::deleteEntry(const QModelIndex& index) {
 }
 
 void InvoiceEntryModel::synchronise() {
+    m_calendar = m_clock.calendar();
     if (m_revision == m_view.entryStatuses.revision())
         return;
     m_revision = m_view.entryStatuses.revision();
@@ -60,7 +61,7 @@ QVariant InvoiceEntryModel::data(const QModelIndex& index, int role) const {
     case Qt::CheckStateRole:
         return shown.entryStatus.isSelected ? Qt::Checked : Qt::Unchecked;
     case Qt::AccessibleTextRole:
-        return screenText(shown.spokenText(now()));
+        return screenText(shown.spokenText(m_calendar, now()));
     case Qt::AccessibleDescriptionRole:
         return screenText(shown.remark());
     default:

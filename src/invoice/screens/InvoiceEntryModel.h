@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TimeTrackingStore.h"
+#include "foundation/Calendar.h"
 #include "invoice/InvoiceEntryRowView.h"
 #include "invoice/InvoiceView.h"
 
@@ -13,12 +14,16 @@ namespace brisklog {
 /// told about.
 class InvoiceEntryModel final : public QAbstractListModel {
 public:
-    InvoiceEntryModel(InvoiceView& view, const Clock& clock) : m_view(view), m_clock(clock) {}
+    InvoiceEntryModel(InvoiceView& view, const Clock& clock)
+        : m_view(view), m_clock(clock), m_calendar(clock.calendar()) {}
 
     /// What the row shows.
     [[nodiscard]] InvoiceEntryRowView row(const QModelIndex& index) const;
 
     [[nodiscard]] Date now() const { return m_clock.now(); }
+
+    /// As it was at the last `synchronise`.
+    [[nodiscard]] const Calendar& calendar() const { return m_calendar; }
 
     /// Deletes the row's entry.
     void deleteEntry(const QModelIndex& index);
@@ -37,6 +42,7 @@ private:
 
     InvoiceView& m_view;
     const Clock& m_clock;
+    Calendar m_calendar;
     int m_count = 0;
     std::optional<std::uint64_t> m_revision;
 };

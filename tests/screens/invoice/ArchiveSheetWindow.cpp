@@ -1,6 +1,5 @@
 #include "screens/invoice/ArchiveSheetWindow.h"
 
-#include "foundation/GermanFormat.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
 #include "ui/sheets/Sheets.h"
 
@@ -13,9 +12,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 
 ArchiveSheetWindow::ArchiveSheetWindow()
-    : content({entryOf("Eins", hour), entryOf("Zwei", hour / 2, 80.0)}, 60.0) {
-    format::useTimeZone(QTimeZone::utc());
-}
+    : content({entryOf("Eins", hour), entryOf("Zwei", hour / 2, 80.0)}, 60.0) {}
 
 void ArchiveSheetWindow::issue(const std::string& number, const std::optional<std::string>& customer,
                                double daysAgo, const std::vector<Uuid>& ids) {
