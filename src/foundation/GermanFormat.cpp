@@ -196,17 +196,4 @@ std::string runningDuration(TimeInterval seconds, std::string_view fallback) {
     return p.sign + twoDigits(p.hours) + ":" + twoDigits(p.minutes) + ":" + twoDigits(p.seconds);
 }
 
-namespace {
-Calendar& transitional() {
-    static Calendar calendar(QTimeZone::systemTimeZone());
-    return calendar;
-}
-} // namespace
-
-std::string date(Date when, DateForm form) { return date(when, form, transitional()); }
-
-std::string isoDay(Date when) { return date(when, DateForm::isoDay); }
-
-void useTimeZone(const QTimeZone& zone) { transitional() = Calendar(zone); }
-
 } // namespace brisklog::format

@@ -2,14 +2,11 @@
 
 #include "foundation/Date.h"
 
-#include <QTimeZone>
 #include <string>
 #include <string_view>
 
 namespace brisklog {
-
 class Calendar;
-
 }
 
 /// How the program writes dates, money and durations: always German (Germany), whatever the desktop's
@@ -33,9 +30,6 @@ enum class DateForm {
 /// The date as clocks of the calendar's time zone show it.
 [[nodiscard]] std::string date(Date date, DateForm form, const Calendar& calendar);
 
-[[nodiscard]] std::string date(Date date, DateForm form);
-[[nodiscard]] std::string isoDay(Date date);
-
 /// Euros as 1.234,50 € (no-break space before the sign), half-even; `fallback` when the amount is not finite.
 /// What rounds to zero has no minus.
 [[nodiscard]] std::string money(double euros, std::string_view fallback);
@@ -57,7 +51,5 @@ enum class DateForm {
 
 /// Two digits each of hours, minutes and seconds (00:05:07), more digits of hours beyond 99.
 [[nodiscard]] std::string runningDuration(TimeInterval seconds, std::string_view fallback);
-
-void useTimeZone(const QTimeZone& zone);
 
 } // namespace brisklog::format

@@ -2,7 +2,6 @@
 
 #include "foundation/Calendar.h"
 
-#include <QTimeZone>
 #include <clocale>
 #include <gtest/gtest.h>
 #include <limits>
@@ -35,55 +34,59 @@ std::string running(TimeInterval seconds) { return format::runningDuration(secon
 
 class GermanDates : public testing::Test {
 protected:
-    GermanDates() { format::useTimeZone(QTimeZone("Europe/Berlin")); }
+    [[nodiscard]] std::string text(Date date, DateForm form) const {
+        return format::date(date, form, calendar);
+    }
+
+    Calendar calendar{QTimeZone("Europe/Berlin")};
 };
 
 TEST_F(GermanDates, everyForm) {
-    EXPECT_EQ(format::date(anEvening, DateForm::shortWithTime), "15.11.26, 18:20:08");
-    EXPECT_EQ(format::date(anEvening, DateForm::shortDate), "15.11.26");
-    EXPECT_EQ(format::date(anEvening, DateForm::mediumDate), "15.11.2026");
-    EXPECT_EQ(format::date(anEvening, DateForm::longDate), "15. November 2026");
-    EXPECT_EQ(format::date(anEvening, DateForm::fullDate), "Sonntag, 15. November 2026");
-    EXPECT_EQ(format::date(anEvening, DateForm::shortTime), "18:20");
-    EXPECT_EQ(format::date(anEvening, DateForm::weekday), "So.");
-    EXPECT_EQ(format::date(anEvening, DateForm::month), "Nov.");
-    EXPECT_EQ(format::isoDay(anEvening), "2026-11-15");
+    EXPECT_EQ(text(anEvening, DateForm::shortWithTime), "15.11.26, 18:20:08");
+    EXPECT_EQ(text(anEvening, DateForm::shortDate), "15.11.26");
+    EXPECT_EQ(text(anEvening, DateForm::mediumDate), "15.11.2026");
+    EXPECT_EQ(text(anEvening, DateForm::longDate), "15. November 2026");
+    EXPECT_EQ(text(anEvening, DateForm::fullDate), "Sonntag, 15. November 2026");
+    EXPECT_EQ(text(anEvening, DateForm::shortTime), "18:20");
+    EXPECT_EQ(text(anEvening, DateForm::weekday), "So.");
+    EXPECT_EQ(text(anEvening, DateForm::month), "Nov.");
+    EXPECT_EQ(text(anEvening, DateForm::isoDay), "2026-11-15");
 }
 
 TEST_F(GermanDates, singleDigitsArePaddedExceptInTheLongForm) {
     constexpr Date early{788832245};
-    EXPECT_EQ(format::date(early, DateForm::shortWithTime), "31.12.25, 01:04:05");
+    EXPECT_EQ(text(early, DateForm::shortWithTime), "31.12.25, 01:04:05");
     constexpr Date newYear{788918400};
-    EXPECT_EQ(format::date(newYear, DateForm::shortWithTime), "01.01.26, 01:00:00");
-    EXPECT_EQ(format::date(newYear, DateForm::longDate), "1. Januar 2026");
-    EXPECT_EQ(format::date(newYear, DateForm::shortTime), "01:00");
-    EXPECT_EQ(format::isoDay(newYear), "2026-01-01");
+    EXPECT_EQ(text(newYear, DateForm::shortWithTime), "01.01.26, 01:00:00");
+    EXPECT_EQ(text(newYear, DateForm::longDate), "1. Januar 2026");
+    EXPECT_EQ(text(newYear, DateForm::shortTime), "01:00");
+    EXPECT_EQ(text(newYear, DateForm::isoDay), "2026-01-01");
 }
 
 TEST_F(GermanDates, lastMomentOfADayBelongsToIt) {
     constexpr Date midnight{816476400};
-    EXPECT_EQ(format::date(midnight, DateForm::shortWithTime), "16.11.26, 00:00:00");
-    EXPECT_EQ(format::date(midnight.addingSeconds(-0.001), DateForm::shortWithTime), "15.11.26, 23:59:59");
+    EXPECT_EQ(text(midnight, DateForm::shortWithTime), "16.11.26, 00:00:00");
+    EXPECT_EQ(text(midnight.addingSeconds(-0.001), DateForm::shortWithTime), "15.11.26, 23:59:59");
 }
 
 TEST_F(GermanDates, followTheClocksThroughTheChange) {
     // 25 October 2026: three o'clock becomes two o'clock.
     constexpr Date beforeChange{814581000};
-    EXPECT_EQ(format::date(beforeChange, DateForm::shortWithTime), "25.10.26, 02:30:00");
-    EXPECT_EQ(format::date(beforeChange.addingSeconds(3600), DateForm::shortWithTime), "25.10.26, 02:30:00");
-    EXPECT_EQ(format::date(beforeChange.addingSeconds(7200), DateForm::shortWithTime), "25.10.26, 03:30:00");
+    EXPECT_EQ(text(beforeChange, DateForm::shortWithTime), "25.10.26, 02:30:00");
+    EXPECT_EQ(text(beforeChange.addingSeconds(3600), DateForm::shortWithTime), "25.10.26, 02:30:00");
+    EXPECT_EQ(text(beforeChange.addingSeconds(7200), DateForm::shortWithTime), "25.10.26, 03:30:00");
 }
 
 TEST_F(GermanDates, anotherZoneIsFollowed) {
-    format::useTimeZone(QTimeZone("America/New_York"));
-    EXPECT_EQ(format::date(anEvening, DateForm::shortWithTime), "15.11.26, 12:20:08");
+    calendar = Calendar(QTimeZone("America/New_York"));
+    EXPECT_EQ(text(anEvening, DateForm::shortWithTime), "15.11.26, 12:20:08");
 }
 
 TEST_F(GermanDates, absurdDatesGiveSomeTextAndNoHarm) {
     for (const double seconds : {1e300, -1e300, infinity, notANumber, 1e15, -1e15})
         for (const DateForm form : {DateForm::shortWithTime, DateForm::shortDate, DateForm::mediumDate,
                                     DateForm::longDate, DateForm::shortTime})
-            EXPECT_LT(format::date(Date{seconds}, form).size(), 100U);
+            EXPECT_LT(text(Date{seconds}, form).size(), 100U);
 }
 
 TEST(GermanMoney, decimalCommaGroupsAndEuroSign) {
@@ -215,13 +218,12 @@ TEST(Duration, tenThousandYearsAreStillWritten) {
 }
 
 TEST_F(GermanDates, weekdaysAndMonthsAreAbbreviatedTheGermanWay) {
-    const Calendar calendar{QTimeZone("Europe/Berlin")};
     std::vector<std::string> weekdays;
     std::vector<std::string> months;
     for (int i = 1; i <= 7; ++i)
-        weekdays.push_back(format::date(calendar.addingDays(anEvening, i), DateForm::weekday));
+        weekdays.push_back(text(calendar.addingDays(anEvening, i), DateForm::weekday));
     for (int i = 2; i <= 13; ++i)
-        months.push_back(format::date(calendar.addingMonths(anEvening, i), DateForm::month));
+        months.push_back(text(calendar.addingMonths(anEvening, i), DateForm::month));
     EXPECT_EQ(weekdays, (std::vector<std::string>{"Mo.", "Di.", "Mi.", "Do.", "Fr.", "Sa.", "So."}));
     EXPECT_EQ(months, (std::vector<std::string>{"Jan.", "Feb.", "März", "Apr.", "Mai", "Juni", "Juli", "Aug.",
                                                 "Sept.", "Okt.", "Nov.", "Dez."}));

@@ -29,9 +29,9 @@ TEST(Month, ofAMomentThatNoCalendarReachesIsZero) {
 }
 
 TEST(Month, isWrittenOutInGermanWithItsYear) {
-    format::useTimeZone(QTimeZone::utc());
-    EXPECT_EQ(format::date(newYearsEve, format::DateForm::monthAndYear), "Dezember 2023");
-    EXPECT_EQ(format::date(newYearsEve.addingSeconds(90 * 86400), format::DateForm::monthAndYear),
+    const Calendar calendar(QTimeZone::utc());
+    EXPECT_EQ(format::date(newYearsEve, format::DateForm::monthAndYear, calendar), "Dezember 2023");
+    EXPECT_EQ(format::date(newYearsEve.addingSeconds(90 * 86400), format::DateForm::monthAndYear, calendar),
               "März 2024");
 }
 
