@@ -13,6 +13,7 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/loop/SystemClock.h"
+#include "support/WritableStore.h"
 #include "ui/sheets/SheetWindow.h"
 
 #include <QApplication>
@@ -36,15 +37,15 @@ constexpr TimeInterval day = 24 * hour;
 /// An archive of so many invoices, one every other day, each over ten entries of several projects.
 struct Archive {
     explicit Archive(std::int64_t invoiceCount) {
-        store.projects = std::vector<Project>(projectCount);
+        writable(store.projects) = std::vector<Project>(projectCount);
         std::vector<ArchivedInvoice> invoices(static_cast<std::size_t>(invoiceCount));
-        store.projects.mutate([&](std::vector<Project>& projects) {
+        writable(store.projects).mutate([&](std::vector<Project>& projects) {
             for (Project& project : projects)
                 project = {.id = nextId(), .name = "Projekt", .hourlyRate = 85.5, .entries = {}};
             for (ArchivedInvoice& invoice : invoices)
                 fill(invoice, projects, static_cast<double>(&invoice - invoices.data()));
         });
-        store.archivedInvoices = std::move(invoices);
+        writable(store.archivedInvoices) = std::move(invoices);
     }
 
     ~Archive() { fs::remove_all(home); }

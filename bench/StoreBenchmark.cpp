@@ -9,6 +9,7 @@
 #include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/files/PosixFiles.h"
 #include "platform/loop/SystemClock.h"
+#include "support/WritableStore.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -235,7 +236,7 @@ void stopTracking(benchmark::State& state) {
     SystemClock storeClock;
     SqliteUserDefaults userDefaults(std::nullopt, clock, log);
     TimeTrackingStore store({files, userDefaults, storeClock, runLoop, log});
-    store.projects = workHistory(state.range(0));
+    writable(store.projects) = workHistory(state.range(0));
     for (auto run : state) {
         state.PauseTiming();
         store.startTracking("Entwurf");

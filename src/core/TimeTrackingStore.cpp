@@ -105,7 +105,7 @@ void TimeTrackingStore::resetProject(int index) {
 void TimeTrackingStore::resetAllData() {
     projects = {defaultProject()};
     selectedProjectIndex = 0;
-    activeEntries = {};
+    activeEntries = ActiveEntries();
     saveProjects();
 }
 
@@ -138,6 +138,11 @@ void TimeTrackingStore::markEntriesInvoiced(const Uuid& projectId, const std::ve
     });
     if (found)
         saveProjects();
+}
+
+void TimeTrackingStore::addCustomer(const Customer& customer) {
+    customers.mutate([&customer](std::vector<Customer>& all) { all.push_back(customer); });
+    saveCustomers();
 }
 
 void TimeTrackingStore::updateCustomer(const Customer& customer) {

@@ -37,20 +37,40 @@ class TimeTrackingStore final : public ObservableObject {
 public:
     using ActiveEntries = std::unordered_map<Uuid, ActiveEntryState>;
 
+    /// A published value that everybody may read and observe, and the store alone writes.
+    template <class T>
+    class Owned final : private Published<T> {
+    public:
+        using Published<T>::Published;
+        using Published<T>::get;
+        using Published<T>::operator const T&;
+        using Published<T>::operator->;
+        using Published<T>::operator*;
+        using Published<T>::revision;
+
+    private:
+        friend TimeTrackingStore;
+        // Not part of the program: tests and benchmarks put a store into a state with it.
+        template <class Value>
+        friend Published<Value>& writable(Owned<Value>& value);
+
+        using Published<T>::operator=;
+    };
+
     /// Cleans the user defaults up, loads the four files, provides the default project and starts the tick.
     /// Stops the program when there is no documents folder.
     explicit TimeTrackingStore(const StorePlatform& platform);
 
     /// In the order in which they were created.
-    Published<std::vector<Project>> projects{*this};
-    /// Index into `projects`; starts at 0, is never written to a file.
+    Owned<std::vector<Project>> projects{*this};
+    /// Index into `projects`, which screens choose; starts at 0, is never written to a file.
     Published<int> selectedProjectIndex{*this, 0};
     /// Running and paused timers by entry id; never written to a file.
-    Published<ActiveEntries> activeEntries{*this};
-    Published<std::vector<Customer>> customers{*this};
-    Published<std::vector<SavedNote>> savedNotes{*this};
+    Owned<ActiveEntries> activeEntries{*this};
+    Owned<std::vector<Customer>> customers{*this};
+    Owned<std::vector<SavedNote>> savedNotes{*this};
     /// Oldest first.
-    Published<std::vector<ArchivedInvoice>> archivedInvoices{*this};
+    Owned<std::vector<ArchivedInvoice>> archivedInvoices{*this};
 
     // Projects
 
@@ -81,6 +101,7 @@ public:
 
     // Customers, notes, archive
 
+    void addCustomer(const Customer& customer);
     /// Replaces the customer with the same id.
     void updateCustomer(const Customer& customer);
     void deleteCustomer(int index);

@@ -2,14 +2,26 @@
 
 #include "core/TimeTrackingStore.h"
 
-#include <optional>
 #include <string>
 
 namespace brisklog {
 
 /// The form that creates a customer or changes one. Nothing is kept before it is confirmed; texts are taken
-/// exactly as typed.
+/// exactly as typed, and what the form does not show stays as it is.
 class CustomerEditView final : public ObservableObject {
+    /// As the form would save it. It stands first because the fields write to it.
+    Customer m_customer;
+
+    /// One of the customer's fields, published.
+    template <class T>
+    class Field final : public Published<T> {
+    public:
+        Field(ObservableObject& form, T& place)
+            : Published<T>(form, place, [this, &place] { place = this->get(); }) {}
+
+        using Published<T>::operator=;
+    };
+
 public:
     /// For a new customer: all texts empty, the gender deliberately the neutral one.
     explicit CustomerEditView(TimeTrackingStore& timeStore);
@@ -19,22 +31,22 @@ public:
     /// False once the form has done its work or was cancelled: it closes then.
     Published<bool> isPresented{*this, true};
 
-    Published<std::string> firstName{*this};
+    Field<std::string> firstName{*this, m_customer.firstName};
     /// The surname, the only text that is required.
-    Published<std::string> name{*this};
-    Published<Gender> gender{*this, Gender::diverse};
-    Published<std::string> company{*this};
-    Published<std::string> address{*this};
-    Published<std::string> postalCode{*this};
-    Published<std::string> city{*this};
-    Published<std::string> email{*this};
-    Published<std::string> phone{*this};
-    Published<std::string> taxId{*this};
+    Field<std::string> name{*this, m_customer.name};
+    Field<Gender> gender{*this, m_customer.gender};
+    Field<std::string> company{*this, m_customer.company};
+    Field<std::string> address{*this, m_customer.address};
+    Field<std::string> postalCode{*this, m_customer.postalCode};
+    Field<std::string> city{*this, m_customer.city};
+    Field<std::string> email{*this, m_customer.email};
+    Field<std::string> phone{*this, m_customer.phone};
+    Field<std::string> taxId{*this, m_customer.taxId};
 
     /// The user is being asked whether to delete the customer.
     Published<bool> showingDeleteAlert{*this, false};
 
-    [[nodiscard]] bool isEditing() const { return m_customerId.has_value(); }
+    [[nodiscard]] bool isEditing() const { return m_isEditing; }
 
     /// "Neuer Kunde" or "Kunde bearbeiten".
     [[nodiscard]] std::string title() const;
@@ -53,11 +65,8 @@ public:
     void cancel() { isPresented = false; }
 
 private:
-    [[nodiscard]] Customer editedCustomer() const;
-
     TimeTrackingStore& m_timeStore;
-    /// None while the customer is new.
-    const std::optional<Uuid> m_customerId;
+    const bool m_isEditing;
 };
 
 } // namespace brisklog

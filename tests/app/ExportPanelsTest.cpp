@@ -6,6 +6,7 @@
 #include "invoice/ReportExport.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/dialogs/QtSavePanel.h"
+#include "support/WritableStore.h"
 #include "support/screen/Windows.h"
 
 #include <QFileDialog>
@@ -30,7 +31,7 @@ public:
         entry.taskName = "Entwurf";
         entry.startTime = clock.now();
         entry.endTime = clock.now().addingSeconds(3600);
-        store.projects = {
+        writable(store.projects) = {
             {.id = Uuid::generate(), .name = projectName, .hourlyRate = 80.0, .entries = {entry}}};
         window.show();
     }

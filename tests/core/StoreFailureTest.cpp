@@ -15,8 +15,7 @@ TEST_F(StoreFailure, failedSavesPrintTheirLineAndKeepTheDataInMemory) {
     const auto store = startQuietly();
     files.writesFail = true;
     store->addProject("A", {});
-    store->customers = {customerNamed("Muster")};
-    store->saveCustomers();
+    store->addCustomer(customerNamed("Muster"));
     store->addSavedNote("n", "c");
     store->addArchivedInvoice("R", {}, {});
     const auto full = [this](const char* name) { return file(name).string() + ": No space left on device"; };

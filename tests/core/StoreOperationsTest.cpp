@@ -1,4 +1,5 @@
 #include "StoreFixture.h"
+#include "support/WritableStore.h"
 
 #include <sys/stat.h>
 
@@ -80,8 +81,7 @@ TEST_F(StoreOperations, resetProjectLosesItsEntriesOnly) {
 TEST_F(StoreOperations, resetAllDataKeepsCustomersNotesAndArchive) {
     store->addProject("A", {});
     store->startTracking("x");
-    store->customers = {customerNamed("Muster")};
-    store->saveCustomers();
+    store->addCustomer(customerNamed("Muster"));
     store->addSavedNote("n", "c");
     store->addArchivedInvoice("R1", {}, {});
     const Uuid before = store->projects->front().id;
@@ -181,7 +181,7 @@ TEST_F(StoreOperations, onlyTheFirstEntryOfAnIdIsMeant) {
 }
 
 TEST_F(StoreOperations, onlyTheFirstProjectOfAnIdIsMeant) {
-    store->projects.mutate([](auto& all) { all.push_back(all.front()); });
+    writable(store->projects).mutate([](auto& all) { all.push_back(all.front()); });
     const Uuid project = store->projects->front().id;
     store->addManualEntry(project, entryFrom(0, 1));
     EXPECT_EQ(store->projects.get()[0].entries.size(), 1U);
@@ -229,9 +229,20 @@ TEST_F(StoreOperations, unknownIdsChangeNothingAndWriteNothing) {
 
 // Customers, notes, archive
 
+TEST_F(StoreOperations, customerIsAddedAtTheEndAsItIs) {
+    const Customer first = customerNamed("Muster");
+    const Customer second = customerNamed("Adler");
+    store->addCustomer(first);
+    EXPECT_EQ(written(), Names{"customers.json"});
+    store->addCustomer(second);
+    EXPECT_EQ(written(), Names{"customers.json"});
+    EXPECT_EQ(store->customers.get(), (std::vector{first, second}));
+    EXPECT_EQ(start()->customers.get(), (std::vector{first, second}));
+}
+
 TEST_F(StoreOperations, customerIsReplacedByTheOneWithItsId) {
     Customer changed = customerNamed("Muster");
-    store->customers = {customerNamed("Erste"), changed, customerNamed("Letzte")};
+    writable(store->customers) = {customerNamed("Erste"), changed, customerNamed("Letzte")};
     changed.city = "Berlin";
     store->updateCustomer(changed);
     EXPECT_EQ(store->customers.get()[1], changed);
@@ -241,7 +252,7 @@ TEST_F(StoreOperations, customerIsReplacedByTheOneWithItsId) {
 
 TEST_F(StoreOperations, customerIsDeletedByItsIndex) {
     const Customer kept = customerNamed("Bleibt");
-    store->customers = {customerNamed("Geht"), kept};
+    writable(store->customers) = {customerNamed("Geht"), kept};
     store->deleteCustomer(2);
     store->deleteCustomer(-1);
     EXPECT_EQ(written(), nothing);
@@ -289,7 +300,7 @@ TEST_F(StoreOperations, everyChangeIsAnnounced) {
     EXPECT_TRUE(announces([&] { store->addProject("A", {}); }));
     EXPECT_TRUE(announces([&] { store->selectedProjectIndex = 0; }));
     EXPECT_TRUE(announces([&] { store->startTracking("x"); }));
-    EXPECT_TRUE(announces([&] { store->customers = {customerNamed("Muster")}; }));
+    EXPECT_TRUE(announces([&] { store->addCustomer(customerNamed("Muster")); }));
     EXPECT_TRUE(announces([&] { store->addSavedNote("n", "c"); }));
     EXPECT_TRUE(announces([&] { store->addArchivedInvoice("R", {}, {}); }));
 }
@@ -298,8 +309,7 @@ TEST_F(StoreOperations, everyChangeIsAnnounced) {
 
 TEST_F(StoreOperations, archiveIsCompactAndTheOthersAreIndented) {
     store->updateProject(0, "A", {});
-    store->customers = {customerNamed("Muster")};
-    store->saveCustomers();
+    store->addCustomer(customerNamed("Muster"));
     store->addSavedNote("n", "c");
     store->addArchivedInvoice("R", {}, {});
     EXPECT_TRUE(readFile(file("projects.json")).starts_with("[\n  {\n    \"id\": \""));

@@ -44,8 +44,7 @@ TEST_F(StoreStart, everythingSavedIsThereAgainExceptSelectionAndTimers) {
         store->addProject("Neu", 80);
         store->addManualEntry(store->projects.get()[1].id, entryFrom(0, 3600.125));
         store->startTracking("läuft");
-        store->customers.mutate([&](auto& all) { all.push_back(customer); });
-        store->saveCustomers();
+        store->addCustomer(customer);
         store->addSavedNote("Dank", "Danke");
         store->addArchivedInvoice("R1", "Muster", {Uuid::generate()});
         EXPECT_EQ(store->selectedProjectIndex, 1);

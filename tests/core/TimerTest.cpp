@@ -1,4 +1,5 @@
 #include "StoreFixture.h"
+#include "support/WritableStore.h"
 
 namespace brisklog::test {
 namespace {
@@ -132,7 +133,7 @@ TEST_F(Timers, resumingARunningOneChangesNothing) {
 
 TEST_F(Timers, pauseThatIsNoneAnyMoreIsNotCounted) {
     const Uuid id = startTimer("A");
-    store->activeEntries.mutate([&](auto& timers) { timers.at(id).pauseStartTime = clock.now(); });
+    writable(store->activeEntries).mutate([&](auto& timers) { timers.at(id).pauseStartTime = clock.now(); });
     clock.advance(minute);
     store->resumeTracking(id);
     EXPECT_EQ(timer(id).totalPauseDuration, 0);

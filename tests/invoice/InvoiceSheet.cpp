@@ -1,4 +1,5 @@
 #include "invoice/InvoiceSheet.h"
+#include "support/WritableStore.h"
 
 namespace brisklog::test {
 namespace {
@@ -31,10 +32,10 @@ Customer customerNamed(const std::string& name, const std::string& company) {
 InvoiceSheet::InvoiceSheet(std::vector<TimeEntry> entries, std::optional<double> hourlyRate,
                            const std::string& projectName)
     : store(storePlatform()) {
-    store.projects = {{.id = Uuid::generate(),
-                       .name = projectName,
-                       .hourlyRate = hourlyRate,
-                       .entries = std::move(entries)}};
+    writable(store.projects) = {{.id = Uuid::generate(),
+                                 .name = projectName,
+                                 .hourlyRate = hourlyRate,
+                                 .entries = std::move(entries)}};
     store.saveProjects();
     files.written.clear();
     view = std::make_unique<InvoiceView>(store, 0, platform());
@@ -56,8 +57,7 @@ InvoicePlatform InvoiceSheet::platform() {
 }
 
 void InvoiceSheet::addCustomer(const Customer& customer) {
-    store.customers.mutate([&customer](std::vector<Customer>& all) { all.push_back(customer); });
-    store.saveCustomers();
+    store.addCustomer(customer);
     files.written.clear();
 }
 

@@ -6,6 +6,7 @@
 #include "support/RecordingLog.h"
 #include "support/TemporaryHome.h"
 #include "support/VirtualRunLoop.h"
+#include "support/WritableStore.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ protected:
 
     [[nodiscard]] static Date at(const char* isoTime) { return momentIn("Europe/Berlin", isoTime); }
 
-    void setProjects(std::vector<Project> projects) { store.projects = std::move(projects); }
+    void setProjects(std::vector<Project> projects) { writable(store.projects) = std::move(projects); }
 
     [[nodiscard]] static std::string visible(std::string text) {
         for (auto space = text.find("\u00A0"); space != text.npos; space = text.find("\u00A0"))
@@ -92,7 +93,7 @@ TEST_F(DashboardViewTest, smallMoneyKeepsItsCentsOnTheAxis) {
 TEST_F(DashboardViewTest, projectsAreListedInTheirOrderWithoutEarningsWhereThereIsNoRate) {
     setProjects({projectWith(95, {entryBetween(at("2026-11-02T08:00:00"), at("2026-11-02T09:30:00"))}),
                  projectWith({}, {entryBetween(at("2026-11-02T08:00:00"), at("2026-11-02T08:05:00"))})});
-    store.projects.mutate([](std::vector<Project>& all) {
+    writable(store.projects).mutate([](std::vector<Project>& all) {
         all[0].name = "Website\nRelaunch";
         all[1].name = "Intern";
     });

@@ -3,6 +3,7 @@
 #include "core/StoreFixture.h"
 #include "profile/CustomerEditView.h"
 #include "profile/CustomerView.h"
+#include "support/WritableStore.h"
 
 namespace brisklog::test {
 namespace {
@@ -25,7 +26,7 @@ protected:
 
     /// Writes the customers as an earlier run would have.
     void keep(const std::vector<Customer>& customers) {
-        store->customers = customers;
+        writable(store->customers) = customers;
         store->saveCustomers();
         files.written.clear();
     }

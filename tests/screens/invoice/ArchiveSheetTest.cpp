@@ -2,6 +2,7 @@
 
 #include "screens/Pictures.h"
 #include "screens/invoice/ArchiveSheetWindow.h"
+#include "support/WritableStore.h"
 #include "ui/look/Palette.h"
 
 #include <QHelpEvent>
@@ -151,7 +152,7 @@ TEST_F(ArchiveSheet, twoThousandInvoicesOpenWithoutMakingOneWait) {
                             .date = content.clock.now().addingSeconds((count - 2000) * fullDay),
                             .customerName = "Müller",
                             .entryIDs = {content.projectEntries().at(0).id}});
-    content.store.archivedInvoices = invoices;
+    writable(content.store.archivedInvoices) = invoices;
     const auto start = std::chrono::steady_clock::now();
     open();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;

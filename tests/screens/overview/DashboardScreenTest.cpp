@@ -3,6 +3,7 @@
 #include "app/projects/ProjectWorkbench.h"
 #include "overview/screens/BarChart.h"
 #include "screens/Pictures.h"
+#include "support/WritableStore.h"
 #include "support/screen/ScreenTest.h"
 
 #include <QLabel>
@@ -154,14 +155,14 @@ TEST_F(DashboardScreenTest, projectWithoutRateShowsNoEarnings) {
 
 TEST_F(DashboardScreenTest, timerOfADeletedProjectHasNeitherRowNorTheSentenceThatNoneRuns) {
     bench.store.startTracking("Entwurf");
-    bench.store.projects = std::vector<Project>();
+    writable(bench.store.projects) = std::vector<Project>();
     open();
     EXPECT_FALSE(shows(u"Keine aktiven Timer"_s));
     EXPECT_FALSE(shows(u"Entwurf"_s));
 }
 
 TEST_F(DashboardScreenTest, emptyOneSaysThatNoTimerRuns) {
-    bench.store.projects = std::vector<Project>();
+    writable(bench.store.projects) = std::vector<Project>();
     open();
     takePicturesOfAll(u"dashboard-leer"_s);
     EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));

@@ -3,6 +3,7 @@
 #include "profile/screens/CustomerScreen.h"
 
 #include "screens/profile/CustomerSheetWindow.h"
+#include "support/WritableStore.h"
 
 #include <QGuiApplication>
 #include <QListView>
@@ -63,7 +64,8 @@ TEST_F(CustomerScreenTest, followsAListThatIsAnotherAltogether) {
     addCustomer(customerNamed("Zander"));
     addCustomer(customerNamed("Adler"));
     open();
-    content.store.customers = {customerNamed("Bach"), customerNamed("Specht"), customerNamed("Fink")};
+    writable(content.store.customers) = {customerNamed("Bach"), customerNamed("Specht"),
+                                         customerNamed("Fink")};
     settle();
     ASSERT_EQ(list().model()->rowCount(), 3);
     EXPECT_EQ(textOf(0), u"Herr Bach"_s);
@@ -196,7 +198,7 @@ TEST_F(CustomerScreenTest, aThousandCustomersOpenAndScrollWithoutMakingOneWait) 
     std::vector<Customer> customers(1000, wordyCustomer());
     for (Customer& customer : customers)
         customer.id = Uuid::generate();
-    content.store.customers = customers;
+    writable(content.store.customers) = customers;
     const auto start = std::chrono::steady_clock::now();
     open();
     list().scrollToBottom();

@@ -3,6 +3,7 @@
 #include "screens/projects/ProjectPaintCounter.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/Sanitizer.h"
+#include "support/WritableStore.h"
 #include "ui/controls/CountBadge.h"
 #include "ui/controls/NavigationButton.h"
 #include "ui/controls/SymbolButton.h"
@@ -21,7 +22,7 @@ namespace {
 class ProjectEntries : public ProjectScreenBench {
 protected:
     void addEntries(int count, std::size_t project = 0) {
-        bench.store.projects.mutate([&](std::vector<Project>& projects) {
+        writable(bench.store.projects).mutate([&](std::vector<Project>& projects) {
             for (int i = 0; i < count; ++i)
                 projects[project].entries.push_back(bench.entry("Aufgabe " + std::to_string(i), 1.5));
         });

@@ -4,6 +4,7 @@
 #include "app/projects/screens/ProjectSettingsScreen.h"
 #include "screens/Pictures.h"
 #include "screens/projects/ProjectScreenBench.h"
+#include "support/WritableStore.h"
 #include "ui/controls/Menu.h"
 #include "ui/sheets/Sheets.h"
 
@@ -121,7 +122,7 @@ TEST_F(ProjectPictures, substitute) {
 }
 
 TEST_F(ProjectPictures, tenThousandEntries) {
-    bench.store.projects.mutate([&](std::vector<Project>& projects) {
+    writable(bench.store.projects).mutate([&](std::vector<Project>& projects) {
         for (int count = 0; count < 10000; ++count)
             projects[0].entries.push_back(bench.entry("Aufgabe " + std::to_string(count), 1 + count % 9));
     });

@@ -2,6 +2,7 @@
 
 #include "app/projects/screens/ProjectTabStrip.h"
 #include "screens/projects/ProjectScreenBench.h"
+#include "support/WritableStore.h"
 
 #include <QTest>
 #include <QWheelEvent>
@@ -278,7 +279,7 @@ TEST_F(ProjectTabsOnScreen, resettingAsksFirst) {
 }
 
 TEST_F(ProjectTabsOnScreen, thousandProjectsOpenAtOnce) {
-    bench.store.projects.mutate([](std::vector<Project>& projects) {
+    writable(bench.store.projects).mutate([](std::vector<Project>& projects) {
         for (int i = 0; i < 1000; ++i)
             projects.push_back({.id = Uuid::generate(),
                                 .name = "Projekt Nummer " + std::to_string(i),
