@@ -57,6 +57,10 @@ void addReachable(const Arrows& arrows, const std::string& box, std::set<std::st
         addReachable(arrows, below, reached);
 }
 
+std::string complaint(const std::string& box, const char* fault, const std::string& other) {
+    return std::string(box).append(fault).append(other);
+}
+
 bool mayShowWidgets(const std::string& box) {
     return box == "app" || box == programsBox || box.starts_with("ui/") || box.ends_with("/screens") ||
            box == "platform/dialogs" || box == "platform/panel";
@@ -102,7 +106,7 @@ Complaints circlesIn(const Arrows& arrows) {
     for (const auto& [box, standing] : arrows)
         for (const std::string& below : standing)
             if (standsOn(arrows, below, box))
-                complaints.push_back(below + " stands on " + box + ", which stands on it");
+                complaints.push_back(complaint(box, " is both above and below ", below));
     return complaints;
 }
 
@@ -119,7 +123,7 @@ Complaints linksBeside(const Arrows& arrows, const Arrows& links) {
     for (const auto& [box, linked] : links)
         for (const std::string& below : linked)
             if (!standsOn(arrows, box, below))
-                complaints.push_back(box + " links " + below);
+                complaints.push_back(complaint(box, " links ", below));
     return complaints;
 }
 
@@ -131,7 +135,7 @@ Complaints unusedArrows(const Arrows& arrows, const std::vector<Include>& includ
     for (const auto& [box, standing] : arrows)
         for (const std::string& below : standing)
             if (!used.contains({box, below}))
-                complaints.push_back(box + " includes nothing of " + below);
+                complaints.push_back(complaint(box, " includes nothing of ", below));
     return complaints;
 }
 
