@@ -43,9 +43,9 @@ void installGermanTexts(QCoreApplication& application) {
 } // namespace
 
 BrisklogApp::BrisklogApp(Outside outside)
-    : m_platform(std::move(outside)), m_dayWindows(m_platform.images, [this] { return m_popover; }),
-      m_delegate({.userDefaults = m_platform.userDefaults,
-                  .systemAppearance = m_platform.systemAppearance,
+    : m_outside(std::move(outside)), m_dayWindows(m_outside.images, [this] { return m_popover; }),
+      m_delegate({.userDefaults = m_outside.userDefaults,
+                  .systemAppearance = m_outside.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
                   .makeStatusItem = [this] { return makeStatusItem(); }}) {}
 
@@ -53,7 +53,7 @@ BrisklogApp::~BrisklogApp() = default;
 
 void BrisklogApp::launch() {
     m_delegate.applicationDidFinishLaunching();
-    m_waitForPanel = m_platform.runLoop.runAfter(waitForPanel, [this] {
+    m_waitForPanel = m_outside.runLoop.runAfter(waitForPanel, [this] {
         if (!m_statusItem->isReachable())
             m_popover->showAsWindow();
     });
@@ -62,16 +62,16 @@ void BrisklogApp::launch() {
 AppSettings& BrisklogApp::settings() {
     if (!m_settings)
         m_settings.emplace(SettingsPlatform{
-            .files = m_platform.files, .userDefaults = m_platform.userDefaults, .log = m_platform.log});
+            .files = m_outside.files, .userDefaults = m_outside.userDefaults, .log = m_outside.log});
     return *m_settings;
 }
 
 UserProfile& BrisklogApp::profile() {
     if (!m_profile)
-        m_profile.emplace(ProfilePlatform{.files = m_platform.files,
-                                          .userDefaults = m_platform.userDefaults,
-                                          .log = m_platform.log,
-                                          .logoPicker = &m_platform.logoPicker});
+        m_profile.emplace(ProfilePlatform{.files = m_outside.files,
+                                          .userDefaults = m_outside.userDefaults,
+                                          .log = m_outside.log,
+                                          .logoPicker = &m_outside.logoPicker});
     return *m_profile;
 }
 
@@ -80,13 +80,13 @@ std::unique_ptr<Popover> BrisklogApp::makePopover() {
         std::make_unique<PopoverWindow>(PopoverWindow::Parts{.loadContent = [this] { loadContent(); },
                                                              .makeScreen = [this] { return makeScreen(); },
                                                              .quit = [this] { quit(); },
-                                                             .windowServer = m_platform.windowServer});
+                                                             .windowServer = m_outside.windowServer});
     m_popover = popover.get();
     return popover;
 }
 
 std::unique_ptr<StatusItem> BrisklogApp::makeStatusItem() {
-    auto item = m_platform.makeStatusItem();
+    auto item = m_outside.makeStatusItem();
     item->addMenuEntry("Öffnen", [this] { open(); });
     item->addMenuEntry("Beenden", [this] { quit(); });
     m_statusItem = item.get();
@@ -95,15 +95,15 @@ std::unique_ptr<StatusItem> BrisklogApp::makeStatusItem() {
 
 void BrisklogApp::loadContent() {
     m_content = std::make_unique<ContentView>(projectsSection, settings(),
-                                              StorePlatform{.files = m_platform.files,
-                                                            .userDefaults = m_platform.userDefaults,
-                                                            .clock = m_platform.clock,
-                                                            .runLoop = m_platform.runLoop,
-                                                            .log = m_platform.log});
+                                              StorePlatform{.files = m_outside.files,
+                                                            .userDefaults = m_outside.userDefaults,
+                                                            .clock = m_outside.clock,
+                                                            .runLoop = m_outside.runLoop,
+                                                            .log = m_outside.log});
     loadProjects();
     m_settingsSubscription = settings().observe([this] {
         // Observers hear of a change before it has happened.
-        m_colorSchemeChange = m_platform.runLoop.runAfter(0, [this] { followColorScheme(); });
+        m_colorSchemeChange = m_outside.runLoop.runAfter(0, [this] { followColorScheme(); });
     });
     followColorScheme();
 }
@@ -113,15 +113,15 @@ void BrisklogApp::loadProjects() {
     m_projects = std::make_unique<MultiProjectView>(
         ProjectPlatform{
             .store = store,
-            .clock = m_platform.clock,
-            .runLoop = m_platform.runLoop,
+            .clock = m_outside.clock,
+            .runLoop = m_outside.runLoop,
             .exportReport =
                 [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }},
-        AutoTrackingPlatform{.frontmost = m_platform.frontmost,
-                             .userDefaults = m_platform.userDefaults,
-                             .clock = m_platform.clock,
-                             .runLoop = m_platform.runLoop,
-                             .log = m_platform.log});
+        AutoTrackingPlatform{.frontmost = m_outside.frontmost,
+                             .userDefaults = m_outside.userDefaults,
+                             .clock = m_outside.clock,
+                             .runLoop = m_outside.runLoop,
+                             .log = m_outside.log});
 }
 
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
@@ -136,9 +136,9 @@ QWidget* BrisklogApp::makeSection(int section) {
     switch (section) {
     case dashboardSection:
         return new DashboardScreen(
-            {.store = m_content->timeStore, .clock = m_platform.clock, .runLoop = m_platform.runLoop});
+            {.store = m_content->timeStore, .clock = m_outside.clock, .runLoop = m_outside.runLoop});
     case profileSection:
-        return new ProfileScreen(profile(), m_platform.images);
+        return new ProfileScreen(profile(), m_outside.images);
     case settingsSection:
         return makeSettingsSection();
     default:
@@ -149,8 +149,8 @@ QWidget* BrisklogApp::makeSection(int section) {
 QWidget* BrisklogApp::makeSettingsSection() {
     return new SettingsScreen(
         settings(),
-        {.makeArchiveSheet = [this] { return makeArchiveSheet(m_content->timeStore, m_platform.clock); },
-         .openLink = m_platform.openLink});
+        {.makeArchiveSheet = [this] { return makeArchiveSheet(m_content->timeStore, m_outside.clock); },
+         .openLink = m_outside.openLink});
 }
 
 QWidget* BrisklogApp::makeProjectsSection() {
@@ -163,8 +163,8 @@ QWidget* BrisklogApp::makeProjectsSection() {
             },
         .makeAutoTrackingPanel = [this] { return makeAutoTrackingPanel(); }};
     return new MultiProjectScreen(*m_projects, {.store = store,
-                                                .clock = m_platform.clock,
-                                                .runLoop = m_platform.runLoop,
+                                                .clock = m_outside.clock,
+                                                .runLoop = m_outside.runLoop,
                                                 .notifications = m_notificationCenter,
                                                 .actions = actions});
 }
@@ -174,37 +174,37 @@ QWidget* BrisklogApp::makeAutoTrackingPanel() {
     auto* const calendar =
         new CalendarScreen({.autoTrackingManager = manager,
                             .detailWindows = m_detailWindows,
-                            .clock = m_platform.clock,
+                            .clock = m_outside.clock,
                             .showDetailWindow = [this](const DetailWindowContent& content,
                                                        const std::weak_ptr<DetailWindowDelegate>& delegate) {
                                 return m_dayWindows.show(content, delegate);
                             }});
-    return new AutoTrackingScreen(manager, m_platform.frontmost, calendar);
+    return new AutoTrackingScreen(manager, m_outside.frontmost, calendar);
 }
 
 InvoicePlatform BrisklogApp::invoicePlatform() {
-    return {.clock = m_platform.clock,
-            .savePanel = m_platform.savePanel,
-            .files = m_platform.files,
-            .log = m_platform.log,
+    return {.clock = m_outside.clock,
+            .savePanel = m_outside.savePanel,
+            .files = m_outside.files,
+            .log = m_outside.log,
             .notificationCenter = m_notificationCenter,
             .generate = [this](const Project& project, const std::optional<Customer>& customer,
                                const std::string& number, const std::vector<TimeEntry>& entries,
                                const std::string& notes) {
-                const UpdatedInvoiceTemplate document(m_platform.pdf, invoiceSender(profile()),
-                                                      m_platform.clock.calendar(), m_platform.clock.now());
+                const UpdatedInvoiceTemplate document(m_outside.pdf, invoiceSender(profile()),
+                                                      m_outside.clock.calendar(), m_outside.clock.now());
                 return document.generate(project, customer, number, entries, notes);
             }};
 }
 
 ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
     return {.store = store,
-            .savePanel = m_platform.savePanel,
-            .files = m_platform.files,
-            .log = m_platform.log,
+            .savePanel = m_outside.savePanel,
+            .files = m_outside.files,
+            .log = m_outside.log,
             .generate = [this](const Project& project) {
-                const InvoiceGenerator report(m_platform.pdf, invoiceSender(profile()),
-                                              m_platform.clock.calendar(), m_platform.clock.now());
+                const InvoiceGenerator report(m_outside.pdf, invoiceSender(profile()),
+                                              m_outside.clock.calendar(), m_outside.clock.now());
                 return report.generate(project);
             }};
 }
@@ -218,7 +218,7 @@ void BrisklogApp::open() {
 
 void BrisklogApp::quit() {
     if (m_content->timeStore.activeEntries->empty())
-        return m_platform.terminate();
+        return m_outside.terminate();
     open();
     if (m_quitQuestion && m_quitQuestion->isVisible())
         return;
@@ -226,7 +226,7 @@ void BrisklogApp::quit() {
                                    {.title = u"Brisklog beenden?"_s,
                                     .message = u"Laufende Timer gehen beim Beenden verloren."_s,
                                     .actionCaption = u"Beenden"_s},
-                                   m_platform.terminate);
+                                   m_outside.terminate);
 }
 
 } // namespace brisklog

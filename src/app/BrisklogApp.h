@@ -87,7 +87,7 @@ private:
     [[nodiscard]] InvoicePlatform invoicePlatform();
     [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
 
-    Outside m_platform;
+    Outside m_outside;
     std::optional<AppSettings> m_settings;
     std::optional<UserProfile> m_profile;
     NotificationCenter m_notificationCenter;
