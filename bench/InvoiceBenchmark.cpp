@@ -5,9 +5,11 @@
 #include "invoice/InvoiceTexts.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/documents/CairoPdfFacility.h"
+#include "support/ProfileInMemory.h"
 
 #include <benchmark/benchmark.h>
 #include <fstream>
+#include <memory>
 #include <string>
 
 namespace brisklog {
@@ -15,8 +17,9 @@ namespace {
 
 constexpr Date now{816426000};
 
-InvoiceSender sender() {
-    InvoiceSender sender;
+std::unique_ptr<test::ProfileInMemory> senderProfile() {
+    auto kept = std::make_unique<test::ProfileInMemory>();
+    UserProfile& sender = kept->profile;
     sender.fullName = "Jürgen Schäfer-Größmann";
     sender.address = "Königsstraße 27 a";
     sender.postalCode = "80331";
@@ -25,7 +28,7 @@ InvoiceSender sender() {
     sender.taxId = "143/815/08155";
     sender.bankName = "Münchner Sparbank eG";
     sender.iban = "DE89 3704 0044 0532 0130 00";
-    return sender;
+    return kept;
 }
 
 Customer customer() {
@@ -67,16 +70,20 @@ double peakMemory() {
 
 void writeInvoice(benchmark::State& state) {
     CairoPdfFacility pdf;
-    const UpdatedInvoiceTemplate invoice(pdf, sender(), Calendar(QTimeZone("Europe/Berlin")), now);
-    const auto billed = entries(state.range(0));
-    const Project project{.id = {}, .name = "Website", .hourlyRate = 85.5, .entries = {}};
-    const std::string notes = "Leistungszeitraum: 1. bis 14. November 2026.";
+    const auto sender = senderProfile();
+    const UpdatedInvoiceTemplate invoice(pdf, sender->profile, Calendar(QTimeZone("Europe/Berlin")), now);
+    InvoiceDocument document{.project = {.id = {}, .name = "Website", .hourlyRate = 85.5, .entries = {}},
+                             .customer = customer(),
+                             .invoiceNumber = "RE-2026-0042",
+                             .selectedEntries = entries(1),
+                             .additionalNotes = "Leistungszeitraum: 1. bis 14. November 2026."};
     // The fonts are found once in the program's life.
-    benchmark::DoNotOptimize(invoice.generate(project, customer(), "RE-2026-0042", entries(1), notes));
+    benchmark::DoNotOptimize(invoice.generate(document));
+    document.selectedEntries = entries(state.range(0));
     const double before = peakMemory();
     std::size_t bytes = 0;
     for (auto _ : state)
-        bytes = invoice.generate(project, customer(), "RE-2026-0042", billed, notes).size();
+        bytes = invoice.generate(document).size();
     state.counters["document_bytes"] = static_cast<double>(bytes);
     state.counters["extra_MB"] = peakMemory() - before;
 }

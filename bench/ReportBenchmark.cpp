@@ -4,6 +4,7 @@
 #include "invoice/InvoiceGenerator.h"
 #include "invoice/ReportTexts.h"
 #include "platform/documents/CairoPdfFacility.h"
+#include "support/ProfileInMemory.h"
 
 #include <benchmark/benchmark.h>
 #include <string>
@@ -29,7 +30,8 @@ Project projectOf(std::int64_t entries) {
 
 void writeReport(benchmark::State& state) {
     CairoPdfFacility pdf;
-    InvoiceSender sender;
+    test::ProfileInMemory kept;
+    UserProfile& sender = kept.profile;
     sender.companyName = "Schäfer Softwareentwicklung";
     sender.fullName = "Jürgen Schäfer-Größmann";
     sender.iban = "DE89 3704 0044 0532 0130 00";
@@ -45,8 +47,9 @@ void writeReport(benchmark::State& state) {
 
 /// The rows' cells alone, drawn the plain way.
 void writeReportCellsPlainly(benchmark::State& state) {
+    const test::ProfileInMemory nobody;
     const ReportTexts texts =
-        reportTexts(projectOf(state.range(0)), {}, Calendar(QTimeZone("Europe/Berlin")), now);
+        reportTexts(projectOf(state.range(0)), nobody.profile, Calendar(QTimeZone("Europe/Berlin")), now);
     std::vector<bench::PlainRow> rows;
     for (const ReportRow& row : texts.rows)
         rows.push_back({row.taskName, row.start.day, row.start.time, row.end.day, row.end.time, row.duration,

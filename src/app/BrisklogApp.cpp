@@ -4,8 +4,7 @@
 #include "app/PopoverWindow.h"
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "autotrack/screens/AutoTrackingScreen.h"
-#include "invoice/InvoiceGenerator.h"
-#include "invoice/UpdatedInvoiceTemplate.h"
+#include "invoice/ReportExport.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "overview/screens/CalendarScreen.h"
@@ -43,7 +42,14 @@ void installGermanTexts(QCoreApplication& application) {
 } // namespace
 
 BrisklogApp::BrisklogApp(Outside outside)
-    : m_outside(std::move(outside)), m_dayWindows(m_outside.images, [this] { return m_popover; }),
+    : m_outside(std::move(outside)),
+      m_documents({.pdf = m_outside.pdf,
+                   .clock = m_outside.clock,
+                   .savePanel = m_outside.savePanel,
+                   .files = m_outside.files,
+                   .log = m_outside.log,
+                   .profile = [this]() -> const UserProfile& { return profile(); }}),
+      m_dayWindows(m_outside.images, [this] { return m_popover; }),
       m_delegate({.userDefaults = m_outside.userDefaults,
                   .systemAppearance = m_outside.systemAppearance,
                   .makePopover = [this] { return makePopover(); },
@@ -110,18 +116,19 @@ void BrisklogApp::loadContent() {
 
 void BrisklogApp::loadProjects() {
     TimeTrackingStore& store = m_content->timeStore;
-    m_projects = std::make_unique<MultiProjectView>(
-        ProjectPlatform{
-            .store = store,
-            .clock = m_outside.clock,
-            .runLoop = m_outside.runLoop,
-            .exportReport =
-                [this, &store](const Project& project) { exportReport(reportPlatform(store), project); }},
-        AutoTrackingPlatform{.frontmost = m_outside.frontmost,
-                             .userDefaults = m_outside.userDefaults,
-                             .clock = m_outside.clock,
-                             .runLoop = m_outside.runLoop,
-                             .log = m_outside.log});
+    m_projects =
+        std::make_unique<MultiProjectView>(ProjectPlatform{.store = store,
+                                                           .clock = m_outside.clock,
+                                                           .runLoop = m_outside.runLoop,
+                                                           .exportReport =
+                                                               [this, &store](const Project& project) {
+                                                                   exportReport(store, project, m_documents);
+                                                               }},
+                                           AutoTrackingPlatform{.frontmost = m_outside.frontmost,
+                                                                .userDefaults = m_outside.userDefaults,
+                                                                .clock = m_outside.clock,
+                                                                .runLoop = m_outside.runLoop,
+                                                                .log = m_outside.log});
 }
 
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
@@ -159,7 +166,7 @@ QWidget* BrisklogApp::makeProjectsSection() {
         .openCustomers = [&store](QWidget& from) { presentSheet(from, makeCustomerSheet(store)); },
         .openInvoice =
             [this, &store](QWidget& from, int projectIndex) {
-                presentSheet(from, makeInvoiceSheet(store, projectIndex, invoicePlatform()));
+                presentSheet(from, makeInvoiceSheet(store, projectIndex, m_documents, m_notificationCenter));
             },
         .makeAutoTrackingPanel = [this] { return makeAutoTrackingPanel(); }};
     return new MultiProjectScreen(*m_projects, {.store = store,
@@ -180,33 +187,6 @@ QWidget* BrisklogApp::makeAutoTrackingPanel() {
                                 return m_dayWindows.show(content, delegate);
                             }});
     return new AutoTrackingScreen(manager, m_outside.frontmost, calendar);
-}
-
-InvoicePlatform BrisklogApp::invoicePlatform() {
-    return {.clock = m_outside.clock,
-            .savePanel = m_outside.savePanel,
-            .files = m_outside.files,
-            .log = m_outside.log,
-            .notificationCenter = m_notificationCenter,
-            .generate = [this](const Project& project, const std::optional<Customer>& customer,
-                               const std::string& number, const std::vector<TimeEntry>& entries,
-                               const std::string& notes) {
-                const UpdatedInvoiceTemplate document(m_outside.pdf, invoiceSender(profile()),
-                                                      m_outside.clock.calendar(), m_outside.clock.now());
-                return document.generate(project, customer, number, entries, notes);
-            }};
-}
-
-ReportPlatform BrisklogApp::reportPlatform(const TimeTrackingStore& store) {
-    return {.store = store,
-            .savePanel = m_outside.savePanel,
-            .files = m_outside.files,
-            .log = m_outside.log,
-            .generate = [this](const Project& project) {
-                const InvoiceGenerator report(m_outside.pdf, invoiceSender(profile()),
-                                              m_outside.clock.calendar(), m_outside.clock.now());
-                return report.generate(project);
-            }};
 }
 
 void BrisklogApp::open() {

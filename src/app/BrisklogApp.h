@@ -4,8 +4,7 @@
 #include "app/ContentView.h"
 #include "app/projects/MultiProjectView.h"
 #include "foundation/NotificationCenter.h"
-#include "invoice/InvoiceView.h"
-#include "invoice/ReportExport.h"
+#include "invoice/DocumentExport.h"
 #include "overview/DetailWindowManager.h"
 #include "overview/screens/DayDetailWindow.h"
 #include "platform/Images.h"
@@ -84,12 +83,11 @@ private:
     [[nodiscard]] QWidget* makeAutoTrackingPanel();
     [[nodiscard]] QWidget* makeSettingsSection();
     void followColorScheme();
-    [[nodiscard]] InvoicePlatform invoicePlatform();
-    [[nodiscard]] ReportPlatform reportPlatform(const TimeTrackingStore& store);
 
     Outside m_outside;
     std::optional<AppSettings> m_settings;
     std::optional<UserProfile> m_profile;
+    const DocumentFacilities m_documents;
     NotificationCenter m_notificationCenter;
     std::unique_ptr<ContentView> m_content;
     std::unique_ptr<MultiProjectView> m_projects;

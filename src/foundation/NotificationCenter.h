@@ -8,6 +8,9 @@
 
 namespace brisklog {
 
+/// Asks for the customer screens.
+inline constexpr const char* openCustomerManagementNotification = "OpenCustomerManagement";
+
 /// Carries named messages between parts of the program that do not know each other.
 class NotificationCenter {
 public:

@@ -11,18 +11,13 @@
 namespace brisklog {
 namespace {
 
-std::string generate(const InvoicePlatform& platform, const InvoiceDocument& document) {
-    platform.log.print("Generiere Rechnung mit UpdatedInvoiceTemplate für Projekt: " + document.project.name +
-                       ", Kunde: " + (document.customer ? document.customer->name : "keiner"));
-    return platform.generate(document.project, document.customer, document.invoiceNumber, document.entries,
-                             document.additionalNotes);
-}
-
-void write(const InvoicePlatform& platform, const InvoiceDocument& document,
-           const std::filesystem::path& file) {
-    const auto written = platform.files.writeDocument(file, generate(platform, document));
-    if (written.failed())
-        platform.log.print("Fehler beim Speichern der PDF: " + written.error().description);
+std::string generate(const DocumentFacilities& facilities, InvoiceDocument invoice) {
+    facilities.log.print(
+        "Generiere Rechnung mit UpdatedInvoiceTemplate für Projekt: " + invoice.project.name +
+        ", Kunde: " + (invoice.customer ? invoice.customer->name : "keiner"));
+    return UpdatedInvoiceTemplate(facilities.pdf, facilities.profile(), facilities.clock.calendar(),
+                                  facilities.clock.now())
+        .generate(std::move(invoice));
 }
 
 } // namespace
@@ -30,19 +25,20 @@ void write(const InvoicePlatform& platform, const InvoiceDocument& document,
 /// A save panel may be answered after its sheet was closed. What it needs then lives here: while there is a
 /// sheet, its present state counts, afterwards the state it was left in.
 struct InvoiceView::Exports {
-    InvoicePlatform platform;
+    DocumentFacilities facilities;
     const InvoiceView* sheet;
     std::optional<InvoiceDocument> lastDocument;
 
-    void finish(const std::filesystem::path& file) const {
-        write(platform, sheet != nullptr ? sheet->document() : lastDocument.value(), file);
+    [[nodiscard]] std::string makeDocument() const {
+        return generate(facilities, sheet != nullptr ? sheet->document() : lastDocument.value());
     }
 };
 
-InvoiceView::InvoiceView(TimeTrackingStore& timeStore, int projectIndex, InvoicePlatform platform)
-    : manualDate(*this, platform.clock.now()), m_timeStore(timeStore), m_projectIndex(projectIndex),
-      m_platform(std::move(platform)),
-      m_exports(std::make_shared<Exports>(Exports{m_platform, this, std::nullopt})) {
+InvoiceView::InvoiceView(TimeTrackingStore& timeStore, int projectIndex, DocumentFacilities facilities,
+                         NotificationCenter& notificationCenter)
+    : manualDate(*this, facilities.clock.now()), m_timeStore(timeStore), m_projectIndex(projectIndex),
+      m_facilities(std::move(facilities)), m_notificationCenter(notificationCenter),
+      m_exports(std::make_shared<Exports>(Exports{m_facilities, this, std::nullopt})) {
     // Stops the program right away when there is no such project.
     static_cast<void>(project());
 }
@@ -66,11 +62,11 @@ InvoiceDocument InvoiceView::document() const {
     InvoiceDocument document{.project = project(),
                              .customer = selectedCustomer(),
                              .invoiceNumber = invoiceNumber,
-                             .entries = {},
+                             .selectedEntries = {},
                              .additionalNotes = additionalNotes};
     for (const InvoiceEntryStatus& status : entryStatuses.get())
         if (status.isSelected)
-            document.entries.push_back(status.entry);
+            document.selectedEntries.push_back(status.entry);
     return document;
 }
 
@@ -90,15 +86,13 @@ void InvoiceView::createInvoice() {
 
 void InvoiceView::exportInvoicePDF() {
     const std::string today =
-        format::date(m_platform.clock.now(), format::DateForm::isoDay, m_platform.clock.calendar());
-    m_platform.savePanel.present({.title = "Rechnung als PDF exportieren",
-                                  .suggestedName = "Rechnung_" + project().name + "_" + today + ".pdf"},
-                                 [exports = m_exports](const std::optional<std::filesystem::path>& file) {
-                                     if (file)
-                                         exports->finish(*file);
-                                 });
+        format::date(m_facilities.clock.now(), format::DateForm::isoDay, m_facilities.clock.calendar());
+    exportDocument(m_facilities,
+                   {.title = "Rechnung als PDF exportieren",
+                    .suggestedName = "Rechnung_" + project().name + "_" + today + ".pdf"},
+                   [exports = m_exports] { return exports->makeDocument(); });
 }
 
-std::string InvoiceView::generateInvoicePDF() const { return generate(m_platform, document()); }
+std::string InvoiceView::generateInvoicePDF() const { return generate(m_facilities, document()); }
 
 } // namespace brisklog

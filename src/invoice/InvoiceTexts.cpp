@@ -4,6 +4,7 @@
 #include "foundation/GermanFormat.h"
 #include "foundation/Text.h"
 #include "invoice/SenderLines.h"
+#include "profile/UserProfile.h"
 
 namespace brisklog {
 namespace {
@@ -47,21 +48,21 @@ InvoiceRow makeRow(const TimeEntry& entry, std::optional<double> projectRate, Da
 
 } // namespace
 
-void addSender(InvoiceTexts& texts, const InvoiceSender& sender) {
-    texts.logo = sender.logoData;
-    addLine(texts.senderLines, sender.fullName);
-    addLine(texts.senderLines, sender.address);
-    addLine(texts.senderLines, joined(sender.postalCode, sender.city));
-    addLine(texts.senderLines, sender.phone);
-    addLine(texts.senderLines, sender.email);
+void addSender(InvoiceTexts& texts, const UserProfile& profile) {
+    texts.logo = profile.logoData;
+    addLine(texts.senderLines, profile.fullName);
+    addLine(texts.senderLines, profile.address);
+    addLine(texts.senderLines, joined(profile.postalCode, profile.city));
+    addLine(texts.senderLines, profile.phone);
+    addLine(texts.senderLines, profile.email);
     texts.closing = "Ich danke Ihnen für die gute Zusammenarbeit.\nMit freundlichen Grüßen\n\n" +
-                    text::onOneLine(sender.fullName);
-    addLine(texts.footerLines, sender.taxId, "Steuernummer: ");
-    addLine(texts.footerLines, sender.taxOffice, "Finanzamt: ");
-    addLine(texts.footerLines, sender.vatId, "USt-IdNr.: ");
-    addLine(texts.footerLines, sender.bankName);
-    addLine(texts.footerLines, sender.iban, "IBAN: ");
-    addLine(texts.footerLines, sender.bic, "BIC: ");
+                    text::onOneLine(profile.fullName);
+    addLine(texts.footerLines, profile.taxId, "Steuernummer: ");
+    addLine(texts.footerLines, profile.taxOffice, "Finanzamt: ");
+    addLine(texts.footerLines, profile.vatId, "USt-IdNr.: ");
+    addLine(texts.footerLines, profile.bankName);
+    addLine(texts.footerLines, profile.iban, "IBAN: ");
+    addLine(texts.footerLines, profile.bic, "BIC: ");
 }
 
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,

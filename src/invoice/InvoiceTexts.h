@@ -2,7 +2,6 @@
 
 #include "core/Customer.h"
 #include "core/TimeEntry.h"
-#include "invoice/InvoiceSender.h"
 
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 namespace brisklog {
 
 class Calendar;
+class UserProfile;
 
 /// The cells of one line of an invoice's table.
 struct InvoiceRow {
@@ -37,7 +37,7 @@ struct InvoiceTexts {
 };
 
 /// Logo, sender, closing text with the sender's name, and the lines at the foot.
-void addSender(InvoiceTexts& texts, const InvoiceSender& sender);
+void addSender(InvoiceTexts& texts, const UserProfile& profile);
 
 /// Number and dates, a fortnight apart, the recipient and how he or she is addressed.
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,

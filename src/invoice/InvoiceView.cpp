@@ -62,11 +62,11 @@ std::vector<InvoiceEntryStatus> InvoiceView::selectedEntries() const {
 
 TimeInterval InvoiceView::totalTime() const {
     return sumOverSelected(entryStatuses,
-                           [now = m_platform.clock.now()](const TimeEntry& e) { return e.duration(now); });
+                           [now = m_facilities.clock.now()](const TimeEntry& e) { return e.duration(now); });
 }
 
 double InvoiceView::totalAmount() const {
-    return sumOverSelected(entryStatuses, [now = m_platform.clock.now(), rate = project().hourlyRate](
+    return sumOverSelected(entryStatuses, [now = m_facilities.clock.now(), rate = project().hourlyRate](
                                               const TimeEntry& e) { return e.earnings(rate, now); });
 }
 
@@ -184,7 +184,7 @@ void InvoiceView::deleteSelectedNote() {
 
 void InvoiceView::openCustomerManagement() {
     // Dismissing may end this object: nothing of it is touched afterwards.
-    NotificationCenter& notificationCenter = m_platform.notificationCenter;
+    NotificationCenter& notificationCenter = m_notificationCenter;
     if (const auto leave = dismiss)
         leave();
     notificationCenter.post(openCustomerManagementNotification);

@@ -3,12 +3,9 @@
 #include "core/TimeTrackingStore.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/Observable.h"
-#include "invoice/InvoiceDocument.h"
+#include "invoice/DocumentExport.h"
 #include "invoice/InvoiceEntryStatus.h"
-#include "platform/Clock.h"
-#include "platform/Files.h"
-#include "platform/Log.h"
-#include "platform/SavePanel.h"
+#include "invoice/UpdatedInvoiceTemplate.h"
 
 #include <cstdint>
 #include <functional>
@@ -18,24 +15,6 @@
 #include <vector>
 
 namespace brisklog {
-
-/// The message that asks for the customer screens.
-inline constexpr const char* openCustomerManagementNotification = "OpenCustomerManagement";
-
-/// Makes the bytes of an invoice document: project, customer, invoice number, billed entries, notes.
-using InvoiceDocumentMaker =
-    std::function<std::string(const Project&, const std::optional<Customer>&, const std::string&,
-                              const std::vector<TimeEntry>&, const std::string&)>;
-
-/// The outside world as the invoice sheet needs it; all of it outlives the sheet.
-struct InvoicePlatform {
-    Clock& clock;
-    SavePanel& savePanel;
-    Files& files;
-    Log& log;
-    NotificationCenter& notificationCenter;
-    InvoiceDocumentMaker generate;
-};
 
 /// The figures under the entry list.
 struct InvoiceSummary {
@@ -52,7 +31,8 @@ struct InvoiceSummary {
 class InvoiceView final : public ObservableObject {
 public:
     /// Stops the program when the store has no project at that index.
-    InvoiceView(TimeTrackingStore& timeStore, int projectIndex, InvoicePlatform platform);
+    InvoiceView(TimeTrackingStore& timeStore, int projectIndex, DocumentFacilities facilities,
+                NotificationCenter& notificationCenter);
     ~InvoiceView();
 
     /// Filled when the sheet is shown.
@@ -138,7 +118,8 @@ private:
 
     TimeTrackingStore& m_timeStore;
     const int m_projectIndex;
-    const InvoicePlatform m_platform;
+    const DocumentFacilities m_facilities;
+    NotificationCenter& m_notificationCenter;
     std::shared_ptr<Exports> m_exports;
 };
 

@@ -1,5 +1,7 @@
 #include "invoice/ReportExport.h"
 
+#include "invoice/InvoiceGenerator.h"
+
 #include <algorithm>
 
 namespace brisklog {
@@ -11,20 +13,15 @@ const Project& currentVersion(const TimeTrackingStore& store, const Project& pro
     return found != projects.end() ? *found : project;
 }
 
-void write(const ReportPlatform& platform, const Project& project, const std::filesystem::path& file) {
-    const auto written = platform.files.writeDocument(file, platform.generate(project));
-    if (written.failed())
-        platform.log.print("Fehler beim Speichern der PDF: " + written.error().description);
-}
-
 } // namespace
 
-void exportReport(const ReportPlatform& platform, const Project& project) {
-    platform.savePanel.present(
-        {.title = project.name + " als PDF exportieren", .suggestedName = project.name + ".pdf"},
-        [platform, project](const std::optional<std::filesystem::path>& file) {
-            if (file)
-                write(platform, currentVersion(platform.store, project), *file);
+void exportReport(const TimeTrackingStore& store, const Project& project,
+                  const DocumentFacilities& facilities) {
+    exportDocument(
+        facilities, {.title = project.name + " als PDF exportieren", .suggestedName = project.name + ".pdf"},
+        [&store, project, facilities] {
+            const InvoiceGenerator report(facilities.pdf, facilities.profile(), facilities.clock.now());
+            return report.generate(currentVersion(store, project));
         });
 }
 

@@ -2,6 +2,7 @@
 
 #include "foundation/GermanFormat.h"
 #include "invoice/SenderLines.h"
+#include "profile/UserProfile.h"
 
 namespace brisklog {
 namespace {
@@ -13,27 +14,27 @@ std::string duration(TimeInterval seconds) { return format::duration(seconds, no
 
 std::string money(double euros) { return format::money(euros, noAmount); }
 
-std::vector<std::vector<std::string>> senderGroups(const InvoiceSender& sender) {
+std::vector<std::vector<std::string>> senderGroups(const UserProfile& profile) {
     std::vector<std::string> address;
-    addLine(address, sender.companyName);
-    addLine(address, sender.fullName);
-    addLine(address, sender.address);
-    addLine(address, joined(sender.postalCode, sender.city));
+    addLine(address, profile.companyName);
+    addLine(address, profile.fullName);
+    addLine(address, profile.address);
+    addLine(address, joined(profile.postalCode, profile.city));
     std::vector<std::string> contact;
-    addLine(contact, sender.phone, "Tel: ");
-    addLine(contact, sender.email, "E-Mail: ");
-    addLine(contact, sender.website, "Web: ");
+    addLine(contact, profile.phone, "Tel: ");
+    addLine(contact, profile.email, "E-Mail: ");
+    addLine(contact, profile.website, "Web: ");
     std::vector<std::string> tax;
-    addLine(tax, sender.taxId, "Steuernummer: ");
-    addLine(tax, sender.vatId, "USt-IdNr.: ");
+    addLine(tax, profile.taxId, "Steuernummer: ");
+    addLine(tax, profile.vatId, "USt-IdNr.: ");
     return {address, contact, tax};
 }
 
-std::vector<std::string> bankLines(const InvoiceSender& sender) {
+std::vector<std::string> bankLines(const UserProfile& profile) {
     std::vector<std::string> lines;
-    addLine(lines, sender.bankName, "Bankverbindung: ");
-    addLine(lines, sender.iban, "IBAN: ");
-    addLine(lines, sender.bic, "BIC: ");
+    addLine(lines, profile.bankName, "Bankverbindung: ");
+    addLine(lines, profile.iban, "IBAN: ");
+    addLine(lines, profile.bic, "BIC: ");
     return lines;
 }
 
@@ -73,17 +74,17 @@ void addRows(ReportTexts& texts, const Project& project, const Calendar& calenda
 
 } // namespace
 
-ReportTexts reportTexts(const Project& project, const InvoiceSender& sender, const Calendar& calendar,
+ReportTexts reportTexts(const Project& project, const UserProfile& profile, const Calendar& calendar,
                         Date now) {
     ReportTexts texts;
-    texts.logo = sender.logoData;
-    texts.senderGroups = senderGroups(sender);
+    texts.logo = profile.logoData;
+    texts.senderGroups = senderGroups(profile);
     texts.title = "Zeiterfassung: " + project.name;
     texts.creationDate = "Erstellt am " + format::date(now, format::DateForm::longDate, calendar);
     if (project.hourlyRate)
         texts.hourlyRate = "Stundensatz: " + money(*project.hourlyRate);
     addRows(texts, project, calendar, now);
-    texts.bankLines = bankLines(sender);
+    texts.bankLines = bankLines(profile);
     return texts;
 }
 

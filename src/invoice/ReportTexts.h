@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/Project.h"
-#include "invoice/InvoiceSender.h"
 
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 namespace brisklog {
 
 class Calendar;
+class UserProfile;
 
 /// A moment as a report shows it: the date over the time of day. Both are empty for none.
 struct ReportMoment {
@@ -44,7 +44,7 @@ struct ReportTexts {
 
 /// The report of all entries of the project, in the project's order. An entry without an end counts up to
 /// `now`.
-[[nodiscard]] ReportTexts reportTexts(const Project& project, const InvoiceSender& sender,
+[[nodiscard]] ReportTexts reportTexts(const Project& project, const UserProfile& profile,
                                       const Calendar& calendar, Date now);
 
 } // namespace brisklog

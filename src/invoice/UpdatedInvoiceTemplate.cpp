@@ -1,31 +1,28 @@
 #include "invoice/UpdatedInvoiceTemplate.h"
 
 #include "invoice/InvoiceDrawing.h"
-#include "invoice/InvoiceTexts.h"
+#include "profile/UserProfile.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace brisklog {
 
-UpdatedInvoiceTemplate::UpdatedInvoiceTemplate(PdfFacility& pdf, InvoiceSender sender, Calendar calendar,
-                                               Date now)
-    : m_pdf(pdf), m_sender(std::move(sender)), m_calendar(std::move(calendar)), m_now(now) {}
+UpdatedInvoiceTemplate::UpdatedInvoiceTemplate(PdfFacility& pdf, const UserProfile& profile,
+                                               Calendar calendar, Date now)
+    : m_pdf(pdf), m_profile(profile), m_calendar(std::move(calendar)), m_now(now) {}
 
-std::string UpdatedInvoiceTemplate::generate(const Project& project, const std::optional<Customer>& customer,
-                                             const std::string& invoiceNumber,
-                                             std::vector<TimeEntry> selectedEntries,
-                                             const std::string& additionalNotes) const {
+std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
     // Stable: entries that start together stay in the order in which they were chosen.
-    std::ranges::stable_sort(selectedEntries, {}, &TimeEntry::startTime);
+    std::ranges::stable_sort(invoice.selectedEntries, {}, &TimeEntry::startTime);
     InvoiceTexts texts;
-    addSender(texts, m_sender);
-    addLetterhead(texts, customer, invoiceNumber, m_calendar, m_now);
-    addTable(texts, selectedEntries, project.hourlyRate, m_now);
-    texts.notes = additionalNotes;
+    addSender(texts, m_profile);
+    addLetterhead(texts, invoice.customer, invoice.invoiceNumber, m_calendar, m_now);
+    addTable(texts, invoice.selectedEntries, invoice.project.hourlyRate, m_now);
+    texts.notes = invoice.additionalNotes;
 
     // The name is that of the folder with the business profile, which invoices have always carried.
-    const auto document = m_pdf.begin({.creator = "Pennavo", .author = m_sender.fullName});
+    const auto document = m_pdf.begin({.creator = "Pennavo", .author = m_profile.fullName});
     InvoiceDrawing(*document, texts).draw();
     return document->finish();
 }

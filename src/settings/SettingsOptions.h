@@ -16,6 +16,9 @@ struct RawValue {
     std::string_view text;
 };
 
+template <class Option>
+RawValue(Option, const char*) -> RawValue<Option>;
+
 /// All cases of an option with their raw values, in the order in which they are offered.
 template <class Option>
 inline constexpr std::array<RawValue<Option>, 0> rawValues{};

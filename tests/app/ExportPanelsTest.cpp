@@ -1,11 +1,10 @@
 #include "app/WholeProgram.h"
 
 #include "foundation/Text.h"
-#include "invoice/InvoiceGenerator.h"
 #include "invoice/InvoiceView.h"
 #include "invoice/ReportExport.h"
-#include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/dialogs/QtSavePanel.h"
+#include "profile/UserProfile.h"
 #include "support/WritableStore.h"
 #include "support/screen/Windows.h"
 
@@ -36,34 +35,10 @@ public:
         window.show();
     }
 
-    void exportReport() {
-        brisklog::exportReport({.store = store,
-                                .savePanel = savePanel,
-                                .files = files,
-                                .log = log,
-                                .generate =
-                                    [this](const Project& project) {
-                                        return InvoiceGenerator(pdf, InvoiceSender(), clock.calendar(),
-                                                                clock.now())
-                                            .generate(project);
-                                    }},
-                               store.projects->front());
-    }
+    void exportReport() { brisklog::exportReport(store, store.projects->front(), facilities()); }
 
     void exportInvoice() {
-        invoice = std::make_unique<InvoiceView>(
-            store, 0,
-            InvoicePlatform{.clock = clock,
-                            .savePanel = savePanel,
-                            .files = files,
-                            .log = log,
-                            .notificationCenter = notifications,
-                            .generate = [this](const Project& project, const auto& customer,
-                                               const auto& number, const auto& entries, const auto& notes) {
-                                const UpdatedInvoiceTemplate document(pdf, InvoiceSender(), clock.calendar(),
-                                                                      clock.now());
-                                return document.generate(project, customer, number, entries, notes);
-                            }});
+        invoice = std::make_unique<InvoiceView>(store, 0, facilities(), notifications);
         invoice->exportInvoicePDF();
     }
 
@@ -84,12 +59,23 @@ public:
     RecordingLog log;
     CairoPdfFacility pdf;
     NotificationCenter notifications;
+    UserProfile profile{{files, userDefaults, log}};
     TimeTrackingStore store{{files, userDefaults, clock, runLoop, log}};
     QWidget window;
     QtSavePanel savePanel{files,
                           {.parentWindow = [this] { return &window; }, .holdOpen = [] { return nullptr; }},
                           QDBusConnection(u"none"_s)};
     std::unique_ptr<InvoiceView> invoice;
+
+private:
+    [[nodiscard]] DocumentFacilities facilities() {
+        return {.pdf = pdf,
+                .clock = clock,
+                .savePanel = savePanel,
+                .files = files,
+                .log = log,
+                .profile = [this]() -> const UserProfile& { return profile; }};
+    }
 };
 
 class ExportPanels : public ScreenTest {

@@ -18,8 +18,10 @@ SampleInvoice madeOf(const std::string& text) {
     invoice.notes = text;
     for (std::string* field :
          {&invoice.customer->firstName, &invoice.customer->name, &invoice.customer->company,
-          &invoice.customer->address, &invoice.customer->postalCode, &invoice.customer->city,
-          &invoice.sender.fullName, &invoice.sender.address, &invoice.sender.postalCode, &invoice.sender.city,
+          &invoice.customer->address, &invoice.customer->postalCode, &invoice.customer->city})
+        *field = text;
+    for (auto* field :
+         {&invoice.sender.fullName, &invoice.sender.address, &invoice.sender.postalCode, &invoice.sender.city,
           &invoice.sender.phone, &invoice.sender.email, &invoice.sender.taxId, &invoice.sender.taxOffice,
           &invoice.sender.vatId, &invoice.sender.bankName, &invoice.sender.iban, &invoice.sender.bic})
         *field = text;

@@ -50,7 +50,7 @@ void expectLeftOut(const std::string& logo) {
     EXPECT_EQ(logoOn(with), std::nullopt);
     EXPECT_TRUE(with.images().empty());
     SampleInvoice without = withLogo("");
-    without.sender.logoData.reset();
+    without.sender.logoData = std::nullopt;
     EXPECT_EQ(with.copiedText(), PdfReader(without.document()).copiedText());
 }
 
@@ -69,7 +69,7 @@ TEST(InvoicePdfLogo, thatGoesOverItselfHundredsOfTimesIsLeftOutAsThePickerRefuse
 TEST(InvoicePdfLogo, movesNoText) {
     const PdfReader with(withLogo(pngImage(140, 140)).document());
     SampleInvoice plain = withLogo("");
-    plain.sender.logoData.reset();
+    plain.sender.logoData = std::nullopt;
     const PdfReader without(plain.document());
     ASSERT_EQ(with.words().size(), without.words().size());
     for (std::size_t i = 0; i < with.words().size(); ++i) {

@@ -176,7 +176,7 @@ TEST(InvoicePdfNotes, ofAHundredThousandWordsLoseNone) {
 
 TEST(InvoicePdfNotes, withoutTaxAndBankLinesReachDownToTheFoot) {
     SampleInvoice invoice = withNotes(numberedLines(45));
-    invoice.sender = {};
+    clearTexts(invoice.sender);
     const PdfReader pdf(invoice.document());
     EXPECT_EQ(pdf.pageCount(), 2);
     EXPECT_EQ(placesOf(pdf, "Zeile").size(), 45U);

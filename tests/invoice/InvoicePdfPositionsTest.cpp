@@ -41,7 +41,7 @@ TEST(InvoicePdfPositions, emptySenderFieldsLeaveNoLine) {
 
 TEST(InvoicePdfPositions, theSendersLinesDoNotMoveTheRightColumn) {
     SampleInvoice invoice;
-    invoice.sender = {};
+    clearTexts(invoice.sender);
     const PdfReader pdf(invoice.document());
     expectLine(pdf, "Rechnungsnummer: RE-2026-0042", rightColumn, pageTop - 14);
     expectLine(pdf, "Hamburg", pdf.find("Hamburg")->left, pageTop - 103);

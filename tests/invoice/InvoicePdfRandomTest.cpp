@@ -38,9 +38,9 @@ SampleInvoice invoiceOf(Chance& chance, int marks) {
                                    &invoice.customer->company, &invoice.customer->city})
             if (chance.oneIn(3))
                 *field = randomLine(chance, 4);
-    InvoiceSender& sender = invoice.sender;
-    for (std::string* field : {&sender.fullName, &sender.address, &sender.phone, &sender.taxId, &sender.vatId,
-                               &sender.bankName, &sender.iban})
+    UserProfile& sender = invoice.sender;
+    for (auto* field : {&sender.fullName, &sender.address, &sender.phone, &sender.taxId, &sender.vatId,
+                        &sender.bankName, &sender.iban})
         if (chance.oneIn(4))
             *field = randomLine(chance, 6);
     if (chance.oneIn(2))

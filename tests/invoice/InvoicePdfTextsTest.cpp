@@ -1,11 +1,8 @@
+#include "invoice/InvoiceGenerator.h"
 #include "invoice/SampleInvoice.h"
-#include "profile/UserProfile.h"
-#include "support/MemoryUserDefaults.h"
+#include "platform/documents/CairoPdfFacility.h"
 #include "support/PdfPictures.h"
 #include "support/PdfReader.h"
-#include "support/RecordingFiles.h"
-#include "support/RecordingLog.h"
-#include "support/TemporaryHome.h"
 
 #include <gmock/gmock.h>
 #include <limits>
@@ -203,15 +200,15 @@ TEST(InvoicePdf, longLinesOfSenderAndRightColumnEndInAnEllipsisAtTwoHundredPoint
 
 TEST(InvoicePdf, aVeryLongSenderNameStaysInTheClosingTextsBox) {
     SampleInvoice invoice;
-    invoice.sender.fullName = "Anna\nMaria ";
+    std::string name = "Anna\nMaria ";
     for (int i = 0; i < 500; ++i)
-        invoice.sender.fullName += "von und zu ";
+        name += "von und zu ";
+    invoice.sender.fullName = name;
     const PdfReader pdf(invoice.document());
     EXPECT_EQ(pdf.complaints(), "");
     const int page = pdf.pageCount();
     const auto thanks = pdf.find("Ich danke Ihnen", page);
-    const auto name = pdf.find("Anna Maria von und zu von und zu von", page);
-    ASSERT_TRUE(thanks && name);
+    ASSERT_TRUE(thanks && pdf.find("Anna Maria von und zu von und zu von", page));
     for (const PdfWord& word : pdf.words())
         if (word.text == "und") {
             EXPECT_LE(word.box.bottom, thanks->top + 70.5);
@@ -233,11 +230,8 @@ TEST(InvoicePdf, aSenderNameOfTwoLinesIsWrittenOnOne) {
 }
 
 TEST(InvoicePdf, isMadeOfWhatTheProfileHolds) {
-    TemporaryHome home;
-    RecordingFiles files;
-    MemoryUserDefaults defaults;
-    RecordingLog log;
-    UserProfile profile({files, defaults, log});
+    SampleInvoice invoice;
+    UserProfile& profile = invoice.sender;
     profile.fullName = "Vollname";
     profile.companyName = "Firmenname";
     profile.address = "Straße 1";
@@ -253,22 +247,22 @@ TEST(InvoicePdf, isMadeOfWhatTheProfileHolds) {
     profile.iban = "I1";
     profile.bic = "B1";
     profile.logoData = pngImage(10, 10);
-    const InvoiceSender expected{.companyName = "Firmenname",
-                                 .fullName = "Vollname",
-                                 .address = "Straße 1",
-                                 .postalCode = "12345",
-                                 .city = "Ort",
-                                 .phone = "0123",
-                                 .email = "a@b.example",
-                                 .website = "www.example",
-                                 .taxId = "S1",
-                                 .taxOffice = "F1",
-                                 .vatId = "U1",
-                                 .bankName = "Bank1",
-                                 .iban = "I1",
-                                 .bic = "B1",
-                                 .logoData = pngImage(10, 10)};
-    EXPECT_EQ(invoiceSender(profile), expected);
+    const PdfReader pdf(invoice.document());
+    EXPECT_EQ(pdf.information("Author"), "Vollname");
+    for (const char* const line :
+         {"Vollname", "Straße 1", "12345 Ort", "0123", "a@b.example", "Steuernummer: S1", "Finanzamt: F1",
+          "USt-IdNr.: U1", "Bank1", "IBAN: I1", "BIC: B1"})
+        EXPECT_TRUE(pdf.find(line)) << line;
+    ASSERT_EQ(pdf.images().size(), 1U);
+    EXPECT_EQ(pdf.images()[0].width, 10);
+
+    CairoPdfFacility facility;
+    const PdfReader report(InvoiceGenerator(facility, profile, invoice.now).generate(invoice.project));
+    for (const char* const line : {"Firmenname", "Vollname", "Straße 1", "12345 Ort", "Tel: 0123",
+                                   "E-Mail: a@b.example", "Web: www.example", "Steuernummer: S1",
+                                   "USt-IdNr.: U1", "Bankverbindung: Bank1", "IBAN: I1", "BIC: B1"})
+        EXPECT_TRUE(report.find(line)) << line;
+    EXPECT_EQ(report.images().size(), 1U);
 }
 
 } // namespace

@@ -38,22 +38,21 @@ InvoiceSheet::InvoiceSheet(std::vector<TimeEntry> entries, std::optional<double>
                                  .entries = std::move(entries)}};
     store.saveProjects();
     files.written.clear();
-    view = std::make_unique<InvoiceView>(store, 0, platform());
+    view = std::make_unique<InvoiceView>(store, 0, facilities(), notificationCenter);
     view->initializeEntryStatuses();
 }
 
-InvoicePlatform InvoiceSheet::platform() {
-    return {clock,
-            savePanel,
-            files,
-            log,
-            notificationCenter,
-            [this](const Project& project, const std::optional<Customer>& customer,
-                   const std::string& invoiceNumber, const std::vector<TimeEntry>& entries,
-                   const std::string& additionalNotes) {
-                generated.push_back({project.name, customer, invoiceNumber, entries, additionalNotes});
-                return "%PDF " + invoiceNumber;
-            }};
+DocumentFacilities InvoiceSheet::facilities() {
+    return {.pdf = pdf,
+            .clock = clock,
+            .savePanel = savePanel,
+            .files = files,
+            .log = log,
+            .profile = [this]() -> const UserProfile& { return profile; }};
+}
+
+std::size_t InvoiceSheet::generatedInvoices() const {
+    return log.countStartingWith("Generiere Rechnung mit UpdatedInvoiceTemplate");
 }
 
 void InvoiceSheet::addCustomer(const Customer& customer) {

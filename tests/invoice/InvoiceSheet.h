@@ -2,6 +2,8 @@
 
 #include "core/TimeTrackingStore.h"
 #include "invoice/InvoiceView.h"
+#include "platform/documents/CairoPdfFacility.h"
+#include "profile/UserProfile.h"
 #include "support/FakeClock.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/RecordingFiles.h"
@@ -16,15 +18,6 @@
 #include <vector>
 
 namespace brisklog::test {
-
-/// What one call of the document generator was given.
-struct GeneratedInvoice {
-    std::string projectName;
-    std::optional<Customer> customer;
-    std::string invoiceNumber;
-    std::vector<TimeEntry> entries;
-    std::string additionalNotes;
-};
 
 /// An entry of that length that started at the reference day's 10:00; without a length it is unfinished.
 [[nodiscard]] TimeEntry entryOf(const std::string& taskName, std::optional<TimeInterval> seconds,
@@ -46,7 +39,10 @@ public:
     /// What the program would find after a restart.
     [[nodiscard]] TimeTrackingStore reopenedStore();
 
-    [[nodiscard]] InvoicePlatform platform();
+    [[nodiscard]] DocumentFacilities facilities();
+
+    /// How many invoices were made so far, as the log says.
+    [[nodiscard]] std::size_t generatedInvoices() const;
 
     TemporaryHome home;
     RecordingFiles files;
@@ -56,7 +52,8 @@ public:
     RecordingLog log;
     RecordingSavePanel savePanel;
     NotificationCenter notificationCenter;
-    std::vector<GeneratedInvoice> generated;
+    CairoPdfFacility pdf;
+    UserProfile profile{{files, userDefaults, log}};
     TimeTrackingStore store;
     std::unique_ptr<InvoiceView> view;
 

@@ -124,7 +124,7 @@ TEST(InvoiceView, ignoresStoredRoundingChoices) {
     InvoiceSheet sheet({entryOf("Eine Stunde eins", 61 * minute)}, 60.0);
     const auto bill = [&sheet](std::string_view settings) {
         writeFile(sheet.home.documents() / "app_settings.json", settings);
-        InvoiceView view(sheet.store, 0, sheet.platform());
+        InvoiceView view(sheet.store, 0, sheet.facilities(), sheet.notificationCenter);
         view.initializeEntryStatuses();
         view.selectAllEntries();
         return view.totalAmount();
@@ -171,7 +171,7 @@ TEST(InvoiceView, worksOnTheProjectAtItsIndexOnly) {
     InvoiceSheet sheet({entryOf("Erstes", hour)}, 60.0);
     sheet.store.addProject("Zweites", 10.0);
     sheet.store.addManualEntry(sheet.store.projects.get()[1].id, entryOf("Anderes", hour));
-    InvoiceView second(sheet.store, 1, sheet.platform());
+    InvoiceView second(sheet.store, 1, sheet.facilities(), sheet.notificationCenter);
     second.initializeEntryStatuses();
     second.selectAllEntries();
     EXPECT_EQ(second.title(), "Rechnung erstellen: Zweites");
@@ -183,9 +183,10 @@ TEST(InvoiceView, worksOnTheProjectAtItsIndexOnly) {
 
 TEST(InvoiceView, stopsTheProgramForAProjectThatDoesNotExist) {
     InvoiceSheet sheet({}, std::nullopt);
-    EXPECT_EXIT(InvoiceView(sheet.store, 1, sheet.platform()), testing::ExitedWithCode(EXIT_FAILURE),
-                "invoice sheet without a project: index 1");
-    EXPECT_EXIT(InvoiceView(sheet.store, -1, sheet.platform()), testing::ExitedWithCode(EXIT_FAILURE), "");
+    EXPECT_EXIT(InvoiceView(sheet.store, 1, sheet.facilities(), sheet.notificationCenter),
+                testing::ExitedWithCode(EXIT_FAILURE), "invoice sheet without a project: index 1");
+    EXPECT_EXIT(InvoiceView(sheet.store, -1, sheet.facilities(), sheet.notificationCenter),
+                testing::ExitedWithCode(EXIT_FAILURE), "");
 }
 
 TEST(InvoiceView, aChoiceShowsNameAndCompanyAndNoDashWithoutCompany) {

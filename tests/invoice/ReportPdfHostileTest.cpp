@@ -14,7 +14,7 @@ ReportSample reportMadeOf(const std::string& text) {
     ReportSample report;
     report.project.name = text;
     report.project.entries = {billedEntry(text, 0, 60), billedEntry("danach", 60, 60)};
-    for (std::string* field :
+    for (auto* field :
          {&report.sender.companyName, &report.sender.fullName, &report.sender.address,
           &report.sender.postalCode, &report.sender.city, &report.sender.phone, &report.sender.email,
           &report.sender.website, &report.sender.taxId, &report.sender.vatId, &report.sender.bankName,

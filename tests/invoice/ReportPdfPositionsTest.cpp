@@ -94,7 +94,7 @@ TEST(ReportPdfPositions, emptySenderFieldsLeaveNoLine) {
 
 TEST(ReportPdfPositions, theGapsStayWhereWholeGroupsAreEmpty) {
     ReportSample report;
-    report.sender = {};
+    clearTexts(report.sender);
     report.sender.vatId = "DE123456789";
     expectAt(PdfReader(report.document()), "USt-IdNr.: DE123456789", senderX, 60);
 }
@@ -108,7 +108,7 @@ TEST(ReportPdfPositions, titleDateAndRateStandAboveTheTable) {
 
 TEST(ReportPdfPositions, theSendersLinesDoNotMoveTheTable) {
     ReportSample report;
-    report.sender = {};
+    clearTexts(report.sender);
     const PdfReader pdf(report.document());
     expectLine(pdf, "Zeiterfassung: Website-Relaunch", contentLeft, a4.height - 150, 25);
     expectBar(pdf, 215, 1);
@@ -253,23 +253,21 @@ void expectEnding(const PdfReader& pdf, int page, double totalsTop) {
 }
 
 TEST(ReportPdfPositions, totalsThatFitStayUnderTheirRows) {
-    for (const ReportSample& report : {reportOf(14), reportWithoutRate(14)})
-        expectEnding(PdfReader(report.document()), 1, firstRowTop + 14 * rowHeight + 10);
-    const int onTwoPages = rowsOnFirstPage + 18;
-    for (const ReportSample& report : {reportOf(onTwoPages), reportWithoutRate(onTwoPages)})
-        expectEnding(PdfReader(report.document()), 2, laterRowTop + 18 * rowHeight + 10);
+    for (const auto report : {&reportOf, &reportWithoutRate}) {
+        expectEnding(PdfReader(report(14).document()), 1, firstRowTop + 14 * rowHeight + 10);
+        expectEnding(PdfReader(report(rowsOnFirstPage + 18).document()), 2,
+                     laterRowTop + 18 * rowHeight + 10);
+    }
 }
 
 TEST(ReportPdfPositions, totalsThatDoNotFitBeginAPageOfTheirOwn) {
-    for (const ReportSample& report : {reportOf(15), reportWithoutRate(15)}) {
-        const PdfReader pdf(report.document());
+    for (const auto report : {&reportOf, &reportWithoutRate}) {
+        const PdfReader pdf(report(15).document());
         expectEnding(pdf, 2, 50);
         EXPECT_TRUE(bandsOf(pdf, dark, 2).empty());
+        for (const int rows : {19, 20})
+            expectEnding(PdfReader(report(rowsOnFirstPage + rows).document()), 3, 50);
     }
-    for (const int rows : {19, 20})
-        for (const ReportSample& report :
-             {reportOf(rowsOnFirstPage + rows), reportWithoutRate(rowsOnFirstPage + rows)})
-            expectEnding(PdfReader(report.document()), 3, 50);
 }
 
 TEST(ReportPdfPositions, withoutEntriesTheTotalsFollowTheBar) {

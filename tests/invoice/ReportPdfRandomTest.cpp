@@ -14,8 +14,8 @@ ReportSample randomReport(Chance& chance) {
     report.project.hourlyRate = randomAmount(chance);
     if (chance.oneIn(3))
         report.project.hourlyRate.reset();
-    InvoiceSender& sender = report.sender;
-    for (std::string* field :
+    UserProfile& sender = report.sender;
+    for (auto* field :
          {&sender.companyName, &sender.fullName, &sender.address, &sender.city, &sender.phone, &sender.email,
           &sender.website, &sender.taxId, &sender.vatId, &sender.bankName, &sender.iban})
         if (chance.oneIn(4))

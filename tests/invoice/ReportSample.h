@@ -10,7 +10,8 @@ namespace brisklog::test {
 /// A report as a user would export it; a test changes what it is about.
 struct ReportSample {
     Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 80.0, .entries = billedEntries(3)};
-    InvoiceSender sender = sampleSender();
+    std::unique_ptr<ProfileInMemory> keptProfile = sampleProfile();
+    UserProfile& sender = keptProfile->profile;
     Date now = FakeClock().now();
 
     /// The document made of all this by the real drawing facility, its times as of Berlin.

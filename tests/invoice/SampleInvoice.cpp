@@ -2,24 +2,44 @@
 
 #include "platform/documents/CairoPdfFacility.h"
 
+#include <array>
+
 namespace brisklog::test {
 
-InvoiceSender sampleSender() {
-    return {.companyName = "Schäfer Softwareentwicklung",
-            .fullName = "Jürgen Schäfer-Größmann",
-            .address = "Königsstraße 27 a",
-            .postalCode = "80331",
-            .city = "München",
-            .phone = "+49 89 123456-78",
-            .email = "juergen@schaefer-groessmann.de",
-            .website = "www.schaefer-groessmann.de",
-            .taxId = "143/815/08155",
-            .taxOffice = "München Abt. III",
-            .vatId = "DE123456789",
-            .bankName = "Münchner Sparbank eG",
-            .iban = "DE89 3704 0044 0532 0130 00",
-            .bic = "COBADEFFXXX",
-            .logoData = std::nullopt};
+namespace {
+
+struct SampleText {
+    Published<std::string> UserProfile::*property;
+    const char* text;
+};
+
+constexpr std::array sampleTexts{SampleText{&UserProfile::companyName, "Schäfer Softwareentwicklung"},
+                                 SampleText{&UserProfile::fullName, "Jürgen Schäfer-Größmann"},
+                                 SampleText{&UserProfile::address, "Königsstraße 27 a"},
+                                 SampleText{&UserProfile::postalCode, "80331"},
+                                 SampleText{&UserProfile::city, "München"},
+                                 SampleText{&UserProfile::phone, "+49 89 123456-78"},
+                                 SampleText{&UserProfile::email, "juergen@schaefer-groessmann.de"},
+                                 SampleText{&UserProfile::website, "www.schaefer-groessmann.de"},
+                                 SampleText{&UserProfile::taxId, "143/815/08155"},
+                                 SampleText{&UserProfile::taxOffice, "München Abt. III"},
+                                 SampleText{&UserProfile::vatId, "DE123456789"},
+                                 SampleText{&UserProfile::bankName, "Münchner Sparbank eG"},
+                                 SampleText{&UserProfile::iban, "DE89 3704 0044 0532 0130 00"},
+                                 SampleText{&UserProfile::bic, "COBADEFFXXX"}};
+
+} // namespace
+
+std::unique_ptr<ProfileInMemory> sampleProfile() {
+    auto kept = std::make_unique<ProfileInMemory>();
+    for (const auto& [property, text] : sampleTexts)
+        kept->profile.*property = text;
+    return kept;
+}
+
+void clearTexts(UserProfile& profile) {
+    for (const SampleText& sample : sampleTexts)
+        profile.*sample.property = "";
 }
 
 Customer sampleCustomer() {
@@ -63,7 +83,11 @@ std::string numberedLines(int count) {
 std::string SampleInvoice::document() const {
     CairoPdfFacility pdf;
     const UpdatedInvoiceTemplate invoice(pdf, sender, Calendar(QTimeZone("Europe/Berlin")), now);
-    return invoice.generate(project, customer, invoiceNumber, entries, notes);
+    return invoice.generate({.project = project,
+                             .customer = customer,
+                             .invoiceNumber = invoiceNumber,
+                             .selectedEntries = entries,
+                             .additionalNotes = notes});
 }
 
 } // namespace brisklog::test

@@ -2,7 +2,9 @@
 
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "support/FakeClock.h"
+#include "support/ProfileInMemory.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +14,10 @@ namespace brisklog::test {
 /// Left edge of the invoice's right column, in points.
 inline constexpr double rightColumn = 50 + 495 * 0.67;
 
-[[nodiscard]] InvoiceSender sampleSender();
+/// A profile with every text that documents print, without a logo.
+[[nodiscard]] std::unique_ptr<ProfileInMemory> sampleProfile();
+/// Empties those texts.
+void clearTexts(UserProfile& profile);
 [[nodiscard]] Customer sampleCustomer();
 
 /// An entry of that many minutes; `startMinute` is counted from the reference date.
@@ -32,7 +37,8 @@ struct SampleInvoice {
     std::string invoiceNumber = "RE-2026-0042";
     std::vector<TimeEntry> entries = billedEntries(3);
     std::string notes;
-    InvoiceSender sender = sampleSender();
+    std::unique_ptr<ProfileInMemory> keptProfile = sampleProfile();
+    UserProfile& sender = keptProfile->profile;
     Date now = FakeClock().now();
 
     /// The document made of all this by the real drawing facility.

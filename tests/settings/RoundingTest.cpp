@@ -5,6 +5,7 @@
 #include "invoice/InvoiceView.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/documents/CairoPdfFacility.h"
+#include "profile/UserProfile.h"
 #include "settings/AppSettings.h"
 #include "support/MemoryUserDefaults.h"
 #include "support/PdfReader.h"
@@ -52,21 +53,26 @@ public:
     }
 
     [[nodiscard]] InvoiceSummary invoiceOverEverything() {
-        InvoiceView sheet(store, 0, invoicePlatform());
+        InvoiceView sheet(store, 0, facilities(), notifications);
         sheet.initializeEntryStatuses();
         sheet.selectAllEntries();
         return sheet.summary();
     }
 
     [[nodiscard]] std::string invoiceText() {
-        const UpdatedInvoiceTemplate document(pdf, {}, clock.calendar(), clock.now());
+        const UpdatedInvoiceTemplate document(pdf, profile, clock.calendar(), clock.now());
         const Project& project = store.projects->front();
-        return PdfReader(document.generate(project, {}, "1", project.entries, "")).readText();
+        return PdfReader(document.generate({.project = project,
+                                            .customer = {},
+                                            .invoiceNumber = "1",
+                                            .selectedEntries = project.entries,
+                                            .additionalNotes = ""}))
+            .readText();
     }
 
     [[nodiscard]] std::string reportText() {
-        return PdfReader(
-                   InvoiceGenerator(pdf, {}, clock.calendar(), clock.now()).generate(store.projects->front()))
+        return PdfReader(InvoiceGenerator(pdf, profile, clock.calendar(), clock.now())
+                             .generate(store.projects->front()))
             .readText();
     }
 
@@ -80,11 +86,17 @@ public:
     NotificationCenter notifications;
     CairoPdfFacility pdf;
     AppSettings settings{{files, defaults, log}};
+    UserProfile profile{{files, defaults, log}};
     TimeTrackingStore store{{files, defaults, clock, runLoop, log}};
 
 private:
-    [[nodiscard]] InvoicePlatform invoicePlatform() {
-        return {clock, savePanel, files, log, notifications, {}};
+    [[nodiscard]] DocumentFacilities facilities() {
+        return {.pdf = pdf,
+                .clock = clock,
+                .savePanel = savePanel,
+                .files = files,
+                .log = log,
+                .profile = [this]() -> const UserProfile& { return profile; }};
     }
 };
 

@@ -41,12 +41,13 @@ void pressWithControlReturn(Button& button, QWidget& sheet) {
 
 } // namespace
 
-InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const InvoicePlatform& platform)
-    : m_view(timeStore, projectIndex, platform), m_number(new TextField),
+InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex,
+                             const DocumentFacilities& facilities, NotificationCenter& notificationCenter)
+    : m_view(timeStore, projectIndex, facilities, notificationCenter), m_number(new TextField),
       m_create(new Button(u"Rechnung erstellen"_s, Button::Kind::primary)) {
     Column{new InvoiceCustomerSection(timeStore, m_view),
            numberCard(),
-           new InvoiceEntriesSection(timeStore, m_view, platform.clock),
+           new InvoiceEntriesSection(timeStore, m_view, facilities.clock),
            new InvoiceManualEntrySection(m_view),
            new InvoiceNotesSection(timeStore, m_view),
            stretch()}
@@ -80,8 +81,9 @@ void InvoiceScreen::refresh() {
 }
 
 std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
-                                              const InvoicePlatform& platform) {
-    auto* screen = new InvoiceScreen(timeStore, projectIndex, platform);
+                                              const DocumentFacilities& facilities,
+                                              NotificationCenter& notificationCenter) {
+    auto* screen = new InvoiceScreen(timeStore, projectIndex, facilities, notificationCenter);
     auto sheet = std::make_unique<SheetWindow>(screenText(screen->view().title()), sheetSize);
     sheet->setMinimumSize(smallestSheet);
     sheet->addCloseButton(u"Schließen"_s);

@@ -17,7 +17,8 @@ class TextField;
 /// footer.
 class InvoiceScreen final : public Screen {
 public:
-    InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const InvoicePlatform& platform);
+    InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const DocumentFacilities& facilities,
+                  NotificationCenter& notificationCenter);
 
     [[nodiscard]] InvoiceView& view() { return m_view; }
 
@@ -38,6 +39,7 @@ private:
 
 /// The sheet for the project at that index, ready to be presented.
 [[nodiscard]] std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
-                                                            const InvoicePlatform& platform);
+                                                            const DocumentFacilities& facilities,
+                                                            NotificationCenter& notificationCenter);
 
 } // namespace brisklog

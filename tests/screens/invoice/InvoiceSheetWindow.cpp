@@ -10,7 +10,8 @@ namespace brisklog::test {
 InvoiceSheetWindow::InvoiceSheetWindow(InvoiceSheet& content) {
     popover.resize(370, 650);
     showActive(popover);
-    sheet = &presentSheet(popover, makeInvoiceSheet(content.store, 0, content.platform()));
+    sheet = &presentSheet(
+        popover, makeInvoiceSheet(content.store, 0, content.facilities(), content.notificationCenter));
     showActive(*sheet);
 }
 

@@ -2,6 +2,7 @@
 // choose.
 
 #include "invoice/screens/InvoiceScreen.h"
+#include "platform/documents/CairoPdfFacility.h"
 #include "profile/screens/CustomerScreen.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/RecordingSavePanel.h"
@@ -20,9 +21,14 @@ protected:
         bench.store.addManualEntry(bench.project(0).id, bench.entry("Entwurf"));
         actions.openCustomers = [this](QWidget& from) { presentSheet(from, makeCustomerSheet(bench.store)); };
         actions.openInvoice = [this](QWidget& from, int index) {
-            presentSheet(
-                from, makeInvoiceSheet(bench.store, index,
-                                       {bench.clock, savePanel, bench.files, bench.log, notifications, {}}));
+            presentSheet(from, makeInvoiceSheet(bench.store, index,
+                                                {.pdf = pdf,
+                                                 .clock = bench.clock,
+                                                 .savePanel = savePanel,
+                                                 .files = bench.files,
+                                                 .log = bench.log,
+                                                 .profile = {}},
+                                                notifications));
         };
         open();
     }
@@ -37,6 +43,7 @@ protected:
     }
 
     RecordingSavePanel savePanel;
+    CairoPdfFacility pdf;
 };
 
 TEST_F(CustomersFromProject, theButtonOpensThemAsASheet) {

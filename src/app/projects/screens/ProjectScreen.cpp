@@ -57,7 +57,7 @@ ProjectScreen::ProjectScreen(const ProjectScreensContext& context, std::shared_p
     observe(m_context.store);
     watchView();
     m_customersSubscription =
-        m_context.notifications.observe("OpenCustomerManagement", [this] { openCustomers(); });
+        m_context.notifications.observe(openCustomerManagementNotification, [this] { openCustomers(); });
 }
 
 void ProjectScreen::makeWidgets() {
