@@ -2,7 +2,7 @@
 // write. Beside it what the table's cells alone cost when they are drawn the plain way.
 
 #include "bench/PlainTable.h"
-#include "invoice/InvoiceTexts.h"
+#include "invoice/InvoiceTable.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/documents/CairoPdfFacility.h"
 #include "support/ProfileInMemory.h"
@@ -90,12 +90,7 @@ void writeInvoice(benchmark::State& state) {
 
 /// The table's cells alone, drawn the plain way.
 void writeInvoiceCellsPlainly(benchmark::State& state) {
-    InvoiceTexts texts;
-    addTable(texts, entries(state.range(0)), 85.5, now);
-    std::vector<bench::PlainRow> rows;
-    for (const InvoiceRow& row : texts.rows)
-        rows.push_back({row.description, row.duration, row.rate, row.amount});
-    bench::timePlainTable(state, rows);
+    bench::timePlainTable(state, invoiceTable(entries(state.range(0)), 85.5, now).rows);
 }
 
 BENCHMARK(writeInvoice)->ArgName("rows")->Arg(12)->Arg(5000)->Unit(benchmark::kMillisecond);

@@ -116,14 +116,14 @@ void BrisklogApp::loadContent() {
 
 void BrisklogApp::loadProjects() {
     TimeTrackingStore& store = m_content->timeStore;
+    const auto exportProject = [this, &store](const Project& project) {
+        exportReport(store, project, m_documents);
+    };
     m_projects =
         std::make_unique<MultiProjectView>(ProjectPlatform{.store = store,
                                                            .clock = m_outside.clock,
                                                            .runLoop = m_outside.runLoop,
-                                                           .exportReport =
-                                                               [this, &store](const Project& project) {
-                                                                   exportReport(store, project, m_documents);
-                                                               }},
+                                                           .exportReport = exportProject},
                                            AutoTrackingPlatform{.frontmost = m_outside.frontmost,
                                                                 .userDefaults = m_outside.userDefaults,
                                                                 .clock = m_outside.clock,

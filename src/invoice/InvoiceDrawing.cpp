@@ -3,7 +3,6 @@
 #include "foundation/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <tuple>
 
 namespace brisklog {
@@ -38,21 +37,9 @@ constexpr double footerBottom = 78;
 constexpr double notesWidth = leftColumnWidth - 10;
 constexpr double notesGap = 12;
 
-struct Column {
-    const char* header;
-    double x;
-    double width;
-};
-
 /// Cells keep this distance from the next column's text.
-constexpr double descriptionGap = 6;
+constexpr double textGap = 6;
 constexpr double numberGap = 4;
-
-constexpr std::array columns{Column{"Beschreibung", left, width * 0.5},
-                             Column{"Dauer", left + width * 0.5, width * 0.15},
-                             Column{"Stundensatz", left + width * 0.65, width * 0.15},
-                             Column{"Betrag", left + width * 0.8, width * 0.15}};
-constexpr const Column& amountColumn = columns.back();
 
 /// Blanks and line breaks at the end take no room; those at the beginning are kept.
 std::string withoutTrailingBlanks(std::string_view notes) {
@@ -110,44 +97,54 @@ void InvoiceDrawing::drawGreeting() {
 
 void InvoiceDrawing::drawTableHeader() {
     m_y -= 56;
-    drawCells({columns[0].header, columns[1].header, columns[2].header, columns[3].header}, bold);
+    InvoiceCells headings;
+    for (const InvoiceColumn& column : invoiceColumns())
+        headings.emplace_back(column.heading);
+    drawCells(headings, bold);
     m_y -= 21;
     m_page.drawRule(left, left + width, m_y);
     m_y -= 14;
 }
 
 void InvoiceDrawing::drawRows() {
-    for (const InvoiceRow& row : m_texts.rows) {
+    for (const InvoiceCells& row : m_texts.table.rows) {
         if (m_y < lowestRow) {
             m_page.beginPage();
             m_y = pageTop;
             drawTableHeader();
         }
-        drawCells({row.description, row.duration, row.rate, row.amount}, regular);
+        drawCells(row, regular);
         m_y -= lineHeight;
     }
 }
 
-void InvoiceDrawing::drawCells(const Cells& cells, const TextStyle& style) {
+void InvoiceDrawing::drawCells(const InvoiceCells& cells, const TextStyle& style) {
     const auto boxes = placeCells(cells, style);
-    m_page.drawLine(cells[0], boxes[0], style);
-    for (std::size_t i = 1; i < columnCount; ++i)
-        m_page.drawNumber(cells[i], boxes[i], style);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        if (invoiceColumns()[i].content == InvoiceColumn::Content::text)
+            m_page.drawLine(cells[i], boxes[i], style);
+        else
+            m_page.drawNumber(cells[i], boxes[i], style);
 }
 
-std::array<PageRectangle, InvoiceDrawing::columnCount> InvoiceDrawing::placeCells(const Cells& cells,
-                                                                                  const TextStyle& style) {
+std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells, const TextStyle& style) {
     // From the right: a number too long for its column pushes its neighbours aside instead of covering them.
-    std::array<PageRectangle, columnCount> boxes;
-    double room = amountColumn.x + amountColumn.width;
-    for (std::size_t i = columnCount - 1; i > 0; --i) {
-        const double right = std::min(columns[i].x + columns[i].width, room);
-        const double needed = std::min(m_page.widthOfNumber(cells[i], style), columns[i].width * 2);
-        boxes[i] = {right - needed, m_y, needed, lineHeight};
-        room = boxes[i].x - numberGap;
+    std::vector<PageRectangle> boxes(cells.size());
+    double room = left + width;
+    for (std::size_t i = cells.size(); i-- > 0;) {
+        const InvoiceColumn& column = invoiceColumns()[i];
+        const double columnX = left + width * column.left;
+        const double columnWidth = width * column.width;
+        if (column.content == InvoiceColumn::Content::text) {
+            boxes[i] = {columnX, m_y, std::min(columnWidth, room - columnX) - textGap, lineHeight};
+            room = columnX;
+        } else {
+            const double right = std::min(columnX + columnWidth, room);
+            const double needed = std::min(m_page.widthOfNumber(cells[i], style), columnWidth * 2);
+            boxes[i] = {right - needed, m_y, needed, lineHeight};
+            room = right - needed - numberGap;
+        }
     }
-    const double descriptionRoom = std::min(columns[0].width, room - left) - descriptionGap;
-    boxes[0] = {left, m_y, descriptionRoom, lineHeight};
     return boxes;
 }
 
@@ -165,7 +162,10 @@ void InvoiceDrawing::drawTotal() {
     m_y -= 7;
     m_page.drawRule(left, left + width, m_y);
     m_y -= 14;
-    drawCells({"Gesamtbetrag:", "", "", m_texts.total}, bold);
+    InvoiceCells cells(invoiceColumns().size());
+    cells.front() = "Gesamtbetrag:";
+    cells.back() = m_texts.table.total;
+    drawCells(cells, bold);
 }
 
 double InvoiceDrawing::drawClosing() {

@@ -3,9 +3,8 @@
 #include "invoice/InvoiceTexts.h"
 #include "platform/PdfDocument.h"
 
-#include <array>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace brisklog {
 
@@ -19,18 +18,14 @@ public:
     void draw();
 
 private:
-    static constexpr std::size_t columnCount = 4;
-    /// A line of the table: description, duration, rate, amount.
-    using Cells = std::array<std::string_view, columnCount>;
-
     void drawLetterhead();
     void drawLines(const std::vector<std::string>& lines, double x);
     void drawGreeting();
     void drawTableHeader();
     void drawRows();
-    void drawCells(const Cells& cells, const TextStyle& style);
-    [[nodiscard]] std::array<PageRectangle, columnCount> placeCells(const Cells& cells,
-                                                                    const TextStyle& style);
+    void drawCells(const InvoiceCells& cells, const TextStyle& style);
+    /// A box for each cell.
+    [[nodiscard]] std::vector<PageRectangle> placeCells(const InvoiceCells& cells, const TextStyle& style);
 
     void drawEnding();
     void drawTotal();

@@ -9,8 +9,6 @@
 namespace brisklog {
 namespace {
 
-constexpr const char* noAmount = "0,00\u00A0€";
-constexpr const char* noDuration = "0\u00A0h 0\u00A0min";
 /// Calendar days from the invoice's date to the date it is payable by.
 constexpr int paymentTermInDays = 14;
 
@@ -36,14 +34,6 @@ std::string formOfAddress(const std::optional<Customer>& customer) {
         return "(r) " + customer->name;
     }
     return {};
-}
-
-InvoiceRow makeRow(const TimeEntry& entry, std::optional<double> projectRate, Date now) {
-    const double rate = entry.hourlyRate ? *entry.hourlyRate : projectRate.value_or(0);
-    return {.description = entry.taskName,
-            .duration = format::paddedDuration(entry.duration(now), noDuration),
-            .rate = format::money(rate, noAmount),
-            .amount = format::money(entry.earnings(projectRate, now), noAmount)};
 }
 
 } // namespace
@@ -75,17 +65,6 @@ void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
     if (customer)
         texts.recipientLines = recipientLines(*customer);
     texts.salutation = "Sehr geehrte" + formOfAddress(customer) + ",";
-}
-
-void addTable(InvoiceTexts& texts, const std::vector<TimeEntry>& entries, std::optional<double> projectRate,
-              Date now) {
-    double total = 0;
-    for (const TimeEntry& entry : entries) {
-        texts.rows.push_back(makeRow(entry, projectRate, now));
-        // The exact seconds count; rounding is no business of the invoice.
-        total += entry.earnings(projectRate, now);
-    }
-    texts.total = format::money(total, noAmount);
 }
 
 } // namespace brisklog

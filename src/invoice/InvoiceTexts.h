@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Customer.h"
-#include "core/TimeEntry.h"
+#include "invoice/InvoiceTable.h"
 
 #include <optional>
 #include <string>
@@ -12,14 +12,6 @@ namespace brisklog {
 class Calendar;
 class UserProfile;
 
-/// The cells of one line of an invoice's table.
-struct InvoiceRow {
-    std::string description;
-    std::string duration;
-    std::string rate;
-    std::string amount;
-};
-
 /// Every text of an invoice as it is printed, in the order from top to bottom.
 struct InvoiceTexts {
     /// An encoded image.
@@ -28,8 +20,7 @@ struct InvoiceTexts {
     std::vector<std::string> invoiceLines;
     std::vector<std::string> recipientLines;
     std::string salutation;
-    std::vector<InvoiceRow> rows;
-    std::string total;
+    InvoiceTable table;
     std::string closing;
     std::string notes;
     /// The tax and bank details at the foot.
@@ -42,9 +33,5 @@ void addSender(InvoiceTexts& texts, const UserProfile& profile);
 /// Number and dates, a fortnight apart, the recipient and how he or she is addressed.
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
                    const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate);
-
-/// A row for each entry and their sum. An entry's own rate goes before the project's; without any it is 0.
-void addTable(InvoiceTexts& texts, const std::vector<TimeEntry>& entries, std::optional<double> projectRate,
-              Date now);
 
 } // namespace brisklog

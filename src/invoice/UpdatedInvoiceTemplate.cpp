@@ -18,7 +18,7 @@ std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
     InvoiceTexts texts;
     addSender(texts, m_profile);
     addLetterhead(texts, invoice.customer, invoice.invoiceNumber, m_calendar, m_now);
-    addTable(texts, invoice.selectedEntries, invoice.project.hourlyRate, m_now);
+    texts.table = invoiceTable(invoice.selectedEntries, invoice.project.hourlyRate, m_now);
     texts.notes = invoice.additionalNotes;
 
     // The name is that of the folder with the business profile, which invoices have always carried.
