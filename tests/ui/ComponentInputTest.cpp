@@ -122,8 +122,8 @@ protected:
         field.resize(field.sizeHint());
     }
 
-    QDateTime moment{QDate(2026, 11, 20), QTime(14, 30)};
-    DateTimeField field{u"Datum:"_s};
+    QDateTime moment{QDate(2026, 11, 20), QTime(14, 30), Qt::UTC};
+    DateTimeField field{u"Datum:"_s, Qt::Monday};
     std::vector<QDateTime> told;
 };
 
@@ -143,10 +143,10 @@ TEST_F(ComponentDateTimeField, isTypedPartByPart) {
     showActive(field);
     field.setSelectedSection(QDateTimeEdit::DaySection);
     QTest::keyClicks(&field, u"05"_s);
-    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 30)));
+    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 30), Qt::UTC));
     field.setSelectedSection(QDateTimeEdit::MinuteSection);
     QTest::keyClick(&field, Qt::Key_Up);
-    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 31)));
+    EXPECT_EQ(field.dateTime(), QDateTime(QDate(2026, 11, 5), QTime(14, 31), Qt::UTC));
     EXPECT_FALSE(told.empty());
 }
 
@@ -160,7 +160,7 @@ TEST_F(ComponentDateTimeField, theSymbolOpensAMonthWhoseDayIsTaken) {
     QTest::keyClick(month, Qt::Key_Up);
     QTest::keyClick(month, Qt::Key_PageUp);
     QTest::keyClick(month, Qt::Key_Return);
-    EXPECT_EQ(told, std::vector{QDateTime(QDate(2026, 10, 12), QTime(14, 30))});
+    EXPECT_EQ(told, std::vector{QDateTime(QDate(2026, 10, 12), QTime(14, 30), Qt::UTC)});
     EXPECT_EQ(field.text(), u"12.10.2026, 14:30"_s);
 }
 

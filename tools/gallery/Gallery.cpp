@@ -205,7 +205,7 @@ Stepper* stepper() {
 }
 
 DateTimeField* dateField() {
-    auto* made = new DateTimeField(u"Datum"_s);
+    auto* made = new DateTimeField(u"Datum"_s, Qt::Monday);
     made->setMoment(QDateTime(QDate(2026, 11, 20), QTime(14, 30)));
     return made;
 }

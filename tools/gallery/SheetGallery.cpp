@@ -88,7 +88,7 @@ QLabel* customers(QWidget& over) {
 }
 
 QLabel* month() {
-    DateTimeField field(u"Datum"_s);
+    DateTimeField field(u"Datum"_s, Qt::Monday);
     field.setMoment(QDateTime(QDate(2026, 11, 20), QTime(14, 30)));
     field.show();
     return portrait(*field.showCalendar());

@@ -1,5 +1,6 @@
 #include "invoice/screens/InvoiceManualEntrySection.h"
 
+#include "foundation/Calendar.h"
 #include "invoice/screens/InvoiceFormLayout.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Card.h"
@@ -10,8 +11,6 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Text.h"
 
-#include <QDateTime>
-
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
@@ -19,22 +18,18 @@ namespace {
 
 constexpr int rateWidth = 120;
 
-QDateTime moment(Date date) { return QDateTime::fromMSecsSinceEpoch(millisecondsSince1970(date)); }
-
-Date date(const QDateTime& moment) {
-    return Date::fromSecondsSince1970(static_cast<double>(moment.toMSecsSinceEpoch()) / 1000);
-}
-
 LayoutBox labelled(const QString& label, const LayoutBox& fields) {
     return Row{invoiceForm::fieldLabel(label), space(invoiceForm::labelGap), expanding(fields)};
 }
 
 } // namespace
 
-InvoiceManualEntrySection::InvoiceManualEntrySection(InvoiceView& view)
-    : m_view(view), m_date(new DateTimeField(u"Datum:"_s)), m_description(new TextField(u"Beschreibung"_s)),
-      m_hours(new Stepper(0, 23, u"h"_s, u"Stunden"_s)), m_minutes(new Stepper(0, 59, u"m"_s, u"Minuten"_s)),
-      m_rate(new TextField(u"Stundenlohn"_s)), m_add(new Button(u"Eintrag hinzufügen"_s)) {
+InvoiceManualEntrySection::InvoiceManualEntrySection(TimeTrackingStore& timeStore, InvoiceView& view,
+                                                     const Clock& clock)
+    : m_view(view), m_clock(clock), m_date(new DateTimeField(u"Datum:"_s, clock.calendar().firstWeekday())),
+      m_description(new TextField(u"Beschreibung"_s)), m_hours(new Stepper(0, 23, u"h"_s, u"Stunden"_s)),
+      m_minutes(new Stepper(0, 59, u"m"_s, u"Minuten"_s)), m_rate(new TextField(u"Stundenlohn"_s)),
+      m_add(new Button(u"Eintrag hinzufügen"_s)) {
     m_rate->setFixedWidth(rateWidth);
     m_add->setSymbol(u"plus"_s);
     Column rows{labelled(u"Datum:"_s, Row{m_date, stretch()}),
@@ -44,11 +39,15 @@ InvoiceManualEntrySection::InvoiceManualEntrySection(InvoiceView& view)
     rows.spacing(invoiceForm::rowGap);
     Column{invoiceForm::heading(u"Manueller Eintrag"_s), invoiceForm::card(rows)}.applyTo(*this);
     connectFields();
+    // Its tick brings another time zone.
+    observe(timeStore);
     observe(m_view);
 }
 
 void InvoiceManualEntrySection::connectFields() {
-    m_date->onEdited([this](const QDateTime& edited) { m_view.manualDate = date(edited); });
+    m_date->onEdited([this](const QDateTime& edited) {
+        m_view.manualDate = m_clock.calendar().momentOf(edited.date(), edited.time());
+    });
     m_description->onEdited([this](const QString& typed) { m_view.manualDescription = typed.toStdString(); });
     m_hours->onStepped([this](int hours) { m_view.manualHours = hours; });
     m_minutes->onStepped([this](int minutes) { m_view.manualMinutes = minutes; });
@@ -57,7 +56,7 @@ void InvoiceManualEntrySection::connectFields() {
 }
 
 void InvoiceManualEntrySection::refresh() {
-    m_date->setMoment(moment(m_view.manualDate));
+    m_date->setMoment(m_clock.calendar().localTime(m_view.manualDate));
     m_description->setValue(screenText(*m_view.manualDescription));
     m_hours->setNumber(static_cast<int>(m_view.manualHours));
     m_minutes->setNumber(static_cast<int>(m_view.manualMinutes));

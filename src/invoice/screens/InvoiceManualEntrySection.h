@@ -13,7 +13,7 @@ class TextField;
 /// Adds an entry that was not recorded by a timer.
 class InvoiceManualEntrySection final : public Screen {
 public:
-    explicit InvoiceManualEntrySection(InvoiceView& view);
+    InvoiceManualEntrySection(TimeTrackingStore& timeStore, InvoiceView& view, const Clock& clock);
 
 protected:
     void refresh() override;
@@ -22,6 +22,7 @@ private:
     void connectFields();
 
     InvoiceView& m_view;
+    const Clock& m_clock;
     DateTimeField* m_date;
     TextField* m_description;
     Stepper* m_hours;

@@ -48,7 +48,7 @@ InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex,
     Column{new InvoiceCustomerSection(timeStore, m_view),
            numberCard(),
            new InvoiceEntriesSection(timeStore, m_view, facilities.clock),
-           new InvoiceManualEntrySection(m_view),
+           new InvoiceManualEntrySection(timeStore, m_view, facilities.clock),
            new InvoiceNotesSection(timeStore, m_view),
            stretch()}
         .spacing(sectionGap)

@@ -22,7 +22,9 @@ constexpr int symbolArea = 30;
 
 } // namespace
 
-DateTimeField::DateTimeField(const QString& name, QWidget* parent) : QDateTimeEdit(parent) {
+DateTimeField::DateTimeField(const QString& name, Qt::DayOfWeek firstWeekday, QWidget* parent)
+    : QDateTimeEdit(parent), m_firstWeekday(firstWeekday) {
+    setTimeSpec(Qt::UTC);
     setLocale(QLocale(QLocale::German, QLocale::Germany));
     setDisplayFormat(u"dd.MM.yyyy, HH:mm"_s);
     setButtonSymbols(NoButtons);
@@ -35,10 +37,10 @@ DateTimeField::DateTimeField(const QString& name, QWidget* parent) : QDateTimeEd
 }
 
 void DateTimeField::setMoment(const QDateTime& moment) {
-    if (dateTime() == moment)
+    if (date() == moment.date() && time() == moment.time())
         return;
     m_isSettingMoment = true;
-    setDateTime(moment);
+    setDateTime(QDateTime(moment.date(), moment.time(), Qt::UTC));
     m_isSettingMoment = false;
 }
 
@@ -53,10 +55,11 @@ void DateTimeField::onEdited(std::function<void(const QDateTime&)> edited) {
 QWidget* DateTimeField::showCalendar() {
     if (m_calendar)
         return m_calendar;
-    auto* const calendar = new MonthPopup(*this, date(), [self = QPointer(this)](const QDate& day) {
-        if (self)
-            self->setDate(day);
-    });
+    auto* const calendar =
+        new MonthPopup(*this, date(), m_firstWeekday, [self = QPointer(this)](const QDate& day) {
+            if (self)
+                self->setDate(day);
+        });
     m_calendar = calendar;
     calendar->open();
     return calendar;

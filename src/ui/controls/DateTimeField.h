@@ -10,11 +10,11 @@ namespace brisklog {
 /// from the month that the calendar symbol (or Alt-Down) opens.
 class DateTimeField final : public QDateTimeEdit {
 public:
-    explicit DateTimeField(const QString& name, QWidget* parent = nullptr);
+    DateTimeField(const QString& name, Qt::DayOfWeek firstWeekday, QWidget* parent = nullptr);
 
-    /// Sets the moment without telling `onEdited`.
+    /// Shows the moment's day and time, in its own zone, without telling `onEdited`.
     void setMoment(const QDateTime& moment);
-    /// Runs after the user changed it.
+    /// Runs after the user changed it. The field knows no zone: it tells what it shows as universal time.
     void onEdited(std::function<void(const QDateTime&)> edited);
 
     [[nodiscard]] QSize sizeHint() const override { return {172, 32}; }
@@ -39,6 +39,7 @@ private:
     [[nodiscard]] QRect symbolRect() const;
     void placeLine();
 
+    Qt::DayOfWeek m_firstWeekday;
     bool m_isSymbolHovered = false;
     bool m_isSettingMoment = false;
     QPointer<QWidget> m_calendar;

@@ -30,9 +30,10 @@ const QLocale& german() {
 
 } // namespace
 
-MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen)
-    : Popup(anchor), m_selected(selected), m_current(selected), m_chosen(std::move(chosen)),
-      m_title(new Label({}, FontRole::body13Semibold)) {
+MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, Qt::DayOfWeek firstWeekday,
+                       std::function<void(const QDate&)> chosen)
+    : Popup(anchor), m_selected(selected), m_current(selected), m_firstWeekday(firstWeekday),
+      m_chosen(std::move(chosen)), m_title(new Label({}, FontRole::body13Semibold)) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     auto* previous = new SymbolButton(u"chevron.left"_s, u"Voriger Monat"_s);
@@ -52,8 +53,7 @@ bool MonthPopup::event(QEvent* event) {
 
 QDate MonthPopup::firstShownDay() const {
     const QDate first(m_current.year(), m_current.month(), 1);
-    const int firstWeekday = QLocale::system().firstDayOfWeek();
-    return first.addDays(-((first.dayOfWeek() - firstWeekday + columns) % columns));
+    return first.addDays(-((first.dayOfWeek() - m_firstWeekday + columns) % columns));
 }
 
 QRect MonthPopup::cellRect(int cell) const {

@@ -11,7 +11,8 @@ namespace brisklog {
 /// keys and the two chevrons by months.
 class MonthPopup final : public Popup {
 public:
-    MonthPopup(QWidget& anchor, const QDate& selected, std::function<void(const QDate&)> chosen);
+    MonthPopup(QWidget& anchor, const QDate& selected, Qt::DayOfWeek firstWeekday,
+               std::function<void(const QDate&)> chosen);
 
     [[nodiscard]] QDate currentDay() const { return m_current; }
 
@@ -35,6 +36,7 @@ private:
     QDate m_selected;
     QDate m_current;
     QDate m_hovered;
+    Qt::DayOfWeek m_firstWeekday;
     std::function<void(const QDate&)> m_chosen;
     class Label* m_title;
 };

@@ -245,7 +245,7 @@ TEST_F(InvoiceScreenTest, addsWhatWasTypedAsManualEntry) {
         if (stepper->accessibleName() == u"Minuten"_s)
             QTest::keyClick(stepper, Qt::Key_Up);
     }
-    const QDateTime moment(QDate(2026, 11, 3), QTime(8, 15));
+    const QDateTime moment(QDate(2026, 11, 3), QTime(8, 15), Qt::UTC);
     auto* date = window.sheet->findChild<QDateTimeEdit*>();
     date->setDateTime(moment);
     window.button(u"Eintrag hinzufügen"_s).click();
