@@ -13,6 +13,7 @@
 #include "profile/screens/ProfileScreen.h"
 #include "settings/screens/SettingsScreen.h"
 #include "ui/look/Palette.h"
+#include "ui/sheets/Alert.h"
 #include "ui/sheets/SheetWindow.h"
 #include "ui/sheets/Sheets.h"
 

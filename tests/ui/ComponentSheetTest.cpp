@@ -1,3 +1,4 @@
+#include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
 
 #include "support/screen/ScreenTest.h"

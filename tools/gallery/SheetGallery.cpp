@@ -6,6 +6,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QApplication>

@@ -6,7 +6,8 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
-#include "ui/sheets/Sheets.h"
+#include "ui/sheets/Alert.h"
+#include "ui/sheets/SheetWindow.h"
 
 #include <QPainter>
 

@@ -7,7 +7,8 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Text.h"
-#include "ui/sheets/Sheets.h"
+#include "ui/sheets/Alert.h"
+#include "ui/sheets/SheetWindow.h"
 
 #include <algorithm>
 

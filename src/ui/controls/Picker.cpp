@@ -1,13 +1,12 @@
 #include "ui/controls/Picker.h"
 
 #include "ui/controls/Menu.h"
-#include "ui/controls/PickerAccessible.h"
 #include "ui/look/Keys.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
 
-#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -24,6 +23,36 @@ constexpr int padding = 10;
 constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
 constexpr int textRight = chevronEdge + chevronSize + 4;
+
+/// Describes a picker to screen readers: the toolkit would call it by its current choice and never by its own
+/// name.
+class PickerAccessible final : public QAccessibleWidget {
+public:
+    explicit PickerAccessible(Picker& picker) : QAccessibleWidget(&picker, QAccessible::ComboBox) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? picker().currentText() : QAccessibleWidget::text(kind);
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& name) override {
+        if (name == showMenuAction() || name == pressAction())
+            picker().showPopup();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    [[nodiscard]] Picker& picker() const { return *static_cast<Picker*>(widget()); }
+};
+
+QAccessibleInterface* pickerAccessible(const QString&, QObject* object) {
+    auto* picker = dynamic_cast<Picker*>(object);
+    return picker ? new PickerAccessible(*picker) : nullptr;
+}
 
 } // namespace
 

@@ -1,3 +1,5 @@
+#include "ui/sheets/Alert.h"
+
 #include "ui/controls/Button.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"

@@ -2,8 +2,6 @@
 
 #include "ui/sheets/SheetWindow.h"
 
-#include <QString>
-#include <functional>
 #include <memory>
 
 namespace brisklog {
@@ -18,21 +16,5 @@ class SheetHost;
 /// the host is held; when it closes, the focus goes back and the sheet is destroyed. The sheet is returned so
 /// that its presenter can watch it (as a QPointer).
 SheetWindow& presentSheet(QWidget& from, std::unique_ptr<SheetWindow> sheet);
-
-/// A question that must be answered.
-struct AlertContent {
-    enum class Action { destructive, primary };
-
-    QString title;
-    QString message;
-    /// Of the button that goes on.
-    QString actionCaption = QStringLiteral("Löschen");
-    Action action = Action::destructive;
-    QString cancelCaption = QStringLiteral("Abbrechen");
-};
-
-/// Asks; `confirmed` runs when the action was pressed, after the alert has closed. The focus is on the button
-/// that cancels.
-SheetWindow& presentAlert(QWidget& from, const AlertContent& content, std::function<void()> confirmed);
 
 } // namespace brisklog

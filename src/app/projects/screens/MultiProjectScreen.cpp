@@ -5,6 +5,7 @@
 #include "app/projects/screens/ProjectScreen.h"
 #include "app/projects/screens/ProjectTabStrip.h"
 #include "ui/look/Layout.h"
+#include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QShortcut>

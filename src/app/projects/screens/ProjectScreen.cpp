@@ -16,6 +16,7 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Text.h"
+#include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
 
 #include <QEvent>

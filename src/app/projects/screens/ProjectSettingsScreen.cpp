@@ -3,7 +3,8 @@
 #include "app/projects/screens/ProjectForm.h"
 #include "ui/controls/Button.h"
 #include "ui/look/Text.h"
-#include "ui/sheets/Sheets.h"
+#include "ui/sheets/Alert.h"
+#include "ui/sheets/SheetWindow.h"
 
 using namespace Qt::StringLiterals;
 
