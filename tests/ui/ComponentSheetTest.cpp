@@ -325,10 +325,7 @@ TEST_F(ComponentAlert, isAsWideAsDrawnWithButtonsOfAtLeastNinetySix) {
 }
 
 TEST_F(ComponentAlert, takesOtherCaptions) {
-    SheetWindow& shown = present({.title = u"Hinweis"_s,
-                                  .message = u"Text"_s,
-                                  .actionCaption = u"OK"_s,
-                                  .action = AlertContent::Action::primary});
+    SheetWindow& shown = present({.title = u"Hinweis"_s, .message = u"Text"_s, .actionCaption = u"OK"_s});
     EXPECT_NE(findNamed<Button>(shown, u"OK"_s), nullptr);
     EXPECT_EQ(findNamed<Button>(shown, u"Löschen"_s), nullptr);
 }

@@ -4,6 +4,7 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Palette.h"
 #include "ui/look/Text.h"
+#include "ui/sheets/WindowPlace.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -25,13 +26,6 @@ public:
 private:
     QPointer<DayDetailWindow> m_window;
 };
-
-/// The window manager's frame comes on top of it, of a height that nobody knows before.
-QPoint centredOn(const QScreen& screen) {
-    QRect place(QPoint(), windowSize);
-    place.moveCenter(screen.availableGeometry().center());
-    return place.topLeft();
-}
 
 } // namespace
 
@@ -64,7 +58,8 @@ std::shared_ptr<DetailWindowController> DayDetailWindows::show(const DetailWindo
     auto* const window = new DayDetailWindow(content, m_images, std::move(delegate));
     m_windows.emplace_back(window);
     const QWidget* const nearby = m_nearby();
-    window->move(centredOn(nearby != nullptr ? *nearby->screen() : *QGuiApplication::primaryScreen()));
+    const QScreen& screen = nearby != nullptr ? *nearby->screen() : *QGuiApplication::primaryScreen();
+    window->move(centredOn(screen, windowSize));
     window->show();
     window->activateWindow();
     return std::make_shared<Controller>(window);

@@ -4,6 +4,7 @@
 #include "ui/look/Text.h"
 #include "ui/sheets/SheetHost.h"
 #include "ui/sheets/Sheets.h"
+#include "ui/sheets/WindowPlace.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -16,13 +17,6 @@ namespace {
 
 constexpr QSize windowSize{600, 500};
 constexpr QSize smallestSize{330, 240};
-
-/// The window manager's frame comes on top of it, of a height that nobody knows before.
-QPoint centredOn(const QScreen& screen) {
-    QRect place(QPoint(), windowSize);
-    place.moveCenter(screen.availableGeometry().center());
-    return place.topLeft();
-}
 
 } // namespace
 
@@ -67,7 +61,7 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
         if (host)
             host->takeFocusBack();
     });
-    m_window->move(centredOn(*parent.screen()));
+    m_window->move(centredOn(*parent.screen(), windowSize));
     m_window->show();
     m_window->activateWindow();
 }

@@ -50,18 +50,13 @@ Button* alertButton(const QString& caption, Button::Kind kind) {
     return button;
 }
 
-Button::Kind kindOf(AlertContent::Action action) {
-    return action == AlertContent::Action::destructive ? Button::Kind::alertDestructive
-                                                       : Button::Kind::primary;
-}
-
 } // namespace
 
 SheetWindow& presentAlert(QWidget& from, const AlertContent& content, std::function<void()> confirmed) {
     auto sheet = std::make_unique<SheetWindow>(content.title, QSize(width, 0), SheetWindow::Chrome::bare);
     SheetWindow& alert = *sheet;
-    auto* cancel = alertButton(content.cancelCaption, Button::Kind::secondary);
-    auto* action = alertButton(content.actionCaption, kindOf(content.action));
+    auto* cancel = alertButton(u"Abbrechen"_s, Button::Kind::secondary);
+    auto* action = alertButton(content.actionCaption, Button::Kind::alertDestructive);
     cancel->onClick([&alert] { alert.dismiss(); });
     action->onClick([&alert, confirmed = std::move(confirmed)] {
         alert.onClosed(confirmed);

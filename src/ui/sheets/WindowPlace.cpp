@@ -1,6 +1,7 @@
 #include "ui/sheets/WindowPlace.h"
 
 #include <QEvent>
+#include <QScreen>
 #include <QWidget>
 #include <QWindow>
 #include <utility>
@@ -34,6 +35,12 @@ private:
 };
 
 } // namespace
+
+QPoint centredOn(const QScreen& screen, const QSize& window) {
+    QRect place(QPoint(), window);
+    place.moveCenter(screen.availableGeometry().center());
+    return place.topLeft();
+}
 
 void placeWindow(QWidget& window, const QPoint& place) {
     delete window.findChild<QObject*>(QStringLiteral("place"), Qt::FindDirectChildrenOnly);
