@@ -1,6 +1,6 @@
 #include "overview/screens/CalendarScreen.h"
 
-#include "overview/screens/CalendarCellView.h"
+#include "overview/screens/CalendarDayButton.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
@@ -63,12 +63,12 @@ QWidget* CalendarScreen::grid() {
     layout->setHorizontalSpacing(0);
     layout->setVerticalSpacing(rowGap);
     for (int cell = 0; cell < cellCount; ++cell) {
-        auto* const view = new CalendarCellView;
+        auto* const view = new CalendarDayButton;
         view->onClick([this, cell] { choose(cell); });
         view->onKey([this](int key) { return handleKey(key); });
         layout->addWidget(view, cell / columns, cell % columns, Qt::AlignCenter);
         layout->setColumnStretch(cell % columns, 1);
-        m_cellViews.push_back(view);
+        m_dayButtons.push_back(view);
     }
     return cells;
 }
@@ -79,7 +79,7 @@ void CalendarScreen::refresh() {
     for (int column = 0; column < columns; ++column)
         m_headings[static_cast<std::size_t>(column)]->setValue(screenText(m_view.columnHeading(column)));
     for (std::size_t cell = 0; cell < m_cells.size(); ++cell)
-        m_cellViews[cell]->setCell(m_cells[cell]);
+        m_dayButtons[cell]->setCell(m_cells[cell]);
     if (!gridHasFocus())
         setCurrentCell(startingCell());
 }
@@ -96,7 +96,7 @@ void CalendarScreen::paintEvent(QPaintEvent*) {
 }
 
 bool CalendarScreen::gridHasFocus() const {
-    return m_cellViews[static_cast<std::size_t>(m_currentCell)]->hasFocus();
+    return m_dayButtons[static_cast<std::size_t>(m_currentCell)]->hasFocus();
 }
 
 int CalendarScreen::startingCell() const {
@@ -132,9 +132,9 @@ int CalendarScreen::cellOfMonthDay(const std::string& dayNumber) const {
 }
 
 void CalendarScreen::setCurrentCell(int cell) {
-    m_cellViews[static_cast<std::size_t>(m_currentCell)]->setFocusPolicy(Qt::NoFocus);
+    m_dayButtons[static_cast<std::size_t>(m_currentCell)]->setFocusPolicy(Qt::NoFocus);
     m_currentCell = cell;
-    m_cellViews[static_cast<std::size_t>(cell)]->setFocusPolicy(Qt::TabFocus);
+    m_dayButtons[static_cast<std::size_t>(cell)]->setFocusPolicy(Qt::TabFocus);
 }
 
 void CalendarScreen::choose(int cell) {
@@ -199,7 +199,7 @@ void CalendarScreen::moveTo(int cell) {
     if (!hasDay(cell))
         return;
     setCurrentCell(cell);
-    m_cellViews[static_cast<std::size_t>(cell)]->focusVisibly();
+    m_dayButtons[static_cast<std::size_t>(cell)]->focusVisibly();
 }
 
 } // namespace brisklog

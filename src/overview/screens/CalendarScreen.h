@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-class CalendarCellView;
+class CalendarDayButton;
 class Label;
 
 /// The month calendar on a card. For the keyboard it is one stop after its two chevrons: arrows move by days
@@ -43,7 +43,7 @@ private:
     CalendarView m_view;
     Label* m_title;
     std::vector<Label*> m_headings;
-    std::vector<CalendarCellView*> m_cellViews;
+    std::vector<CalendarDayButton*> m_dayButtons;
     std::vector<std::optional<CalendarCell>> m_cells;
     int m_currentCell = 0;
 };

@@ -1,6 +1,6 @@
 #include "overview/screens/DashboardScreen.h"
 
-#include "overview/screens/ActiveTimerRowView.h"
+#include "overview/screens/ActiveTimerPanel.h"
 #include "overview/screens/BarChart.h"
 #include "overview/screens/ProjectOverviewRowView.h"
 #include "ui/controls/Card.h"
@@ -96,7 +96,7 @@ QWidget* DashboardScreen::weeklyOverview() {
 
 QWidget* DashboardScreen::runningTimers() {
     m_noTimers = new Label(u"Keine aktiven Timer"_s, FontRole::body13, &Palette::secondary);
-    m_timers = new RowColumn<ActiveTimerRowView>(8);
+    m_timers = new RowColumn<ActiveTimerPanel>(8);
     m_timers->hide();
     return card({heading(u"Laufende Timer"_s), space(8), m_noTimers, m_timers});
 }
@@ -123,7 +123,7 @@ void DashboardScreen::refresh() {
     m_week->setContent(content.week);
     show(m_weeklyTotal, content.weeklyTotal);
     show(m_averagePerDay, content.averagePerDay);
-    m_timers->show(content.timers, &ActiveTimerRowView::setTimer);
+    m_timers->show(content.timers, &ActiveTimerPanel::setTimer);
     m_noTimers->setVisible(!content.hasTimers);
     m_revenue->setContent(content.revenue);
     show(m_currentMonth, content.currentMonth);

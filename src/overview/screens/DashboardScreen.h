@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-class ActiveTimerRowView;
+class ActiveTimerPanel;
 class BarChart;
 class FigureLabel;
 class Label;
@@ -38,7 +38,7 @@ private:
     FigureLabel* m_weeklyTotal;
     FigureLabel* m_averagePerDay;
     Label* m_noTimers;
-    RowColumn<ActiveTimerRowView>* m_timers;
+    RowColumn<ActiveTimerPanel>* m_timers;
     BarChart* m_revenue;
     FigureLabel* m_currentMonth;
     FigureLabel* m_total;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "autotrack/screens/AutoTrackingScreen.h"
-#include "overview/screens/CalendarCellView.h"
+#include "overview/screens/CalendarDayButton.h"
 #include "overview/screens/CalendarScreen.h"
 #include "overview/screens/DayDetailWindow.h"
 #include "platform/pictures/QtImages.h"
@@ -50,8 +50,8 @@ protected:
         settle();
     }
 
-    [[nodiscard]] CalendarCellView& cell(const QString& name) {
-        auto* const found = findNamed<CalendarCellView>(*screen, name);
+    [[nodiscard]] CalendarDayButton& cell(const QString& name) {
+        auto* const found = findNamed<CalendarDayButton>(*screen, name);
         if (found != nullptr)
             return *found;
         ADD_FAILURE() << "no cell " << name.toStdString();

@@ -94,17 +94,17 @@ TEST_F(AutoTrackingScreenTest, deletingRemovesEveryMarkAndTrackingGoesOn) {
     openPanel();
     toggle();
     record(1, "Editor", 60);
-    EXPECT_NE(findNamed<CalendarCellView>(*screen, u"19. November 2026, mit Daten"_s), nullptr);
+    EXPECT_NE(findNamed<CalendarDayButton>(*screen, u"19. November 2026, mit Daten"_s), nullptr);
     click(u"Daten löschen"_s);
     button(*sheet(), u"Löschen"_s).click();
     settle();
     EXPECT_TRUE(manager().dailyUsageData->empty());
-    EXPECT_NE(findNamed<CalendarCellView>(*screen, u"19. November 2026"_s), nullptr);
+    EXPECT_NE(findNamed<CalendarDayButton>(*screen, u"19. November 2026"_s), nullptr);
     EXPECT_TRUE(shows(u"Aktuell: Editor"_s));
     advance(30);
     toggle();
     EXPECT_EQ(manager().dailyUsageData->at(0).sessions.at(0).length(bench.clock.now()), 30);
-    EXPECT_NE(findNamed<CalendarCellView>(*screen, u"20. November 2026, mit Daten"_s), nullptr);
+    EXPECT_NE(findNamed<CalendarDayButton>(*screen, u"20. November 2026, mit Daten"_s), nullptr);
 }
 
 TEST_F(AutoTrackingScreenTest, hiddenPanelLetsTrackingGoOn) {

@@ -1,6 +1,6 @@
 // Typing, starting, pausing and stopping on the screen of a project.
 
-#include "app/projects/screens/TimerListView.h"
+#include "app/projects/screens/TimerList.h"
 #include "screens/projects/ProjectPaintCounter.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "ui/controls/SymbolButton.h"
@@ -47,10 +47,10 @@ protected:
         return texts;
     }
 
-    [[nodiscard]] std::vector<TimerRowView*> timerRows() {
-        std::vector<TimerRowView*> rows;
+    [[nodiscard]] std::vector<TimerPanel*> timerRows() {
+        std::vector<TimerPanel*> rows;
         for (auto* widget : screen->findChildren<QWidget*>())
-            if (auto* row = dynamic_cast<TimerRowView*>(widget); row && row->isVisible())
+            if (auto* row = dynamic_cast<TimerPanel*>(widget); row && row->isVisible())
                 rows.push_back(row);
         std::ranges::sort(rows, {}, &QWidget::y);
         return rows;
@@ -213,7 +213,7 @@ TEST_F(ProjectTimers, fourthTimerMakesTheRowsScrollWithinThreeAndAHalf) {
         while (std::cmp_less(bench.store.activeEntries->size(), timers))
             bench.store.startTracking("Entwurf");
         settle();
-        return part<TimerListView>(*screen).height() - 6;
+        return part<TimerList>(*screen).height() - 6;
     };
     EXPECT_EQ(heightWith(1), 54);
     EXPECT_EQ(heightWith(3), 174);

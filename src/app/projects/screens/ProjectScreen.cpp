@@ -3,7 +3,7 @@
 #include "app/projects/ProjectView.h"
 #include "app/projects/screens/ProjectEntryList.h"
 #include "app/projects/screens/ProjectSettingsScreen.h"
-#include "app/projects/screens/TimerListView.h"
+#include "app/projects/screens/TimerList.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/CountBadge.h"
 #include "ui/controls/EmptyState.h"
@@ -73,8 +73,8 @@ void ProjectScreen::makeWidgets() {
     m_startButton->onClick([this] { start(); });
     m_noTimers = new Label(u"Keine aktiven Timer"_s, FontRole::caption11, &Palette::secondary);
     m_timers =
-        new TimerListView({.pauseOrResume = [this](const TimerRow& timer) { m_view->pauseOrResume(timer); },
-                           .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
+        new TimerList({.pauseOrResume = [this](const TimerRow& timer) { m_view->pauseOrResume(timer); },
+                       .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
     m_count = new CountBadge;
     m_entriesOrNone = new QStackedWidget;
     // Many timers may take its room, but not make the popover grow.

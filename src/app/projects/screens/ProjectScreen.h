@@ -19,7 +19,7 @@ class ProjectEntryList;
 class ProjectView;
 class SymbolButton;
 class TextField;
-class TimerListView;
+class TimerList;
 
 /// One project: its name, the task to start, its timers, its actions and its entries.
 class ProjectScreen final : public Screen {
@@ -67,7 +67,7 @@ private:
     TextField* m_taskField = nullptr;
     Button* m_startButton = nullptr;
     Label* m_noTimers = nullptr;
-    TimerListView* m_timers = nullptr;
+    TimerList* m_timers = nullptr;
     NavigationButton* m_exportButton = nullptr;
     NavigationButton* m_customersButton = nullptr;
     NavigationButton* m_invoiceButton = nullptr;

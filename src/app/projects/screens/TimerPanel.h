@@ -12,14 +12,14 @@ class FigureLabel;
 class SymbolButton;
 
 /// The row of one running or paused timer: task, running duration, pause or resume, stop.
-class TimerRowView final : public QWidget {
+class TimerPanel final : public QWidget {
 public:
     struct Actions {
         std::function<void(const TimerRow&)> pauseOrResume;
         std::function<void(const Uuid&)> stop;
     };
 
-    TimerRowView(const TimerRow& timer, const Actions& actions, QWidget* parent = nullptr);
+    TimerPanel(const TimerRow& timer, const Actions& actions, QWidget* parent = nullptr);
 
     /// Repaints what differs, which is the duration alone once a second.
     void setTimer(const TimerRow& timer);

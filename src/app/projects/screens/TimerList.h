@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/projects/screens/TimerRowView.h"
+#include "app/projects/screens/TimerPanel.h"
 
 #include <vector>
 
@@ -8,9 +8,9 @@ namespace brisklog {
 
 /// The rows of a project's timers, with the space that parts them from their heading. From the fourth timer
 /// on they scroll within three and a half rows; without any it takes no room.
-class TimerListView final : public QWidget {
+class TimerList final : public QWidget {
 public:
-    explicit TimerListView(const TimerRowView::Actions& actions, QWidget* parent = nullptr);
+    explicit TimerList(const TimerPanel::Actions& actions, QWidget* parent = nullptr);
 
     /// Whether rows came or went.
     bool setTimers(const std::vector<TimerRow>& timers);
@@ -21,11 +21,11 @@ public:
 private:
     [[nodiscard]] bool showsTheSameTimers(const std::vector<TimerRow>& timers) const;
     void rebuild(const std::vector<TimerRow>& timers);
-    [[nodiscard]] TimerRowView* takeRow(const TimerRow& timer);
+    [[nodiscard]] TimerPanel* takeRow(const TimerRow& timer);
 
-    TimerRowView::Actions m_actions;
+    TimerPanel::Actions m_actions;
     QWidget* m_content;
-    std::vector<TimerRowView*> m_rows;
+    std::vector<TimerPanel*> m_rows;
 };
 
 } // namespace brisklog

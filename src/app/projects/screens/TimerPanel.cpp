@@ -1,4 +1,4 @@
-#include "app/projects/screens/TimerRowView.h"
+#include "app/projects/screens/TimerPanel.h"
 
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
@@ -29,7 +29,7 @@ constexpr QRect timeEdge{5, 8, 3, rowHeight - 16};
 
 } // namespace
 
-TimerRowView::TimerRowView(const TimerRow& timer, const Actions& actions, QWidget* parent)
+TimerPanel::TimerPanel(const TimerRow& timer, const Actions& actions, QWidget* parent)
     : QWidget(parent), m_timer(timer), m_name(new ElidedLabel({}, FontRole::tab12Medium)),
       m_duration(new FigureLabel(screenText(timer.duration), FontRole::title17)),
       m_pauseButton(new SymbolButton({}, {}, SymbolButton::Size::timer)),
@@ -44,11 +44,11 @@ TimerRowView::TimerRowView(const TimerRow& timer, const Actions& actions, QWidge
     showState();
 }
 
-std::vector<QWidget*> TimerRowView::tabStops() const { return {m_pauseButton, m_stopButton}; }
+std::vector<QWidget*> TimerPanel::tabStops() const { return {m_pauseButton, m_stopButton}; }
 
-QSize TimerRowView::sizeHint() const { return {0, rowHeight}; }
+QSize TimerPanel::sizeHint() const { return {0, rowHeight}; }
 
-void TimerRowView::setTimer(const TimerRow& timer) {
+void TimerPanel::setTimer(const TimerRow& timer) {
     const TimerRow before = std::exchange(m_timer, timer);
     m_duration->setValue(screenText(timer.duration));
     if (timer.taskName != before.taskName)
@@ -57,14 +57,14 @@ void TimerRowView::setTimer(const TimerRow& timer) {
         showState();
 }
 
-void TimerRowView::showName() {
+void TimerPanel::showName() {
     const QString name = screenText(m_timer.taskName);
     m_name->setValue(name);
     m_stopButton->setAccessibleDescription(name);
     showState();
 }
 
-void TimerRowView::showState() {
+void TimerPanel::showState() {
     const bool isPaused = m_timer.isPaused;
     m_duration->setColor(isPaused ? &Palette::orange : &Palette::blue);
     m_pauseButton->setSymbol(isPaused ? u"play.fill"_s : u"pause.fill"_s);
@@ -74,7 +74,7 @@ void TimerRowView::showState() {
     update();
 }
 
-void TimerRowView::paintEvent(QPaintEvent*) {
+void TimerPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = Palette::current();
     const QColor& hue = m_timer.isPaused ? palette.orangeFill : palette.blueFill;
@@ -83,7 +83,7 @@ void TimerRowView::paintEvent(QPaintEvent*) {
     paintTimeEdge(painter, timeEdge, m_timer.isPaused ? palette.orangeFill : palette.blue);
 }
 
-void TimerRowView::resizeEvent(QResizeEvent* event) {
+void TimerPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     const int buttonTop = (rowHeight - buttonSize) / 2;
     const int stopLeft = width() - buttonRight - buttonSize;

@@ -1,4 +1,4 @@
-#include "overview/screens/CalendarCellView.h"
+#include "overview/screens/CalendarDayButton.h"
 
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"
@@ -35,11 +35,11 @@ QString description(const CalendarCell& cell) {
 
 } // namespace
 
-CalendarCellView::CalendarCellView(QWidget* parent) : Clickable(radius, parent) {
+CalendarDayButton::CalendarDayButton(QWidget* parent) : Clickable(radius, parent) {
     setFocusPolicy(Qt::NoFocus);
 }
 
-void CalendarCellView::setCell(const std::optional<CalendarCell>& cell) {
+void CalendarDayButton::setCell(const std::optional<CalendarCell>& cell) {
     if (m_cell == cell)
         return;
     m_cell = cell;
@@ -49,7 +49,7 @@ void CalendarCellView::setCell(const std::optional<CalendarCell>& cell) {
     update();
 }
 
-void CalendarCellView::paintEvent(QPaintEvent*) {
+void CalendarDayButton::paintEvent(QPaintEvent*) {
     if (!m_cell)
         return;
     QPainter painter(this);
@@ -66,7 +66,7 @@ void CalendarCellView::paintEvent(QPaintEvent*) {
                     dotSize / 2.0, palette.blue);
 }
 
-void CalendarCellView::keyPressEvent(QKeyEvent* event) {
+void CalendarDayButton::keyPressEvent(QKeyEvent* event) {
     if (!m_handleKey || event->modifiers() & ~Qt::KeypadModifier || !m_handleKey(event->key()))
         Clickable::keyPressEvent(event);
 }

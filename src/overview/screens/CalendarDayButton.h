@@ -9,9 +9,9 @@
 namespace brisklog {
 
 /// One day of the calendar, 44 × 44.
-class CalendarCellView final : public Clickable {
+class CalendarDayButton final : public Clickable {
 public:
-    explicit CalendarCellView(QWidget* parent = nullptr);
+    explicit CalendarDayButton(QWidget* parent = nullptr);
 
     /// Without a day it shows nothing and cannot be chosen.
     void setCell(const std::optional<CalendarCell>& cell);

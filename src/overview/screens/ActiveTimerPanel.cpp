@@ -1,4 +1,4 @@
-#include "overview/screens/ActiveTimerRowView.h"
+#include "overview/screens/ActiveTimerPanel.h"
 
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"
@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-ActiveTimerRowView::ActiveTimerRowView(QWidget* parent)
+ActiveTimerPanel::ActiveTimerPanel(QWidget* parent)
     : QWidget(parent), m_project(new ElidedLabel({}, FontRole::body13Semibold)),
       m_task(new ElidedLabel({}, FontRole::body13, &Palette::secondary)),
       m_started(new Label({}, FontRole::caption11, &Palette::secondary)),
@@ -53,7 +53,7 @@ ActiveTimerRowView::ActiveTimerRowView(QWidget* parent)
         .applyTo(*this);
 }
 
-void ActiveTimerRowView::setTimer(const ActiveTimerRow& timer) {
+void ActiveTimerPanel::setTimer(const ActiveTimerRow& timer) {
     m_project->setValue(screenText(timer.projectName));
     m_task->setValue(screenText(timer.taskName));
     m_started->setValue(screenText(timer.started));
@@ -64,7 +64,7 @@ void ActiveTimerRowView::setTimer(const ActiveTimerRow& timer) {
     update();
 }
 
-void ActiveTimerRowView::paintEvent(QPaintEvent*) {
+void ActiveTimerPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = Palette::current();
     fillRounded(painter, rect(), radius, withOpacity(palette.secondary, 0.05));

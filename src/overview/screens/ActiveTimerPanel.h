@@ -11,9 +11,9 @@ class FigureLabel;
 class Label;
 
 /// One running or paused timer on the dashboard. It only shows: there is nothing to press.
-class ActiveTimerRowView final : public QWidget {
+class ActiveTimerPanel final : public QWidget {
 public:
-    explicit ActiveTimerRowView(QWidget* parent = nullptr);
+    explicit ActiveTimerPanel(QWidget* parent = nullptr);
 
     void setTimer(const ActiveTimerRow& timer);
 
