@@ -24,6 +24,15 @@ TimerRow timerRow(const ActiveEntryState& state, Date now) {
 
 } // namespace
 
+ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> projectRate,
+                                const Calendar& calendar, Date now) {
+    return {.taskName = text::onOneLine(entry.taskName),
+            .start = entry.formattedStart(calendar),
+            .end = entry.formattedEnd(calendar),
+            .duration = format::duration(entry.duration(now), "0h 0m"),
+            .earnings = entry.formattedEarnings(projectRate, now)};
+}
+
 ProjectView::ProjectView(const ProjectPlatform& platform, int index)
     : projectIndex(*this, index),
       m_platform(platform), m_substitute{.id = {}, .name = substituteName, .hourlyRate = {}, .entries = {}} {}

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,24 @@ struct TimerRow {
 
     bool operator==(const TimerRow&) const = default;
 };
+
+/// What the row of one stored entry says.
+struct ProjectEntryRow {
+    /// The task's name on one line.
+    std::string taskName;
+    std::string start;
+    /// "--" while the entry has no end.
+    std::string end;
+    /// Hours and minutes; up to `now` while the entry has no end.
+    std::string duration;
+    /// At the entry's own rate, else the project's; "--" without any.
+    std::string earnings;
+
+    bool operator==(const ProjectEntryRow&) const = default;
+};
+
+[[nodiscard]] ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> projectRate,
+                                              const Calendar& calendar, Date now);
 
 /// What a project's screen works with beyond the store.
 struct ProjectPlatform {

@@ -1,4 +1,4 @@
-#include "app/projects/ProjectEntryRow.h"
+#include "app/projects/ProjectView.h"
 #include "app/projects/ProjectWorkbench.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,5 @@
 // The project screens as a person sees them.
 
-#include "app/projects/screens/NewProjectScreen.h"
-#include "app/projects/screens/ProjectSettingsScreen.h"
 #include "screens/Pictures.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/WritableStore.h"

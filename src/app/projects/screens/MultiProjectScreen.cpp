@@ -1,13 +1,14 @@
 #include "app/projects/screens/MultiProjectScreen.h"
 
-#include "app/projects/screens/CrossFade.h"
-#include "app/projects/screens/NewProjectScreen.h"
 #include "app/projects/screens/ProjectScreen.h"
+#include "app/projects/screens/ProjectSheets.h"
 #include "app/projects/screens/ProjectTabStrip.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Look.h"
 #include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
 
+#include <QPainter>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <utility>
@@ -19,6 +20,42 @@ namespace {
 
 constexpr int margin = 8;
 constexpr int gapUnderTabs = 4;
+constexpr int fadeMilliseconds = 120;
+
+/// The picture that fades away; it lets the pointer through and ends itself.
+class FadingPicture final : public QWidget {
+public:
+    explicit FadingPicture(QWidget& area) : QWidget(&area), m_picture(area.grab()) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        resize(area.size());
+        const auto fade = [this](double opacity) {
+            m_opacity = opacity;
+            update();
+        };
+        glide(*this, 1, 0, fadeMilliseconds, fade, [this] { deleteLater(); });
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setOpacity(m_opacity);
+        painter.drawPixmap(0, 0, m_picture);
+    }
+
+private:
+    QPixmap m_picture;
+    double m_opacity = 1;
+};
+
+/// Before the area shows something else: what it shows now stays as a picture over it and fades away. Nothing
+/// happens where motion is not wanted or the area is not seen.
+void crossFade(QWidget& area) {
+    if (!motionAllowed() || !area.isVisible())
+        return;
+    auto* picture = new FadingPicture(area);
+    picture->show();
+    picture->raise();
+}
 
 } // namespace
 
@@ -81,9 +118,7 @@ QWidget* MultiProjectScreen::selectedScreen() {
     return m_autoTracking;
 }
 
-void MultiProjectScreen::openNewProject() {
-    presentSheet(*this, std::make_unique<NewProjectScreen>(m_context.store));
-}
+void MultiProjectScreen::openNewProject() { presentSheet(*this, makeNewProjectSheet(m_context.store)); }
 
 void MultiProjectScreen::confirmResetAllData() {
     presentAlert(*this,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/projects/ProjectEntryRow.h"
+#include "app/projects/ProjectView.h"
 #include "core/TimeTrackingStore.h"
 
 #include <QAbstractListModel>

@@ -2,7 +2,7 @@
 
 #include "app/projects/ProjectView.h"
 #include "app/projects/screens/ProjectEntryList.h"
-#include "app/projects/screens/ProjectSettingsScreen.h"
+#include "app/projects/screens/ProjectSheets.h"
 #include "app/projects/screens/TimerList.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/CountBadge.h"
@@ -218,7 +218,7 @@ void ProjectScreen::start() {
 }
 
 void ProjectScreen::openSettings() {
-    presentSheet(*this, std::make_unique<ProjectSettingsScreen>(m_context.store, m_view->projectIndex));
+    presentSheet(*this, makeProjectSettingsSheet(m_context.store, m_view->projectIndex));
 }
 
 void ProjectScreen::openCustomers() {

@@ -1,7 +1,9 @@
 #include "app/projects/screens/ProjectTabStrip.h"
 
-#include "app/projects/screens/TabOverflowButton.h"
 #include "ui/controls/SymbolButton.h"
+#include "ui/look/Figures.h"
+#include "ui/look/Painting.h"
+#include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 
 #include <QPainter>
@@ -24,6 +26,10 @@ constexpr int dividerHeight = 14;
 constexpr int menuWidth = 322;
 /// What a wheel reports for one notch.
 constexpr int wheelNotch = 120;
+constexpr QSize overflowSize{46, 30};
+constexpr int overflowRadius = 6;
+constexpr int overflowGap = 5;
+constexpr int chevronSize = 12;
 
 QString autoTrackingLabel() { return u"Auto-Tracking"_s; }
 
@@ -52,6 +58,33 @@ QString stateText(TimerActivity timers) {
 }
 
 } // namespace
+
+/// Says how many projects there are and opens the menu that lists them.
+class TabOverflowButton final : public Clickable {
+public:
+    explicit TabOverflowButton(QWidget* parent) : Clickable(overflowRadius, parent) {
+        setToolTip(u"Alle Projekte"_s);
+        setAccessibleName(u"Alle Projekte"_s);
+    }
+
+    void setCount(int count) { setCaption(QString::number(count)); }
+
+    [[nodiscard]] QSize sizeHint() const override { return overflowSize; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const Palette& palette = Palette::current();
+        if (isHovered() || isDown())
+            fillRounded(painter, rect(), overflowRadius, withOpacity(palette.control, isDown() ? 0.9 : 0.7));
+        const int number = figureWidth(caption(), FontRole::tab12Medium);
+        const int left = (width() - number - overflowGap - chevronSize) / 2;
+        paintFigures(painter, QRect(left, 0, number, height()), caption(), FontRole::tab12Medium,
+                     palette.text, Qt::AlignLeft | Qt::AlignVCenter);
+        paintSymbol(painter, QRect(left + number + overflowGap, 0, chevronSize, height()), u"chevron.down"_s,
+                    chevronSize, palette.text);
+    }
+};
 
 ProjectTabStrip::ProjectTabStrip(const Actions& actions, QWidget* parent)
     : QWidget(parent), m_actions(actions) {
