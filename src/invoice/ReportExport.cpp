@@ -17,12 +17,13 @@ const Project& currentVersion(const TimeTrackingStore& store, const Project& pro
 
 void exportReport(const TimeTrackingStore& store, const Project& project,
                   const DocumentFacilities& facilities) {
-    exportDocument(
-        facilities, {.title = project.name + " als PDF exportieren", .suggestedName = project.name + ".pdf"},
-        [&store, project, facilities] {
-            const InvoiceGenerator report(facilities.pdf, facilities.profile(), facilities.clock.now());
-            return report.generate(currentVersion(store, project));
-        });
+    exportDocument(facilities,
+                   {.title = project.name + " als PDF exportieren", .suggestedName = project.name + ".pdf"},
+                   [&store, project, facilities] {
+                       const InvoiceGenerator report(facilities.pdf, facilities.profile(),
+                                                     facilities.clock.calendar(), facilities.clock.now());
+                       return report.generate(currentVersion(store, project));
+                   });
 }
 
 } // namespace brisklog

@@ -257,7 +257,9 @@ TEST(InvoicePdf, isMadeOfWhatTheProfileHolds) {
     EXPECT_EQ(pdf.images()[0].width, 10);
 
     CairoPdfFacility facility;
-    const PdfReader report(InvoiceGenerator(facility, profile, invoice.now).generate(invoice.project));
+    const PdfReader report(
+        InvoiceGenerator(facility, profile, Calendar(QTimeZone("Europe/Berlin")), invoice.now)
+            .generate(invoice.project));
     for (const char* const line : {"Firmenname", "Vollname", "Straße 1", "12345 Ort", "Tel: 0123",
                                    "E-Mail: a@b.example", "Web: www.example", "Steuernummer: S1",
                                    "USt-IdNr.: U1", "Bankverbindung: Bank1", "IBAN: I1", "BIC: B1"})
