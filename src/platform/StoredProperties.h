@@ -65,14 +65,16 @@ struct StoredRecord<Object, std::tuple<StoredProperty<Properties>...>> : StoredV
     }
 };
 
+template <auto Property>
+constexpr auto storedField(const StoredProperty<Property>& row) {
+    return json::field<&StoredValue<Property>::value>(row.key, row.ifMissing);
+}
+
 template <class Object, auto... Properties>
 constexpr auto
 jsonFields(std::type_identity<StoredRecord<Object, std::tuple<StoredProperty<Properties>...>>>) {
-    return std::apply(
-        [](const auto&... rows) {
-            return std::tuple{json::field<&StoredValue<Properties>::value>(rows.key, rows.ifMissing)...};
-        },
-        storedProperties(std::type_identity<Object>{}));
+    return std::apply([](const auto&... rows) { return std::tuple{storedField(rows)...}; },
+                      storedProperties(std::type_identity<Object>{}));
 }
 
 namespace detail {
