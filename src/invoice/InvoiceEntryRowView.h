@@ -1,6 +1,6 @@
 #pragma once
 
-#include "invoice/InvoiceEntryStatus.h"
+#include "invoice/InvoiceView.h"
 
 #include <functional>
 #include <optional>

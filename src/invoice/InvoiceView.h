@@ -4,7 +4,6 @@
 #include "foundation/NotificationCenter.h"
 #include "foundation/Observable.h"
 #include "invoice/DocumentExport.h"
-#include "invoice/InvoiceEntryStatus.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 
 #include <cstdint>
@@ -15,6 +14,20 @@
 #include <vector>
 
 namespace brisklog {
+
+/// One row of the sheet's entry list.
+struct InvoiceEntryStatus {
+    /// Equal to `entry.id`.
+    Uuid id;
+    /// A copy of the project's entry.
+    TimeEntry entry;
+    /// Ticked for this invoice.
+    bool isSelected = false;
+    /// Invoiced before the sheet was shown, or by it.
+    bool isInvoiced = false;
+
+    bool operator==(const InvoiceEntryStatus&) const = default;
+};
 
 /// The figures under the entry list.
 struct InvoiceSummary {
