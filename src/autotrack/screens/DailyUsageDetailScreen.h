@@ -1,6 +1,6 @@
 #pragma once
 
-#include "autotrack/screens/AppUsageModel.h"
+#include "autotrack/DailyUsageDetailView.h"
 
 #include <QWidget>
 
@@ -11,12 +11,8 @@ class Images;
 /// What a day's window shows: the total and every application with its time.
 class DailyUsageDetailScreen final : public QWidget {
 public:
-    DailyUsageDetailScreen(DailyUsageDetailView detail, const Images& images, QWidget* parent = nullptr);
-
-private:
-    [[nodiscard]] QWidget* list(const Images& images);
-
-    AppUsageModel m_model;
+    DailyUsageDetailScreen(const DailyUsageDetailView& detail, const Images& images,
+                           QWidget* parent = nullptr);
 };
 
 } // namespace brisklog
