@@ -121,7 +121,7 @@ void BrisklogApp::loadProjects() {
         exportReport(store, project, m_documents);
     };
     m_projects =
-        std::make_unique<MultiProjectView>(ProjectPlatform{.store = store,
+        std::make_unique<MultiProjectView>(ProjectServices{.store = store,
                                                            .clock = m_outside.clock,
                                                            .runLoop = m_outside.runLoop,
                                                            .exportReport = exportProject},
@@ -172,7 +172,6 @@ QWidget* BrisklogApp::makeProjectsSection() {
         .makeAutoTrackingPanel = [this] { return makeAutoTrackingPanel(); }};
     return new MultiProjectScreen(*m_projects, {.store = store,
                                                 .clock = m_outside.clock,
-                                                .runLoop = m_outside.runLoop,
                                                 .notifications = m_notificationCenter,
                                                 .actions = actions});
 }

@@ -23,13 +23,13 @@ ActivityByProject timerActivity(const TimeTrackingStore::ActiveEntries& timers) 
 
 } // namespace
 
-MultiProjectView::MultiProjectView(const ProjectPlatform& platform, AutoTrackingPlatform autoTracking)
-    : autoTrackingManager(std::move(autoTracking)), m_platform(platform) {}
+MultiProjectView::MultiProjectView(const ProjectServices& services, AutoTrackingPlatform autoTracking)
+    : autoTrackingManager(std::move(autoTracking)), m_services(services) {}
 
 std::vector<ProjectTab> MultiProjectView::tabs() const {
-    const ActivityByProject activity = timerActivity(m_platform.store.activeEntries);
+    const ActivityByProject activity = timerActivity(m_services.store.activeEntries);
     std::vector<ProjectTab> tabs;
-    for (const Project& project : m_platform.store.projects.get()) {
+    for (const Project& project : m_services.store.projects.get()) {
         const auto timers = activity.find(project.id);
         tabs.push_back({.name = text::onOneLine(project.name),
                         .timers = timers == activity.end() ? TimerActivity::none : timers->second});
@@ -37,26 +37,26 @@ std::vector<ProjectTab> MultiProjectView::tabs() const {
     return tabs;
 }
 
-int MultiProjectView::projectCount() const { return static_cast<int>(m_platform.store.projects->size()); }
+int MultiProjectView::projectCount() const { return static_cast<int>(m_services.store.projects->size()); }
 
 bool MultiProjectView::isAutoTrackingSelected() const {
-    return m_autoTrackingChosenAt == m_platform.store.selectedProjectIndex.revision();
+    return m_autoTrackingChosenAt == m_services.store.selectedProjectIndex.revision();
 }
 
 int MultiProjectView::selectedTab() const {
-    return isAutoTrackingSelected() ? autoTrackingTab() : m_platform.store.selectedProjectIndex.get();
+    return isAutoTrackingSelected() ? autoTrackingTab() : m_services.store.selectedProjectIndex.get();
 }
 
 void MultiProjectView::selectTab(int tab) {
     if (tab == autoTrackingTab())
         selectAutoTracking();
     else if (tab >= 0 && tab < projectCount() && tab != selectedTab())
-        m_platform.store.selectedProjectIndex = tab;
+        m_services.store.selectedProjectIndex = tab;
 }
 
 void MultiProjectView::selectAutoTracking() {
     announce();
-    m_autoTrackingChosenAt = m_platform.store.selectedProjectIndex.revision();
+    m_autoTrackingChosenAt = m_services.store.selectedProjectIndex.revision();
 }
 
 void MultiProjectView::stepTabs(int steps) {
@@ -65,12 +65,12 @@ void MultiProjectView::stepTabs(int steps) {
 
 std::shared_ptr<ProjectView> MultiProjectView::projectView() {
     forgetDeletedProjects();
-    const int index = m_platform.store.selectedProjectIndex;
+    const int index = m_services.store.selectedProjectIndex;
     const bool exists = index >= 0 && index < projectCount();
-    const Uuid id = exists ? m_platform.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
+    const Uuid id = exists ? m_services.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
     std::shared_ptr<ProjectView>& view = m_projectViews[id];
     if (!view)
-        view = std::make_shared<ProjectView>(m_platform, index);
+        view = std::make_shared<ProjectView>(m_services, index);
     else if (view->projectIndex != index)
         view->projectIndex = index;
     return view;
@@ -78,11 +78,11 @@ std::shared_ptr<ProjectView> MultiProjectView::projectView() {
 
 void MultiProjectView::forgetDeletedProjects() {
     std::unordered_set<Uuid> existing{Uuid()};
-    for (const Project& project : m_platform.store.projects.get())
+    for (const Project& project : m_services.store.projects.get())
         existing.insert(project.id);
     std::erase_if(m_projectViews, [&](const auto& view) { return !existing.contains(view.first); });
 }
 
-void MultiProjectView::resetAllData() { m_platform.store.resetAllData(); }
+void MultiProjectView::resetAllData() { m_services.store.resetAllData(); }
 
 } // namespace brisklog

@@ -33,7 +33,7 @@ struct ProjectTab {
 class MultiProjectView final : public ObservableObject {
 public:
     /// Automatic tracking resumes at once when it was left switched on.
-    MultiProjectView(const ProjectPlatform& platform, AutoTrackingPlatform autoTracking);
+    MultiProjectView(const ProjectServices& services, AutoTrackingPlatform autoTracking);
 
     AutoTrackingManager autoTrackingManager;
 
@@ -52,7 +52,7 @@ public:
     [[nodiscard]] bool isAutoTrackingSelected() const;
 
     /// The project whose tab is, or was last, shown.
-    [[nodiscard]] int lastSelectedIndex() const { return m_platform.store.selectedProjectIndex; }
+    [[nodiscard]] int lastSelectedIndex() const { return m_services.store.selectedProjectIndex; }
 
     /// A position that is no tab does nothing.
     void selectTab(int tab);
@@ -71,7 +71,7 @@ public:
 private:
     void forgetDeletedProjects();
 
-    ProjectPlatform m_platform;
+    ProjectServices m_services;
     /// How often the store's selection had been written when "Auto-Tracking" was chosen.
     std::optional<std::uint64_t> m_autoTrackingChosenAt;
     std::map<Uuid, std::shared_ptr<ProjectView>> m_projectViews;

@@ -33,22 +33,22 @@ ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> pr
             .earnings = entry.formattedEarnings(projectRate, now)};
 }
 
-ProjectView::ProjectView(const ProjectPlatform& platform, int index)
+ProjectView::ProjectView(const ProjectServices& services, int index)
     : projectIndex(*this, index),
-      m_platform(platform), m_substitute{.id = {}, .name = substituteName, .hourlyRate = {}, .entries = {}} {}
+      m_services(services), m_substitute{.id = {}, .name = substituteName, .hourlyRate = {}, .entries = {}} {}
 
 bool ProjectView::hasProject() const {
-    return *projectIndex >= 0 && std::cmp_less(*projectIndex, m_platform.store.projects->size());
+    return *projectIndex >= 0 && std::cmp_less(*projectIndex, m_services.store.projects->size());
 }
 
 const Project& ProjectView::project() const {
-    return hasProject() ? m_platform.store.projects.get()[static_cast<std::size_t>(*projectIndex)]
+    return hasProject() ? m_services.store.projects.get()[static_cast<std::size_t>(*projectIndex)]
                         : m_substitute;
 }
 
 std::vector<TimerRow> ProjectView::timers() const {
     std::vector<const ActiveEntryState*> states;
-    for (const auto& [id, state] : m_platform.store.activeEntries.get())
+    for (const auto& [id, state] : m_services.store.activeEntries.get())
         if (state.projectId == project().id)
             states.push_back(&state);
     // The identifier decides between timers of the same moment, so that rows never change places.
@@ -56,7 +56,7 @@ std::vector<TimerRow> ProjectView::timers() const {
         return std::tuple(state->entry.startTime.secondsSinceReference, state->id);
     });
     std::vector<TimerRow> rows;
-    const Date now = m_platform.clock.now();
+    const Date now = m_services.clock.now();
     std::ranges::transform(states, std::back_inserter(rows),
                            [now](const ActiveEntryState* state) { return timerRow(*state, now); });
     return rows;
@@ -66,8 +66,8 @@ void ProjectView::start() {
     if (isProcessing || text::trimmed(*taskName).empty())
         return;
     isProcessing = true;
-    m_platform.store.startTracking(taskName);
-    m_clearing = m_platform.runLoop.runAfter(clearingDelay, [this] { finishStart(); });
+    m_services.store.startTracking(taskName);
+    m_clearing = m_services.runLoop.runAfter(clearingDelay, [this] { finishStart(); });
 }
 
 void ProjectView::finishStart() {
@@ -77,18 +77,18 @@ void ProjectView::finishStart() {
 
 void ProjectView::pauseOrResume(const TimerRow& timer) {
     if (timer.isPaused)
-        m_platform.store.resumeTracking(timer.entryId);
+        m_services.store.resumeTracking(timer.entryId);
     else
-        m_platform.store.pauseTracking(timer.entryId);
+        m_services.store.pauseTracking(timer.entryId);
 }
 
-void ProjectView::stop(const Uuid& entryId) { m_platform.store.stopTracking(entryId); }
+void ProjectView::stop(const Uuid& entryId) { m_services.store.stopTracking(entryId); }
 
-void ProjectView::resetProject() { m_platform.store.resetProject(projectIndex); }
+void ProjectView::resetProject() { m_services.store.resetProject(projectIndex); }
 
 void ProjectView::exportPDF() {
     if (canExportPDF())
-        m_platform.exportReport(project());
+        m_services.exportReport(project());
 }
 
 } // namespace brisklog

@@ -39,8 +39,8 @@ struct ProjectEntryRow {
 [[nodiscard]] ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> projectRate,
                                               const Calendar& calendar, Date now);
 
-/// What a project's screen works with beyond the store.
-struct ProjectPlatform {
+/// What the view of a project works with.
+struct ProjectServices {
     TimeTrackingStore& store;
     Clock& clock;
     RunLoop& runLoop;
@@ -51,7 +51,7 @@ struct ProjectPlatform {
 /// What the screen of one project shows and does.
 class ProjectView final : public ObservableObject {
 public:
-    ProjectView(const ProjectPlatform& platform, int projectIndex);
+    ProjectView(const ProjectServices& services, int projectIndex);
 
     /// The position in the store's list; may point past its end.
     Published<int> projectIndex;
@@ -81,7 +81,7 @@ public:
     void resetProject();
 
     /// There is a project, and an export was handed in.
-    [[nodiscard]] bool canExportPDF() const { return hasProject() && m_platform.exportReport; }
+    [[nodiscard]] bool canExportPDF() const { return hasProject() && m_services.exportReport; }
 
     /// Asks where to save the report of the project's entries; nothing happens while that cannot be done.
     void exportPDF();
@@ -89,7 +89,7 @@ public:
 private:
     void finishStart();
 
-    ProjectPlatform m_platform;
+    ProjectServices m_services;
     const Project m_substitute;
     std::unique_ptr<Timer> m_clearing;
 };

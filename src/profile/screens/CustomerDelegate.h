@@ -1,6 +1,5 @@
 #pragma once
 
-#include "profile/CustomerRowView.h"
 #include "ui/lists/RowDelegate.h"
 
 namespace brisklog {

@@ -1,5 +1,7 @@
 #include "ui/look/Hairline.h"
 
+#include "ui/look/Palette.h"
+
 #include <QPainter>
 
 namespace brisklog {

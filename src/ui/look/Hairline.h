@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ui/look/Palette.h"
-
 #include <QWidget>
 
 namespace brisklog {

@@ -19,7 +19,7 @@ protected:
     }
 
     ProjectWorkbench bench;
-    MultiProjectView view{bench.platform(), bench.tracking()};
+    MultiProjectView view{bench.services(), bench.tracking()};
 };
 
 TEST_F(ProjectTabs, areOnePerProjectAndAutoTrackingAfterTheLast) {

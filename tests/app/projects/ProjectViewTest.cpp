@@ -25,7 +25,7 @@ protected:
     [[nodiscard]] std::string duration() const { return view.timers().at(0).duration; }
 
     ProjectWorkbench bench;
-    ProjectView view{bench.platform(), 0};
+    ProjectView view{bench.services(), 0};
 };
 
 TEST_F(ProjectScreenState, startsATimerUnderTheTypedName) {
@@ -90,7 +90,7 @@ TEST_F(ProjectScreenState, everyChangeIsAnnounced) {
 
 TEST_F(ProjectScreenState, goingAwayWhileClearingIsPendingIsHarmless) {
     {
-        ProjectView shortLived(bench.platform(), 0);
+        ProjectView shortLived(bench.services(), 0);
         shortLived.taskName = "Entwurf";
         shortLived.start();
     }
@@ -152,7 +152,7 @@ TEST_F(ProjectScreenState, stoppedTimerBecomesTheProjectsLastEntry) {
 TEST_F(ProjectScreenState, timersOfOtherProjectsAreNotListedButKeepRunning) {
     start("hier");
     bench.store.addProject("Web", std::nullopt);
-    ProjectView other(bench.platform(), 1);
+    ProjectView other(bench.services(), 1);
     other.taskName = "dort";
     other.start();
     bench.runLoop.advance(10);
@@ -176,7 +176,7 @@ TEST_F(ProjectScreenState, resettingEmptiesThisProjectAndKeepsItsTimers) {
 
 TEST_F(ProjectScreenState, positionOutOfRangeShowsTheSubstitute) {
     for (const int index : {-1, 1, 1000}) {
-        ProjectView outside(bench.platform(), index);
+        ProjectView outside(bench.services(), index);
         EXPECT_EQ(outside.project().name, "Fehler");
         EXPECT_TRUE(outside.project().entries.empty());
         EXPECT_TRUE(outside.timers().empty());
@@ -197,9 +197,9 @@ TEST_F(ProjectScreenState, pdfIsExportedThroughWhatWasHandedIn) {
     view.exportPDF();
 
     std::vector<std::string> exported;
-    ProjectPlatform platform = bench.platform();
-    platform.exportReport = [&](const Project& project) { exported.push_back(project.name); };
-    ProjectView exporting(platform, 0);
+    ProjectServices services = bench.services();
+    services.exportReport = [&](const Project& project) { exported.push_back(project.name); };
+    ProjectView exporting(services, 0);
     EXPECT_TRUE(exporting.canExportPDF());
     exporting.exportPDF();
     EXPECT_EQ(exported, std::vector<std::string>{"Standardprojekt"});
@@ -207,9 +207,9 @@ TEST_F(ProjectScreenState, pdfIsExportedThroughWhatWasHandedIn) {
 
 TEST_F(ProjectScreenState, theSubstituteIsNeverExported) {
     std::vector<std::string> exported;
-    ProjectPlatform platform = bench.platform();
-    platform.exportReport = [&](const Project& project) { exported.push_back(project.name); };
-    ProjectView nowhere(platform, 7);
+    ProjectServices services = bench.services();
+    services.exportReport = [&](const Project& project) { exported.push_back(project.name); };
+    ProjectView nowhere(services, 7);
     EXPECT_FALSE(nowhere.canExportPDF());
     nowhere.exportPDF();
     EXPECT_TRUE(exported.empty());

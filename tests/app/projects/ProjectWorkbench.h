@@ -26,7 +26,7 @@ struct ProjectWorkbench {
     FakeFrontmostApplication frontmost;
     TimeTrackingStore store{StorePlatform{files, userDefaults, clock, runLoop, log}};
 
-    [[nodiscard]] ProjectPlatform platform() { return {store, clock, runLoop, {}}; }
+    [[nodiscard]] ProjectServices services() { return {store, clock, runLoop, {}}; }
 
     [[nodiscard]] AutoTrackingPlatform tracking() {
         return {.frontmost = frontmost,

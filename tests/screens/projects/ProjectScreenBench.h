@@ -20,11 +20,11 @@ protected:
 
     /// Shows the section; what the test put into the store before is there from the start.
     void open() {
-        ProjectPlatform platform = bench.platform();
-        platform.exportReport = exportReport;
-        view = std::make_unique<MultiProjectView>(platform, bench.tracking());
+        ProjectServices services = bench.services();
+        services.exportReport = exportReport;
+        view = std::make_unique<MultiProjectView>(services, bench.tracking());
         screen = std::make_unique<MultiProjectScreen>(
-            *view, ProjectScreensContext{bench.store, bench.clock, bench.runLoop, notifications, actions});
+            *view, ProjectScreenServices{bench.store, bench.clock, notifications, actions});
         screen->resize(sectionSize);
         showActive(*screen);
     }

@@ -59,21 +59,21 @@ void crossFade(QWidget& area) {
 
 } // namespace
 
-MultiProjectScreen::MultiProjectScreen(MultiProjectView& view, const ProjectScreensContext& context,
+MultiProjectScreen::MultiProjectScreen(MultiProjectView& view, const ProjectScreenServices& services,
                                        QWidget* parent)
-    : Screen(parent), m_context(context), m_view(view),
+    : Screen(parent), m_services(services), m_view(view),
       m_strip(new ProjectTabStrip({.select = [this](int tab) { m_view.selectTab(tab); },
                                    .step = [this](int steps) { m_view.stepTabs(steps); },
                                    .createProject = [this] { openNewProject(); },
                                    .resetAllData = [this] { confirmResetAllData(); }})),
-      m_tabs(new QStackedWidget), m_project(new ProjectScreen(context, m_view.projectView())) {
+      m_tabs(new QStackedWidget), m_project(new ProjectScreen(services, m_view.projectView())) {
     m_tabs->addWidget(m_project);
     // The last card runs down to the window's edge.
     Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
         .margins({margin, margin, margin, 0})
         .applyTo(*this);
     addShortcuts();
-    observe(m_context.store);
+    observe(m_services.store);
     observe(m_view);
 }
 
@@ -88,9 +88,9 @@ void MultiProjectScreen::addShortcuts() {
 }
 
 MultiProjectScreen::Revisions MultiProjectScreen::revisions() const {
-    return {.projects = m_context.store.projects.revision(),
-            .selectedProjectIndex = m_context.store.selectedProjectIndex.revision(),
-            .activeEntries = m_context.store.activeEntries.revision(),
+    return {.projects = m_services.store.projects.revision(),
+            .selectedProjectIndex = m_services.store.selectedProjectIndex.revision(),
+            .activeEntries = m_services.store.activeEntries.revision(),
             .isAutoTrackingSelected = m_view.isAutoTrackingSelected()};
 }
 
@@ -111,14 +111,14 @@ QWidget* MultiProjectScreen::selectedScreen() {
     if (!m_view.isAutoTrackingSelected())
         return m_project;
     if (m_autoTracking == nullptr) {
-        const auto& make = m_context.actions.makeAutoTrackingPanel;
+        const auto& make = m_services.actions.makeAutoTrackingPanel;
         m_autoTracking = make ? make() : new QWidget;
         m_tabs->addWidget(m_autoTracking);
     }
     return m_autoTracking;
 }
 
-void MultiProjectScreen::openNewProject() { presentSheet(*this, makeNewProjectSheet(m_context.store)); }
+void MultiProjectScreen::openNewProject() { presentSheet(*this, makeNewProjectSheet(m_services.store)); }
 
 void MultiProjectScreen::confirmResetAllData() {
     presentAlert(*this,

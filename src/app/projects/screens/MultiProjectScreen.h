@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/projects/MultiProjectView.h"
-#include "app/projects/screens/ProjectScreensContext.h"
+#include "app/projects/screens/ProjectScreenServices.h"
 #include "ui/sheets/Screen.h"
 
 #include <optional>
@@ -16,7 +16,7 @@ class ProjectTabStrip;
 /// The time tracking section: the tabs and, under them, the selected project or automatic tracking.
 class MultiProjectScreen final : public Screen {
 public:
-    MultiProjectScreen(MultiProjectView& view, const ProjectScreensContext& context,
+    MultiProjectScreen(MultiProjectView& view, const ProjectScreenServices& services,
                        QWidget* parent = nullptr);
 
 protected:
@@ -39,7 +39,7 @@ private:
     void openNewProject();
     void confirmResetAllData();
 
-    const ProjectScreensContext m_context;
+    const ProjectScreenServices m_services;
     MultiProjectView& m_view;
     std::optional<Revisions> m_shown;
     int m_shownTab = 0;

@@ -48,17 +48,17 @@ QWidget* emptyEntries() {
 
 } // namespace
 
-ProjectScreen::ProjectScreen(const ProjectScreensContext& context, std::shared_ptr<ProjectView> view,
+ProjectScreen::ProjectScreen(const ProjectScreenServices& services, std::shared_ptr<ProjectView> view,
                              QWidget* parent)
-    : Screen(parent), m_context(context), m_view(std::move(view)) {
+    : Screen(parent), m_services(services), m_view(std::move(view)) {
     makeWidgets();
     makeActions();
     arrange();
     arrangeTabOrder();
-    observe(m_context.store);
+    observe(m_services.store);
     watchView();
     m_customersSubscription =
-        m_context.notifications.observe(openCustomerManagementNotification, [this] { openCustomers(); });
+        m_services.notifications.observe(openCustomerManagementNotification, [this] { openCustomers(); });
 }
 
 void ProjectScreen::makeWidgets() {
@@ -79,7 +79,7 @@ void ProjectScreen::makeWidgets() {
     m_entriesOrNone = new QStackedWidget;
     // Many timers may take its room, but not make the popover grow.
     m_entriesOrNone->setMinimumHeight(1);
-    m_entries = new ProjectEntryList(m_context.store, m_context.clock);
+    m_entries = new ProjectEntryList(m_services.store, m_services.clock);
     m_noEntries = emptyEntries();
     m_entriesOrNone->addWidget(m_entries);
     m_entriesOrNone->addWidget(m_noEntries);
@@ -177,7 +177,7 @@ void ProjectScreen::refreshTimers() {
 }
 
 void ProjectScreen::refreshProject() {
-    const std::uint64_t revision = m_context.store.projects.revision();
+    const std::uint64_t revision = m_services.store.projects.revision();
     if (m_shownRevision == revision)
         return;
     m_shownRevision = revision;
@@ -218,17 +218,17 @@ void ProjectScreen::start() {
 }
 
 void ProjectScreen::openSettings() {
-    presentSheet(*this, makeProjectSettingsSheet(m_context.store, m_view->projectIndex));
+    presentSheet(*this, makeProjectSettingsSheet(m_services.store, m_view->projectIndex));
 }
 
 void ProjectScreen::openCustomers() {
-    if (m_context.actions.openCustomers)
-        m_context.actions.openCustomers(*this);
+    if (m_services.actions.openCustomers)
+        m_services.actions.openCustomers(*this);
 }
 
 void ProjectScreen::openInvoice() {
-    if (m_context.actions.openInvoice)
-        m_context.actions.openInvoice(*this, m_view->projectIndex);
+    if (m_services.actions.openInvoice)
+        m_services.actions.openInvoice(*this, m_view->projectIndex);
 }
 
 void ProjectScreen::confirmReset() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/projects/screens/ProjectScreensContext.h"
+#include "app/projects/screens/ProjectScreenServices.h"
 #include "ui/sheets/Screen.h"
 
 #include <memory>
@@ -24,7 +24,7 @@ class TimerList;
 /// One project: its name, the task to start, its timers, its actions and its entries.
 class ProjectScreen final : public Screen {
 public:
-    ProjectScreen(const ProjectScreensContext& context, std::shared_ptr<ProjectView> view,
+    ProjectScreen(const ProjectScreenServices& services, std::shared_ptr<ProjectView> view,
                   QWidget* parent = nullptr);
 
     /// Shows another project.
@@ -55,7 +55,7 @@ private:
     void openInvoice();
     void confirmReset();
 
-    const ProjectScreensContext m_context;
+    const ProjectScreenServices m_services;
     std::shared_ptr<ProjectView> m_view;
     Subscription m_viewSubscription;
     Subscription m_customersSubscription;

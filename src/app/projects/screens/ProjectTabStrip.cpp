@@ -1,5 +1,6 @@
 #include "app/projects/screens/ProjectTabStrip.h"
 
+#include "ui/controls/Menu.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"

@@ -3,7 +3,6 @@
 #include "app/projects/MultiProjectView.h"
 #include "app/projects/TabStripLayout.h"
 #include "app/projects/screens/ProjectTabButton.h"
-#include "ui/controls/Menu.h"
 
 #include <QStringList>
 #include <QWidget>

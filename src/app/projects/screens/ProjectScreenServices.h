@@ -20,10 +20,9 @@ struct ProjectActions {
 };
 
 /// What the project screens work with.
-struct ProjectScreensContext {
+struct ProjectScreenServices {
     TimeTrackingStore& store;
-    Clock& clock;
-    RunLoop& runLoop;
+    const Clock& clock;
     NotificationCenter& notifications;
     ProjectActions actions;
 };
