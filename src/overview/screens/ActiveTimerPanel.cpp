@@ -53,7 +53,7 @@ ActiveTimerPanel::ActiveTimerPanel(QWidget* parent)
         .applyTo(*this);
 }
 
-void ActiveTimerPanel::setTimer(const ActiveTimerRow& timer) {
+void ActiveTimerPanel::setRow(const ActiveTimerRow& timer) {
     m_project->setValue(screenText(timer.projectName));
     m_task->setValue(screenText(timer.taskName));
     m_started->setValue(screenText(timer.started));

@@ -13,9 +13,9 @@ class Label;
 /// One running or paused timer on the dashboard. It only shows: there is nothing to press.
 class ActiveTimerPanel final : public QWidget {
 public:
-    explicit ActiveTimerPanel(QWidget* parent = nullptr);
+    explicit ActiveTimerPanel(QWidget* parent);
 
-    void setTimer(const ActiveTimerRow& timer);
+    void setRow(const ActiveTimerRow& timer);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "overview/DashboardView.h"
-#include "overview/screens/RowColumn.h"
 #include "ui/sheets/Screen.h"
+
+#include <vector>
 
 namespace brisklog {
 
@@ -10,7 +11,11 @@ class ActiveTimerPanel;
 class BarChart;
 class FigureLabel;
 class Label;
-class ProjectOverviewRowView;
+class LayoutBox;
+class ProjectOverviewPanel;
+class RoleLabel;
+template <class Panel>
+class PanelColumn;
 
 /// The dashboard as it is seen: four cards in one scroll area.
 class DashboardScreen final : public Screen {
@@ -23,25 +28,35 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    using Text = std::string DashboardContent::*;
+
+    struct ShownText {
+        Text text;
+        RoleLabel* label;
+    };
+
+    struct SumLook;
+
     [[nodiscard]] QWidget* dailyOverview();
     [[nodiscard]] QWidget* weeklyOverview();
     [[nodiscard]] QWidget* runningTimers();
     [[nodiscard]] QWidget* finance();
 
+    /// A caption and, at the right, its figure.
+    [[nodiscard]] LayoutBox sum(const QString& caption, Text figure, const SumLook& look);
+    /// One of the large figures at the top.
+    [[nodiscard]] QWidget* largeSum(const QString& caption, Text figure);
+    /// The label, which shows that text from now on.
+    template <class AnyLabel>
+    AnyLabel* showing(Text text, AnyLabel* label);
+
     DashboardView m_view;
-    Label* m_currentDate;
-    FigureLabel* m_todaysWork;
-    FigureLabel* m_totalWork;
-    RowColumn<ProjectOverviewRowView>* m_projects;
-    FigureLabel* m_totalEarnings;
+    std::vector<ShownText> m_texts;
+    PanelColumn<ProjectOverviewPanel>* m_projects;
     BarChart* m_week;
-    FigureLabel* m_weeklyTotal;
-    FigureLabel* m_averagePerDay;
     Label* m_noTimers;
-    RowColumn<ActiveTimerPanel>* m_timers;
+    PanelColumn<ActiveTimerPanel>* m_timers;
     BarChart* m_revenue;
-    FigureLabel* m_currentMonth;
-    FigureLabel* m_total;
 };
 
 } // namespace brisklog
