@@ -10,7 +10,7 @@ namespace brisklog {
 
 class Calendar;
 
-/// What one row of the entry list shows.
+/// What one row of the entry list shows; a value in spite of its name.
 struct InvoiceEntryRowView {
     /// What the row's ground says about its entry.
     enum class Ground { invoiced, selected, plain };

@@ -197,7 +197,7 @@ TEST_F(ComponentBox, cardViewPadsItsContentAndAppliesNoCorners) {
 }
 
 TEST_F(ComponentBox, cardHasGroundLineAndShadow) {
-    Card card;
+    Card card(Column{}, {});
     card.resize(100, 60);
     const Palette& palette = Palette::of(ColorScheme::light);
     const QImage image = picture(card);

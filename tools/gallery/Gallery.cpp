@@ -211,24 +211,23 @@ DateTimeField* dateField() {
 }
 
 Card* card() {
-    auto* made = new Card;
     auto* area = new TextArea(u"Notizen"_s);
     area->setValue(
         u"Bitte überweisen Sie den Betrag ohne Abzug. Die Schulungsunterlagen liegen als PDF bei; Rückfragen gerne jederzeit telefonisch."_s);
     auto* notes = new Button(u"Gespeicherte Notizen"_s);
     notes->setSymbol(u"text.badge.checkmark"_s);
     notes->setOpensMenu();
-    Column{area,
-           space(8),
-           Row{button(u"Speichern"_s, Button::Kind::secondary, u"square.and.arrow.down"_s), notes, stretch()}
-               .spacing(8),
-           space(10),
-           new Hairline(Hairline::Kind::card),
-           space(8),
-           Row{new FigureLabel(u"01:24:07"_s, FontRole::title17, &Palette::blue), stretch(),
-               new FigureLabel(u"14849.11 €"_s, FontRole::title17)}}
-        .margins(14)
-        .applyTo(*made);
+    const Column content{
+        area,
+        space(8),
+        Row{button(u"Speichern"_s, Button::Kind::secondary, u"square.and.arrow.down"_s), notes, stretch()}
+            .spacing(8),
+        space(10),
+        new Hairline(Hairline::Kind::card),
+        space(8),
+        Row{new FigureLabel(u"01:24:07"_s, FontRole::title17, &Palette::blue), stretch(),
+            new FigureLabel(u"14849.11 €"_s, FontRole::title17)}};
+    auto* made = new Card(content, {14, 14, 14, 13});
     made->setFixedWidth(420);
     return made;
 }

@@ -73,9 +73,8 @@ AutoTrackingScreen::AutoTrackingScreen(AutoTrackingManager& manager, FrontmostAp
 
 /// What is being recorded, or why nothing is. One line is kept free where there is neither.
 QWidget* AutoTrackingScreen::statusLines() {
-    auto* const lines = new QWidget;
+    auto* const lines = asWidget(Column{m_current, m_unavailability}.margins({dotSize + dotGap, 0, 0, 0}));
     lines->setMinimumHeight(lineHeight(FontRole::caption11));
-    Column{m_current, m_unavailability}.margins({dotSize + dotGap, 0, 0, 0}).applyTo(*lines);
     return lines;
 }
 

@@ -159,10 +159,8 @@ protected:
 };
 
 QWidget* header(const QString& text) {
-    auto* const row = new QWidget;
-    row->setFixedHeight(headerHeight);
-    Row{new Label(text, FontRole::heading15), stretch()}.margins({margin, 0, margin, 0}).applyTo(*row);
-    return row;
+    return asBar(Row{new Label(text, FontRole::heading15), stretch()}.margins({margin, 0, margin, 0}),
+                 headerHeight);
 }
 
 Label* heading(const QString& text) { return new Label(text, FontRole::body13, &Palette::secondary); }

@@ -32,8 +32,6 @@ constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
 constexpr int panelRight = 8;
 constexpr int gapUnderPanel = 8;
-/// The lowest pixel row of a card is its shadow.
-constexpr int shadow = 1;
 /// How far a card that goes on in the next row is drawn past this one's edge.
 constexpr int beyond = 20;
 
@@ -118,8 +116,8 @@ QSize ArchiveDelegate::sizeOf(const QModelIndex& index) const {
     if (row.kind == ArchiveRow::Kind::month)
         return {0, monthAbove + lineHeight(monthFont) + monthBelow};
     const bool isVeryLast = index.row() == m_model.rowCount() - 1;
-    return {0,
-            headHeight + detailsHeight(index) + (row.isLast ? shadow : 0) + (isVeryLast ? marginBelow : 0)};
+    return {0, headHeight + detailsHeight(index) + (row.isLast ? cardShadow : 0) +
+                   (isVeryLast ? marginBelow : 0)};
 }
 
 void ArchiveDelegate::paintRow(QPainter& painter, const PaintedRow& row) const {

@@ -25,15 +25,13 @@ ArchiveSheetScreen::ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock
 }
 
 QWidget* ArchiveSheetScreen::makeEmptyArchive() {
-    auto* area = new QWidget;
     auto* explanation = new Label(screenText(ArchiveSheetView::explanation), FontRole::tab12,
                                   &Palette::secondary, Label::Lines::wrapped);
     auto* state = new EmptyState({.symbol = u"archivebox"_s,
                                   .headline = u"Noch keine archivierten Rechnungen"_s,
                                   .sentence = u"Eine erstellte Rechnung erscheint hier."_s},
                                  EmptyState::Place::sheet);
-    Column{Row{explanation}.margins({18, 12, 18, 0}), expanding(state)}.applyTo(*area);
-    return area;
+    return asWidget(Column{Row{explanation}.margins({18, 12, 18, 0}), expanding(state)});
 }
 
 void ArchiveSheetScreen::refresh() {

@@ -30,13 +30,11 @@ InvoiceCustomerSection::InvoiceCustomerSection(TimeTrackingStore& timeStore, Inv
 }
 
 QWidget* InvoiceCustomerSection::noCustomers() {
-    auto* area = new QWidget;
     auto* open = new Button(u"Kundenverwaltung öffnen"_s);
     open->onClick([this] { m_view.openCustomerManagement(); });
     auto* sentence = new Label(u"Keine Kunden vorhanden. Bitte zuerst Kunden anlegen."_s, FontRole::body13,
                                &Palette::secondary);
-    Row{sentence, stretch(), open}.applyTo(*area);
-    return area;
+    return asWidget(Row{sentence, stretch(), open});
 }
 
 QWidget* InvoiceCustomerSection::customerChoices() {
@@ -50,11 +48,9 @@ QWidget* InvoiceCustomerSection::customerChoices() {
         .margins({0, invoiceForm::rowGap, 0, 0})
         .applyTo(*m_information);
 
-    auto* area = new QWidget;
-    Column{Row{invoiceForm::fieldLabel(caption), space(invoiceForm::labelGap), m_picker, stretch()},
-           m_information}
-        .applyTo(*area);
-    return area;
+    return asWidget(
+        Column{Row{invoiceForm::fieldLabel(caption), space(invoiceForm::labelGap), m_picker, stretch()},
+               m_information});
 }
 
 void InvoiceCustomerSection::choose(int index) {

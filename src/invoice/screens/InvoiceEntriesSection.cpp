@@ -18,7 +18,6 @@ namespace {
 /// So that the total ends where the amounts in the rows do.
 constexpr int amountInset = 48;
 constexpr int noEntriesHeight = 26;
-constexpr int shadow = 1;
 
 Label* caption(const QString& text) { return new Label(text, FontRole::body13, &Palette::secondary); }
 
@@ -34,11 +33,10 @@ InvoiceEntriesSection::InvoiceEntriesSection(TimeTrackingStore& timeStore, Invoi
       m_totalTime(new FigureLabel({}, FontRole::body13Medium)),
       m_totalAmount(new FigureLabel({}, FontRole::title17)) {
     m_noEntries->setFixedHeight(noEntriesHeight);
-    auto* card = new Card;
-    Column{Row{m_list}.margins({2, 0, 2, 0}), Row{space(14), m_noEntries}, space(10),
-           Row{expanding(new Hairline(Hairline::Kind::card))}.margins({14, 0, 14, 0}), summary()}
-        .margins({0, 10, 0, shadow})
-        .applyTo(*card);
+    auto* card = new Card(Column{Row{m_list}.margins({2, 0, 2, 0}), Row{space(14), m_noEntries}, space(10),
+                                 Row{expanding(new Hairline(Hairline::Kind::card))}.margins({14, 0, 14, 0}),
+                                 summary()},
+                          {0, 10, 0, 0});
     Column{invoiceForm::heading(u"Einträge zur Abrechnung"_s, selectionButtons()), card}.applyTo(*this);
     observe(timeStore);
     observe(m_view);

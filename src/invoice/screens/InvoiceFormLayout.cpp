@@ -11,8 +11,6 @@ constexpr int headingHeight = 26;
 constexpr int headingInset = 2;
 constexpr int headingGap = 6;
 constexpr int labelWidth = 144;
-/// The lowest pixel row of a card is its shadow.
-constexpr int shadow = 1;
 
 } // namespace
 
@@ -32,9 +30,7 @@ Label* fieldLabel(const QString& text) {
 }
 
 Card* card(const LayoutBox& content, int paddingTop, int paddingBottom) {
-    auto* card = new Card;
-    Column{content}.margins({cardPadding, paddingTop, cardPadding, paddingBottom + shadow}).applyTo(*card);
-    return card;
+    return new Card(content, {cardPadding, paddingTop, cardPadding, paddingBottom});
 }
 
 } // namespace brisklog::invoiceForm

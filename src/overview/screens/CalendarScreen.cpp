@@ -19,8 +19,7 @@ namespace {
 constexpr int columns = CalendarView::columns;
 constexpr int cellCount = CalendarView::rows * columns;
 constexpr int rowGap = 2;
-/// The lowest pixel row of a card is its shadow.
-constexpr QMargins cardMargins{7, 8, 7, 9};
+constexpr QMargins cardMargins{7, 8, 7, 8 + cardShadow};
 
 SymbolButton* chevron(const QString& symbol, const QString& tooltip) {
     auto* const button = new SymbolButton(symbol, tooltip);
@@ -45,15 +44,13 @@ CalendarScreen::CalendarScreen(const CalendarPlatform& platform, QWidget* parent
 }
 
 QWidget* CalendarScreen::headings() {
-    auto* const row = new QWidget;
-    LayoutBox labels = Row{};
+    Row labels{};
     for (int column = 0; column < columns; ++column) {
         m_headings.push_back(new Label({}, FontRole::caption11, &Palette::secondary));
         m_headings.back()->setAlignment(Qt::AlignCenter);
         labels.add(expanding(m_headings.back()));
     }
-    labels.applyTo(*row);
-    return row;
+    return asWidget(labels);
 }
 
 QWidget* CalendarScreen::grid() {

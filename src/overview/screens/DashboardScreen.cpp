@@ -17,7 +17,7 @@ namespace {
 constexpr int margin = 12;
 constexpr int cardGap = 20;
 constexpr int largeSumHeight = 44;
-constexpr QMargins cardMargins{16, 12, 16, 14};
+constexpr QMargins cardPadding{16, 12, 16, 13};
 constexpr BarChart::Look weekLook{
     .barColor = &Palette::chartBar, .height = 200, .barWidth = 26, .gutter = 44};
 constexpr BarChart::Look revenueLook{
@@ -25,11 +25,7 @@ constexpr BarChart::Look revenueLook{
 
 Label* heading(const QString& text) { return new Label(text, FontRole::heading15); }
 
-QWidget* card(Column content) {
-    auto* made = new Card;
-    content.margins(cardMargins).applyTo(*made);
-    return made;
-}
+QWidget* card(const Column& content) { return new Card(content, cardPadding); }
 
 Hairline* hairline() { return new Hairline(Hairline::Kind::card); }
 
@@ -108,12 +104,10 @@ struct DashboardScreen::SumLook {
 
 DashboardScreen::DashboardScreen(const DashboardPlatform& platform, QWidget* parent)
     : Screen(parent), m_view(platform) {
-    auto* content = new QWidget;
-    Column{dailyOverview(), weeklyOverview(), runningTimers(), finance(), stretch()}
-        .spacing(cardGap)
-        .margins(margin)
-        .applyTo(*content);
-    auto* scrollArea = new ScrollArea(content);
+    auto* scrollArea = new ScrollArea(
+        asWidget(Column{dailyOverview(), weeklyOverview(), runningTimers(), finance(), stretch()}
+                     .spacing(cardGap)
+                     .margins(margin)));
     // There is nothing to press, but whoever has only the keyboard wants to see all of it.
     scrollArea->setFocusPolicy(Qt::TabFocus);
     scrollArea->setAccessibleName(u"Dashboard"_s);
@@ -165,10 +159,7 @@ LayoutBox DashboardScreen::sum(const QString& caption, Text figure, const SumLoo
 }
 
 QWidget* DashboardScreen::largeSum(const QString& caption, Text figure) {
-    auto* row = new QWidget;
-    row->setFixedHeight(largeSumHeight);
-    sum(caption, figure, {.figure = FontRole::figure22}).applyTo(*row);
-    return row;
+    return asBar(sum(caption, figure, {.figure = FontRole::figure22}), largeSumHeight);
 }
 
 template <class AnyLabel>

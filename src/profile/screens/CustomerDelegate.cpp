@@ -19,7 +19,6 @@ constexpr int sideMargin = 16;
 constexpr int gapBetweenCards = 7;
 constexpr int marginAboveFirst = 12;
 constexpr int marginBelowLast = 11;
-constexpr int shadow = 1;
 constexpr int radius = 10;
 constexpr int paddingAcross = 14;
 constexpr int paddingDown = 10;
@@ -40,7 +39,7 @@ struct Line {
 QString text(const std::string& utf8) { return screenText(text::onOneLine(utf8)); }
 
 int heightOf(const CustomerRowView& row) {
-    int height = 2 * paddingDown + shadow;
+    int height = 2 * paddingDown + cardShadow;
     height += row.headline.empty() ? 0 : lineHeight(FontRole::body13Semibold);
     height += row.company.empty() ? 0 : lineHeight(FontRole::tab12);
     height += row.details.empty() ? 0 : gapBeforeDetails;

@@ -24,16 +24,13 @@ constexpr int columnGap = 12;
 constexpr int genderWidth = 120;
 constexpr int postalCodeWidth = 96;
 constexpr int confirmWidth = 112;
-/// The lowest pixel row of a card is its shadow.
-constexpr int shadow = 1;
 
 /// A box of rows under its title.
 LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
-    auto* card = new Card;
     Column column{};
     for (const LayoutItem& row : rows)
         column.add(row);
-    column.spacing(rowGap).margins({14, 10, 14, 12 + shadow}).applyTo(*card);
+    auto* card = new Card(column.spacing(rowGap), {14, 10, 14, 12});
     return Column{Row{space(2), new Label(title, FontRole::body13Semibold)}, space(4), card};
 }
 

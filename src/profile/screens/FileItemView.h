@@ -7,7 +7,8 @@ namespace brisklog {
 class FileItemModel;
 class Thumbnails;
 
-/// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it.
+/// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it. A
+/// delegate in spite of its name.
 class FileItemView final : public RowDelegate {
 public:
     /// What one tile takes in the grid, the gaps to its neighbours included.

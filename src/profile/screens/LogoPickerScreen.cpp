@@ -64,26 +64,17 @@ LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Backgroun
 }
 
 QWidget* LogoPickerScreen::bar() {
-    auto* const bar = new QWidget;
-    bar->setFixedHeight(barHeight);
-    Row{m_up, expanding(m_folder), m_cancel}.spacing(gap).margins(barMargins).applyTo(*bar);
-    return bar;
+    return asBar(Row{m_up, expanding(m_folder), m_cancel}.spacing(gap).margins(barMargins), barHeight);
 }
 
-QWidget* LogoPickerScreen::errorStrip() {
-    auto* const strip = new QWidget;
-    Row{expanding(m_error)}.margins(errorMargins).applyTo(*strip);
-    return strip;
-}
+QWidget* LogoPickerScreen::errorStrip() { return asWidget(Row{expanding(m_error)}.margins(errorMargins)); }
 
 QWidget* LogoPickerScreen::body() {
     auto* const body = new QWidget;
-    auto* const grid = new QWidget;
-    Column{expanding(m_list)}.margins(listMargins).applyTo(*grid);
     auto* const layers = new QGridLayout(body);
     layers->setContentsMargins({});
     // The list stays under the others, so that it keeps the keyboard while a folder is read.
-    layers->addWidget(grid, 0, 0);
+    layers->addWidget(asWidget(Column{expanding(m_list)}.margins(listMargins)), 0, 0);
     layers->addWidget(m_loading, 0, 0, Qt::AlignCenter);
     layers->addWidget(m_nothing, 0, 0);
     return body;

@@ -39,14 +39,9 @@ constexpr int labelWidth = 96;
 constexpr int fieldGap = 6;
 constexpr int narrowFieldWidth = 80;
 constexpr int buttonGap = 8;
-/// The lowest pixel row belongs to the card's shadow.
-constexpr QMargins cardPadding{14, 12, 14, 15};
+constexpr QMargins cardPadding{14, 12, 14, 14};
 
-QWidget* card(const LayoutBox& content) {
-    auto* const card = new Card;
-    Column{content}.margins(cardPadding).applyTo(*card);
-    return card;
-}
+QWidget* card(const LayoutBox& content) { return new Card(content, cardPadding); }
 
 /// Where nobody writes, a long text is read from its beginning.
 void showValue(TextField& field, const QString& value) {

@@ -43,7 +43,6 @@ constexpr int cardPaddingAcross = 14;
 constexpr int cardPaddingDown = 12;
 /// The lowest pixel row of a card is its shadow, so this is seen as 18.
 constexpr int sectionGap = 17;
-constexpr int shadow = 1;
 
 /// Where a word under the settings leads.
 struct CreditLink {
@@ -56,11 +55,7 @@ LayoutItem section(const QString& title, const QString& symbol, QWidget* content
 }
 
 Card* cardWith(const LayoutBox& content) {
-    auto* card = new Card;
-    Column{content}
-        .margins({cardPaddingAcross, cardPaddingDown, cardPaddingAcross, cardPaddingDown + shadow})
-        .applyTo(*card);
-    return card;
+    return new Card(content, {cardPaddingAcross, cardPaddingDown, cardPaddingAcross, cardPaddingDown});
 }
 
 /// The card that is one button and leads to the archive.
@@ -76,7 +71,7 @@ public:
         Column{new Label(headline, FontRole::body13Semibold), space(2),
                new Label(explanation, FontRole::tab12, &Palette::secondary, Label::Lines::wrapped)}
             .margins({cardPaddingAcross, cardPaddingDown, cardPaddingAcross + symbolSize + symbolGap,
-                      cardPaddingDown + shadow})
+                      cardPaddingDown + cardShadow})
             .applyTo(*this);
     }
 
@@ -88,7 +83,7 @@ protected:
             paintHoveredCard(painter, rect(), palette);
         else
             paintCard(painter, rect(), palette);
-        const QRect symbol(width() - cardPaddingAcross - symbolSize, 0, symbolSize, height() - shadow);
+        const QRect symbol(width() - cardPaddingAcross - symbolSize, 0, symbolSize, height() - cardShadow);
         paintSymbol(painter, symbol, u"chevron.right.circle.fill"_s, symbolSize, palette.blue);
     }
 

@@ -7,6 +7,10 @@
 
 namespace brisklog {
 
+Card::Card(const LayoutBox& content, const QMargins& padding) {
+    Column{content}.margins(padding + QMargins(0, 0, 0, cardShadow)).applyTo(*this);
+}
+
 void Card::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     paintCard(painter, rect(), Palette::current());

@@ -92,11 +92,9 @@ void TextField::keyPressEvent(QKeyEvent* event) {
 }
 
 QWidget* withLabelAbove(const QString& label, QWidget* field, int gap) {
-    auto* group = new QWidget;
     auto* caption = new Label(label, FontRole::caption11Medium, &Palette::secondary);
     field->setAccessibleName(label);
-    Column{caption, space(gap), field}.applyTo(*group);
-    return group;
+    return asWidget(Column{caption, space(gap), field});
 }
 
 } // namespace brisklog

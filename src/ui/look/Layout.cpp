@@ -41,6 +41,18 @@ LayoutBox::operator LayoutItem() const {
     return LayoutItem([box = *this](QBoxLayout& layout) { layout.addLayout(box.build()); });
 }
 
+QWidget* asWidget(const LayoutBox& box) {
+    auto* const widget = new QWidget;
+    box.applyTo(*widget);
+    return widget;
+}
+
+QWidget* asBar(const LayoutBox& box, int height) {
+    QWidget* const bar = asWidget(box);
+    bar->setFixedHeight(height);
+    return bar;
+}
+
 LayoutItem stretch(int share) {
     return LayoutItem([share](QBoxLayout& layout) { layout.addStretch(share); });
 }

@@ -74,6 +74,11 @@ public:
     Row(std::initializer_list<LayoutItem> items) : LayoutBox(Direction::across, items) {}
 };
 
+/// A widget of its own for the box: what is shown, hidden or sized as one.
+[[nodiscard]] QWidget* asWidget(const LayoutBox& box);
+/// The same, of a fixed height.
+[[nodiscard]] QWidget* asBar(const LayoutBox& box, int height);
+
 /// Takes a share of the room that is left over.
 [[nodiscard]] LayoutItem stretch(int share = 1);
 /// A fixed gap.

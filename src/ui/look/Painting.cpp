@@ -27,8 +27,8 @@ private:
 };
 
 void paintCardIn(const QColor& color, QPainter& painter, const QRect& area, const Palette& palette) {
-    const QRectF sheet = QRectF(area).adjusted(0, 0, 0, -1);
-    fillRounded(painter, sheet.translated(0, 1), cardRadius, withOpacity(QColor(0, 0, 0), 0.05));
+    const QRectF sheet = QRectF(area).adjusted(0, 0, 0, -cardShadow);
+    fillRounded(painter, sheet.translated(0, cardShadow), cardRadius, withOpacity(QColor(0, 0, 0), 0.05));
     fillRounded(painter, sheet, cardRadius, color);
     frameRounded(painter, sheet, cardRadius, palette.line);
 }

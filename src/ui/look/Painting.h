@@ -17,7 +17,10 @@ void fillRounded(QPainter& painter, const QRectF& area, qreal radius, const QCol
 /// A frame of one pixel inside the area's edge.
 void frameRounded(QPainter& painter, const QRectF& area, qreal radius, const QColor& color, qreal width = 1);
 
-/// Ground, line and shadow line of a card; the shadow takes the lowest pixel row of `area`.
+/// The lowest pixel row of a card, which the eye takes for ground.
+inline constexpr int cardShadow = 1;
+
+/// Ground, line and shadow line of a card that covers `area`, shadow included.
 void paintCard(QPainter& painter, const QRect& area, const Palette& palette);
 /// The card while the pointer is over it, where it can be pressed as a whole.
 void paintHoveredCard(QPainter& painter, const QRect& area, const Palette& palette);

@@ -62,14 +62,13 @@ SheetWindow& presentAlert(QWidget& from, const AlertContent& content, std::funct
         alert.onClosed(confirmed);
         alert.dismiss();
     });
-    auto* body = new QWidget;
-    Column{Row{aligned(new WarningTile, Qt::AlignTop),
-               Column{wrapped(content.title, FontRole::heading15, &Palette::text), space(4),
-                      wrapped(content.message, FontRole::body13, &Palette::secondary), stretch()}}
-               .spacing(gap),
-           space(18), Row{stretch(), cancel, action}.spacing(8)}
-        .margins({padding, padding, padding, paddingBottom})
-        .applyTo(*body);
+    auto* body = asWidget(
+        Column{Row{aligned(new WarningTile, Qt::AlignTop),
+                   Column{wrapped(content.title, FontRole::heading15, &Palette::text), space(4),
+                          wrapped(content.message, FontRole::body13, &Palette::secondary), stretch()}}
+                   .spacing(gap),
+               space(18), Row{stretch(), cancel, action}.spacing(8)}
+            .margins({padding, padding, padding, paddingBottom}));
     alert.setBody(body, SheetWindow::Body::fixed);
     alert.setAccessibleDescription(content.message);
     alert.resize(width, body->sizeHint().height());

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int border = 1;
 /// The line under the last row, and the card's shadow.
-constexpr int bottomEdge = 2;
+constexpr int bottomEdge = 1 + cardShadow;
 /// How far a card that does not end inside the window is drawn past its edge.
 constexpr int beyond = 16;
 

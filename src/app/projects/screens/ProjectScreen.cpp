@@ -40,10 +40,8 @@ QWidget* emptyEntries() {
         {.symbol = u"timer"_s,
          .headline = u"Noch keine Zeiterfassungen"_s,
          .sentence = u"Oben eine Aufgabe eingeben und „Start“ wählen. Gestoppte Timer erscheinen hier."_s});
-    auto* centred = new QWidget;
     // In the very middle it would look too low.
-    Column{expanding(content, 8), stretch(1)}.applyTo(*centred);
-    return centred;
+    return asWidget(Column{expanding(content, 8), stretch(1)});
 }
 
 } // namespace
@@ -125,22 +123,13 @@ void ProjectScreen::arrangeTabOrder() {
 }
 
 QWidget* ProjectScreen::header() {
-    auto* bar = new QWidget;
-    bar->setFixedHeight(headerHeight);
-    Row{space(inset), expanding(m_name), space(8), m_settingsButton}.applyTo(*bar);
-    return bar;
+    return asBar(Row{space(inset), expanding(m_name), space(8), m_settingsButton}, headerHeight);
 }
 
 QWidget* ProjectScreen::actionBar() {
-    auto* bar = new QWidget;
-    bar->setFixedHeight(actionBarHeight);
-    Column{
-        new Hairline, space(3),
-        Row{m_exportButton, m_customersButton, m_invoiceButton, stretch(), m_resetButton}.spacing(4).margins(
-            {inset, 0, inset, 0}),
-        space(3), new Hairline}
-        .applyTo(*bar);
-    return bar;
+    Row actions{m_exportButton, m_customersButton, m_invoiceButton, stretch(), m_resetButton};
+    actions.spacing(4).margins({inset, 0, inset, 0});
+    return asBar(Column{new Hairline, space(3), actions, space(3), new Hairline}, actionBarHeight);
 }
 
 void ProjectScreen::setView(std::shared_ptr<ProjectView> view) {

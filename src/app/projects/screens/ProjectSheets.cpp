@@ -27,13 +27,10 @@ TextField* bound(TextField* field, Published<std::string>& text) {
 
 /// The two fields of a project, as the body of a sheet.
 QWidget* makeBody(TextField* name, const QString& rateLabel, TextField* rate) {
-    auto* body = new QWidget;
     rate->setFixedWidth(rateWidth);
-    Column{withLabelAbove(u"Projektname"_s, name), space(12), Row{withLabelAbove(rateLabel, rate), stretch()},
-           stretch()}
-        .margins({20, 16, 20, 16})
-        .applyTo(*body);
-    return body;
+    return asWidget(Column{withLabelAbove(u"Projektname"_s, name), space(12),
+                           Row{withLabelAbove(rateLabel, rate), stretch()}, stretch()}
+                        .margins({20, 16, 20, 16}));
 }
 
 class NewProjectSheet final : public SheetWindow {

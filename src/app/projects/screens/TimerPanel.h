@@ -11,7 +11,7 @@ class ElidedLabel;
 class FigureLabel;
 class SymbolButton;
 
-/// The row of one running or paused timer: task, running duration, pause or resume, stop.
+/// One running or paused timer to be seen and pressed: task, running duration, pause or resume, stop.
 class TimerPanel final : public QWidget {
 public:
     struct Actions {
