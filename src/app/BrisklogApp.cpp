@@ -182,6 +182,7 @@ QWidget* BrisklogApp::makeAutoTrackingPanel() {
         new CalendarScreen({.autoTrackingManager = manager,
                             .detailWindows = m_detailWindows,
                             .clock = m_outside.clock,
+                            .tick = m_content->timeStore,
                             .showDetailWindow = [this](const DetailWindowContent& content,
                                                        const std::weak_ptr<DetailWindowDelegate>& delegate) {
                                 return m_dayWindows.show(content, delegate);

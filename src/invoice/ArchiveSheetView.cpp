@@ -1,6 +1,5 @@
 #include "invoice/ArchiveSheetView.h"
 
-#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 
 #include <algorithm>
@@ -39,19 +38,19 @@ ArchiveSheetView::ArchiveSheetView(TimeTrackingStore& timeStore, const Clock& cl
     : m_timeStore(timeStore), m_clock(clock), m_index(timeStore) {}
 
 ArchiveSheetView::GroupedInvoices ArchiveSheetView::groupedInvoices() const {
-    const Calendar calendar = m_clock.calendar();
+    const Calendar current = calendar();
     GroupedInvoices grouped;
     for (const ArchivedInvoice& invoice : m_timeStore.archivedInvoices.get())
-        grouped[groupKey(calendar.monthOf(invoice.date))].push_back(invoice);
+        grouped[groupKey(current.monthOf(invoice.date))].push_back(invoice);
     return grouped;
 }
 
 std::vector<ArchiveGroup> ArchiveSheetView::groups() const {
-    const Calendar calendar = m_clock.calendar();
+    const Calendar current = calendar();
     std::vector<ArchiveGroup> groups;
     for (auto& [key, invoices] : groupedInvoices()) {
         ArchiveGroup group{
-            .key = key, .title = groupTitle(key, invoices.front().date, calendar), .invoices = {}};
+            .key = key, .title = groupTitle(key, invoices.front().date, current), .invoices = {}};
         group.invoices.assign(std::make_move_iterator(invoices.rbegin()),
                               std::make_move_iterator(invoices.rend()));
         groups.push_back(std::move(group));
@@ -68,8 +67,7 @@ std::vector<EntryInfo> ArchiveSheetView::entryInfosFor(const ArchivedInvoice& in
 ArchiveDetails ArchiveSheetView::details(const ArchivedInvoice& invoice) const {
     const Date now = m_clock.now();
     const std::vector<EntryInfo> infos = entryInfosFor(invoice);
-    ArchiveDetails details{.date =
-                               format::date(invoice.date, format::DateForm::mediumDate, m_clock.calendar()),
+    ArchiveDetails details{.date = format::date(invoice.date, format::DateForm::mediumDate, calendar()),
                            .time = noFigure,
                            .amount = noFigure};
     if (infos.empty())

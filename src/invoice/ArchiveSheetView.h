@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TimeTrackingStore.h"
+#include "foundation/Calendar.h"
 #include "invoice/EntryIndex.h"
 
 #include <map>
@@ -48,6 +49,9 @@ public:
 
     /// The invoices whose details are shown.
     Published<std::set<Uuid>> openInvoices{*this};
+
+    /// By which the groups and dates are now.
+    [[nodiscard]] Calendar calendar() const { return m_clock.calendar(); }
 
     [[nodiscard]] bool isEmpty() const { return m_timeStore.archivedInvoices->empty(); }
 

@@ -26,6 +26,8 @@ struct CalendarPlatform {
     AutoTrackingManager& autoTrackingManager;
     DetailWindowManager& detailWindows;
     const Clock& clock;
+    /// Announces itself while time goes by, with which another time zone may come.
+    ObservableObject& tick;
     /// Shows the content in a new window, which tells the delegate for as long as that exists.
     std::function<std::shared_ptr<DetailWindowController>(const DetailWindowContent& content,
                                                           std::weak_ptr<DetailWindowDelegate> delegate)>

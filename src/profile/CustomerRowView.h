@@ -7,8 +7,8 @@
 
 namespace brisklog {
 
-/// What the customer list shows of one customer, from top to bottom. Empty texts give no line. A value in spite
-/// of its name.
+/// What the customer list shows of one customer, from top to bottom. Empty texts give no line. A value in
+/// spite of its name.
 struct CustomerRowView {
     /// A line led by a symbol.
     struct Detail {

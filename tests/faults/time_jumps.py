@@ -1,13 +1,20 @@
-"""The clock is set, the machine sleeps: times follow the clock, and nothing recorded changes."""
+"""The clock is set, the machine sleeps, the user travels: times follow, and nothing recorded changes."""
 
+import os
+import shutil
 import signal
+import subprocess
 import time
+from contextlib import suppress
+from datetime import datetime
 from pathlib import Path
+from zoneinfo import ZoneInfo
 
 from desktop import HOME
 from tally import main, opened, read_entries, start_timers, stop_buttons, stop_timer, wait_until, write_projects
 
 CLOCK = HOME / "clock"
+ETC = HOME / "etc"
 HOUR = 3600
 
 
@@ -66,4 +73,63 @@ def process_stood_still(path, desktop, tally):
     check_jump(desktop, program, tally, jump, 3 / HOUR)
 
 
-main(clock_set, machine_slept, process_stood_still)
+def travel_to(zone):
+    """As desktops change the zone of the system."""
+    link = ETC / "localtime.new"
+    link.symlink_to(f"/usr/share/zoneinfo/{zone}")
+    link.replace(ETC / "localtime")
+
+
+def traveller(path):
+    """A script that runs the program in a system whose zone can be changed; none where that is not allowed."""
+    apart = ["unshare", "--user", "--map-root-user", "--mount"]
+    if subprocess.run([*apart, "true"], capture_output=True).returncode != 0:
+        return None
+    with suppress(shutil.Error):  # what only the administrator may read
+        shutil.copytree("/etc", ETC, symlinks=True)
+    script = HOME / "traveller"
+    script.write_text(f"""#!/bin/sh
+exec {" ".join(apart)} sh -c 'mount --bind {ETC} /etc && exec "$@"' sh \\
+    unshare --user --map-user={os.getuid()} --map-group={os.getgid()} env -u TZ {path}
+""")
+    script.chmod(0o700)
+    return script
+
+
+def early_in_a_minute():
+    left = 60 - time.time() % 60
+    time.sleep(left if left < 5 else 0)
+    return time.time()
+
+
+def zone_changed(path, desktop, tally):
+    """Moments already on the screen are shown as clocks of the new place show them."""
+    script = traveller(path)
+    if script is None:
+        print("zone changed: a system of its own is not allowed here")
+        return
+    write_projects(1)
+    before = read_entries()
+    travel_to("Europe/Berlin")
+    opened(script, desktop)
+
+    def names_with(part):
+        return [name for name in desktop.names() if part in name]
+
+    def started_at(zone):
+        return datetime.fromtimestamp(begin, ZoneInfo(zone)).strftime("Gestartet: %H:%M")
+
+    wait_until(lambda: names_with("08.03.23, 21:26:40"), "the entry as in Berlin")
+    travel_to("Asia/Tokyo")
+    wait_until(lambda: names_with("09.03.23, 05:26:40"), "the entry as in Tokyo")
+    begin = early_in_a_minute()
+    start_timers(desktop, 1)
+    desktop.press_named("Dashboard")
+    wait_until(lambda: names_with(started_at("Asia/Tokyo")), "the timer as in Tokyo")
+    travel_to("Europe/Berlin")
+    wait_until(lambda: names_with(started_at("Europe/Berlin")), "the timer as in Berlin")
+    tally.tried += 1
+    tally.lost += read_entries() != before
+
+
+main(clock_set, machine_slept, process_stood_still, zone_changed)

@@ -60,6 +60,7 @@ struct CalendarBench {
         return {.autoTrackingManager = manager,
                 .detailWindows = registry,
                 .clock = clock,
+                .tick = manager,
                 .showDetailWindow = [this](const DetailWindowContent& content,
                                            const std::weak_ptr<DetailWindowDelegate>& delegate) {
                     return windows.show(content, delegate);

@@ -24,9 +24,12 @@ void append(std::vector<ArchiveRow>& rows, ArchiveGroup group) {
 } // namespace
 
 void ArchiveModel::synchronise() {
-    if (m_revision == m_timeStore.archivedInvoices.revision())
+    const std::uint64_t revision = m_timeStore.archivedInvoices.revision();
+    const Calendar calendar = m_view.calendar();
+    if (m_revision == revision && m_calendar == calendar)
         return;
-    m_revision = m_timeStore.archivedInvoices.revision();
+    m_revision = revision;
+    m_calendar = calendar;
     std::vector<ArchiveRow> rows;
     rows.push_back({.kind = ArchiveRow::Kind::explanation,
                     .key = {},

@@ -29,7 +29,7 @@ public:
     ArchiveModel(const TimeTrackingStore& timeStore, const ArchiveSheetView& view)
         : m_timeStore(timeStore), m_view(view) {}
 
-    /// Tells the list what changed in the archive since the last call.
+    /// Tells the list what changed in the archive, or by another time zone, since the last call.
     void synchronise();
 
     /// The row of the invoice with that id; an invalid index without one.
@@ -47,6 +47,7 @@ private:
     const TimeTrackingStore& m_timeStore;
     const ArchiveSheetView& m_view;
     std::optional<std::uint64_t> m_revision;
+    std::optional<Calendar> m_calendar;
 };
 
 } // namespace brisklog

@@ -41,6 +41,7 @@ CalendarScreen::CalendarScreen(const CalendarPlatform& platform, QWidget* parent
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     observe(m_view);
     observe(m_view.autoTrackingManager());
+    observe(platform.tick);
 }
 
 QWidget* CalendarScreen::headings() {

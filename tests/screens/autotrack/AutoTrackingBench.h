@@ -80,6 +80,7 @@ private:
             {.autoTrackingManager = manager(),
              .detailWindows = registry,
              .clock = bench.clock,
+             .tick = bench.store,
              .showDetailWindow = [this](const DetailWindowContent& content,
                                         const std::weak_ptr<DetailWindowDelegate>& delegate) {
                  return windows.show(content, delegate);

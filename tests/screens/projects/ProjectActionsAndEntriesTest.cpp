@@ -1,9 +1,9 @@
 // The actions of a project's screen and its list of entries.
 
-#include "screens/projects/ProjectPaintCounter.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/Sanitizer.h"
 #include "support/WritableStore.h"
+#include "support/screen/PaintCounter.h"
 #include "ui/controls/CountBadge.h"
 #include "ui/controls/NavigationButton.h"
 #include "ui/controls/SymbolButton.h"

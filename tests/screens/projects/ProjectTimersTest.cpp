@@ -1,8 +1,8 @@
 // Typing, starting, pausing and stopping on the screen of a project.
 
 #include "app/projects/screens/TimerList.h"
-#include "screens/projects/ProjectPaintCounter.h"
 #include "screens/projects/ProjectScreenBench.h"
+#include "support/screen/PaintCounter.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"

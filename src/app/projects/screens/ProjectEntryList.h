@@ -14,7 +14,7 @@ class ProjectEntryList final : public QWidget {
 public:
     ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent = nullptr);
 
-    /// Costs nothing when nothing was written to the store's projects since.
+    /// Costs nothing when nothing was written to the store's projects since and the time zone is the same.
     void showProject(int projectIndex);
 
     /// What Tab reaches.

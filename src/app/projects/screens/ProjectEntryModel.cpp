@@ -1,6 +1,5 @@
 #include "app/projects/screens/ProjectEntryModel.h"
 
-#include "foundation/Calendar.h"
 #include "ui/look/Text.h"
 
 #include <utility>
@@ -19,12 +18,14 @@ QString spoken(const ProjectEntryRow& row) {
 } // namespace
 
 ProjectEntryModel::ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent)
-    : QAbstractListModel(parent), m_store(store), m_clock(clock) {}
+    : QAbstractListModel(parent), m_store(store), m_clock(clock), m_calendar(clock.calendar()) {}
 
 bool ProjectEntryModel::showProject(int projectIndex) {
     const std::uint64_t revision = m_store.projects.revision();
-    if (m_projectIndex == projectIndex && m_revision == revision)
+    const Calendar calendar = m_clock.calendar();
+    if (m_projectIndex == projectIndex && m_revision == revision && m_calendar == calendar)
         return false;
+    m_calendar = calendar;
     m_projectIndex = projectIndex;
     m_revision = revision;
     const Project* const shown = project();
@@ -70,7 +71,7 @@ const TimeEntry* ProjectEntryModel::entry(int row) const {
 
 ProjectEntryRow ProjectEntryModel::row(int row) const {
     const TimeEntry* const found = entry(row);
-    return found ? projectEntryRow(*found, project()->hourlyRate, m_clock.calendar(), m_clock.now())
+    return found ? projectEntryRow(*found, project()->hourlyRate, m_calendar, m_clock.now())
                  : ProjectEntryRow{};
 }
 

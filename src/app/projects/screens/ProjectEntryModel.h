@@ -2,6 +2,7 @@
 
 #include "app/projects/ProjectView.h"
 #include "core/TimeTrackingStore.h"
+#include "foundation/Calendar.h"
 
 #include <QAbstractListModel>
 
@@ -14,8 +15,9 @@ public:
     ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent = nullptr);
 
     /// Takes over what the project at that position holds now; one that does not exist has no entries.
-    /// Nothing happens, and false is returned, when nothing was written to the store's projects since. A list
-    /// keeps its place while it is the same project; it repaints itself, for any text may be another now.
+    /// Nothing happens, and false is returned, when nothing was written to the store's projects since and the
+    /// time zone is the same. A list keeps its place while it is the same project; it repaints itself, for
+    /// any text may be another now.
     bool showProject(int projectIndex);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -33,6 +35,7 @@ private:
 
     const TimeTrackingStore& m_store;
     const Clock& m_clock;
+    Calendar m_calendar;
     int m_projectIndex = -1;
     Uuid m_projectId;
     std::uint64_t m_revision = 0;

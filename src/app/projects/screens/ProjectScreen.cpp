@@ -166,6 +166,8 @@ void ProjectScreen::refreshTimers() {
 }
 
 void ProjectScreen::refreshProject() {
+    // Each time: in another time zone the rows say something else.
+    m_entries->showProject(m_view->projectIndex);
     const std::uint64_t revision = m_services.store.projects.revision();
     if (m_shownRevision == revision)
         return;
@@ -175,7 +177,6 @@ void ProjectScreen::refreshProject() {
     m_exportButton->setDisabled(!m_view->canExportPDF());
     m_invoiceButton->setDisabled(!m_view->hasProject());
     m_count->setCount(static_cast<int>(project.entries.size()));
-    m_entries->showProject(m_view->projectIndex);
     m_entriesOrNone->setCurrentWidget(project.entries.empty() ? m_noEntries : m_entries);
 }
 
