@@ -89,6 +89,9 @@ class Desktop:
         self.results = Path(results)
         self.width, self.height = map(int, command("xdotool", "getdisplaygeometry").split())
         self.icon = (self.width - 14, 14)
+        # The first key on a fresh X server makes the window manager read the keyboard again, and it misses
+        # the shortcuts pressed meanwhile: so this is not one of them.
+        self.press("shift")
 
     # Acting
 
