@@ -19,7 +19,7 @@ std::string groupKey(const YearAndMonth& month) {
     return text.data();
 }
 
-/// The month in words; the key itself where the date lies in no month.
+/// The month in words; the key itself where the date belongs to no month.
 std::string groupTitle(const std::string& key, Date date, const Calendar& calendar) {
     return key == groupKey({}) ? key : format::date(date, format::DateForm::monthAndYear, calendar);
 }
@@ -55,7 +55,7 @@ std::vector<ArchiveGroup> ArchiveSheetView::groups() const {
                               std::make_move_iterator(invoices.rend()));
         groups.push_back(std::move(group));
     }
-    // Keys have a fixed width: the order of their texts is that of the months.
+    // Keys have a fixed width, so they sort chronologically.
     std::ranges::reverse(groups);
     return groups;
 }

@@ -11,7 +11,7 @@
 
 namespace brisklog {
 
-/// The invoices of one month, the last one issued first.
+/// The invoices of one month, newest first.
 struct ArchiveGroup {
     /// "2026-11"
     std::string key;
@@ -20,23 +20,23 @@ struct ArchiveGroup {
     std::vector<ArchivedInvoice> invoices;
 };
 
-/// What an opened invoice says about itself.
+/// The details shown for an open invoice.
 struct ArchiveDetails {
     /// "18.11.2026"
     std::string date;
-    /// The sums over the covered entries that are still there; "--" when none is.
+    /// Totals over the invoice's entries that still exist; "--" when none do.
     std::string time;
     std::string amount;
 
     bool operator==(const ArchiveDetails&) const = default;
 };
 
-/// The invoice's number; a word for it where none was given.
+/// The invoice's number; "Ohne Nummer" where none was given.
 [[nodiscard]] std::string archiveNumber(const ArchivedInvoice& invoice);
-/// The customer as the invoice was made out to; "Unbekannt" where there was none.
+/// The customer the invoice was made out to; "Unbekannt" where there was none.
 [[nodiscard]] std::string archiveCustomer(const ArchivedInvoice& invoice);
 
-/// The sheet that lists the issued invoices by month. Time entries are never changed by it.
+/// The sheet that lists the issued invoices by month. It never changes time entries.
 class ArchiveSheetView final : public ObservableObject {
 public:
     /// By year and month ("2026-11"), in the store's order within a month.
@@ -50,25 +50,25 @@ public:
     /// The invoices whose details are shown.
     Published<std::set<Uuid>> openInvoices{*this};
 
-    /// By which the groups and dates are now.
+    /// The calendar that groups and dates currently follow.
     [[nodiscard]] Calendar calendar() const { return m_clock.calendar(); }
 
     [[nodiscard]] bool isEmpty() const { return m_timeStore.archivedInvoices->empty(); }
 
     [[nodiscard]] GroupedInvoices groupedInvoices() const;
-    /// The groups as they are listed: the newest month first, and in it the newest invoice.
+    /// The groups as they are listed: newest month first, and newest invoice first within a month.
     [[nodiscard]] std::vector<ArchiveGroup> groups() const;
-    /// The covered entries that are still there, wherever they are by now.
+    /// The invoice's entries that still exist, whichever project they are in now.
     [[nodiscard]] std::vector<EntryInfo> entryInfosFor(const ArchivedInvoice& invoice) const;
     [[nodiscard]] ArchiveDetails details(const ArchivedInvoice& invoice) const;
 
     [[nodiscard]] bool isOpen(const Uuid& id) const { return openInvoices->contains(id); }
 
-    /// Shows the invoice's details, or takes them away.
+    /// Shows or hides the invoice's details.
     void toggle(const Uuid& id);
 
-    /// Removes the invoice from the archive; its entries deliberately stay invoiced. To be called once the
-    /// user has confirmed it.
+    /// Removes the invoice from the archive; its entries deliberately stay invoiced. Call once the user has
+    /// confirmed.
     void deleteInvoice(const Uuid& id);
 
 private:

@@ -14,19 +14,19 @@ namespace brisklog {
 
 class UserProfile;
 
-/// What documents are made with and written through; all of it outlives the save panel.
+/// What exporting a document needs; all of it outlives the save panel.
 struct DocumentFacilities {
     PdfFacility& pdf;
     const Clock& clock;
     SavePanel& savePanel;
     Files& files;
     Log& log;
-    /// Who sends the documents; loaded when first asked for.
+    /// The sender of the documents; loaded on first use.
     std::function<const UserProfile&()> profile;
 };
 
-/// Asks where to save a document, and makes and writes it once the user has chosen. A failed write is one
-/// printed line.
+/// Asks where to save a document, then makes and writes it once the user has chosen. A failed write prints
+/// one line.
 void exportDocument(const DocumentFacilities& facilities, const SaveRequest& request,
                     std::function<std::string()> makeDocument);
 

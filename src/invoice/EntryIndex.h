@@ -10,19 +10,19 @@ namespace brisklog {
 
 class TimeTrackingStore;
 
-/// A time entry with the project it lies in. Both are valid until the store's projects change.
+/// A time entry with the project it belongs to. Both are valid until the store's projects change.
 struct EntryInfo {
     const TimeEntry* entry;
     const Project* project;
 };
 
-/// Finds entries by their ids, in whichever project they lie by now. All entries are gone through once, not
-/// once for every question, and again only when the projects have changed.
+/// Finds entries by id, in whichever project they are now. The index is built in one pass over all entries
+/// and rebuilt only when the projects have changed.
 class EntryIndex {
 public:
     explicit EntryIndex(const TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}
 
-    /// The entries with one of these ids, in the store's order, each once; ids that no entry has are skipped.
+    /// The entries with these ids, in the store's order and without duplicates; unknown ids are skipped.
     [[nodiscard]] std::vector<EntryInfo> find(const std::vector<Uuid>& ids);
 
 private:
@@ -30,7 +30,7 @@ private:
 
     const TimeTrackingStore& m_timeStore;
     std::vector<EntryInfo> m_entries;
-    /// Places in `m_entries`. A damaged file may hold several entries with the same id.
+    /// Indices into `m_entries`. A damaged file may hold several entries with the same id.
     std::unordered_multimap<Uuid, std::size_t> m_places;
     std::optional<std::uint64_t> m_revision;
 };

@@ -22,8 +22,8 @@ std::string generate(const DocumentFacilities& facilities, InvoiceDocument invoi
 
 } // namespace
 
-/// A save panel may be answered after its sheet was closed. What it needs then lives here: while there is a
-/// sheet, its present state counts, afterwards the state it was left in.
+/// A save panel may be answered after its sheet was closed, so what it needs lives here: the sheet's current
+/// state while the sheet exists, its last state afterwards.
 struct InvoiceView::Exports {
     DocumentFacilities facilities;
     const InvoiceView* sheet;
@@ -39,7 +39,7 @@ InvoiceView::InvoiceView(TimeTrackingStore& timeStore, int projectIndex, Documen
     : manualDate(*this, facilities.clock.now()), m_timeStore(timeStore), m_projectIndex(projectIndex),
       m_facilities(std::move(facilities)), m_notificationCenter(notificationCenter),
       m_exports(std::make_shared<Exports>(Exports{m_facilities, this, std::nullopt})) {
-    // Stops the program right away when there is no such project.
+    // Fails fast when there is no such project.
     static_cast<void>(project());
 }
 

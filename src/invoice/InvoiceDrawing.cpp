@@ -26,10 +26,10 @@ constexpr double logoSize = 70;
 constexpr PageRectangle logoBox{middleColumnX + (middleColumnWidth - logoSize) / 2, pageTop - logoSize,
                                 logoSize, logoSize};
 
-/// No row begins on a page below this.
+/// No row starts below this.
 constexpr double lowestRow = 260;
 constexpr double closingHeight = 70;
-/// From the last row's step to the top of the closing text: rule, total and what lies between.
+/// From below the last row to the top of the closing text: rule, total and the gaps between them.
 constexpr double tableEndToClosing = 7 + 14 + 42;
 
 constexpr double footerTop = 218;
@@ -41,7 +41,7 @@ constexpr double notesGap = 12;
 constexpr double textGap = 6;
 constexpr double numberGap = 4;
 
-/// Blanks and line breaks at the end take no room; those at the beginning are kept.
+/// White space at the end takes no room; leading white space is kept.
 std::string withoutTrailingBlanks(std::string_view notes) {
     const std::string_view inner = text::trimmed(notes);
     return inner.empty() ? std::string() : std::string(notes.data(), inner.data() + inner.size());
@@ -128,7 +128,8 @@ void InvoiceDrawing::drawCells(const InvoiceCells& cells, const TextStyle& style
 }
 
 std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells, const TextStyle& style) {
-    // From the right: a number too long for its column pushes its neighbours aside instead of covering them.
+    // From right to left, so that a number too long for its column pushes its neighbours aside instead of
+    // covering them.
     std::vector<PageRectangle> boxes(cells.size());
     double room = left + width;
     for (std::size_t i = cells.size(); i-- > 0;) {
@@ -170,7 +171,7 @@ void InvoiceDrawing::drawTotal() {
 
 double InvoiceDrawing::drawClosing() {
     m_y -= 42 + closingHeight;
-    // A name that fills more than its box is cut there; it stands in full in the document's information.
+    // A name too long for the box is cut off; the document's metadata has it in full.
     std::ignore = m_page.drawWrapped(m_texts.closing, {left, m_y, width, closingHeight}, regular);
     return m_y + closingHeight - m_closingSize.height;
 }
@@ -189,7 +190,8 @@ void InvoiceDrawing::drawNotes(double closingBottom) {
 void InvoiceDrawing::drawNotesAtFullWidth(double top) {
     double needed = m_page.sizeOfWrapped(m_notes, width, regular).height;
     while (needed > top - lowestBesideFooter()) {
-        // What would only just fill the page leaves something for the next: the footer never stands alone.
+        // Notes that would only just fill this page leave some lines for the next one, so the footer is never
+        // alone on it.
         const bool fillsThePage = needed > top - footerBottom;
         const double bottom = fillsThePage ? footerBottom : lowestBesideFooter();
         m_notes = m_page.drawWrapped(m_notes, {left, bottom, width, top - bottom}, regular);

@@ -29,13 +29,13 @@ private:
 
     void drawEnding();
     void drawTotal();
-    /// Returns the y under its last line.
+    /// Returns the y of the closing text's bottom.
     double drawClosing();
     void drawNotes(double closingBottom);
     void drawNotesAtFullWidth(double top);
     void drawFooterLines();
 
-    /// The y under the closing text, and whether all that follows the table has room, if the table ended at
+    /// The y of the closing text's bottom, and whether everything after the table fits, if the table ended at
     /// `y`.
     [[nodiscard]] double closingBottom(double y) const;
     [[nodiscard]] bool hasRoomForEnding(double y) const;
@@ -47,11 +47,11 @@ private:
     PdfDocument& m_page;
     const InvoiceTexts& m_texts;
     std::string m_notes;
-    /// What the closing text needs, no more than its box.
+    /// The size of the closing text, at most that of its box.
     PageSize m_closingSize;
-    /// What the notes need in the left block at the foot; 0 without notes.
+    /// The height of the notes in the left block at the foot; 0 without notes.
     double m_notesHeight = 0;
-    /// Everything is placed from the top down; this is the bottom edge of what was drawn last.
+    /// Everything is laid out from the top down; this is the bottom edge of what was drawn last.
     double m_y = 0;
 };
 

@@ -10,14 +10,14 @@ namespace brisklog {
 
 class UserProfile;
 
-/// Makes the entry report, no invoice: turns all entries of a project into the bytes of a PDF document.
-/// Nothing is kept between two calls.
+/// Makes the entry report, not an invoice: turns all entries of a project into the bytes of a PDF document.
+/// Keeps no state between calls.
 class InvoiceGenerator {
 public:
-    /// `now` is the date of the report, and what an entry without an end is counted up to.
+    /// `now` is the date of the report; entries without an end count up to it.
     InvoiceGenerator(PdfFacility& pdf, const UserProfile& profile, Calendar calendar, Date now);
 
-    /// The report; empty when it could not be made.
+    /// The report's bytes; empty when it could not be made.
     [[nodiscard]] std::string generate(const Project& project) const;
 
 private:

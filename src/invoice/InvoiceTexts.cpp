@@ -9,7 +9,7 @@
 namespace brisklog {
 namespace {
 
-/// Calendar days from the invoice's date to the date it is payable by.
+/// Calendar days from the invoice's date to its due date.
 constexpr int paymentTermInDays = 14;
 
 std::vector<std::string> recipientLines(const Customer& customer) {

@@ -12,7 +12,7 @@ namespace brisklog {
 class Calendar;
 class UserProfile;
 
-/// Every text of an invoice as it is printed, in the order from top to bottom.
+/// Every text of an invoice as it is printed, from top to bottom.
 struct InvoiceTexts {
     /// An encoded image.
     std::optional<std::string> logo;
@@ -30,7 +30,7 @@ struct InvoiceTexts {
 /// Logo, sender, closing text with the sender's name, and the lines at the foot.
 void addSender(InvoiceTexts& texts, const UserProfile& profile);
 
-/// Number and dates, a fortnight apart, the recipient and how he or she is addressed.
+/// Number, invoice date and due date, recipient and salutation.
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
                    const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate);
 

@@ -12,7 +12,7 @@
 namespace brisklog {
 namespace {
 
-/// Adds up a figure of every ticked row, in one pass and without copying a row.
+/// Adds up a figure over every ticked row, in one pass and without copying rows.
 template <class Figure>
 double sumOverSelected(const std::vector<InvoiceEntryStatus>& statuses, Figure figure) {
     double sum = 0;
@@ -22,7 +22,7 @@ double sumOverSelected(const std::vector<InvoiceEntryStatus>& statuses, Figure f
     return sum;
 }
 
-/// The ticks by entry id; of entries with the same id the first one counts.
+/// The ticks by entry id; the first of several entries with the same id counts.
 std::unordered_map<Uuid, bool> ticks(const std::vector<InvoiceEntryStatus>& statuses) {
     std::unordered_map<Uuid, bool> byId;
     byId.reserve(statuses.size());
@@ -82,7 +82,7 @@ InvoiceSummary InvoiceView::summary() const {
 }
 
 bool InvoiceView::canCreateInvoice() const {
-    // A customer deleted since the choice is nobody.
+    // A customer deleted after having been chosen counts as none.
     const bool knowsForWhom = selectedCustomer().has_value() || m_timeStore.customers->empty();
     return knowsForWhom && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
 }
@@ -183,7 +183,7 @@ void InvoiceView::deleteSelectedNote() {
 }
 
 void InvoiceView::openCustomerManagement() {
-    // Dismissing may end this object: nothing of it is touched afterwards.
+    // Dismissing may destroy this object: no member is touched afterwards.
     NotificationCenter& notificationCenter = m_notificationCenter;
     if (const auto leave = dismiss)
         leave();

@@ -23,7 +23,7 @@ struct InvoiceEntryStatus {
     TimeEntry entry;
     /// Ticked for this invoice.
     bool isSelected = false;
-    /// Invoiced before the sheet was shown, or by it.
+    /// Invoiced earlier, or by this sheet.
     bool isInvoiced = false;
 
     bool operator==(const InvoiceEntryStatus&) const = default;
@@ -33,11 +33,11 @@ struct InvoiceEntryStatus {
 struct InvoiceSummary {
     std::string entryCount;
     std::string totalTime;
-    /// Absent when the project has no hourly rate, even where entries have rates of their own.
+    /// Absent when the project has no hourly rate, even if entries have their own.
     std::optional<std::string> totalAmount;
 };
 
-/// The customer as a choice of the picker shows it and as the archive keeps it: "Müller - Müller GmbH".
+/// The customer as the picker shows it and the archive keeps it: "Müller - Müller GmbH".
 [[nodiscard]] std::string customerChoice(const Customer& customer);
 
 /// The sheet that turns time entries of one project into an invoice.
@@ -66,7 +66,7 @@ public:
     /// As typed.
     Published<std::string> manualRate{*this};
 
-    /// Takes the sheet away; whoever shows it sets this. May end the life of this object.
+    /// Closes the sheet; set by its presenter. May destroy this object.
     std::function<void()> dismiss;
 
     // What is shown
@@ -74,13 +74,13 @@ public:
     [[nodiscard]] const Project& project() const;
     /// "Rechnung erstellen: " and the project's name.
     [[nodiscard]] std::string title() const;
-    /// The chosen customer; none when there is no choice or the store has no such customer.
+    /// The chosen customer; none when none is chosen or the store no longer has it.
     [[nodiscard]] std::optional<Customer> selectedCustomer() const;
     /// The ticked rows, in list order.
     [[nodiscard]] std::vector<InvoiceEntryStatus> selectedEntries() const;
-    /// Seconds over the ticked rows.
+    /// Seconds, over the ticked rows.
     [[nodiscard]] TimeInterval totalTime() const;
-    /// Euros over the ticked rows; an entry's own rate wins over the project's.
+    /// Euros, over the ticked rows; an entry's own rate overrides the project's.
     [[nodiscard]] double totalAmount() const;
     [[nodiscard]] InvoiceSummary summary() const;
     /// Something is ticked and, unless there are no customers at all, a customer is chosen.
@@ -88,7 +88,7 @@ public:
 
     // Entries
 
-    /// Takes the rows from the project; what was ticked stays ticked. Runs each time the sheet is shown.
+    /// Reads the rows from the project; what was ticked stays ticked. Runs each time the sheet is shown.
     void initializeEntryStatuses();
     void toggleEntry(std::size_t row);
     /// Ticks every row, invoiced ones deliberately included.
@@ -96,14 +96,14 @@ public:
     void deselectAllEntries();
     /// Deletes the row's entry from the project at once, without asking.
     void deleteEntry(std::size_t row);
-    /// Adds what was typed to the project. The new row is deliberately not ticked.
+    /// Adds the manual entry to the project. The new row is deliberately not ticked.
     void addManualEntry();
 
     // Notes
 
     /// Asks for a name to save the notes under; nothing happens while they are blank.
     void beginSavingNote();
-    /// Replaces the notes by the saved note's text; nothing happens when there is none with that id.
+    /// Replaces the notes with the saved note's text; nothing happens when there is none with that id.
     void chooseNote(const Uuid& id);
     void deleteSelectedNote();
 
@@ -117,7 +117,7 @@ public:
     void exportInvoicePDF();
     /// The document's bytes.
     [[nodiscard]] std::string generateInvoicePDF() const;
-    /// Takes the sheet away, then asks for the customer screens.
+    /// Closes the sheet, then requests the customer screens.
     void openCustomerManagement();
 
 private:

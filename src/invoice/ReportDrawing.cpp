@@ -25,7 +25,7 @@ constexpr double senderX = a4.width - 200;
 constexpr double senderWidth = 190;
 constexpr double groupGap = 5;
 
-/// Up to the sender's lines, with a little air.
+/// Ends a little before the sender's lines.
 constexpr double titleWidth = 335;
 
 constexpr double barHeight = 30;
@@ -38,13 +38,13 @@ constexpr double gapUnderBar = 10;
 
 constexpr double rowHeight = 35;
 constexpr double stripeBrightness = 0.95;
-/// No row begins on a page below this.
+/// No row starts below this.
 constexpr double lowestRow = 70;
-/// From a row's top to its text, for one line and for two.
+/// From a row's top to its text, for one line and for two lines.
 constexpr double oneLineInset = 11;
 constexpr double twoLinesInset = 4;
 constexpr double indent = 5;
-/// Numbers come no closer to the edges of their column.
+/// The minimum distance of numbers from the edges of their column.
 constexpr double numberInset = 2;
 
 constexpr double gapOverTotals = 10;

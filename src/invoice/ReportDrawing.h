@@ -29,7 +29,7 @@ private:
     void drawLogo();
     void drawSender();
     void drawTitle();
-    /// The bar with the column titles; rows begin under it.
+    /// The bar with the column titles; rows start below it.
     void drawHeaderBar(double barBottom);
 
     void drawRows();
@@ -37,7 +37,7 @@ private:
     void drawMoment(const ReportMoment& moment, const Column& column);
     void drawCentred(std::string_view text, const Column& column);
     void drawAtRight(std::string_view text, const Column& column);
-    /// Draws a number from `x` to the right, smaller where it is wider than `room`.
+    /// Draws a number from `x` to the right, in smaller type where it is wider than `room`.
     void drawNumberFrom(double x, double textTop, std::string_view text, double room, const TextStyle& style);
 
     void drawTotals();

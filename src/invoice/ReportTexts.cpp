@@ -61,7 +61,7 @@ void addRows(ReportTexts& texts, const Project& project, const Calendar& calenda
         totalDuration += entry.duration(now);
         if (!project.hourlyRate)
             continue;
-        // At the project's rate alone: a report shows what the project brings in, so an entry's own rate
+        // At the project's rate only: a report shows what the project brings in, so an entry's own rate
         // deliberately counts on invoices only.
         const double earnings = entry.duration(now) / secondsPerHour * *project.hourlyRate;
         texts.rows.back().earnings = money(earnings);

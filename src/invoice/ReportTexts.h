@@ -11,7 +11,7 @@ namespace brisklog {
 class Calendar;
 class UserProfile;
 
-/// A moment as a report shows it: the date over the time of day. Both are empty for none.
+/// A moment as a report shows it: the date above the time of day. Both are empty where there is none.
 struct ReportMoment {
     std::string day;
     std::string time;
@@ -27,11 +27,11 @@ struct ReportRow {
     std::optional<std::string> earnings;
 };
 
-/// Every text of an entry report as it is printed, in the order from top to bottom.
+/// Every text of an entry report as it is printed, from top to bottom.
 struct ReportTexts {
     /// An encoded image.
     std::optional<std::string> logo;
-    /// Groups of lines; there is a small gap before each but the first, even where a group is empty.
+    /// Groups of lines with a small gap between them, even where a group is empty.
     std::vector<std::vector<std::string>> senderGroups;
     std::string title;
     std::string creationDate;

@@ -6,8 +6,8 @@
 
 namespace brisklog {
 
-/// The small sheet that names the invoice's notes and keeps them for later invoices. It works on values of
-/// the sheet that shows it and has none of its own.
+/// The small sheet that saves the invoice's notes under a name for later invoices. It works on values of the
+/// sheet that shows it and has no state of its own.
 class SaveNoteView {
 public:
     SaveNoteView(TimeTrackingStore& timeStore, const Published<std::string>& additionalNotes,
@@ -20,7 +20,7 @@ public:
     /// Whether the name is more than white space.
     [[nodiscard]] bool canSave() const;
 
-    /// Keeps the notes under the name as typed and closes; nothing happens while the name is blank.
+    /// Saves the notes under the name as typed and closes; nothing happens while the name is blank.
     void save();
 
     void cancel() { m_isPresented = false; }

@@ -5,10 +5,10 @@
 
 namespace brisklog {
 
-/// Adds the value to the lines, behind its label; an empty value gives no line.
+/// Adds a line with the label and the value; an empty value adds none.
 void addLine(std::vector<std::string>& lines, const std::string& value, const char* label = "");
 
-/// Both with a blank between, without blanks at the ends; empty when both are.
+/// Both, separated by a space and trimmed; empty when both are.
 [[nodiscard]] std::string joined(const std::string& first, const std::string& second);
 
 } // namespace brisklog

@@ -13,7 +13,7 @@ UpdatedInvoiceTemplate::UpdatedInvoiceTemplate(PdfFacility& pdf, const UserProfi
     : m_pdf(pdf), m_profile(profile), m_calendar(std::move(calendar)), m_now(now) {}
 
 std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
-    // Stable: entries that start together stay in the order in which they were chosen.
+    // Stable: entries that start at the same moment keep their order.
     std::ranges::stable_sort(invoice.selectedEntries, {}, &TimeEntry::startTime);
     InvoiceTexts texts;
     addSender(texts, m_profile);
@@ -21,7 +21,7 @@ std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
     texts.table = invoiceTable(invoice.selectedEntries, invoice.project.hourlyRate, m_now);
     texts.notes = invoice.additionalNotes;
 
-    // The name is that of the folder with the business profile, which invoices have always carried.
+    // The name of the business profile's folder, which invoices have always carried.
     const auto document = m_pdf.begin({.creator = "Pennavo", .author = m_profile.fullName});
     InvoiceDrawing(*document, texts).draw();
     return document->finish();

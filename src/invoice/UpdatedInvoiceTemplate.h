@@ -13,7 +13,7 @@ namespace brisklog {
 
 class UserProfile;
 
-/// What one invoice is made from.
+/// The content of one invoice.
 struct InvoiceDocument {
     Project project;
     std::optional<Customer> customer;
@@ -22,13 +22,13 @@ struct InvoiceDocument {
     std::string additionalNotes;
 };
 
-/// Turns one invoice into the bytes of a PDF document. Nothing is kept between two calls.
+/// Turns one invoice into the bytes of a PDF document. Keeps no state between calls.
 class UpdatedInvoiceTemplate {
 public:
-    /// `now` is the date of the invoice, and what an entry without an end is counted up to.
+    /// `now` is the date of the invoice; entries without an end count up to it.
     UpdatedInvoiceTemplate(PdfFacility& pdf, const UserProfile& profile, Calendar calendar, Date now);
 
-    /// The document, its entries sorted by their start; empty when it could not be made.
+    /// The document's bytes, with the entries sorted by start; empty when it could not be made.
     [[nodiscard]] std::string generate(InvoiceDocument invoice) const;
 
 private:
@@ -38,10 +38,10 @@ private:
     Date m_now;
 };
 
-/// Holds a name; nothing is drawn through it.
+/// Kept only as a name; nothing is drawn with it.
 class InvoiceTemplate {};
 
-/// Holds a name; nothing is drawn through it.
+/// Kept only as a name; nothing is drawn with it.
 class NewInvoiceTemplate {};
 
 } // namespace brisklog

@@ -32,7 +32,7 @@ constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
 constexpr int panelRight = 8;
 constexpr int gapUnderPanel = 8;
-/// How far a card that goes on in the next row is drawn past this one's edge.
+/// How far a card that continues in the next row is drawn past this row's edge.
 constexpr int beyond = 20;
 
 constexpr FontRole explanationFont = FontRole::tab12;
@@ -55,7 +55,7 @@ QRect chevronIn(const QRect& item) {
     return {head.right() + 1 - chevronEdge - chevronSize, head.top(), chevronSize, head.height()};
 }
 
-/// The line of a head that begins so far under its top.
+/// The line of a head that starts `top` pixels below the head's top.
 QRect lineIn(const QRect& item, int top, FontRole font) {
     const QRect head = headIn(item);
     const int left = head.left() + inset;
@@ -72,7 +72,7 @@ void paintMonth(QPainter& painter, const QRect& item, const QString& title, cons
     paintSectionHeader(painter, line, title, u"calendar"_s, palette);
 }
 
-/// The row's share of its month's card.
+/// The part of the month's card that lies in this row.
 void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, const Palette& palette) {
     const QRect part(side, item.top(), item.width() - 2 * side, item.height());
     paintCard(painter, part.adjusted(0, row.isFirst ? 0 : -beyond, 0, row.isLast ? 0 : beyond), palette);
@@ -159,7 +159,7 @@ void ArchiveDelegate::paintHead(QPainter& painter, const PaintedRow& row, const 
 void ArchiveDelegate::updateEditorGeometry(QWidget* panel, const QStyleOptionViewItem& option,
                                            const QModelIndex& index) const {
     QRect place = panelIn(option.rect);
-    // While it arrives or leaves it is cut off where the row ends.
+    // While it opens or closes, it is cut off at the row's end.
     place.setHeight(std::min(place.height(), detailsHeight(index)));
     panel->setGeometry(place);
 }

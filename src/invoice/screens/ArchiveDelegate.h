@@ -10,20 +10,20 @@ class ArchiveModel;
 class ArchiveSheetView;
 struct Palette;
 
-/// Paints the archive: the sentence on top, months, and the invoices of each in a card. Under an opened
-/// invoice it keeps room for its details and places them.
+/// Paints the archive: the explanation at the top, then each month's title and a card with its invoices.
+/// Reserves room for the details of an open invoice below it and positions them.
 class ArchiveDelegate final : public RowDelegate {
 public:
     ArchiveDelegate(const ArchiveModel& model, const ArchiveSheetView& view, RowList& list);
 
-    /// Of an invoice the head can be pressed, to open it.
+    /// Only an invoice's head can be pressed, to open it.
     [[nodiscard]] RowPart partAt(const QRect& area, const QPoint& point,
                                  const QModelIndex& index) const override;
 
-    /// The row whose details are arriving or leaving, and how much of them is seen (0 to 1).
+    /// The row whose details are opening or closing, and how much of them is visible (0 to 1).
     void setMoving(const QModelIndex& index, double shown);
 
-    /// The details' place inside their row.
+    /// Positions the details inside their row.
     void updateEditorGeometry(QWidget* panel, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 

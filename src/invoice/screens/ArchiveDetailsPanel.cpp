@@ -45,7 +45,7 @@ ArchiveDetailsPanel::ArchiveDetailsPanel(std::function<void()> deleteInvoice)
 
 void ArchiveDetailsPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    // Not laid out: while the panel is still low its content is cut off, not squeezed.
+    // Not in a layout: while the panel is not at full height, its content is cut off, not squeezed.
     m_content->setGeometry(0, 0, width(), panelHeight);
 }
 

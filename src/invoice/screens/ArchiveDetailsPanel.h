@@ -9,7 +9,7 @@ class FigureLabel;
 class SymbolButton;
 struct ArchiveDetails;
 
-/// What an opened invoice says about itself, with the button that deletes it.
+/// The details of an open invoice, with the button that deletes it.
 class ArchiveDetailsPanel final : public QWidget {
 public:
     static constexpr int panelHeight = 64;

@@ -19,8 +19,8 @@ namespace {
 
 constexpr int movementMilliseconds = 140;
 
-/// Lets screen readers find the details of opened invoices beside the list: the toolkit knows nothing of what
-/// lies inside a list's rows. Its children are the list and, in the order of the rows, the open details.
+/// Exposes the details of open invoices to screen readers: the toolkit does not expose widgets inside a
+/// list's rows. Its children are the list and then the open details, in row order.
 class ArchiveListAccessible final : public QAccessibleWidget {
 public:
     explicit ArchiveListAccessible(ArchiveList& list) : QAccessibleWidget(&list, QAccessible::Grouping) {}
@@ -65,13 +65,13 @@ ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
     m_list->onPressed([this](const QModelIndex& index, RowPart) { toggle(index); });
     Column{m_list}.applyTo(*this);
     setFocusProxy(m_list);
-    // Counts once, however many archives there are.
+    // Installing it again has no effect.
     QAccessible::installFactory(archiveListAccessible);
 }
 
 void ArchiveList::showInvoices() {
     m_model.synchronise();
-    // The keyboard starts at an invoice: the sentence and the month above it cannot be opened.
+    // The first current row is an invoice: the explanation and the month title above it cannot be opened.
     if (!m_list->currentIndex().isValid())
         m_list->setCurrentIndex(m_model.firstInvoice());
     showPanels();
@@ -113,7 +113,7 @@ ArchiveDetailsPanel& ArchiveList::panelOf(const QModelIndex& index) {
 }
 
 bool ArchiveList::eventFilter(QObject* watched, QEvent* event) {
-    // The list hears nothing of a pointer that goes from an invoice to its details.
+    // The list gets no event when the pointer moves from an invoice to its details.
     if (event->type() == QEvent::Enter)
         m_list->forgetPointer();
     return QWidget::eventFilter(watched, event);

@@ -15,8 +15,8 @@ class ArchiveDelegate;
 class ArchiveDetailsPanel;
 class RowList;
 
-/// The archived invoices by month. A click, Return or Space opens one and shuts it again, Right opens, Left
-/// shuts, the trash and Delete ask whether to delete it.
+/// The archived invoices by month. A click, Return or Space opens or closes one, Right opens, Left closes;
+/// the trash button and Delete ask whether to delete it.
 class ArchiveList final : public QWidget {
 public:
     ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view);
@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] RowList& list() const { return *m_list; }
 
-    /// The details that are shown, in the order of their rows.
+    /// The details that are shown, in row order.
     [[nodiscard]] std::vector<ArchiveDetailsPanel*> openPanels() const;
 
 protected:
@@ -35,7 +35,7 @@ protected:
 private:
     bool keyPressed(const QModelIndex& index, int key);
     void toggle(const QModelIndex& index);
-    /// Lets the row's details arrive or leave, at once where nothing may move.
+    /// Opens or closes the row's details; at once with reduced motion.
     void move(const QModelIndex& index);
     void movementEnded(const QModelIndex& index);
     void showPanels();
@@ -46,7 +46,7 @@ private:
     ArchiveModel m_model;
     RowList* m_list;
     ArchiveDelegate* m_delegate;
-    /// The row whose details are arriving or leaving.
+    /// The row whose details are opening or closing.
     QPersistentModelIndex m_moving;
     QPointer<QVariantAnimation> m_movement;
 };

@@ -49,7 +49,7 @@ QModelIndex ArchiveModel::indexOf(const Uuid& id) const {
 }
 
 QModelIndex ArchiveModel::firstInvoice() const {
-    // Under the sentence and the newest month's title.
+    // After the explanation and the newest month's title.
     constexpr int first = 2;
     return index(first);
 }

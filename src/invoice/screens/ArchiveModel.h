@@ -7,16 +7,16 @@
 
 namespace brisklog {
 
-/// A row of the archive: the sentence on top, a month's title, or an invoice.
+/// A row of the archive: the explanation at the top, a month's title, or an invoice.
 struct ArchiveRow {
     enum class Kind { explanation, month, invoice };
 
     Kind kind = Kind::explanation;
-    /// Of the month, or the invoice's id as text.
+    /// The month's key, or the invoice's id as text.
     std::string key;
     std::string title;
     ArchivedInvoice invoice;
-    /// The invoice's place among those of its month.
+    /// Whether the invoice is the first or last of its month.
     bool isFirst = false;
     bool isLast = false;
 
@@ -29,12 +29,13 @@ public:
     ArchiveModel(const TimeTrackingStore& timeStore, const ArchiveSheetView& view)
         : m_timeStore(timeStore), m_view(view) {}
 
-    /// Tells the list what changed in the archive, or by another time zone, since the last call.
+    /// Tells the list what changed in the archive since the last call, also through a change of the time
+    /// zone.
     void synchronise();
 
-    /// The row of the invoice with that id; an invalid index without one.
+    /// The row of the invoice with that id; an invalid index when there is none.
     [[nodiscard]] QModelIndex indexOf(const Uuid& id) const;
-    /// The row of the invoice listed first.
+    /// The row of the first invoice listed.
     [[nodiscard]] QModelIndex firstInvoice() const;
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

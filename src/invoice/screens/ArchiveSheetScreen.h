@@ -10,7 +10,7 @@ namespace brisklog {
 class ArchiveList;
 class SheetWindow;
 
-/// The archive sheet's body: the issued invoices by month, or what to do while there is none.
+/// The archive sheet's body: the issued invoices by month, or what to do while there are none.
 class ArchiveSheetScreen final : public Screen {
 public:
     ArchiveSheetScreen(TimeTrackingStore& timeStore, const Clock& clock);

@@ -11,8 +11,8 @@ namespace brisklog {
 class Label;
 class Picker;
 
-/// Chooses the customer the invoice is made out to and shows the address; without customers it leads to where
-/// they are made.
+/// Chooses the customer the invoice is made out to and shows the address; without customers it leads to the
+/// screen that creates them.
 class InvoiceCustomerSection final : public Screen {
 public:
     InvoiceCustomerSection(TimeTrackingStore& timeStore, InvoiceView& view);
@@ -34,7 +34,7 @@ private:
     QWidget* m_information;
     QWidget* m_noCustomers;
     QWidget* m_choices;
-    /// Of the customers the picker shows.
+    /// The revision of the customers the picker shows.
     std::optional<std::uint64_t> m_shownRevision;
 };
 

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-/// So that the total ends where the amounts in the rows do.
+/// Aligns the total's right edge with the amounts in the rows.
 constexpr int amountInset = 48;
 constexpr int noEntriesHeight = 26;
 

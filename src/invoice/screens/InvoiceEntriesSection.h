@@ -12,7 +12,7 @@ class InvoiceEntryList;
 class Label;
 class LayoutBox;
 
-/// The entries to bill with their sums.
+/// The entries to bill, with their totals.
 class InvoiceEntriesSection final : public Screen {
 public:
     InvoiceEntriesSection(TimeTrackingStore& timeStore, InvoiceView& view, const Clock& clock);

@@ -18,7 +18,7 @@ namespace brisklog {
 namespace {
 
 constexpr int rowHeight = 34;
-/// Above and under a row: room for the focus ring.
+/// Above and below a row, for the focus ring.
 constexpr int inset = (InvoiceEntryDelegate::rowStep - rowHeight) / 2;
 constexpr int insetLeft = 4;
 constexpr int insetRight = 6;
@@ -43,7 +43,7 @@ QRect trashIn(const QRect& item) {
     return {left, item.top() + (item.height() - trashWidth) / 2, trashWidth, trashWidth};
 }
 
-/// Where the cells of a row lie.
+/// The rectangles of a row's cells.
 struct Cells {
     QRect box;
     QRect date;
@@ -52,7 +52,7 @@ struct Cells {
     QRect amount;
 };
 
-/// The numbers grow to the left where they need more than their columns; the name gets what is left.
+/// Numbers wider than their columns grow to the left; the name gets the remaining width.
 Cells cellsIn(const QRect& row, int durationNeeds, int amountNeeds) {
     const auto cell = [&row](int left, int width) { return QRect(left, row.top(), width, row.height()); };
     Cells cells;

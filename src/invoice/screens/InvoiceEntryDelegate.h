@@ -10,7 +10,7 @@ class InvoiceEntryModel;
 /// Paints the invoice sheet's rows, each with a trash button.
 class InvoiceEntryDelegate final : public RowDelegate {
 public:
-    /// Height of a row with the gap to the next one.
+    /// Height of a row including the gap to the next one.
     static constexpr int rowStep = 38;
 
     InvoiceEntryDelegate(const InvoiceEntryModel& model, RowList& list) : RowDelegate(list), m_model(model) {}

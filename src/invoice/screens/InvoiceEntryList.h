@@ -8,8 +8,8 @@ namespace brisklog {
 
 class RowList;
 
-/// The entries to tick. Few rows are all shown; more than twelve scroll within eleven and a half, so that the
-/// cut row says that there is more and the sums under the list stay in sight.
+/// The entries to tick. Up to twelve rows are shown in full; more scroll within a height of eleven and a
+/// half, so that the half row hints at more and the totals below the list stay visible.
 class InvoiceEntryList final : public QWidget {
 public:
     InvoiceEntryList(InvoiceView& view, const Clock& clock);

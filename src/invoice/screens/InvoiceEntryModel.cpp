@@ -7,7 +7,7 @@ namespace brisklog {
 int InvoiceEntryModel::currentCount() const { return static_cast<int>(m_view.entryStatuses->size()); }
 
 bool InvoiceEntryModel::hasRow(const QModelIndex& index) const {
-    // The view may have lost rows the list was not told about yet.
+    // The view may have lost rows that the list has not been told about yet.
     return index.isValid() && index.row() < currentCount();
 }
 

@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] Date now() const { return m_clock.now(); }
 
-    /// As it was at the last `synchronise`.
+    /// The calendar as of the last `synchronise`.
     [[nodiscard]] const Calendar& calendar() const { return m_calendar; }
 
     /// Deletes the row's entry.

@@ -21,11 +21,11 @@ inline constexpr int cardPadding = 14;
 inline constexpr int labelGap = 12;
 inline constexpr int rowGap = 8;
 
-/// A section's heading as high as the small buttons beside it, with room for these at its right end.
+/// A section's heading, as high as the small buttons, which go at its right end.
 [[nodiscard]] LayoutItem heading(const QString& title, const LayoutBox& buttons);
 [[nodiscard]] LayoutItem heading(const QString& title);
 
-/// The label in its column before a field.
+/// The label to the left of a field, as wide as the label column.
 [[nodiscard]] Label* fieldLabel(const QString& text);
 
 /// A card with the content inside its usual padding.

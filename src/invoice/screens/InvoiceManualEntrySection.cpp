@@ -39,7 +39,7 @@ InvoiceManualEntrySection::InvoiceManualEntrySection(TimeTrackingStore& timeStor
     rows.spacing(invoiceForm::rowGap);
     Column{invoiceForm::heading(u"Manueller Eintrag"_s), invoiceForm::card(rows)}.applyTo(*this);
     connectFields();
-    // Its tick brings another time zone.
+    // Its tick also signals a change of the time zone.
     observe(timeStore);
     observe(m_view);
 }

@@ -12,7 +12,7 @@ class Button;
 class SheetWindow;
 class TextArea;
 
-/// The notes printed on the invoice, and the saved ones to take them from.
+/// The notes printed on the invoice, and the saved notes to choose from.
 class InvoiceNotesSection final : public Screen {
 public:
     InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceView& view);
@@ -23,7 +23,7 @@ protected:
 private:
     void connectButtons();
     void showSavedNotes();
-    /// Shows or takes away the sheet that asks for a note's name, as the view says.
+    /// Opens or closes the sheet that asks for a note's name, according to the view.
     void refreshSaveNoteSheet();
 
     TimeTrackingStore& m_timeStore;

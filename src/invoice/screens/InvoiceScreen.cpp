@@ -23,17 +23,17 @@ namespace {
 constexpr QSize sheetSize{640, 680};
 constexpr QSize smallestSheet{640, 520};
 constexpr int numberWidth = 200;
-/// Between two cards and under the last one, where the shadow of the upper one takes a pixel.
+/// Between sections and below the last one, a card's shadow adds a pixel.
 constexpr int sectionGap = 13;
 constexpr int marginBelow = 19;
 constexpr int marginAbove = 14;
 
-/// Control-Return presses the button, wherever the keyboard is. Return alone deliberately does not: in a
-/// field it would bill at once.
+/// Control-Return presses the button, wherever the focus is. Return alone deliberately does not: in a field
+/// it would bill at once.
 void pressWithControlReturn(Button& button, QWidget& sheet) {
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)), &sheet);
-        // A key held down would bill again and again.
+        // Holding the key down would bill repeatedly.
         shortcut->setAutoRepeat(false);
         QObject::connect(shortcut, &QShortcut::activated, &button, [&button] { button.click(); });
     }

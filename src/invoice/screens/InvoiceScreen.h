@@ -13,8 +13,7 @@ class Card;
 class SheetWindow;
 class TextField;
 
-/// The invoice sheet's body: a form of sections. Its main action is a button of its own for the sheet's
-/// footer.
+/// The invoice sheet's body: a form in sections. The button of its main action belongs in the sheet's footer.
 class InvoiceScreen final : public Screen {
 public:
     InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const DocumentFacilities& facilities,
@@ -22,7 +21,7 @@ public:
 
     [[nodiscard]] InvoiceView& view() { return m_view; }
 
-    /// "Rechnung erstellen", disabled while there is nothing to bill or nobody to bill it to.
+    /// "Rechnung erstellen"; disabled while there is nothing to bill or no one to bill it to.
     [[nodiscard]] Button& createButton() const { return *m_create; }
 
 protected:

@@ -31,7 +31,7 @@ private:
     Button* m_save;
 };
 
-/// The sheet, ready to be presented. It closes once the invoice's view no longer shows it.
+/// The sheet, ready to be presented. Its presenter closes it once `showingSaveNoteSheet` is false.
 [[nodiscard]] std::unique_ptr<SheetWindow> makeSaveNoteSheet(TimeTrackingStore& timeStore,
                                                              InvoiceView& invoice);
 
