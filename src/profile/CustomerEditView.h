@@ -6,10 +6,10 @@
 
 namespace brisklog {
 
-/// The form that creates a customer or changes one. Nothing is kept before it is confirmed; texts are taken
-/// exactly as typed, and what the form does not show stays as it is.
+/// The form that creates or edits a customer. Nothing is saved until it is confirmed; texts are taken exactly
+/// as typed, and fields the form does not show are left unchanged.
 class CustomerEditView final : public ObservableObject {
-    /// As the form would save it. It stands first because the fields write to it.
+    /// The customer as the form would save it. Declared first because the fields write to it.
     Customer m_customer;
 
     /// One of the customer's fields, published.
@@ -23,16 +23,16 @@ class CustomerEditView final : public ObservableObject {
     };
 
 public:
-    /// For a new customer: all texts empty, the gender deliberately the neutral one.
+    /// For a new customer: all texts are empty, and the gender is deliberately the neutral one.
     explicit CustomerEditView(TimeTrackingStore& timeStore);
-    /// For changing the customer.
+    /// For editing the customer.
     CustomerEditView(TimeTrackingStore& timeStore, const Customer& customer);
 
-    /// False once the form has done its work or was cancelled: it closes then.
+    /// Becomes false once the form is done or cancelled; it then closes.
     Published<bool> isPresented{*this, true};
 
     Field<std::string> firstName{*this, m_customer.firstName};
-    /// The surname, the only text that is required.
+    /// The surname, the only required text.
     Field<std::string> name{*this, m_customer.name};
     Field<Gender> gender{*this, m_customer.gender};
     Field<std::string> company{*this, m_customer.company};
@@ -43,23 +43,23 @@ public:
     Field<std::string> phone{*this, m_customer.phone};
     Field<std::string> taxId{*this, m_customer.taxId};
 
-    /// The user is being asked whether to delete the customer.
+    /// Whether the user is being asked to confirm deleting the customer.
     Published<bool> showingDeleteAlert{*this, false};
 
     [[nodiscard]] bool isEditing() const { return m_isEditing; }
 
     /// "Neuer Kunde" or "Kunde bearbeiten".
     [[nodiscard]] std::string title() const;
-    /// The caption of the button that confirms: "Hinzufügen" or "Aktualisieren".
+    /// The confirm button's caption: "Hinzufügen" or "Aktualisieren".
     [[nodiscard]] std::string confirmCaption() const;
 
-    /// There is a surname; blanks deliberately count.
+    /// Whether there is a surname; blanks deliberately count.
     [[nodiscard]] bool canSave() const { return !name->empty(); }
 
-    /// Appends the new customer, or replaces the changed one at its place; and closes.
+    /// Appends the new customer, or replaces the edited one in place, and closes.
     void saveCustomer();
 
-    /// Removes the customer and closes; to be called once the user has confirmed it.
+    /// Removes the customer and closes; call once the user has confirmed.
     void deleteCustomer();
 
     void cancel() { isPresented = false; }

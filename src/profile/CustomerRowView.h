@@ -7,10 +7,10 @@
 
 namespace brisklog {
 
-/// What the customer list shows of one customer, from top to bottom. Empty texts give no line. A value in
-/// spite of its name.
+/// What the customer list shows of one customer, from top to bottom; empty texts take no line. A value,
+/// despite its name.
 struct CustomerRowView {
-    /// A line led by a symbol.
+    /// A line with a symbol in front.
     struct Detail {
         std::string symbol;
         std::string text;
@@ -26,7 +26,7 @@ struct CustomerRowView {
 
     explicit CustomerRowView(const Customer& customer);
 
-    /// All lines as one text, for whoever cannot see them.
+    /// All lines as one text, for screen readers.
     [[nodiscard]] std::string spokenText() const;
 };
 

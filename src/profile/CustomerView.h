@@ -6,12 +6,12 @@
 
 namespace brisklog {
 
-/// The list of customers: which form is open over it.
+/// The state of the customer list: which form is open over it.
 class CustomerView final : public ObservableObject {
 public:
     explicit CustomerView(TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}
 
-    /// The form for a new customer is shown.
+    /// Whether the form for a new customer is shown.
     Published<bool> showingNewCustomerSheet{*this, false};
     /// The customer whose form is shown.
     Published<std::optional<Customer>> editingCustomer{*this};
@@ -25,7 +25,7 @@ public:
     /// Opens the form of the customer with that id; nothing happens when there is none.
     void editCustomer(const Uuid& id);
 
-    /// To be called when the form has closed, however that came about.
+    /// Call when the form has closed, for whatever reason.
     void formClosed();
 
 private:

@@ -31,12 +31,12 @@ QCollator germanOrder() {
     return collator;
 }
 
-/// An entry with its place in the order, which would be far dearer to find out at every comparison.
+/// An entry with its sort key, which would be expensive to compute at every comparison.
 struct Ranked {
     FolderEntry entry;
     QCollatorSortKey key;
 
-    /// Names that differ in upper and lower case alone still have an order.
+    /// Names that differ only in case still have a defined order.
     bool operator<(const Ranked& other) const {
         if (entry.isFolder != other.entry.isFolder)
             return entry.isFolder;

@@ -4,12 +4,11 @@
 
 namespace brisklog {
 
-/// How large a picture is kept as the logo: at most 800 on its longer side. A pixel counts as a point. The
-/// new size is not rounded to anything handy; but a bitmap has whole pixels only, so the shorter side gets
-/// the whole number nearest to its share, and at least one.
+/// The size at which a picture is kept as the logo: at most 800 on its longer side, counting a pixel as a
+/// point. The shorter side is scaled to match, rounded to the nearest whole pixel and at least one.
 [[nodiscard]] PixelSize logoSize(PixelSize picture);
 
-/// The picture's size where it must fit into the box without losing its shape; it is never enlarged.
+/// The picture's size scaled down to fit into the box with its aspect ratio kept; it is never enlarged.
 [[nodiscard]] PixelSize fittedInto(PixelSize box, PixelSize picture);
 
 } // namespace brisklog

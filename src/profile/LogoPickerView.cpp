@@ -14,7 +14,7 @@ LogoPickerView::LogoPickerView(const LogoPickerPlatform& platform, Actions actio
     currentDirectory = startFolder();
 }
 
-/// A folder that does not exist is as good as none.
+/// Folders that do not exist are skipped.
 fs::path LogoPickerView::startFolder() const {
     const Files& files = m_platform.files;
     for (const auto& folder : {files.picturesFolder(), files.documentsFolder(), files.homeFolder()})
@@ -42,7 +42,7 @@ void LogoPickerView::loadDirectoryContents() {
         return entries.failed() ? Contents(entries.error())
                                 : offeredItems(folder, std::move(entries).value());
     };
-    // Whatever is still being read of the folder before is given up with this.
+    // Replacing the task abandons the previous folder if it is still being read.
     m_loading = computeIn<Contents>(m_platform.background, list,
                                     [this](Contents contents) { takeContents(std::move(contents)); });
 }
@@ -61,7 +61,7 @@ void LogoPickerView::handleSelection(const FileItem& item) {
         return;
     }
     errorText = "";
-    // Scaled while it is read, so that of a large photograph no more is held than is kept.
+    // Scaled while it is read, so that a large photograph is never held in memory at full size.
     const auto image = m_platform.images.read(item.path, logoSize);
     const auto bytes = image.failed() ? std::nullopt : processImage(image.value(), item.path);
     if (!bytes) {
@@ -72,7 +72,8 @@ void LogoPickerView::handleSelection(const FileItem& item) {
     m_actions.dismiss();
 }
 
-/// The bytes to keep: a PNG file's, else the chosen file's own. None when there are not even these.
+/// The bytes to keep: the image as PNG, else the chosen file's own bytes; none when that cannot be read
+/// either.
 std::optional<std::string> LogoPickerView::processImage(const Bitmap& image, const fs::path& file) {
     auto encoded = m_platform.images.encodePng(image);
     if (encoded.succeeded())

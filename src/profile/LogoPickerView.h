@@ -11,8 +11,7 @@
 
 namespace brisklog {
 
-/// The outside world as the logo picker needs it. All of it must outlive work in the background, and so the
-/// picker.
+/// The outside world as the logo picker needs it. All of it must outlive the picker and its background work.
 struct LogoPickerPlatform {
     const Files& files;
     const Images& images;
@@ -21,24 +20,24 @@ struct LogoPickerPlatform {
     Log& log;
 };
 
-/// A small file browser: the user walks the folders and chooses an image, which is handed on as the bytes to
-/// keep as the logo.
+/// A small file browser: the user navigates the folders and chooses an image, whose bytes to keep as the logo
+/// are passed on.
 class LogoPickerView final : public ObservableObject {
 public:
     struct Actions {
-        /// Gets the bytes of the chosen image.
+        /// Receives the bytes to keep.
         std::function<void(std::string bytes)> onImageSelected;
-        /// Closes the window; it may end the view once the operation that called it has returned.
+        /// Closes the window; may destroy the view, but only after the calling operation has returned.
         std::function<void()> dismiss;
     };
 
-    /// Starts reading the user's folder for pictures.
+    /// Starts reading the user's pictures folder.
     LogoPickerView(const LogoPickerPlatform& platform, Actions actions);
 
     Published<std::filesystem::path> currentDirectory{*this, {}, [this] { loadDirectoryContents(); }};
     Published<std::vector<FileItem>> items{*this};
     Published<bool> isLoading{*this, false};
-    /// Empty when there is nothing to complain about.
+    /// Empty when there is no error.
     Published<std::string> errorText{*this};
 
     /// Has no effect at the root of the file system.
@@ -47,7 +46,7 @@ public:
     /// Opens a folder, or takes an image and closes the picker.
     void handleSelection(const FileItem& item);
 
-    /// The row of the folder the user has just come up from; none otherwise.
+    /// The row of the subfolder the user has just come up from; none otherwise.
     [[nodiscard]] std::optional<std::size_t> rowCameFrom() const;
 
 private:

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Beyond what is on show.
+/// In addition to those on show.
 constexpr std::size_t mostKept = 200;
 
 } // namespace

@@ -10,26 +10,26 @@
 
 namespace brisklog {
 
-/// Small pictures of the image files on show, made in the background. What scrolls out of sight before its
-/// turn has come is never decoded, and of a folder with thousands of files only the last few hundred pictures
-/// are kept.
+/// Thumbnails of the image files on show, made in the background. Files scrolled out of view before their
+/// turn are never decoded, and of a folder with thousands of files only the last few hundred thumbnails are
+/// kept.
 class Thumbnails {
 public:
-    /// `arrived` is called on the main thread whenever a picture has come or turned out to be none. Images
-    /// and background must outlive work that is under way, and so this object.
+    /// `arrived` is called on the main thread whenever a file has been decoded or has turned out not to be an
+    /// image. Images and background must outlive this object and its pending work.
     Thumbnails(const Images& images, Background& background, std::function<void()> arrived);
 
-    /// Asks for what is missing of these files, each fitted into the box, and gives up everything else that
-    /// was asked for.
+    /// Requests the missing thumbnails of these files, each fitted into the box, and abandons all other
+    /// pending requests.
     void show(const std::vector<std::filesystem::path>& files, PixelSize box);
 
-    /// Forgets everything, as if nothing had ever been on show.
+    /// Discards all thumbnails and pending requests.
     void clear() { m_thumbnails.clear(); }
 
-    /// The picture of the file, or why there is none; null as long as that is unknown.
+    /// The file's thumbnail, or why there is none; null until that is known.
     [[nodiscard]] const Result<Bitmap>* find(const std::filesystem::path& file) const;
 
-    /// How many are known or being made.
+    /// How many are finished or being made.
     [[nodiscard]] std::size_t count() const { return m_thumbnails.size(); }
 
 private:

@@ -38,7 +38,7 @@ Result<std::filesystem::path> UserProfile::fileInOurFolder(const char* name) {
 
 void UserProfile::loadProfileData() {
     const auto path = fileInOurFolder(profileFileName);
-    // Each assignment deliberately saves like any other write.
+    // Each assignment deliberately saves, like any other write.
     const auto loaded = path.failed() ? Result<Done>(path.error())
                                       : loadProperties(*this, path.value(), m_platform.files, m_platform.log);
     if (loaded.failed())
@@ -62,7 +62,7 @@ void UserProfile::loadLogoData() {
     auto bytes = path.failed() ? Result<std::string>(path.error()) : m_platform.files.read(path.value());
     if (bytes.failed()) {
         m_platform.log.print("Fehler beim Laden des Logos: " + bytes.error().description);
-        // Deliberately like removing the logo: what cannot be read does not stay behind.
+        // Deliberately removes the logo: an unreadable file is not kept.
         logoData = std::nullopt;
         return;
     }
@@ -70,7 +70,7 @@ void UserProfile::loadLogoData() {
 }
 
 void UserProfile::saveLogoData() {
-    // Earlier versions kept the logo here. It is deliberately dropped, not taken over.
+    // Earlier versions kept the logo here. It is deliberately dropped, not migrated.
     m_platform.userDefaults.removeValue("profile_logoData");
     if (!logoData.get())
         return removeLogo();

@@ -14,17 +14,17 @@ struct ProfilePlatform {
     Files& files;
     UserDefaults& userDefaults;
     Log& log;
-    /// Absent where there is no window to show.
+    /// Null where no window can be shown.
     LogoPickerPresenter* logoPicker = nullptr;
 };
 
-/// The user's own business details, the sender of every invoice. Every write of a text or figure rewrites
-/// "profile.json", every write of the logo rewrites or removes "userLogo.png", both in the folder `Pennavo`
-/// of the application-support folder, before it returns; a failure is one printed line and the value stays in
+/// The user's own business details, the sender of every invoice. Before it returns, every write of a text or
+/// number rewrites "profile.json" and every write of the logo rewrites or removes "userLogo.png", both in the
+/// folder `Pennavo` of the application-support folder; a failure prints one line and the value stays in
 /// memory.
 class UserProfile final : public ObservableObject {
 public:
-    /// Loads both files, then takes over what earlier versions kept in the user defaults.
+    /// Loads both files, then migrates what earlier versions kept in the user defaults.
     explicit UserProfile(const ProfilePlatform& platform);
 
     Published<std::string> companyName{*this, "", profileHook()};
@@ -43,15 +43,15 @@ public:
     Published<std::string> bankName{*this, "", profileHook()};
     Published<std::string> iban{*this, "", profileHook()};
     Published<std::string> bic{*this, "", profileHook()};
-    /// The bytes of the logo's image file. More than 2 MiB are used until the program ends but not written.
+    /// The bytes of the logo's image file. A logo over 2 MiB is used until the program ends, but not saved.
     Published<std::optional<std::string>> logoData{*this, std::nullopt, [this] { saveLogoData(); }};
-    // Where the logo stands on the invoice page, in points.
+    // The logo's place on the invoice page, in points; saved, but invoices are drawn without it.
     Published<double> logoPositionX{*this, 50, profileHook()};
     Published<double> logoPositionY{*this, 50, profileHook()};
     Published<double> logoWidth{*this, 200, profileHook()};
     Published<double> logoHeight{*this, 100, profileHook()};
 
-    /// Opens the logo picker; the image chosen there becomes the logo and closes it.
+    /// Opens the logo picker; choosing an image there sets the logo and closes the picker.
     void loadLogoFromFile();
 
 private:
@@ -59,7 +59,7 @@ private:
         return [this] { saveProfileData(); };
     }
 
-    /// The file's place in our folder, which is made when it is missing.
+    /// The file's path in our folder, which is created when missing.
     [[nodiscard]] Result<std::filesystem::path> fileInOurFolder(const char* name);
     void loadProfileData();
     void loadLogoData();
@@ -84,7 +84,7 @@ constexpr auto storedProperties(std::type_identity<UserProfile>) {
                       stored<&UserProfile::website>("website", "profile_website"),
                       stored<&UserProfile::taxId>("taxId", "profile_taxId"),
                       stored<&UserProfile::vatId>("vatId", "profile_vatId"),
-                      // Earlier versions knew no tax office.
+                      // Earlier versions had no tax office.
                       stored<&UserProfile::taxOffice>("taxOffice"),
                       stored<&UserProfile::bankName>("bankName", "profile_bankName"),
                       stored<&UserProfile::iban>("iban", "profile_iban"),

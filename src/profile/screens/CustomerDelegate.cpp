@@ -15,7 +15,7 @@ namespace brisklog {
 namespace {
 
 constexpr int sideMargin = 16;
-/// Seen as 8: the lowest pixel row of a card is its shadow.
+/// Looks like 8, because the bottom pixel row of a card is its shadow.
 constexpr int gapBetweenCards = 7;
 constexpr int marginAboveFirst = 12;
 constexpr int marginBelowLast = 11;
@@ -46,10 +46,10 @@ int heightOf(const CustomerRowView& row) {
     return height + static_cast<int>(row.details.size()) * detailHeight;
 }
 
-/// The first card has the list's margin above it, which scrolls with it.
+/// The list's top margin is part of the first row, so that it scrolls with the cards.
 int marginAbove(const QModelIndex& index) { return index.row() == 0 ? marginAboveFirst : 0; }
 
-/// The last card has the list's margin under it.
+/// The list's bottom margin is part of the last row.
 int marginBelow(const QModelIndex& index) {
     const bool isLast = index.row() == index.model()->rowCount() - 1;
     return isLast ? marginBelowLast : gapBetweenCards;

@@ -25,7 +25,7 @@ constexpr int genderWidth = 120;
 constexpr int postalCodeWidth = 96;
 constexpr int confirmWidth = 112;
 
-/// A box of rows under its title.
+/// A card of rows below its title.
 LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
     Column column{};
     for (const LayoutItem& row : rows)
@@ -34,7 +34,7 @@ LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
     return Column{Row{space(2), new Label(title, FontRole::body13Semibold)}, space(4), card};
 }
 
-/// The widget in a column of that width.
+/// The widget, set to that width.
 QWidget* ofWidth(QWidget* widget, int width) {
     widget->setFixedWidth(width);
     return widget;
@@ -72,7 +72,7 @@ QWidget* CustomerEditScreen::makeBody() {
 LayoutItem CustomerEditScreen::basicInformation() {
     QWidget* const firstName = field(u"Vorname"_s, m_view.firstName);
     QWidget* const gender = ofWidth(genderPicker(), genderWidth);
-    // The keyboard starts there, ready to go on writing.
+    // It has the focus first: with the cursor at the end, typing continues the text.
     firstName->findChild<QLineEdit*>()->end(false);
     return group(u"Grundinformationen"_s,
                  {Row{firstName, field(u"Nachname"_s, m_view.name)}.spacing(columnGap),
@@ -94,7 +94,7 @@ LayoutItem CustomerEditScreen::contact() {
 QWidget* CustomerEditScreen::field(const QString& label, Published<std::string>& value) {
     auto* field = new TextField;
     field->setValue(screenText(*value));
-    // What does not fit is seen from its beginning.
+    // Shows the beginning of a text that does not fit.
     field->setCursorPosition(0);
     field->onEdited([this, &value](const QString& typed) {
         value = typed.toStdString();

@@ -7,7 +7,7 @@ namespace brisklog {
 
 class LayoutItem;
 
-/// The sheet that creates, changes or deletes a customer.
+/// The sheet that creates, edits or deletes a customer.
 class CustomerEditScreen final : public SheetWindow {
 public:
     /// For a new customer.
@@ -20,7 +20,7 @@ private:
     [[nodiscard]] LayoutItem basicInformation();
     [[nodiscard]] LayoutItem address();
     [[nodiscard]] LayoutItem contact();
-    /// A field under its label, holding that text of the view.
+    /// A field below its label, bound to that text of the view.
     [[nodiscard]] QWidget* field(const QString& label, Published<std::string>& text);
     [[nodiscard]] QWidget* genderPicker();
     void addHeader();

@@ -16,7 +16,7 @@ struct CustomerRow {
     [[nodiscard]] const Uuid& identity() const { return id; }
 };
 
-/// The store's customers for a list view, as they were at the last `synchronise`.
+/// The store's customers for a list view, as of the last `synchronise`.
 class CustomerModel final : public RowListModel<CustomerRow> {
 public:
     explicit CustomerModel(const TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}

@@ -15,7 +15,8 @@ class RowList;
 class NavigationButton;
 class SheetWindow;
 
-/// The list of customers that invoices are addressed to. The button for a new one is the sheet header's.
+/// The list of customers that invoices are addressed to. The button for a new one belongs in the sheet's
+/// header.
 class CustomerScreen final : public Screen {
 public:
     explicit CustomerScreen(TimeTrackingStore& timeStore);
@@ -29,7 +30,7 @@ protected:
 private:
     void makeList();
     void refreshRows();
-    /// Shows or takes away a customer's form, as the view says.
+    /// Opens or closes a customer's form, according to the view.
     void refreshForm();
     void editCustomer(const QModelIndex& index);
 

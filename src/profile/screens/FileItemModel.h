@@ -18,7 +18,7 @@ public:
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
-    /// The name; a folder is described as one to screen readers.
+    /// The name; for screen readers, folders are also described as such.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:

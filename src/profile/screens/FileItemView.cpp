@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-/// Inside its cell; around it there is room for the focus ring.
+/// The tile inside its cell, with room around it for the focus ring.
 constexpr QRect tileInCell{4, 5, 132, 124};
 constexpr int tileRadius = 8;
 constexpr int padding = 10;

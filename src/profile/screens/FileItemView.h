@@ -7,11 +7,11 @@ namespace brisklog {
 class FileItemModel;
 class Thumbnails;
 
-/// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, and the name under it. A
-/// delegate in spite of its name.
+/// Draws an entry of the logo picker: a folder's symbol or an image's thumbnail, with the name below it. A
+/// delegate, despite its name.
 class FileItemView final : public RowDelegate {
 public:
-    /// What one tile takes in the grid, the gaps to its neighbours included.
+    /// The size of a tile in the grid, including the gaps to its neighbours.
     static constexpr QSize cell{145, 132};
     /// The longer side of a thumbnail.
     static constexpr int pictureSide = 80;

@@ -25,8 +25,7 @@ namespace {
 constexpr int barHeight = 47;
 constexpr QMargins barMargins{12, 0, 16, 0};
 constexpr QMargins errorMargins{16, 10, 16, 0};
-/// With what the first tile leaves in its cell for the focus ring, the first row stands 12 under the bar and
-/// 16 from the edge.
+/// Together with the tiles' inset in their cells, the first row is 12 below the bar and 16 from the edge.
 constexpr QMargins listMargins{12, 7, 0, 0};
 constexpr int gap = 8;
 
@@ -73,7 +72,7 @@ QWidget* LogoPickerScreen::body() {
     auto* const body = new QWidget;
     auto* const layers = new QGridLayout(body);
     layers->setContentsMargins({});
-    // The list stays under the others, so that it keeps the keyboard while a folder is read.
+    // The list stays visible below the others, so that it keeps the focus while a folder is read.
     layers->addWidget(asWidget(Column{expanding(m_list)}.margins(listMargins)), 0, 0);
     layers->addWidget(m_loading, 0, 0, Qt::AlignCenter);
     layers->addWidget(m_nothing, 0, 0);
@@ -147,13 +146,14 @@ void LogoPickerScreen::showThumbnails() {
 }
 
 void LogoPickerScreen::choose(const QModelIndex& index) {
-    // A copy: the model may have others before the choice is over.
+    // A copy: the selection may replace the model's items before it returns.
     if (const FileItem* const item = m_model.item(index.row()))
         m_view.handleSelection(FileItem(*item));
 }
 
 bool LogoPickerScreen::eventFilter(QObject* watched, QEvent* event) {
-    // Who opens a folder with a double click, as elsewhere, must not choose what lies under the pointer then.
+    // The first click already opens a folder: the second click of a double click must not choose what is then
+    // under the pointer.
     if (event->type() == QEvent::MouseButtonDblClick)
         return m_isSecondClick = true;
     if (event->type() == QEvent::MouseButtonRelease)

@@ -17,14 +17,15 @@ class Label;
 class RowList;
 class SymbolButton;
 
-/// The logo picker's window inside: a bar with the way up, and the folder's entries as tiles.
+/// The content of the logo picker's window: a bar with a button to the parent folder, and the folder's
+/// entries as tiles.
 class LogoPickerScreen final : public Screen {
 public:
-    /// `pictures` makes the thumbnails; like all of the platform it must outlive the screen.
+    /// `pictures` makes the thumbnails; like everything in `platform`, it must outlive the screen.
     LogoPickerScreen(const LogoPickerPlatform& platform, Background& pictures,
                      const LogoPickerView::Actions& actions, QWidget* parent = nullptr);
 
-    /// Gives the tiles the keyboard.
+    /// Gives the tiles the focus.
     void focusTiles();
 
 protected:
@@ -45,7 +46,7 @@ private:
     Thumbnails m_thumbnails;
     FileItemModel m_model;
     std::optional<std::uint64_t> m_shownItems;
-    /// Scrolling asks for thumbnails at most once a turn.
+    /// Limits requests for thumbnails to one per turn of the event loop.
     QTimer* m_scrolled;
 
     SymbolButton* m_up;
@@ -56,7 +57,7 @@ private:
     RowList* m_list;
     Label* m_loading;
     QWidget* m_nothing;
-    /// The press that follows a click on a folder within a double click belongs to that click.
+    /// Between the second press of a double click and its release.
     bool m_isSecondClick = false;
 };
 

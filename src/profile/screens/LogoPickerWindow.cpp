@@ -41,7 +41,7 @@ void LogoPickerWindow::keyPressEvent(QKeyEvent* event) {
 
 void LogoPickerWindow::closeEvent(QCloseEvent* event) {
     QWidget::closeEvent(event);
-    // Not sooner: as long as it is on the screen, no other window gets the keyboard.
+    // Deferred: while this window is on the screen, no other window can get the focus.
     if (auto closed = std::exchange(m_closed, nullptr))
         QTimer::singleShot(0, parentWidget(), std::move(closed));
 }

@@ -13,7 +13,7 @@ class LogoPickerWindow final : public QWidget {
 public:
     LogoPickerWindow(const QString& title, LogoPickerScreen* screen, QWidget* parent);
 
-    /// Runs once after the window has closed, however that came about, unless its parent goes too.
+    /// Runs once after the window has closed, for whatever reason, unless its parent is destroyed too.
     void onClosed(std::function<void()> closed) { m_closed = std::move(closed); }
 
 protected:
@@ -24,7 +24,7 @@ private:
     std::function<void()> m_closed;
 };
 
-/// Opens and closes the logo picker's window over the popover, which stays open as long.
+/// Opens and closes the logo picker's window over the popover, which stays open meanwhile.
 class LogoPickerWindowController final : public LogoPickerPresenter {
 public:
     struct Platform {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr QSize plateSize{224, 112};
 constexpr PixelSize logoBox{200, 100};
-/// Sharp on dense screens too.
+/// Decoded at double size, so that it is sharp on high-DPI screens.
 constexpr PixelSize denseLogoBox{400, 200};
 constexpr int radius = 8;
 constexpr int symbolSize = 24;

@@ -9,13 +9,13 @@ namespace brisklog {
 
 class Images;
 
-/// The logo as it will stand on paper: on a white plate, also in the dark scheme. Without one the plate says
+/// The logo as it will look on paper: on a white plate, in the dark scheme too. Without a logo the plate says
 /// so.
 class LogoPlate final : public QLabel {
 public:
     explicit LogoPlate(const Images& images, QWidget* parent = nullptr);
 
-    /// Shows the image in these bytes; none, or such that are no image, show the empty plate.
+    /// Shows the image in these bytes, or the empty plate when there are none or they cannot be decoded.
     void setLogo(const std::optional<std::string>& bytes);
 
     [[nodiscard]] QSize sizeHint() const override;

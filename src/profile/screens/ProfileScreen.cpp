@@ -19,11 +19,11 @@ namespace brisklog {
 
 struct ProfileScreen::FormField {
     Published<std::string> UserProfile::*property;
-    /// Shown in grey while the field is empty.
+    /// The placeholder.
     QString example;
 };
 
-/// A label and the fields beside it.
+/// A label and the fields next to it.
 struct ProfileScreen::FormRow {
     QString label;
     std::vector<FormField> fields;
@@ -43,7 +43,7 @@ constexpr QMargins cardPadding{14, 12, 14, 14};
 
 QWidget* card(const LayoutBox& content) { return new Card(content, cardPadding); }
 
-/// Where nobody writes, a long text is read from its beginning.
+/// A field without the focus shows the beginning of a long text.
 void showValue(TextField& field, const QString& value) {
     const QString before = field.text();
     field.setValue(value);
@@ -51,7 +51,8 @@ void showValue(TextField& field, const QString& value) {
         field.setCursorPosition(0);
 }
 
-/// A remark that wants to be read: a heading over a text, marked like running time by the bar at its left.
+/// A note that should be noticed: a heading above a text, with the same bar at its left that marks running
+/// time.
 class NoteBox final : public QWidget {
 public:
     NoteBox(const QString& heading, const QString& text) {
@@ -157,7 +158,7 @@ LayoutItem ProfileScreen::row(const FormRow& row) {
 
 TextField* ProfileScreen::field(const FormRow& row, const FormField& field) {
     auto* const created = new TextField(field.example);
-    // Fields that share a label are told apart by their examples, which the toolkit gives as descriptions.
+    // Fields that share a label differ by their placeholders, which the toolkit exposes as descriptions.
     created->setAccessibleName(row.label);
     if (field.property == &UserProfile::postalCode)
         created->setFixedWidth(narrowFieldWidth);
@@ -170,7 +171,7 @@ TextField* ProfileScreen::field(const FormRow& row, const FormField& field) {
 void ProfileScreen::refresh() {
     for (const BoundField& bound : m_fields)
         showValue(*bound.field, screenText(**bound.property));
-    // Decoding the logo anew at every keystroke would be felt.
+    // Decoding the logo again at every keystroke would be noticeable.
     if (m_shownLogo != m_profile.logoData.revision())
         m_logo->setLogo(m_profile.logoData);
     m_shownLogo = m_profile.logoData.revision();

@@ -13,8 +13,8 @@ class LayoutItem;
 class LogoPlate;
 class TextField;
 
-/// The profile form: the logo, and what is printed on every invoice about its sender. Every keystroke changes
-/// the profile, which is in its file at once.
+/// The profile form: the logo and the sender's details printed on every invoice. Every keystroke changes the
+/// profile, which is saved at once.
 class ProfileScreen final : public Screen {
 public:
     ProfileScreen(UserProfile& profile, const Images& images, QWidget* parent = nullptr);
