@@ -12,10 +12,10 @@ namespace {
 
 constexpr int daysPerWeek = CalendarView::columns;
 
-/// The days of a month and what a grid needs to know of its neighbours.
+/// Where a month's days go in the grid.
 struct MonthGrid {
     QDate first;
-    /// How many days of the month before stand in the first row.
+    /// How many days of the previous month are in the first row.
     int offset;
 };
 
@@ -43,7 +43,7 @@ std::string CalendarView::monthTitle() const {
 
 std::string CalendarView::columnHeading(int column) const {
     const Calendar calendar = m_platform.clock.calendar();
-    // The second row: all of its days are of this month.
+    // The second row: all of its days belong to this month.
     const auto date = dateAt(1, column, calendar);
     return date ? format::date(*date, format::DateForm::weekday, calendar) : std::string();
 }
@@ -62,7 +62,7 @@ std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& ca
     else if (day > grid.first.daysInMonth())
         start = calendar.startOfMonth(calendar.addingMonths(start, 1));
     const Date date = calendar.addingDays(start, wanted.day() - 1);
-    // A zone that moved across the date line went without a day: what would stand for it is the next one.
+    // A zone that crossed the date line skipped a day, for which the calendar yields the next one.
     return calendar.dayOfMonth(date) == wanted.day() ? std::optional(date) : std::nullopt;
 }
 

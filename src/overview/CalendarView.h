@@ -21,14 +21,14 @@ struct DetailWindowContent {
     DailyUsageDetailView detail;
 };
 
-/// What the calendar works with.
+/// What the calendar depends on.
 struct CalendarPlatform {
     AutoTrackingManager& autoTrackingManager;
     DetailWindowManager& detailWindows;
     const Clock& clock;
-    /// Announces itself while time goes by, with which another time zone may come.
+    /// Notifies regularly as time passes, so also of a new time zone.
     ObservableObject& tick;
-    /// Shows the content in a new window, which tells the delegate for as long as that exists.
+    /// Shows the content in a new window, which notifies the delegate as long as that exists.
     std::function<std::shared_ptr<DetailWindowController>(const DetailWindowContent& content,
                                                           std::weak_ptr<DetailWindowDelegate> delegate)>
         showDetailWindow;
@@ -48,8 +48,8 @@ struct CalendarCell {
     bool operator==(const CalendarCell&) const = default;
 };
 
-/// A month of six weeks that marks the days with recorded use. A marked day that is chosen opens a window of
-/// its own, one more each time; the calendar never looks for one that is open already. This is deliberate.
+/// A month in six weeks, with the days that have recorded usage marked. Selecting a marked day deliberately
+/// opens another window each time, without looking for one that is already open.
 class CalendarView final : public ObservableObject {
 public:
     static constexpr int rows = 6;
@@ -58,7 +58,7 @@ public:
     explicit CalendarView(CalendarPlatform platform);
 
     Published<std::optional<Date>> selectedDate{*this};
-    /// Any moment within the month shown.
+    /// Any moment in the month shown.
     Published<Date> currentMonth;
 
     [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_platform.autoTrackingManager; }
@@ -66,19 +66,19 @@ public:
     /// "November 2026"
     [[nodiscard]] std::string monthTitle() const;
 
-    /// The abbreviated weekday that the column shows.
+    /// The column's abbreviated weekday.
     [[nodiscard]] std::string columnHeading(int column) const;
 
-    /// The date in that cell, always the same moment for the same cell of a month. Absent where the zone's
-    /// clocks skipped the whole day.
+    /// A moment on the cell's day, always the same one for the same cell of a month. Absent where the time
+    /// zone skipped the whole day.
     [[nodiscard]] std::optional<Date> getDate(int row, int column) const;
 
-    /// Everything about all cells, row by row; absent where there is no date.
+    /// The content of all cells, row by row; absent where there is no date.
     [[nodiscard]] std::vector<std::optional<CalendarCell>> cells() const;
 
     [[nodiscard]] bool hasDataForDate(Date date) const;
 
-    /// Selects the day; opens a window with its detail where there is data.
+    /// Selects the day; opens a window with its details if it has data.
     void selectDate(Date date);
 
     void showPreviousMonth();

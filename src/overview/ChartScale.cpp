@@ -9,12 +9,12 @@ namespace {
 
 constexpr int fewestSteps = 4;
 constexpr int mostSteps = 6;
-/// Steps below these would not be worth a line.
+/// The smallest steps worth a grid line.
 constexpr double quarterHour = 0.25;
 constexpr double halfHour = 0.5;
 constexpr double cent = 0.01;
 
-/// The highest value there is a scale for; 0 when there is none.
+/// The highest finite value; at least 0.
 double highest(const std::vector<double>& values) {
     double result = 0;
     for (const double value : values)
@@ -29,7 +29,7 @@ ChartScale scaleWith(double step, double value) {
     return {step, std::clamp(static_cast<int>(std::ceil(value / step)), fewestSteps, mostSteps)};
 }
 
-/// The smallest step of 1, 2 or 5 × 10ⁿ, at least `smallest`, with which the value fits.
+/// The smallest step of 1, 2 or 5 × 10ⁿ, at least `smallest`, with which the value fits on the scale.
 double roundStep(double value, double smallest) {
     const double least = std::max(value / mostSteps, smallest);
     const double power = std::pow(10, std::floor(std::log10(least)));

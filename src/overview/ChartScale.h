@@ -13,24 +13,25 @@ struct ChartScale {
 
     [[nodiscard]] double top() const { return step * stepCount; }
 
-    /// How much of the axis the value fills, 0 to 1; values below the axis fill none of it, those beyond it
-    /// and what is no number all.
+    /// The fraction of the axis that the value fills, 0 to 1: 0 for values below the axis, 1 for values
+    /// beyond it and NaN.
     [[nodiscard]] double share(double value) const;
 
-    /// The value of each grid line, the base line first.
+    /// The value of each grid line, starting with the base line.
     [[nodiscard]] std::vector<double> lines() const;
 
     bool operator==(const ChartScale&) const = default;
 };
 
-/// Four to six steps of quarters, halves or 1, 2, 5 or 10 × 10ⁿ hours; one step of an hour when nothing was
-/// worked.
+/// Four to six steps of a quarter, a half, or 1, 2, 5 or 10 × 10ⁿ hours; a single step of one hour when
+/// nothing was worked.
 [[nodiscard]] ChartScale hoursScale(const std::vector<double>& hours);
 
-/// Four to six steps of 1, 2 or 5 × 10ⁿ euros, never below a cent; one step of a euro when there is nothing.
+/// Four to six steps of 1, 2 or 5 × 10ⁿ euros, at least a cent; a single step of one euro when nothing was
+/// earned.
 [[nodiscard]] ChartScale moneyScale(const std::vector<double>& euros);
 
-/// One bar as it is read: what stands under it, its height, and what its tooltip and a screen reader say.
+/// One bar: the label below it, its height, and the text of its tooltip and for screen readers.
 struct ChartBar {
     std::string label;
     double value = 0;

@@ -5,14 +5,14 @@
 namespace brisklog {
 namespace {
 
-/// What the figures look at of an entry or a timer.
+/// What the figures need to know about an entry or a timer.
 struct Work {
     Date start;
     Date end;
     TimeInterval length;
 };
 
-/// From the first moment up to the last one, which is not part of it.
+/// A half-open interval: `end` is not part of it.
 struct Period {
     Date start;
     Date end;
@@ -24,7 +24,7 @@ struct Period {
     }
 };
 
-/// Adds up, entry by entry, with every boundary computed once.
+/// Accumulates the figures entry by entry; every boundary is computed only once.
 class Counting {
 public:
     Counting(const Calendar& calendar, Date now) : m_now(now), m_today(calendar.dayOf(now)) {
@@ -48,7 +48,7 @@ public:
             const Work work{entry.startTime, entry.endTime.value_or(m_now), entry.duration(m_now)};
             total += work.length;
             figures.totalWork += work.length;
-            // Most of a long history lies before everything that looks at dates.
+            // Most of a long history is older than any figure that depends on dates.
             if (work.start >= m_oldest)
                 addRecent(work, project.hourlyRate);
         }
@@ -69,7 +69,7 @@ public:
                 figures.hoursWorked[i] += work.length;
     }
 
-    /// The days have been summed in seconds.
+    /// Converts the days, summed in seconds, to hours.
     void finish() {
         for (double& hours : figures.hoursWorked)
             hours /= secondsPerHour;
@@ -129,7 +129,7 @@ DashboardFigures dashboardFigures(const std::vector<Project>& projects,
         counting.addProject(project);
     for (const auto& [id, timer] : timers)
         counting.addTimer(timer);
-    // A timer belongs to the first project with its identifier, and works for every one that has it.
+    // Where several projects share an id, the timer counts for each of them.
     for (std::size_t i = 0; i < projects.size(); ++i)
         for (const auto& [id, timer] : timers)
             if (timer.projectId == projects[i].id)

@@ -11,7 +11,7 @@ namespace brisklog {
 namespace {
 
 constexpr TimeInterval refreshInterval = 30;
-/// Beyond this many hours (a hundred million years) an axis has no minutes to show.
+/// Beyond this many hours (a hundred million years) the axis shows no minutes.
 constexpr double longestAxis = 1e12;
 
 std::string formatDuration(TimeInterval seconds) { return format::paddedDuration(seconds, "00:00"); }
@@ -96,7 +96,8 @@ DashboardContent DashboardView::content() const {
             .totalEarnings = formatCurrency(figures.totalEarnings),
             .week = weekChart(weeklyData(figures, calendar, now)),
             .weeklyTotal = formatDuration(figures.weeklyTotal),
-            // Always by seven, however many days had work: an average of the week, not of its working days.
+            // Always divided by seven, however many days had work: the average over the week, not over its
+            // working days.
             .averagePerDay = formatDuration(figures.weeklyTotal / DashboardFigures::dayCount),
             .hasTimers = !m_platform.store.activeEntries->empty(),
             .timers = timerRows(calendar, now),
@@ -129,7 +130,7 @@ std::vector<ActiveTimerRow> DashboardView::timerRows(const Calendar& calendar, D
     std::vector<ActiveTimerRow> rows;
     for (const ActiveEntryState* timer : timers) {
         const auto project = std::ranges::find(projects, timer->projectId, &Project::id);
-        // A timer whose project was deleted runs on without a row.
+        // A timer whose project was deleted keeps running without a row.
         if (project != projects.end())
             rows.push_back(timerRow(*project, *timer, calendar, now));
     }

@@ -29,7 +29,7 @@ struct MonthlyRevenueDataPoint {
     double revenue = 0;
 };
 
-/// One running or paused timer as its row shows it. The duration is that of the moment when the row was made.
+/// One running or paused timer as its row shows it, with the duration at the moment the row was made.
 struct ActiveTimerRow {
     std::string projectName;
     std::string taskName;
@@ -62,7 +62,7 @@ struct DashboardContent {
     ChartContent week;
     std::string weeklyTotal;
     std::string averagePerDay;
-    /// Also when none of them has a row, because their projects were deleted.
+    /// True even if none of them has a row because their projects were deleted.
     bool hasTimers = false;
     std::vector<ActiveTimerRow> timers;
     ChartContent revenue;
@@ -71,24 +71,26 @@ struct DashboardContent {
     bool operator==(const DashboardContent&) const = default;
 };
 
-/// What the dashboard works with.
+/// What the dashboard depends on.
 struct DashboardPlatform {
     TimeTrackingStore& store;
     Clock& clock;
     RunLoop& runLoop;
 };
 
-/// The overview of all work. It changes nothing and keeps nothing: every figure is computed when it is shown.
+/// The overview of all work. It changes nothing and stores nothing: every figure is computed when it is
+/// shown.
 class DashboardView final : public ObservableObject {
 public:
     explicit DashboardView(DashboardPlatform platform);
 
-    /// A fresh one redraws the whole screen.
+    /// A new value redraws the whole screen.
     Published<Uuid> refreshID;
 
     [[nodiscard]] TimeTrackingStore& store() const { return m_platform.store; }
 
-    /// Between these the screen is refreshed every 30 seconds besides at each change of the store.
+    /// Between these calls the screen is refreshed every 30 seconds, in addition to every change of the
+    /// store.
     void appear();
     void disappear();
 
@@ -110,7 +112,7 @@ private:
 [[nodiscard]] std::vector<MonthlyRevenueDataPoint> monthlyRevenueData(const DashboardFigures& figures,
                                                                       const Calendar& calendar, Date now);
 
-/// Hours as an axis names them: 3h, 1h 30min, 45min; fractions of a minute are cut off.
+/// Hours as axis labels: 3h, 1h 30min, 45min; fractions of a minute are cut off.
 [[nodiscard]] std::string formatHoursForAxis(double hours);
 
 } // namespace brisklog

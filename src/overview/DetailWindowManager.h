@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-/// Is told by a window that it is about to close.
+/// Notified by a window that is about to close.
 class DetailWindowDelegate {
 public:
     /// May destroy the delegate.
@@ -16,18 +16,17 @@ public:
     void windowWillClose() const;
 };
 
-/// A window on the desktop with a day's detail. Letting go of it leaves the window where it is: that one
-/// stays until the user closes it.
+/// Refers to a window with a day's details. Destroying the controller leaves the window open until the user
+/// closes it.
 class DetailWindowController {
 public:
     virtual ~DetailWindowController() = default;
 
-    /// Whether its window still exists and is open; one that is minimised is.
+    /// Whether its window still exists and is open; minimised counts as open.
     [[nodiscard]] virtual bool isWindowVisible() const = 0;
 };
 
-/// Knows the detail windows that are open. A window hears of its delegate only for as long as it is known
-/// here.
+/// Keeps track of the open detail windows and keeps their delegates alive.
 class DetailWindowManager {
 public:
     struct Entry {
@@ -39,18 +38,18 @@ public:
     DetailWindowManager(const DetailWindowManager&) = delete;
     DetailWindowManager& operator=(const DetailWindowManager&) = delete;
 
-    /// Forgets all windows that are no longer visible, then keeps this one until it closes, in the place of
-    /// one that was kept under the same key.
+    /// Forgets all windows that are no longer visible, then keeps this one until it closes, replacing any
+    /// kept under the same key.
     void registerWindow(std::shared_ptr<DetailWindowController> controller,
                         std::shared_ptr<DetailWindowDelegate> delegate, const std::string& key);
 
-    /// By key, which has a prefix here.
+    /// By key, with a prefix added.
     [[nodiscard]] const std::map<std::string, Entry>& windowControllers() const {
         return *m_windowControllers;
     }
 
 private:
-    /// Shared so that a window that outlives the manager can tell.
+    /// Shared, so that a window that outlives the manager can notice.
     std::shared_ptr<std::map<std::string, Entry>> m_windowControllers =
         std::make_shared<std::map<std::string, Entry>>();
 };

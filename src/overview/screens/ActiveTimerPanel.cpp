@@ -17,7 +17,7 @@ constexpr int radius = 8;
 constexpr int rowHeight = 70;
 constexpr QRect timeEdge{5, 9, 3, rowHeight - 18};
 
-/// "Pausiert" in a small orange field.
+/// "Pausiert" in a small orange badge.
 class PausedBadge final : public QLabel {
 public:
     PausedBadge() : QLabel(u"Pausiert"_s) { setFixedSize(sizeHint()); }

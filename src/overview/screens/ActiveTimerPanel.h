@@ -10,7 +10,7 @@ class ElidedLabel;
 class FigureLabel;
 class Label;
 
-/// One running or paused timer on the dashboard. It only shows: there is nothing to press.
+/// One running or paused timer on the dashboard; display only.
 class ActiveTimerPanel final : public QWidget {
 public:
     explicit ActiveTimerPanel(QWidget* parent);

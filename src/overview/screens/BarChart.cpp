@@ -14,7 +14,7 @@ namespace {
 constexpr int topBand = 24;
 constexpr int labelBand = 20;
 constexpr int labelHeight = 14;
-/// Between the labels of the value axis and the lines.
+/// Between the value labels and the grid lines.
 constexpr int labelGap = 8;
 constexpr qreal barRadius = 4;
 
@@ -83,7 +83,7 @@ void BarChart::paintEvent(QPaintEvent*) {
     paintScale(painter, palette);
     for (std::size_t i = 0; i < m_content.bars.size(); ++i)
         paintBar(painter, palette, i);
-    // Over the bars, which stand on it.
+    // Painted after the bars, so that it lies over their bottom edges.
     painter.fillRect(QRect(plot().left(), plot().bottom() + 1, plot().width(), 1), palette.rule);
     paintTitles(painter, palette);
 }

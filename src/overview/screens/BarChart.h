@@ -8,15 +8,14 @@
 
 namespace brisklog {
 
-/// A bar chart with axes. Each bar has a tooltip with its exact value, which is also what a screen reader
-/// says.
+/// A bar chart with axes. Each bar has a tooltip with its exact value, which screen readers announce too.
 class BarChart final : public QWidget {
 public:
     struct Look {
         ColorRole barColor;
         int height;
         int barWidth;
-        /// The room for the value labels; grows where a label needs more.
+        /// The width reserved for the value labels; wider where a label needs it.
         int gutter;
     };
 
@@ -32,7 +31,7 @@ private:
     void describeBars();
     void placeBars();
     [[nodiscard]] int gutter() const;
-    /// Where the bars stand: between the highest and the base line.
+    /// The area of the bars, between the highest grid line and the base line.
     [[nodiscard]] QRect plot() const;
     [[nodiscard]] QRect column(std::size_t index) const;
     void paintScale(QPainter& painter, const Palette& palette) const;
@@ -41,7 +40,7 @@ private:
 
     Look m_look;
     ChartContent m_content;
-    /// One over each bar's column, clear: for the tooltip and the screen reader.
+    /// A transparent widget over each bar's column, for the tooltip and screen readers.
     std::vector<QWidget*> m_columns;
 };
 

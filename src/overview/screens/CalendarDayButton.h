@@ -13,10 +13,10 @@ class CalendarDayButton final : public Clickable {
 public:
     explicit CalendarDayButton(QWidget* parent = nullptr);
 
-    /// Without a day it shows nothing and cannot be chosen.
+    /// Without a cell it shows nothing and cannot be chosen.
     void setCell(const std::optional<CalendarCell>& cell);
 
-    /// Gets the keys that move through the calendar; gives back whether it used the key.
+    /// Receives keys, to move through the calendar; returns whether it handled the key.
     void onKey(std::function<bool(int key)> handle) { m_handleKey = std::move(handle); }
 
     [[nodiscard]] QSize sizeHint() const override { return {44, 44}; }

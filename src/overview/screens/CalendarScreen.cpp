@@ -83,7 +83,7 @@ void CalendarScreen::refresh() {
 }
 
 void CalendarScreen::showEvent(QShowEvent* event) {
-    // Another day may have begun since.
+    // A new day may have begun while it was hidden.
     refreshSoon();
     Screen::showEvent(event);
 }
@@ -169,7 +169,7 @@ bool CalendarScreen::handleKey(int key) {
     }
 }
 
-/// Beyond the grid's edge the neighbouring month is shown, whose grid has the day too.
+/// Beyond the grid's edge it switches to the neighbouring month, whose grid contains the current day too.
 void CalendarScreen::moveBy(int days) {
     int cell = m_currentCell + days;
     if (cell < 0 || cell >= cellCount) {
@@ -178,7 +178,7 @@ void CalendarScreen::moveBy(int days) {
         refresh();
         cell = cellNamed(name) + days;
     }
-    // A day that never was is stepped over.
+    // Steps over a day that the time zone skipped.
     moveTo(hasDay(cell) ? cell : cell + days);
 }
 

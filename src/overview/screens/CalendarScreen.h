@@ -10,7 +10,7 @@ namespace brisklog {
 class CalendarDayButton;
 class Label;
 
-/// The month calendar on a card. For the keyboard it is one stop after its two chevrons: arrows move by days
+/// The month calendar on a card. After its two chevrons the grid is a single tab stop: arrows move by days
 /// and weeks, Page keys by months, Return chooses.
 class CalendarScreen final : public Screen {
 public:
@@ -24,20 +24,20 @@ protected:
 private:
     [[nodiscard]] QWidget* headings();
     [[nodiscard]] QWidget* grid();
-    /// The cell the keyboard starts from while it is elsewhere.
+    /// The cell that is the tab stop while the grid does not have the focus.
     [[nodiscard]] int startingCell() const;
     [[nodiscard]] bool gridHasFocus() const;
     [[nodiscard]] bool hasDay(int cell) const;
-    /// Past the last one when it is not shown.
+    /// The cell of the day with that name; one past the last cell when it is not shown.
     [[nodiscard]] int cellNamed(const std::string& name) const;
-    /// The cell of that day of the month shown, or of its last day.
+    /// The cell of that day in the month shown, or else of the month's last day.
     [[nodiscard]] int cellOfMonthDay(const std::string& dayNumber) const;
     void choose(int cell);
     bool handleKey(int key);
     void moveBy(int days);
     void moveByMonth(int months);
     void moveTo(int cell);
-    /// Makes it the calendar's one stop.
+    /// Makes it the grid's tab stop.
     void setCurrentCell(int cell);
 
     CalendarView m_view;

@@ -31,7 +31,7 @@ Hairline* hairline() { return new Hairline(Hairline::Kind::card); }
 
 } // namespace
 
-/// Panels of one kind under each other, as many as there are rows to show. Those that stay are kept.
+/// A column of panels, one for each row to show. Panels are reused.
 template <class Panel>
 class PanelColumn final : public QWidget {
 public:
@@ -108,7 +108,7 @@ DashboardScreen::DashboardScreen(const DashboardPlatform& platform, QWidget* par
         asWidget(Column{dailyOverview(), weeklyOverview(), runningTimers(), finance(), stretch()}
                      .spacing(cardGap)
                      .margins(margin)));
-    // There is nothing to press, but whoever has only the keyboard wants to see all of it.
+    // Has nothing to press, but must be scrollable with the keyboard.
     scrollArea->setFocusPolicy(Qt::TabFocus);
     scrollArea->setAccessibleName(u"Dashboard"_s);
     Column{expanding(scrollArea)}.applyTo(*this);

@@ -17,7 +17,7 @@ class RoleLabel;
 template <class Panel>
 class PanelColumn;
 
-/// The dashboard as it is seen: four cards in one scroll area.
+/// The dashboard's screen: four cards in one scroll area.
 class DashboardScreen final : public Screen {
 public:
     explicit DashboardScreen(const DashboardPlatform& platform, QWidget* parent = nullptr);
@@ -42,11 +42,11 @@ private:
     [[nodiscard]] QWidget* runningTimers();
     [[nodiscard]] QWidget* finance();
 
-    /// A caption and, at the right, its figure.
+    /// A caption with its figure at the right.
     [[nodiscard]] LayoutBox sum(const QString& caption, Text figure, const SumLook& look);
     /// One of the large figures at the top.
     [[nodiscard]] QWidget* largeSum(const QString& caption, Text figure);
-    /// The label, which shows that text from now on.
+    /// Returns the label, which shows that text from now on.
     template <class AnyLabel>
     AnyLabel* showing(Text text, AnyLabel* label);
 

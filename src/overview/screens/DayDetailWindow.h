@@ -10,8 +10,8 @@ namespace brisklog {
 
 class Images;
 
-/// A day's detail in a window with the window manager's frame. It belongs to no other window and destroys
-/// itself when it closes.
+/// A day's details in a window with the window manager's frame. It has no parent window and destroys itself
+/// when it closes.
 class DayDetailWindow final : public QWidget {
 public:
     DayDetailWindow(const DetailWindowContent& content, const Images& images,
@@ -25,10 +25,10 @@ private:
     std::weak_ptr<DetailWindowDelegate> m_delegate;
 };
 
-/// Opens the detail windows. Those that are still open when it goes are closed with it.
+/// Opens the detail windows, and destroys those still open when it is destroyed.
 class DayDetailWindows {
 public:
-    /// Windows come up in the middle of the screen on which `nearby` is.
+    /// Windows open in the middle of the screen that `nearby` is on.
     DayDetailWindows(const Images& images, std::function<const QWidget*()> nearby)
         : m_images(images), m_nearby(std::move(nearby)) {}
 
