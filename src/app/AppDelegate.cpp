@@ -21,7 +21,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     m_statusItem->setAction([this] { togglePopover(); });
 }
 
-/// Read once: a later change of the desktop's appearance deliberately waits for the next launch.
+/// Read once: later changes of the desktop's appearance deliberately take effect at the next launch.
 void AppDelegate::applyLaunchAppearance() {
     if (m_parts.userDefaults.value(appearanceKey)) {
         const bool dark = textValue(m_parts.userDefaults, appearanceKey) == darkAppearance;

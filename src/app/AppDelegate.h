@@ -21,22 +21,22 @@ public:
 
     [[nodiscard]] virtual bool isShown() const = 0;
 
-    /// Shows it at the anchor (none: at the top right of the screen) and gives it the keyboard.
+    /// Shows it at the anchor (none: at the top right of the screen) and gives it the focus.
     virtual void show(const std::optional<ScreenRectangle>& anchor) = 0;
 
     virtual void close() = 0;
 
-    /// The appearance the desktop asks for; what the main view draws follows the user's setting on top of it.
+    /// Sets the desktop's appearance; the content of the main view follows the user's setting instead.
     virtual void setAppearance(ColorScheme appearance) = 0;
 
-    /// Creates the main view, with the projects section selected and its store, and makes it the content.
+    /// Creates the main view and its store, with the projects section selected, as the content.
     virtual void loadContent() = 0;
 };
 
 /// Sets the program up at launch and opens and closes its popover.
 class AppDelegate {
 public:
-    /// Makers are called once, when launching has finished.
+    /// The makers are called once, when launching has finished.
     struct Parts {
         UserDefaults& userDefaults;
         SystemAppearance& systemAppearance;
@@ -46,10 +46,10 @@ public:
 
     explicit AppDelegate(Parts parts);
 
-    /// Creates popover and main view, then the status item.
+    /// Creates the popover and the main view, then the status item.
     void applicationDidFinishLaunching();
 
-    /// The status item's action: closes an open popover, opens a closed one with the keyboard in it. Does
+    /// The status item's action: closes an open popover, or opens a closed one and gives it the focus. Does
     /// nothing before launching has finished.
     void togglePopover();
 
@@ -64,7 +64,7 @@ private:
     std::unique_ptr<StatusItem> m_statusItem;
 };
 
-// Names of the design that are kept without behaviour: nothing creates these.
+// Kept only as names of the design; nothing creates these.
 
 struct WindowManager {
     std::vector<QWindow*> windows;

@@ -31,8 +31,8 @@ namespace {
 /// How long a desktop may take to show its panel.
 constexpr TimeInterval waitForPanel = 3;
 
-/// Makes the toolkit's own texts (file dialog, menus of fields) and its dates German. Without the
-/// translations' package they stay English; nothing else changes.
+/// Makes the toolkit's own texts (file dialog, menus of fields) and dates German. Without the translations
+/// package its texts stay English.
 void installGermanTexts(QCoreApplication& application) {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     auto* const translator = new QTranslator(&application);
@@ -109,7 +109,7 @@ void BrisklogApp::loadContent() {
                                                             .log = m_outside.log});
     loadProjects();
     m_settingsSubscription = settings().observe([this] {
-        // Observers hear of a change before it has happened.
+        // Observers are notified before the change takes effect.
         m_colorSchemeChange = m_outside.runLoop.runAfter(0, [this] { followColorScheme(); });
     });
     followColorScheme();
@@ -135,7 +135,7 @@ void BrisklogApp::loadProjects() {
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }
 
 QWidget* BrisklogApp::makeScreen() {
-    // Only now: nothing of the toolkit's own is seen before, and the start is quicker without.
+    // Deferred until here for a faster start: none of the toolkit's own texts are visible earlier.
     installGermanTexts(*QCoreApplication::instance());
     return new ContentScreen(*m_content, [this](int section) { return makeSection(section); });
 }

@@ -27,10 +27,10 @@ namespace brisklog {
 class PopoverWindow;
 class SheetWindow;
 
-/// The application object: puts the parts together and keeps them for the life of the process.
+/// The application object: creates and connects the parts and owns them for the life of the process.
 class BrisklogApp {
 public:
-    /// Everything outside the program, as its parts need it.
+    /// Everything outside the program that its parts need.
     struct Outside {
         Files& files;
         LargeValueStore& userDefaults;
@@ -46,29 +46,29 @@ public:
         WindowServer& windowServer;
         std::function<std::unique_ptr<StatusItem>()> makeStatusItem;
         std::function<void()> terminate;
-        /// Opens a web page or a new e-mail in the program the desktop has for it; nothing happens where it
-        /// has none.
+        /// Opens a web page or a new e-mail in the desktop's default program; nothing happens where there is
+        /// none.
         std::function<void(std::string_view address)> openLink = [](std::string_view) {};
     };
 
     explicit BrisklogApp(Outside outside);
     ~BrisklogApp();
 
-    /// What happens once launching has finished. Where no panel shows an icon after a while, the popover
-    /// opens as a window.
+    /// Call once launching has finished. If no panel shows the icon after a while, the popover opens as a
+    /// window.
     void launch();
 
-    /// Opens the popover without a click on the icon: at the icon where there is one, else as a window.
+    /// Opens the popover without a click on the icon: at the icon if there is one, else as a window.
     void open();
 
-    /// Ends the program; asks first while timers are running, because they would be lost.
+    /// Quits the program; asks first if there are timers, because they would be lost.
     void quit();
 
-    /// The popover as the holder of panels; absent before launch.
+    /// The popover, as the parent of panels; null before launch.
     [[nodiscard]] PopoverWindow* popover() const { return m_popover; }
 
-    /// The process-wide settings, made on first use like the profile. Both are asked for in the application
-    /// alone; everyone else is handed a reference.
+    /// The process-wide settings, created on first use like the profile. Only the application calls these;
+    /// all other parts are passed a reference.
     [[nodiscard]] AppSettings& settings();
 
 private:

@@ -11,7 +11,7 @@
 namespace brisklog {
 namespace {
 
-/// The four section buttons at the top of the main view, with a line under them.
+/// The four section buttons at the top of the main view, with a line below them.
 class TopNavigationBar final : public Screen {
 public:
     explicit TopNavigationBar(ContentView& content) : m_content(content) {

@@ -10,11 +10,11 @@ class QStackedWidget;
 
 namespace brisklog {
 
-/// The main view as it is seen: the navigation bar, and under it the selected section's screen. A section's
-/// screen is made when it is first shown.
+/// The main view's screen: the navigation bar, and below it the selected section's screen, which is created
+/// when it is first shown.
 class ContentScreen final : public Screen {
 public:
-    /// Gives the screen of a section; called at most once for each.
+    /// Creates the screen of a section; called at most once for each.
     using SectionMaker = std::function<QWidget*(int section)>;
 
     ContentScreen(ContentView& content, SectionMaker makeSection, QWidget* parent = nullptr);

@@ -21,12 +21,12 @@ inline constexpr std::array sections{
 
 inline constexpr int dashboardSection = 0;
 
-/// The section with the projects and timers, the first one shown.
+/// The section with the projects and timers, shown first.
 inline constexpr int projectsSection = 1;
 inline constexpr int profileSection = 2;
 inline constexpr int settingsSection = 3;
 
-/// The main view: which section is shown, and the program's one store.
+/// The main view: which section is shown, and the program's only store.
 class ContentView final : public ObservableObject {
 public:
     ContentView(int initialSection, AppSettings& appSettings, const StorePlatform& platform);
@@ -35,10 +35,10 @@ public:
     AppSettings& settings;
     TimeTrackingStore timeStore;
 
-    /// The number of the section shown; a value that names none shows the projects.
+    /// The number of the section shown; the projects section for any invalid value.
     [[nodiscard]] int shownSection() const;
 
-    /// What the whole main view is drawn in, overriding the desktop's own appearance.
+    /// The scheme for the whole main view, overriding the desktop's appearance.
     [[nodiscard]] ColorScheme colorScheme() const { return settings.colorScheme; }
 };
 

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 constexpr QSize popoverSize(370, 650);
 constexpr int stripHeight = 36;
 
-/// Stands at the bottom of the window form: why there is a window, and the way to end the program.
+/// The bottom of the window form: why it is a window, and a button to quit the program.
 QWidget* makeWindowStrip(const std::function<void()>& quit) {
     auto* const strip = new QWidget;
     auto* const button = new Button(u"Beenden"_s, Button::Kind::secondary, Button::Size::small);
@@ -37,7 +37,7 @@ QWidget* makeWindowStrip(const std::function<void()>& quit) {
     return strip;
 }
 
-/// Its sheets, menus and pickers do; the window of a day stands for itself.
+/// True for its sheets, menus and pickers, but not for a day's window.
 bool belongsTo(const QWidget& popover, const QWidget* window) {
     while (window != nullptr && window != &popover)
         window = window->parentWidget();
@@ -47,7 +47,7 @@ bool belongsTo(const QWidget& popover, const QWidget* window) {
 bool isPointerOn(const QWidget& popover) {
     const QPoint pointer = QCursor::pos();
     return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
-        // Without the frame: the toolkit may have asked the window manager for it while that was still 1 × 1.
+        // Not `frameGeometry`: the toolkit may have queried the frame while it was still 1 × 1.
         return window->isVisible() && window->geometry().contains(pointer) && belongsTo(popover, window);
     });
 }
@@ -57,7 +57,7 @@ bool isPointerOn(const QWidget& popover) {
 PopoverWindow::PopoverWindow(Parts parts) : m_parts(std::move(parts)), m_hold(std::make_shared<int>()) {
     setWindowTitle(u"Brisklog"_s);
     setForm(Form::popover);
-    // It need not have the focus itself when the user leaves: the window of a day may.
+    // The popover need not have the focus when the user leaves the program: a day's window may have it.
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
             [this] { QTimer::singleShot(0, this, [this] { closeIfLeft(); }); });
 }
@@ -81,7 +81,7 @@ void PopoverWindow::buildScreen() {
 
 void PopoverWindow::setForm(Form form) {
     m_form = form;
-    // Not Qt::Popup: that one closes as soon as a save panel opens.
+    // Not Qt::Popup, which closes as soon as a save panel opens.
     setWindowFlags(form == Form::popover ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
                                          : Qt::Window);
     setFixedSize(form == Form::popover ? popoverSize : popoverSize + QSize(0, stripHeight));
@@ -118,7 +118,7 @@ void PopoverWindow::showInFront() {
 }
 
 void PopoverWindow::close() {
-    // Its sheets would stay behind alone.
+    // Its sheets would be left behind.
     if (isHeldOpen())
         takeFocusBack();
     else
@@ -150,7 +150,7 @@ QWidget& PopoverWindow::frontWindow() {
 bool PopoverWindow::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate)
         m_isEntered = true;
-    // Decided a turn later, when it is known which window took over.
+    // Decided one turn later, when it is known which window was activated instead.
     if (event->type() == QEvent::WindowDeactivate)
         QTimer::singleShot(0, this, [this] { closeIfLeft(); });
     return QWidget::event(event);
@@ -163,7 +163,7 @@ void PopoverWindow::closeIfLeft() {
         close();
 }
 
-/// The press on the icon would close the popover, and the activation that follows it open it again: presses
+/// A press on the icon would close the popover, and the activation that follows would reopen it: presses
 /// there are left to the toggle.
 bool PopoverWindow::isPointerOnAnchor() const {
     return m_anchor &&
@@ -187,7 +187,7 @@ void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), Palette::current().ground);
     if (m_form == Form::window)
         return;
-    // The frame belongs to the popover itself and follows the desktop's appearance at launch.
+    // The frame is part of the popover, not of the main view: it follows the desktop's appearance at launch.
     painter.setPen(withOpacity(Palette::of(m_appearance).secondary, 0.3));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

@@ -11,14 +11,14 @@
 
 namespace brisklog {
 
-/// The popover: a frameless window of 370 × 650 that closes when the user turns to something else. Without a
-/// panel to hang from it is an ordinary window with a way to quit.
+/// The popover: a frameless window of 370 × 650 that closes when the user switches to something else. Without
+/// a panel it is an ordinary window with a button to quit.
 class PopoverWindow final : public QWidget, public Popover, public SheetHost {
 public:
     struct Parts {
         /// Creates the main view and its store; called once, at launch.
         std::function<void()> loadContent;
-        /// Makes the widget that shows the main view; called once, before the first show.
+        /// Creates the widget that shows the main view; called once, before the first show.
         std::function<QWidget*()> makeScreen;
         std::function<void()> quit;
         WindowServer& windowServer;
@@ -38,10 +38,10 @@ public:
     [[nodiscard]] std::shared_ptr<void> holdOpen() override;
     void takeFocusBack() override;
 
-    /// What has the user's attention: the sheet opened last, else the popover itself.
+    /// The sheet opened last, else the popover itself.
     [[nodiscard]] QWidget& frontWindow();
 
-    /// Opens it as a window of its own, because no panel shows an icon.
+    /// Opens it as an ordinary window, because no panel shows an icon.
     void showAsWindow();
 
 protected:
@@ -57,7 +57,7 @@ private:
     void setForm(Form form);
     void showInFront();
     void closeIfLeft();
-    /// Wherever a button went down.
+    /// Called when a button goes down anywhere on the screen.
     void handlePointerPress();
 
     [[nodiscard]] bool isHeldOpen() const { return m_hold.use_count() > 1; }
@@ -70,12 +70,12 @@ private:
     QWidget* m_windowStrip = nullptr;
     ColorScheme m_appearance = ColorScheme::light;
     std::optional<ScreenRectangle> m_anchor;
-    /// While it is shown as a popover.
+    /// Held while it is shown as a popover.
     Subscription m_pointerPresses;
-    /// Since it was opened it has had the focus. Only then can the user leave it: what is heard before
-    /// belongs to the time before.
+    /// Whether it has had the focus since it was opened. Only then can the user leave it: earlier
+    /// deactivations are left over from before.
     bool m_isEntered = false;
-    /// Counts the sheets, alerts and panels that keep it open: each holds a copy.
+    /// Its use count tells how many sheets, alerts and panels keep the popover open: each holds a copy.
     std::shared_ptr<void> m_hold;
 };
 

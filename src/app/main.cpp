@@ -32,23 +32,23 @@ using namespace brisklog;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-/// The process that has the lock may be starting just now, and one that was killed keeps it until its last
-/// write is done.
+/// The process that holds the lock may still be starting, and a killed one holds it until its last write is
+/// done.
 constexpr std::chrono::seconds waitForOther(5);
 
-/// Once the start is over.
+/// Long enough for startup to be over.
 constexpr TimeInterval waitBeforeMemoryIsGivenBack = 2;
 
-/// For each kind of work in the background.
+/// For each kind of background work.
 constexpr int threads = 2;
 
-/// Asks the process that runs already to show itself; false when there is none within reach.
+/// Asks the process that is already running to show itself; false when none can be reached.
 bool showOther(int argumentCount, char** arguments) {
     const QCoreApplication messenger(argumentCount, arguments);
     return RunningInstance::activateOther();
 }
 
-/// The lock of this process; ends the program when another one has it, after asking that one to show itself.
+/// The lock of this process. When another process holds it, asks that process to show itself and exits.
 std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** arguments) {
     const PosixFiles files;
     const auto folder = files.stateFolder();
@@ -61,7 +61,7 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
             return lock;
         if (showOther(argumentCount, arguments))
             std::exit(EXIT_SUCCESS);
-        // Without a lock file the bus alone can tell.
+        // Without a lock file, only the bus can tell whether another process is running.
         if (lock->state() == ProcessLock::State::unavailable)
             return lock;
         if (std::chrono::steady_clock::now() > end)
@@ -70,13 +70,13 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
     }
 }
 
-/// Windows can be placed under X alone, so it comes first, unless the user decided otherwise.
+/// Only X lets a program place its windows, so X is tried first unless the user chose otherwise.
 void preferPlatformThatPlacesWindows() {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
-/// Under Wayland there may be an X server as well, but our windows are not on it.
+/// Under Wayland there may be an X server too, but our windows are not on it.
 std::unique_ptr<WindowServer> chooseWindowServer() {
     if (QGuiApplication::platformName() == u"xcb"_s)
         return std::make_unique<X11WindowServer>();
@@ -85,7 +85,7 @@ std::unique_ptr<WindowServer> chooseWindowServer() {
 
 void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(QString::fromUtf8(address))); }
 
-/// This machine, as it really is.
+/// The real implementations for this machine.
 struct Machine {
     StandardOutputLog log;
     PosixFiles files;
@@ -94,7 +94,7 @@ struct Machine {
     SqliteUserDefaults userDefaults{*PosixFiles::configurationFolder() / "defaults.sqlite", clock, log};
     CairoPdfFacility pdf;
     QtImages images;
-    /// Apart, so that a folder is listed at once while large pictures are being decoded.
+    /// Separate, so that folders are listed at once even while large pictures are being decoded.
     QtBackground folders{threads};
     QtBackground pictures{threads};
     PortalAppearance appearance;
@@ -114,7 +114,8 @@ class Program {
 public:
     Program() {
         m_app.launch();
-        // What reading the files took, up to 25 MB, would otherwise stay with a program that idles all day.
+        // Returns the memory used for reading the files, up to 25 MB: otherwise a program that idles all day
+        // would keep it.
         m_afterStart = m_machine.runLoop.runAfter(waitBeforeMemoryIsGivenBack, [] { ::malloc_trim(0); });
     }
 

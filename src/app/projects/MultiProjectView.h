@@ -12,7 +12,7 @@
 
 namespace brisklog {
 
-/// What a project's timers are doing, as its tab shows it.
+/// The state of a project's timers, as its tab shows it.
 enum class TimerActivity {
     none,
     allPaused,
@@ -27,12 +27,13 @@ struct ProjectTab {
     bool operator==(const ProjectTab&) const = default;
 };
 
-/// The tabs of the time tracking section: one per project, and "Auto-Tracking" after the last. The project
-/// tabs follow the store's selection, in both directions; "Auto-Tracking" leaves it as it is, and gives way
-/// to the next write of it. Automatic tracking itself is owned here and goes on whatever is shown.
+/// The tabs of the time tracking section: one per project, then "Auto-Tracking". The project tabs and the
+/// store's selection follow each other; choosing "Auto-Tracking" leaves the store's selection unchanged, and
+/// the next write to it switches back to a project. Automatic tracking is owned here and continues whatever
+/// tab is shown.
 class MultiProjectView final : public ObservableObject {
 public:
-    /// Automatic tracking resumes at once when it was left switched on.
+    /// Automatic tracking resumes at once if it was left switched on.
     MultiProjectView(const ProjectServices& services, AutoTrackingPlatform autoTracking);
 
     AutoTrackingManager autoTrackingManager;
@@ -42,37 +43,37 @@ public:
 
     [[nodiscard]] int projectCount() const;
 
-    /// The position of the tab after the last project's.
+    /// The position of the "Auto-Tracking" tab: after the last project's.
     [[nodiscard]] int autoTrackingTab() const { return projectCount(); }
 
-    /// The tab shown: a project's position, or that of "Auto-Tracking". A selection that points nowhere is
-    /// given as it stands.
+    /// The tab shown: a project's position, or that of "Auto-Tracking". An invalid selection is returned as
+    /// is.
     [[nodiscard]] int selectedTab() const;
 
     [[nodiscard]] bool isAutoTrackingSelected() const;
 
-    /// The project whose tab is, or was last, shown.
+    /// The project whose tab is shown, or was shown last.
     [[nodiscard]] int lastSelectedIndex() const { return m_services.store.selectedProjectIndex; }
 
-    /// A position that is no tab does nothing.
+    /// Does nothing for an invalid position.
     void selectTab(int tab);
     void selectAutoTracking();
 
     /// Moves the selection by a number of tabs, stopping at both ends.
     void stepTabs(int steps);
 
-    /// The screen of the selected project. What is typed there stays with its project for as long as that
-    /// exists; who shows it may keep it longer.
+    /// The view of the selected project. What is typed there stays with its project as long as the project
+    /// exists; the screen that shows the view may keep it longer.
     [[nodiscard]] std::shared_ptr<ProjectView> projectView();
 
-    /// Replaces all projects and drops all timers; to be called once the user has confirmed it.
+    /// Replaces all projects and drops all timers; call once the user has confirmed.
     void resetAllData();
 
 private:
     void forgetDeletedProjects();
 
     ProjectServices m_services;
-    /// How often the store's selection had been written when "Auto-Tracking" was chosen.
+    /// The revision of the store's selection when "Auto-Tracking" was chosen.
     std::optional<std::uint64_t> m_autoTrackingChosenAt;
     std::map<Uuid, std::shared_ptr<ProjectView>> m_projectViews;
 };

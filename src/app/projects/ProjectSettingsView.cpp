@@ -10,7 +10,7 @@
 namespace brisklog {
 namespace {
 
-/// Two decimals and a decimal point, whatever the desktop's language; the field reads both "." and ",".
+/// Two decimals and a decimal point, whatever the desktop's language; the field accepts both "." and ",".
 std::string rateText(double rate) {
     // The largest double has 309 digits before the point.
     std::array<char, 320> buffer{};

@@ -6,24 +6,23 @@
 
 namespace brisklog {
 
-/// What the sheet that edits or deletes a project decides.
+/// The logic of the sheet that edits or deletes a project.
 class ProjectSettingsView final : public ObservableObject {
 public:
-    /// Fills the texts from the project; leaves them empty for an index out of range.
+    /// Fills the texts from the project; they stay empty for an index out of range.
     ProjectSettingsView(TimeTrackingStore& store, int projectIndex);
 
-    /// False once the sheet has done its work or was cancelled: it closes then.
+    /// Becomes false once the sheet is done or cancelled; it then closes.
     Published<bool> isPresented{*this, true};
     /// As typed.
     Published<std::string> projectName{*this};
-    /// As typed, in euros per hour; empty for none. Starts with two decimals and a decimal point.
+    /// As typed, in euros per hour; empty for none. Initially shown with two decimals and a decimal point.
     Published<std::string> hourlyRateString{*this};
 
-    /// Gives the project the name, white space at its ends removed, and the rate (none when the text is no
-    /// number), and closes.
+    /// Sets the project's name, trimmed, and its rate (none when the text is not a number), and closes.
     void save();
 
-    /// Removes the project with its entries and closes; to be called once the user has confirmed it.
+    /// Removes the project with its entries and closes; call once the user has confirmed.
     void deleteProject();
 
     void cancel();

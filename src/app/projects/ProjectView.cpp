@@ -10,7 +10,7 @@
 namespace brisklog {
 namespace {
 
-/// Long enough for the eye to see that what was typed has become a timer.
+/// Long enough to see that what was typed has become a timer.
 constexpr TimeInterval clearingDelay = 0.3;
 constexpr const char* substituteName = "Fehler";
 constexpr const char* noDuration = "00:00:00";
@@ -51,7 +51,7 @@ std::vector<TimerRow> ProjectView::timers() const {
     for (const auto& [id, state] : m_services.store.activeEntries.get())
         if (state.projectId == project().id)
             states.push_back(&state);
-    // The identifier decides between timers of the same moment, so that rows never change places.
+    // The id breaks ties between timers started at the same moment, so that rows never change places.
     std::ranges::sort(states, {}, [](const ActiveEntryState* state) {
         return std::tuple(state->entry.startTime.secondsSinceReference, state->id);
     });

@@ -21,7 +21,7 @@ struct TimerRow {
     bool operator==(const TimerRow&) const = default;
 };
 
-/// What the row of one stored entry says.
+/// The texts in the row of one stored entry.
 struct ProjectEntryRow {
     /// The task's name on one line.
     std::string taskName;
@@ -30,7 +30,7 @@ struct ProjectEntryRow {
     std::string end;
     /// Hours and minutes; up to `now` while the entry has no end.
     std::string duration;
-    /// At the entry's own rate, else the project's; "--" without any.
+    /// At the entry's own rate, else the project's; "--" without either.
     std::string earnings;
 
     bool operator==(const ProjectEntryRow&) const = default;
@@ -39,16 +39,16 @@ struct ProjectEntryRow {
 [[nodiscard]] ProjectEntryRow projectEntryRow(const TimeEntry& entry, std::optional<double> projectRate,
                                               const Calendar& calendar, Date now);
 
-/// What the view of a project works with.
+/// What the view of a project depends on.
 struct ProjectServices {
     TimeTrackingStore& store;
     Clock& clock;
     RunLoop& runLoop;
-    /// Writes the report of a project's entries to a file of the user's choice; may be absent.
+    /// Writes the report of a project's entries to a file of the user's choice; may be empty.
     std::function<void(const Project&)> exportReport;
 };
 
-/// What the screen of one project shows and does.
+/// The state and actions of one project's screen.
 class ProjectView final : public ObservableObject {
 public:
     ProjectView(const ProjectServices& services, int projectIndex);
@@ -59,31 +59,31 @@ public:
     Published<std::string> taskName{*this};
     /// Set from the start of a timer until the typed name is cleared; nothing can be typed or started then.
     Published<bool> isProcessing{*this, false};
-    /// Whether the keyboard is in the task's name; there at first, so that typing can begin.
+    /// Whether the task's name has the focus; true at first, so that the user can start typing.
     bool isTaskNameFocused = true;
 
     [[nodiscard]] bool hasProject() const;
 
-    /// The project; a substitute named "Fehler" while the position points nowhere.
+    /// The project; a substitute named "Fehler" while the position is invalid.
     [[nodiscard]] const Project& project() const;
 
-    /// The timers of this project, the one started first on top.
+    /// The timers of this project, the earliest first.
     [[nodiscard]] std::vector<TimerRow> timers() const;
 
-    /// Starts a timer under the name exactly as typed, and clears it 0.3 seconds later. White space alone
+    /// Starts a timer under the name exactly as typed, and clears the name 0.3 seconds later. A blank name
     /// starts nothing.
     void start();
 
     void pauseOrResume(const TimerRow& timer);
     void stop(const Uuid& entryId);
 
-    /// Removes all entries of the project; to be called once the user has confirmed it.
+    /// Removes all entries of the project; call once the user has confirmed.
     void resetProject();
 
-    /// There is a project, and an export was handed in.
+    /// Whether there is a project and a way to export it.
     [[nodiscard]] bool canExportPDF() const { return hasProject() && m_services.exportReport; }
 
-    /// Asks where to save the report of the project's entries; nothing happens while that cannot be done.
+    /// Asks where to save the report of the project's entries; nothing happens while `canExportPDF` is false.
     void exportPDF();
 
 private:

@@ -11,7 +11,7 @@ constexpr int widestCurrentTab = 126;
 constexpr int narrowestTab = 72;
 constexpr int autoTrackingSymbolWidth = 32;
 constexpr int overflowWidth = 46;
-/// The divider between the overflow button and "Auto-Tracking", with the space after it.
+/// The divider between the overflow button and "Auto-Tracking", including the space after it.
 constexpr int dividerWidth = 4;
 
 int tabWidth(const TabStripContent& content, int index) {
@@ -22,7 +22,7 @@ int widthOfAllTabs(const TabStripContent& content) {
     int sum = 0;
     for (const int width : content.projectWidths) {
         sum += std::min(width, widestTab);
-        // Thousands of projects cannot overflow the sum.
+        // Stops early, so that thousands of projects cannot overflow the sum.
         if (sum > content.availableWidth)
             break;
     }
@@ -42,7 +42,8 @@ TabStripLayout withAllTabs(const TabStripContent& content, int autoTrackingWidth
     return layout;
 }
 
-/// Adds the project where there is room for it; false once there is none for any further one.
+/// Adds the project's tab, narrowed if necessary, where there is room for it; false once no further tab can
+/// fit.
 bool addNeighbour(const TabStripContent& content, int index, int& room, std::vector<TabPlacement>& shown) {
     const int width = tabWidth(content, index);
     if (room < std::min(width, narrowestTab))
@@ -52,7 +53,7 @@ bool addNeighbour(const TabStripContent& content, int index, int& room, std::vec
     return shown.back().width == width;
 }
 
-/// The current project, the ones after it and, where the list ends first, the ones before it.
+/// The current project, those after it and, if there is still room, those before it.
 std::vector<TabPlacement> tabsAroundCurrent(const TabStripContent& content, int room) {
     const int count = static_cast<int>(content.projectWidths.size());
     const int current = std::clamp(content.currentProject, 0, count - 1);

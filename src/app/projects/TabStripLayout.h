@@ -5,20 +5,20 @@
 
 namespace brisklog {
 
-/// What the row of tabs has to find room for, in logical pixels.
+/// What the row of tabs must fit in, in logical pixels.
 struct TabStripContent {
-    /// The widths at which the projects' tabs would show their whole names, in order.
+    /// The widths at which the projects' tabs show their full names, in order.
     std::vector<int> projectWidths;
     /// The width of the "Auto-Tracking" tab with its label.
     int autoTrackingWidth = 0;
-    /// The tab that must be seen among the projects.
+    /// The project whose tab must be visible.
     int currentProject = 0;
     bool isAutoTrackingSelected = false;
-    /// The room for all tabs together.
+    /// The width available for all tabs together.
     int availableWidth = 0;
 };
 
-/// Where one project's tab stands; narrower than its content where the name is shortened.
+/// The place of one project's tab; narrower than its content where the name is shortened.
 struct TabPlacement {
     int projectIndex = 0;
     int x = 0;
@@ -27,7 +27,7 @@ struct TabPlacement {
     bool operator==(const TabPlacement&) const = default;
 };
 
-/// A stretch of the strip.
+/// A horizontal section of the strip.
 struct TabSpan {
     int x = 0;
     int width = 0;
@@ -35,9 +35,9 @@ struct TabSpan {
     bool operator==(const TabSpan&) const = default;
 };
 
-/// Where the tabs stand.
+/// The places of the tabs.
 struct TabStripLayout {
-    /// From left to right; with an overflow button not all projects are among them.
+    /// From left to right; not all projects if there is an overflow button.
     std::vector<TabPlacement> projects;
     /// The button that lists all projects; absent while all of them are shown.
     std::optional<TabSpan> overflow;
@@ -45,9 +45,9 @@ struct TabStripLayout {
     bool showsAutoTrackingLabel = true;
 };
 
-/// Places the tabs: all of them where they fit, then with "Auto-Tracking" as a symbol alone (unless it is
-/// selected), then the current project with as many neighbours as there is room for and an overflow button.
-/// "Auto-Tracking" is seen in every case.
+/// Places the tabs: all of them if they fit, if necessary with "Auto-Tracking" as a symbol only (unless it is
+/// selected); else the current project with as many neighbours as fit, and an overflow button.
+/// "Auto-Tracking" is always visible.
 [[nodiscard]] TabStripLayout layoutTabStrip(const TabStripContent& content);
 
 } // namespace brisklog

@@ -22,7 +22,7 @@ constexpr int margin = 8;
 constexpr int gapUnderTabs = 4;
 constexpr int fadeMilliseconds = 120;
 
-/// The picture that fades away; it lets the pointer through and ends itself.
+/// A picture of the area that fades out over it; ignores the pointer and destroys itself.
 class FadingPicture final : public QWidget {
 public:
     explicit FadingPicture(QWidget& area) : QWidget(&area), m_picture(area.grab()) {
@@ -47,8 +47,8 @@ private:
     double m_opacity = 1;
 };
 
-/// Before the area shows something else: what it shows now stays as a picture over it and fades away. Nothing
-/// happens where motion is not wanted or the area is not seen.
+/// Call before the area's content changes: a picture of the present content fades out over it. Does nothing
+/// with reduced motion or while the area is hidden.
 void crossFade(QWidget& area) {
     if (!motionAllowed() || !area.isVisible())
         return;
@@ -68,7 +68,7 @@ MultiProjectScreen::MultiProjectScreen(MultiProjectView& view, const ProjectScre
                                    .resetAllData = [this] { confirmResetAllData(); }})),
       m_tabs(new QStackedWidget), m_project(new ProjectScreen(services, m_view.projectView())) {
     m_tabs->addWidget(m_project);
-    // The last card runs down to the window's edge.
+    // No bottom margin: the last card extends to the window's edge.
     Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
         .margins({margin, margin, margin, 0})
         .applyTo(*this);

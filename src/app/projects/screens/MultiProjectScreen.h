@@ -13,7 +13,7 @@ namespace brisklog {
 class ProjectScreen;
 class ProjectTabStrip;
 
-/// The time tracking section: the tabs and, under them, the selected project or automatic tracking.
+/// The time tracking section: the tabs and, below them, the selected project or automatic tracking.
 class MultiProjectScreen final : public Screen {
 public:
     MultiProjectScreen(MultiProjectView& view, const ProjectScreenServices& services,
@@ -23,7 +23,7 @@ protected:
     void refresh() override;
 
 private:
-    /// What the tabs depend on; nothing need be read again while it stays the same.
+    /// What the tabs depend on; nothing is read again while it is unchanged.
     struct Revisions {
         std::uint64_t projects;
         std::uint64_t selectedProjectIndex;

@@ -16,9 +16,9 @@ namespace brisklog {
 namespace {
 
 constexpr int border = 1;
-/// The line under the last row, and the card's shadow.
+/// The line below the last row, and the card's shadow.
 constexpr int bottomEdge = 1 + cardShadow;
-/// How far a card that does not end inside the window is drawn past its edge.
+/// How far a card that does not end inside the window is drawn past the window's edge.
 constexpr int beyond = 16;
 
 constexpr int rowHeight = 50;
@@ -35,12 +35,12 @@ constexpr int timeSymbol = 12;
 constexpr int timeSymbolGap = 3;
 constexpr int timesGap = 8;
 constexpr int narrowTimesGap = 4;
-/// Nearer than this the end may not come to the duration.
+/// The minimum gap between the end time and the duration's symbol.
 constexpr int leastGap = 6;
-/// The focus ring stays inside the row: the list would cut it off.
+/// Keeps the focus ring inside the row, where the list does not clip it.
 constexpr QMargins ringInset{6, 5, 6, 6};
 
-/// The row's texts with the room each takes.
+/// The row's texts and their rectangles.
 struct RowPlacement {
     QString name;
     QString earnings;
@@ -67,7 +67,7 @@ int timeWidth(const QString& text) {
     return timeSymbol + timeSymbolGap + figureWidth(text, FontRole::caption11);
 }
 
-/// A symbol with its time, from `left` on.
+/// A symbol with its time, starting at `left`.
 void paintTime(QPainter& painter, const QRect& line, int left, const QString& symbol, const QString& text,
                const Palette& palette) {
     const QRect area(left, line.top(), timeWidth(text), line.height());
@@ -86,7 +86,7 @@ void paintTimes(QPainter& painter, const RowPlacement& row, const Palette& palet
     const int gap = isCrowded ? narrowTimesGap : timesGap;
     paintTime(painter, line, line.left(), u"clock"_s, row.start, palette);
     paintTime(painter, line, line.left() + timeWidth(row.start) + gap, u"clock.fill"_s, row.end, palette);
-    // Beyond a thousand hours the figures need the symbol's place.
+    // Above a thousand hours the digits need the symbol's place.
     if (symbolLeft >= line.left() + times + gap)
         paintSymbol(painter, QRect(symbolLeft, line.top(), timeSymbol, line.height()), u"timer"_s, timeSymbol,
                     palette.secondary);
@@ -102,8 +102,8 @@ void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Pale
                  Qt::AlignRight | Qt::AlignVCenter);
 }
 
-/// Paints the rows: task and earnings, under them start, end and duration. Only the task's name is ever
-/// shortened; its tooltip is the whole name then. A delegate in spite of its name.
+/// Paints the rows: task and earnings, and below them start, end and duration. Only the task's name is ever
+/// shortened; its tooltip then has the full name. A delegate, despite its name.
 class ProjectEntryRowView final : public RowDelegate {
 public:
     ProjectEntryRowView(const ProjectEntryModel& model, RowList& list) : RowDelegate(list), m_model(model) {}
@@ -142,7 +142,7 @@ ProjectEntryList::ProjectEntryList(const TimeTrackingStore& store, const Clock& 
       m_model(new ProjectEntryModel(store, clock, this)) {
     m_view->setRows(*m_model, *new ProjectEntryRowView(*m_model, *m_view));
     m_view->setAccessibleName(u"Zeiterfassungen"_s);
-    // Another project's list begins at its top.
+    // Another project's list starts at the top.
     connect(m_model, &QAbstractItemModel::modelReset, m_view, &QAbstractItemView::scrollToTop);
 }
 

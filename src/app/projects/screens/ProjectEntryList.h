@@ -8,16 +8,16 @@ namespace brisklog {
 
 class RowList;
 
-/// The card with all entries of a project. It ends with its last row, or runs down past the window's edge and
+/// The card with all entries of a project. It ends below its last row, or extends past the window's edge and
 /// scrolls.
 class ProjectEntryList final : public QWidget {
 public:
     ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent = nullptr);
 
-    /// Costs nothing when nothing was written to the store's projects since and the time zone is the same.
+    /// Does nothing if neither the store's projects nor the time zone have changed since.
     void showProject(int projectIndex);
 
-    /// What Tab reaches.
+    /// The list's tab stop.
     [[nodiscard]] QWidget* tabStop() const;
 
 protected:

@@ -62,7 +62,7 @@ const Project* ProjectEntryModel::project() const {
 }
 
 const TimeEntry* ProjectEntryModel::entry(int row) const {
-    // The store may have changed since the last `showProject`; the view asks for what it still shows.
+    // The store may have changed since the last `showProject`, but the view still asks for the rows it shows.
     const Project* const shown = project();
     const bool exists =
         shown && shown->id == m_projectId && row >= 0 && std::cmp_less(row, shown->entries.size());

@@ -8,24 +8,24 @@
 
 namespace brisklog {
 
-/// A project's entries as rows of a list view. Texts are made when a row is asked for, so that thousands of
-/// entries cost what the visible ones cost.
+/// A project's entries as rows of a list view. Texts are made on demand, so that only visible entries cost
+/// time.
 class ProjectEntryModel final : public QAbstractListModel {
 public:
     ProjectEntryModel(const TimeTrackingStore& store, const Clock& clock, QObject* parent = nullptr);
 
-    /// Takes over what the project at that position holds now; one that does not exist has no entries.
-    /// Nothing happens, and false is returned, when nothing was written to the store's projects since and the
-    /// time zone is the same. A list keeps its place while it is the same project; it repaints itself, for
-    /// any text may be another now.
+    /// Shows the current entries of the project at that position; none if it does not exist. Returns false
+    /// and does nothing if neither the store's projects nor the time zone have changed since. The list keeps
+    /// its scroll position while the project is the same; the caller repaints it, as any text may have
+    /// changed.
     bool showProject(int projectIndex);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
 
-    /// The task's name; for screen readers everything the row says.
+    /// The task's name; for screen readers, all texts of the row.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
-    /// Empty texts for a row that has just gone.
+    /// Empty texts for a row that no longer exists.
     [[nodiscard]] ProjectEntryRow row(int row) const;
 
 private:

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-/// Texts stand a little inside the edges of the cards and fields under them.
+/// Texts are a little inside the edges of the cards and fields below them.
 constexpr int inset = 4;
 constexpr int headerHeight = 40;
 constexpr int actionBarHeight = 38;
@@ -40,7 +40,7 @@ QWidget* emptyEntries() {
         {.symbol = u"timer"_s,
          .headline = u"Noch keine Zeiterfassungen"_s,
          .sentence = u"Oben eine Aufgabe eingeben und „Start“ wählen. Gestoppte Timer erscheinen hier."_s});
-    // In the very middle it would look too low.
+    // Exactly centred it would look too low.
     return asWidget(Column{expanding(content, 8), stretch(1)});
 }
 
@@ -75,7 +75,7 @@ void ProjectScreen::makeWidgets() {
                        .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
     m_count = new CountBadge;
     m_entriesOrNone = new QStackedWidget;
-    // Many timers may take its room, but not make the popover grow.
+    // Many timers may take up its space, but must not make the popover grow.
     m_entriesOrNone->setMinimumHeight(1);
     m_entries = new ProjectEntryList(m_services.store, m_services.clock);
     m_noEntries = emptyEntries();
@@ -153,7 +153,7 @@ void ProjectScreen::refresh() {
 void ProjectScreen::refreshInput() {
     const bool isProcessing = m_view->isProcessing;
     m_taskField->setValue(screenText(*m_view->taskName));
-    // Not disabled, which would take the keyboard away from the next task's name.
+    // Not disabled, because that would take the focus away.
     m_taskField->setReadOnly(isProcessing);
     m_startButton->setEnabled(!isProcessing);
 }
@@ -166,7 +166,7 @@ void ProjectScreen::refreshTimers() {
 }
 
 void ProjectScreen::refreshProject() {
-    // Each time: in another time zone the rows say something else.
+    // Every time, because a change of the time zone changes the rows too.
     m_entries->showProject(m_view->projectIndex);
     const std::uint64_t revision = m_services.store.projects.revision();
     if (m_shownRevision == revision)
@@ -188,7 +188,7 @@ void ProjectScreen::showEvent(QShowEvent* event) {
 
 void ProjectScreen::hideEvent(QHideEvent* event) {
     Screen::hideEvent(event);
-    // Who opens the popover again starts with typing, wherever the keyboard was left.
+    // When the popover is reopened, the user starts by typing, wherever the focus was before.
     if (!window()->isVisible())
         m_view->isTaskNameFocused = true;
 }
@@ -196,7 +196,7 @@ void ProjectScreen::hideEvent(QHideEvent* event) {
 bool ProjectScreen::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn)
         m_view->isTaskNameFocused = true;
-    // The field also loses the keyboard when the screen or its window goes away; it is to have it back then.
+    // When the screen or its window is hidden, the field also loses the focus, but should get it back later.
     else if (event->type() == QEvent::FocusOut && isVisible() && isActiveWindow())
         m_view->isTaskNameFocused = false;
     return Screen::eventFilter(watched, event);

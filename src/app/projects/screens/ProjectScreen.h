@@ -59,7 +59,7 @@ private:
     std::shared_ptr<ProjectView> m_view;
     Subscription m_viewSubscription;
     Subscription m_customersSubscription;
-    /// The store's projects as they were when the project was last read.
+    /// The revision of the store's projects when the project was last read.
     std::optional<std::uint64_t> m_shownRevision;
 
     ElidedLabel* m_name = nullptr;

@@ -9,17 +9,17 @@ class QWidget;
 
 namespace brisklog {
 
-/// What the project screens open that others provide. Each may be absent.
+/// Sheets and panels that the project screens open but do not provide themselves. Each may be empty.
 struct ProjectActions {
-    /// Opens the customers over the window `from` is in.
+    /// Opens the customer sheet over the window that `from` is in.
     std::function<void(QWidget& from)> openCustomers;
     /// Opens the invoice sheet for the project at that position.
     std::function<void(QWidget& from, int projectIndex)> openInvoice;
-    /// Makes the panel of automatic tracking, when its tab is first shown.
+    /// Creates the panel of automatic tracking when its tab is first shown.
     std::function<QWidget*()> makeAutoTrackingPanel;
 };
 
-/// What the project screens work with.
+/// What the project screens depend on.
 struct ProjectScreenServices {
     TimeTrackingStore& store;
     const Clock& clock;

@@ -18,7 +18,7 @@ namespace {
 constexpr QSize sheetSize{400, 252};
 constexpr int rateWidth = 140;
 
-/// Shows the text in the field and takes over what is typed.
+/// Shows the text in the field and updates it with what is typed.
 TextField* bound(TextField* field, Published<std::string>& text) {
     field->setValue(screenText(*text));
     field->onEdited([&text](const QString& typed) { text = typed.toStdString(); });

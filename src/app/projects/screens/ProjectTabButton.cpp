@@ -13,7 +13,7 @@ namespace brisklog {
 namespace {
 
 constexpr int tabHeight = 34;
-/// The strip's base line and, over it, the line of the selected tab.
+/// The line of the selected tab, over the strip's base line.
 constexpr int selectionHeight = 2;
 constexpr int selectionInset = 4;
 constexpr int paddingLeft = 7;
@@ -45,7 +45,7 @@ void ProjectTabButton::setForm(Form form) {
 }
 
 int ProjectTabButton::naturalWidth(const QString& label) {
-    // The selected tab's weight, so that tabs do not move when another one is chosen.
+    // Measured in the selected tab's font weight, so that tabs do not move when the selection changes.
     return paddingLeft + symbolSize + gap + textWidth(label, FontRole::tab12Semibold) + paddingRight;
 }
 

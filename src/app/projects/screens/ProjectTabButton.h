@@ -5,7 +5,7 @@
 
 namespace brisklog {
 
-/// One tab: a symbol with a label that shortens itself, and a line under the selected one.
+/// One tab: a symbol with a label that is shortened as needed, and a line at the bottom when selected.
 class ProjectTabButton final : public Clickable {
 public:
     enum class Form {
@@ -16,9 +16,9 @@ public:
     struct Content {
         QString label;
         QString symbol;
-        /// Null: that of the label.
+        /// Null: the label's colour.
         ColorRole symbolColor = nullptr;
-        /// Says in words what the symbol's colour says; empty for none.
+        /// The meaning of the symbol's colour in words; may be empty.
         QString state = {};
         bool isSelected = false;
 
@@ -30,10 +30,10 @@ public:
     void setContent(const Content& content);
     void setForm(Form form);
 
-    /// Runs when an arrow key asks for the next (1) or the previous (-1) tab.
+    /// Runs when an arrow key requests the next (1) or the previous (-1) tab.
     void onStep(std::function<void(int)> step) { m_step = std::move(step); }
 
-    /// The width at which the tab shows its whole label, selected or not.
+    /// The width at which the tab shows its full label, selected or not.
     [[nodiscard]] static int naturalWidth(const QString& label);
 
     [[nodiscard]] QSize sizeHint() const override;

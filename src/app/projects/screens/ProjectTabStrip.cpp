@@ -25,7 +25,7 @@ constexpr int gapBeforeButtons = 8;
 constexpr int buttonTop = 2;
 constexpr int dividerHeight = 14;
 constexpr int menuWidth = 322;
-/// What a wheel reports for one notch.
+/// The wheel delta of one notch.
 constexpr int wheelNotch = 120;
 constexpr QSize overflowSize{46, 30};
 constexpr int overflowRadius = 6;
@@ -60,7 +60,7 @@ QString stateText(TimerActivity timers) {
 
 } // namespace
 
-/// Says how many projects there are and opens the menu that lists them.
+/// Shows the number of projects and opens the menu that lists them.
 class TabOverflowButton final : public Clickable {
 public:
     explicit TabOverflowButton(QWidget* parent) : Clickable(overflowRadius, parent) {
@@ -110,7 +110,7 @@ void ProjectTabStrip::addTabButton() {
     button->onClick([this, slot] { m_actions.select(m_layout.projects[slot].projectIndex); });
     button->onStep(m_actions.step);
     m_tabButtons.push_back(button);
-    // Reached after the tab before it, not after the buttons that are older than it.
+    // In the tab order it comes after the tab before it, not after the buttons created earlier.
     if (slot > 0)
         setTabOrder(m_tabButtons[slot - 1], button);
 }
@@ -138,7 +138,7 @@ void ProjectTabStrip::measure() {
     for (std::size_t index = 0; index < m_content.tabs.size(); ++index) {
         const QString name = screenText(m_content.tabs[index].name);
         const auto position = static_cast<qsizetype>(index);
-        // Measuring is what costs, and names seldom change.
+        // Measuring is expensive, and names seldom change.
         const bool isKnown = position < m_names.size() && m_names[position] == name;
         widths.push_back(isKnown ? m_widths[index] : ProjectTabButton::naturalWidth(name));
         names.push_back(name);
@@ -190,7 +190,8 @@ void ProjectTabStrip::placeTab(std::size_t slot, const TabPlacement& placement) 
                        .symbolColor = symbolColor(timers),
                        .state = stateText(timers),
                        .isSelected = isSelected});
-    // All project tabs together are one stop of the Tab key; while "Auto-Tracking" is selected, at the first.
+    // The project tabs are a single tab stop: the selected tab, or the first while "Auto-Tracking" is
+    // selected.
     const bool isStop = isSelected || (isAutoTrackingSelected() && slot == 0);
     button.setFocusPolicy(isStop ? Qt::TabFocus : Qt::NoFocus);
     button.setGeometry(placement.x, 0, placement.width, stripHeight);
@@ -247,7 +248,7 @@ void ProjectTabStrip::resizeEvent(QResizeEvent* event) {
 void ProjectTabStrip::wheelEvent(QWheelEvent* event) {
     const QPoint delta = event->angleDelta();
     m_wheelTravel += delta.y() != 0 ? delta.y() : delta.x();
-    // Touchpads report small parts of a notch.
+    // Touchpads report fractions of a notch.
     if (const int notches = m_wheelTravel / wheelNotch; notches != 0) {
         m_wheelTravel -= notches * wheelNotch;
         m_actions.step(-notches);

@@ -62,7 +62,7 @@ private:
     QStringList m_names;
     std::vector<int> m_widths;
     TabStripLayout m_layout;
-    /// As many as are shown; reused for other projects as the selection moves.
+    /// At least as many as are shown; reused for other projects as the selection changes.
     std::vector<ProjectTabButton*> m_tabButtons;
     TabOverflowButton* m_overflowButton;
     ProjectTabButton* m_autoTrackingButton;

@@ -53,7 +53,7 @@ void TimerList::rebuild(const std::vector<TimerRow>& timers) {
     rows.reserve(timers.size());
     for (const TimerRow& timer : timers)
         rows.push_back(takeRow(timer));
-    // The press that ended a timer may still be under way in its row.
+    // The press that stopped a timer may still be being handled in its row.
     for (TimerPanel* gone : m_rows) {
         gone->hide();
         gone->deleteLater();

@@ -6,16 +6,16 @@
 
 namespace brisklog {
 
-/// The rows of a project's timers, with the space that parts them from their heading. From the fourth timer
-/// on they scroll within three and a half rows; without any it takes no room.
+/// The rows of a project's timers, with a gap below their heading. From the fourth timer on they scroll
+/// within three and a half rows; without timers the list takes no room.
 class TimerList final : public QWidget {
 public:
     explicit TimerList(const TimerPanel::Actions& actions, QWidget* parent = nullptr);
 
-    /// Whether rows came or went.
+    /// Returns whether rows were added or removed.
     bool setTimers(const std::vector<TimerRow>& timers);
 
-    /// The rows' buttons in the order in which Tab reaches them.
+    /// The rows' buttons in tab order.
     [[nodiscard]] std::vector<QWidget*> tabStops() const;
 
 private:

@@ -11,7 +11,7 @@ class ElidedLabel;
 class FigureLabel;
 class SymbolButton;
 
-/// One running or paused timer to be seen and pressed: task, running duration, pause or resume, stop.
+/// One running or paused timer with its controls: task, running duration, pause or resume, stop.
 class TimerPanel final : public QWidget {
 public:
     struct Actions {
@@ -21,10 +21,10 @@ public:
 
     TimerPanel(const TimerRow& timer, const Actions& actions, QWidget* parent = nullptr);
 
-    /// Repaints what differs, which is the duration alone once a second.
+    /// Repaints only what has changed: usually the duration, once a second.
     void setTimer(const TimerRow& timer);
 
-    /// In the order in which Tab reaches them.
+    /// In tab order.
     [[nodiscard]] std::vector<QWidget*> tabStops() const;
 
     [[nodiscard]] const TimerRow& timer() const { return m_timer; }
