@@ -43,7 +43,7 @@ FontRole fontOf(Button::Kind kind, Button::Size size) {
     return isFilled(kind) ? FontRole::body13Semibold : FontRole::body13Medium;
 }
 
-/// One of three colours, by what the pointer does.
+/// Picks one of three colours by the state of the pointer.
 struct Reaction {
     bool isHovered;
     bool isPressed;
@@ -86,7 +86,7 @@ void paintSecondaryFrame(QPainter& painter, const QRect& area, const Palette& pa
 Button::Button(const QString& caption, Kind kind, Size size, QWidget* parent)
     : Clickable(radius, parent), m_kind(kind), m_size(size) {
     setCaption(caption);
-    // Wider where the layout has more room, as for the widest of two captions.
+    // May be wider than its size hint, for example to fit the wider of two captions.
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
 

@@ -5,21 +5,21 @@
 
 namespace brisklog {
 
-/// A button with a caption and, if wanted, a symbol before it.
+/// A button with a caption and optionally a symbol before it.
 class Button final : public Clickable {
 public:
-    /// `alertDestructive` is the filled red one of alerts; `textual` has no ground.
+    /// `alertDestructive` is the filled red button of alerts; `textual` has no background.
     enum class Kind { primary, secondary, destructive, alertDestructive, textual };
-    /// 32, 34 (beside a field of 34) or 26 high.
+    /// 32, 34 (next to a field of 34) or 26 high.
     enum class Size { normal, tall, small };
 
     explicit Button(const QString& caption, Kind kind = Kind::secondary, Size size = Size::normal,
                     QWidget* parent = nullptr);
 
     void setSymbol(const QString& name);
-    /// A chevron behind the caption says that a menu opens.
+    /// Shows a chevron after the caption to indicate that it opens a menu.
     void setOpensMenu();
-    /// The colour of a textual button's caption; blue unless told.
+    /// The colour of a textual button's caption; blue by default.
     void setTextColor(ColorRole color);
 
     [[nodiscard]] QSize sizeHint() const override;

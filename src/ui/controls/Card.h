@@ -6,18 +6,18 @@ namespace brisklog {
 
 class LayoutBox;
 
-/// A white sheet of work on the ground: radius 10, a line around, a line of shadow under it.
+/// A card on the background: corner radius 10, a border, and a line of shadow below.
 class Card final : public QWidget {
 public:
-    /// The padding lies between the content and the card's edges; the shadow comes on top.
+    /// The padding is between the content and the card's edges; the shadow is added to it.
     Card(const LayoutBox& content, const QMargins& padding);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Shows its content with `padding` on all four sides and nothing else. The corner radius is held but
-/// deliberately not applied: there is no ground and no clipping. A widget in spite of its name.
+/// Shows its content with `padding` on all four sides and nothing else. The corner radius is stored but
+/// deliberately not applied: there is no background and no clipping. A widget, despite its name.
 class CardView final : public QWidget {
 public:
     CardView(QWidget* content, int padding, int cornerRadius, QWidget* parent = nullptr);

@@ -13,12 +13,12 @@ struct CheckBoxLook {
 /// Paints the box of 16 × 16 in the middle of `area`; for delegates.
 void paintCheckBox(QPainter& painter, const QRect& area, const CheckBoxLook& look, const Palette& palette);
 
-/// A box to tick with its caption; all of it toggles.
+/// A check box with its caption; a click anywhere on it toggles it.
 class CheckBox final : public Clickable {
 public:
     explicit CheckBox(const QString& caption, QWidget* parent = nullptr);
 
-    /// Sets it without telling `onToggled`.
+    /// Sets it without calling `onToggled`.
     void setTicked(bool isTicked);
 
     [[nodiscard]] bool isTicked() const { return isChecked(); }

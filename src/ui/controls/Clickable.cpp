@@ -9,7 +9,7 @@ namespace brisklog {
 
 Clickable::Clickable(int radius, QWidget* parent)
     : QAbstractButton(parent), m_focusRing(FocusRing::attach(*this, radius)) {
-    // A click leaves the keyboard where it is: in the field being filled in.
+    // A click leaves the focus where it is, for example in the field being filled in.
     setFocusPolicy(Qt::TabFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -22,7 +22,7 @@ void Clickable::setCaption(const QString& caption) {
     if (m_caption == caption)
         return;
     m_caption = caption;
-    // The toolkit would make a shortcut out of a single one.
+    // The toolkit would turn a single `&` into a shortcut.
     setText(QString(caption).replace(u'&', u"&&"_s));
     updateGeometry();
 }

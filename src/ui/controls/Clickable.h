@@ -7,11 +7,12 @@ namespace brisklog {
 
 class FocusRing;
 
-/// Whatever is pressed: knows whether the pointer is over it, reacts to Space and Return, shows the focus
-/// ring for the keyboard and has the press action for screen readers. Its accessible name is its text.
+/// The base of everything that can be pressed: tracks whether the pointer is over it, reacts to Space and
+/// Return, shows the focus ring for the keyboard and has the press action for screen readers. Its accessible
+/// name is its text.
 class Clickable : public QAbstractButton {
 public:
-    /// What is written on it, `&` included.
+    /// The text on it, including any `&`.
     [[nodiscard]] const QString& caption() const { return m_caption; }
 
     void setCaption(const QString& caption);
@@ -20,7 +21,7 @@ public:
     /// button.
     void onClick(std::function<void()> action);
 
-    /// The pointer is over it, whether or not it is enabled.
+    /// Whether the pointer is over it, enabled or not.
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
 
     /// Takes the focus and shows the ring, as if reached with Tab.

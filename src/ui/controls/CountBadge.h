@@ -4,7 +4,7 @@
 
 namespace brisklog {
 
-/// How many there are, in a small rounded field behind a heading.
+/// A count in a small rounded badge after a heading.
 class CountBadge final : public QLabel {
 public:
     explicit CountBadge(int count = 0, QWidget* parent = nullptr);

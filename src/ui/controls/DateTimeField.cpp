@@ -15,7 +15,7 @@ namespace brisklog {
 namespace {
 
 constexpr int padding = 10;
-/// The toolkit keeps 2 pixels at both sides of the text for itself.
+/// The toolkit adds 2 pixels on both sides of the text.
 constexpr int toolkitMargin = 2;
 constexpr int symbolSize = 14;
 constexpr int symbolArea = 30;

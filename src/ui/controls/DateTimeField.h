@@ -6,22 +6,22 @@
 
 namespace brisklog {
 
-/// Day and time, 172 × 32, as "20.11.2026, 14:30". Typed part by part, stepped with the arrow keys, or chosen
-/// from the month that the calendar symbol (or Alt-Down) opens.
+/// Date and time, 172 × 32, as "20.11.2026, 14:30". Each part can be typed or stepped with the arrow keys;
+/// the calendar symbol (or Alt-Down) opens a month to choose the day from.
 class DateTimeField final : public QDateTimeEdit {
 public:
     DateTimeField(const QString& name, Qt::DayOfWeek firstWeekday, QWidget* parent = nullptr);
 
-    /// Shows the moment's day and time, in its own zone, without telling `onEdited`.
+    /// Shows the moment's date and time, in its own time zone, without calling `onEdited`.
     void setMoment(const QDateTime& moment);
-    /// Runs after the user changed it. The field knows no zone: it tells what it shows as universal time.
+    /// Runs after the user changed it. The field has no time zone: it passes the date and time shown as UTC.
     void onEdited(std::function<void(const QDateTime&)> edited);
 
     [[nodiscard]] QSize sizeHint() const override { return {172, 32}; }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
-    /// Opens the month; returned for tests.
+    /// Opens the month and returns it, for tests.
     QWidget* showCalendar();
 
 protected:

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int widestSentence = 290;
 
-/// The round field with the symbol in it.
+/// The disc with the symbol in it.
 class Disc final : public QWidget {
 public:
     Disc(const QString& symbol, int size) : m_symbol(symbol) { setFixedSize(size, size); }

@@ -6,8 +6,8 @@
 
 namespace brisklog {
 
-/// Stands where a list would be and says what to do next. Fills the room it is given, its content in the
-/// middle.
+/// Takes the place of an empty list and says what to do next. Fills the available room, with its content
+/// centred.
 class EmptyState final : public QWidget {
 public:
     /// The disc is 72 wide, in sheets 88.
@@ -17,7 +17,7 @@ public:
         QString symbol;
         QString headline;
         QString sentence;
-        /// Empty: there is nothing to press.
+        /// Empty: no button.
         QString buttonCaption = {};
         std::function<void()> action = {};
     };

@@ -4,7 +4,7 @@
 
 namespace brisklog {
 
-/// A word that leads out of the program, in small blue underlined letters.
+/// A link out of the program, in small blue underlined letters.
 class Link final : public Clickable {
 public:
     explicit Link(const QString& caption, QWidget* parent = nullptr);

@@ -28,7 +28,7 @@ constexpr int textLeft = rowPaddingLeft + symbolSize + columnGap;
 
 int heightOf(const MenuItem& item) { return item.isDivider ? dividerHeight : rowHeight; }
 
-/// The rows as the list reads them.
+/// The items as a list model.
 class MenuModel final : public QAbstractListModel {
 public:
     MenuModel(const std::vector<MenuItem>& items, QObject* parent)
@@ -54,7 +54,6 @@ private:
     const std::vector<MenuItem>& m_items;
 };
 
-/// Paints the rows.
 class MenuDelegate final : public RowDelegate {
 public:
     MenuDelegate(const std::vector<MenuItem>& items, RowList& list) : RowDelegate(list), m_items(items) {}
@@ -117,7 +116,7 @@ class MenuPopup final : public Popup {
 public:
     MenuPopup(QWidget& anchor, const MenuContent& content);
 
-    /// Gives the rows the keyboard and makes the starting row current.
+    /// Gives the rows the focus and makes the starting row current.
     void takeFocus();
 
 protected:
@@ -126,7 +125,7 @@ protected:
 private:
     [[nodiscard]] QSize fittingSize(const MenuContent& content, int anchorWidth) const;
     void setCurrentRow(int row);
-    /// To the next row in that direction that can be chosen, round the end if need be.
+    /// Moves to the next enabled row in that direction, wrapping around at the end if necessary.
     void step(int from, int direction);
     void choose(int row);
     bool handleKey(int currentRow, int key);

@@ -25,18 +25,18 @@ struct MenuItem {
 
 struct MenuContent {
     std::vector<MenuItem> items;
-    /// 0: as wide as the anchor, or as its longest text up to 420. What is longer is elided.
+    /// 0: as wide as the anchor or the longest text up to 420, whichever is wider. Longer texts are elided.
     int width = 0;
     /// More rows than these scroll.
     int maximumVisibleRows = 14;
-    /// Where the keyboard starts; -1: at the checked row, else at the first.
+    /// The row that is current at first; -1: the checked row, else the first.
     int currentRow = -1;
     PopupPlace place = PopupPlace::underAnchor;
 };
 
-/// Opens the menu under the anchor, or above it. Arrows, Home, End and typed letters move, Return chooses,
-/// Escape or a click elsewhere closes; the focus goes back to the anchor. `chosen` runs after the menu has
-/// closed. The menu destroys itself and is returned for tests and for who wants to close it early.
+/// Opens the menu below or above the anchor. Arrows, Home, End and typed letters move, Return chooses, Escape
+/// or a click elsewhere closes; the focus then returns to the anchor. `chosen` runs after the menu has
+/// closed. The menu destroys itself; it is returned for tests and for closing it early.
 QWidget* showMenu(QWidget& anchor, const MenuContent& content);
 
 } // namespace brisklog

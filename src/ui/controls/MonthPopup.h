@@ -7,8 +7,8 @@
 
 namespace brisklog {
 
-/// The month that a date field opens: a click or Return chooses a day, arrows move by days and weeks, Page
-/// keys and the two chevrons by months.
+/// The calendar month that a date field opens: a click or Return chooses a day, arrows move by days and
+/// weeks, Page keys and the two chevrons by months.
 class MonthPopup final : public Popup {
 public:
     MonthPopup(QWidget& anchor, const QDate& selected, Qt::DayOfWeek firstWeekday,

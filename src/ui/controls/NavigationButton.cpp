@@ -35,7 +35,7 @@ QColor navigationButtonBackground(const NavigationButtonState& state, const Pale
         return Qt::transparent;
     if (state.isHovered && state.accent)
         return withOpacity(palette.blueFill, 0.9);
-    // White text stands on the control colour only here; its tone under white text keeps it legible.
+    // Only here is white text on the control colour, which must be dark to keep it legible.
     const QColor& control =
         state.destructive && state.isHovered ? palette.controlUnderWhiteText : palette.control;
     if (state.isHovered && state.isSelected)

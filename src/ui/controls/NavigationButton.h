@@ -5,7 +5,7 @@
 
 namespace brisklog {
 
-/// What decides the colours of a NavigationButton.
+/// Determines the colours of a NavigationButton.
 struct NavigationButtonState {
     bool isDisabled = false;
     bool destructive = false;
@@ -18,15 +18,15 @@ struct NavigationButtonState {
 
 /// The colour of text and symbol.
 [[nodiscard]] QColor navigationButtonForeground(const NavigationButtonState& state, const Palette& palette);
-/// The colour behind them; clear where there is none.
+/// The colour behind them; transparent where there is none.
 [[nodiscard]] QColor navigationButtonBackground(const NavigationButtonState& state, const Palette& palette);
 
-/// A symbol with a caption: the four sections in the navigation bar, and actions in rows of other screens.
-/// Its tooltip is the caption.
+/// A symbol with a caption, for the four sections in the navigation bar and for actions in rows of other
+/// screens. Its tooltip is the caption.
 class NavigationButton final : public Clickable {
 public:
-    /// `bar`: 84 × 46, the symbol over the caption. `row`: height 30, the symbol before the caption.
-    /// `symbolOnly`: 30 × 30; the caption is tooltip and accessible name.
+    /// `bar`: 84 × 46, the symbol above the caption. `row`: height 30, the symbol before the caption.
+    /// `symbolOnly`: 30 × 30; the caption is the tooltip and accessible name.
     enum class Form { bar, row, symbolOnly };
 
     struct Content {

@@ -24,8 +24,7 @@ constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
 constexpr int textRight = chevronEdge + chevronSize + 4;
 
-/// Describes a picker to screen readers: the toolkit would call it by its current choice and never by its own
-/// name.
+/// Describes a picker to screen readers: the toolkit would use its current choice as its name.
 class PickerAccessible final : public QAccessibleWidget {
 public:
     explicit PickerAccessible(Picker& picker) : QAccessibleWidget(&picker, QAccessible::ComboBox) {}
@@ -57,7 +56,7 @@ QAccessibleInterface* pickerAccessible(const QString&, QObject* object) {
 } // namespace
 
 Picker::Picker(QWidget* parent) : QComboBox(parent) {
-    // Counts once, however many pickers there are.
+    // Installing it again has no effect.
     QAccessible::installFactory(pickerAccessible);
     setFocusPolicy(Qt::StrongFocus);
     setFont(fontFor(FontRole::body13));

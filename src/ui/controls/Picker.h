@@ -7,20 +7,21 @@
 
 namespace brisklog {
 
-/// A choice of one among several, in a field that opens a menu of its own width. Space, Return and Alt-Down
-/// open it, arrows and typed letters choose without opening. The wheel scrolls the screen, never the choice.
+/// A choice of one of several options, in a field that opens a menu of the same width. Space, Return and
+/// Alt-Down open it; arrows and typed letters choose without opening it. The wheel scrolls the screen and
+/// never changes the choice.
 class Picker final : public QComboBox {
 public:
     explicit Picker(QWidget* parent = nullptr);
 
-    /// Replaces the choices; the chosen index stays where it still exists, else becomes the first.
+    /// Replaces the options; the selected index is kept if it still exists, else the first is selected.
     void setOptions(const std::vector<QString>& options);
-    /// -1 shows the placeholder (`setPlaceholderText`). Does not count as chosen by the user.
+    /// -1 shows the placeholder (`setPlaceholderText`). Does not call `onChosen`.
     void setSelectedIndex(int index);
 
     [[nodiscard]] int selectedIndex() const { return currentIndex(); }
 
-    /// Runs when the user chose, also the same one again.
+    /// Runs when the user has chosen, even the same option again.
     void onChosen(std::function<void(int)> chosen);
 
     void showPopup() override;

@@ -33,7 +33,7 @@ Popup::Popup(QWidget& anchor)
     : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint), m_anchor(anchor) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
-    // The click that closes it must not open it again.
+    // The click that closes it must not reopen it.
     setAttribute(Qt::WA_NoMouseReplay);
 }
 

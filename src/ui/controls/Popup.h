@@ -5,15 +5,16 @@
 namespace brisklog {
 
 enum class PopupPlace {
-    underAnchor,    ///< the left edges on one line
-    middleOfWindow, ///< under the anchor too, but in the middle of its window
+    underAnchor,    ///< left edges aligned
+    middleOfWindow, ///< below the anchor too, but centred in its window
 };
 
 /// The rounded window of a menu or a calendar that a button or field opens. It destroys itself when it
 /// closes.
 class Popup : public QWidget {
 public:
-    /// Shows it under the anchor (above it where there is no room below), 4 pixels away, inside the screen.
+    /// Shows it below the anchor (above it where there is no room below), 4 pixels away and inside the
+    /// screen.
     void open(PopupPlace place = PopupPlace::underAnchor);
 
 protected:

@@ -6,8 +6,8 @@ namespace brisklog {
 
 struct Palette;
 
-/// Paints a symbol and a title in the headline font, for delegates. Light: symbol blue, title in the text
-/// colour; dark: both white.
+/// Paints a symbol and a title in the headline font, for delegates. In the light scheme the symbol is blue
+/// and the title has the text colour; in the dark scheme both are white.
 void paintSectionHeader(QPainter& painter, const QRect& area, const QString& title, const QString& symbol,
                         const Palette& palette);
 

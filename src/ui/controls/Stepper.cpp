@@ -77,7 +77,7 @@ void Stepper::paintPart(QPainter& painter, Part part) const {
     const Palette& palette = Palette::current();
     const QRect area = partRect(part);
     const bool isActive = canStep(part) && (part == m_hovered || part == m_pressed);
-    // Inside the frame, so that the field's own edge stays.
+    // Inside the frame, so that the field's edge stays visible.
     if (isActive)
         fillRounded(painter, area.adjusted(2, 2, -2, -2), 4,
                     withOpacity(palette.control, part == m_pressed ? 0.9 : 0.7));

@@ -5,13 +5,13 @@
 
 namespace brisklog {
 
-/// A whole number with minus and plus, 104 × 32. Arrow keys step; a held button repeats.
+/// A whole number with minus and plus buttons, 104 × 32. Arrow keys step; holding a button repeats.
 class Stepper final : public QAbstractSlider {
 public:
-    /// `unit` stands right behind the number: "2h". `name` is the accessible name.
+    /// `unit` is shown directly after the number: "2h". `name` is the accessible name.
     Stepper(int minimum, int maximum, const QString& unit, const QString& name, QWidget* parent = nullptr);
 
-    /// Sets the number without telling `onStepped`.
+    /// Sets the number without calling `onStepped`.
     void setNumber(int number);
     /// Runs after the user changed the number.
     void onStepped(std::function<void(int)> stepped);

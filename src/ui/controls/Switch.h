@@ -4,12 +4,12 @@
 
 namespace brisklog {
 
-/// On or off, 38 × 22. The knob glides where motion is allowed.
+/// An on/off switch, 38 × 22. The knob glides where motion is allowed.
 class Switch final : public Clickable {
 public:
     explicit Switch(const QString& name, QWidget* parent = nullptr);
 
-    /// Sets it without telling `onToggled` and without motion.
+    /// Sets it without calling `onToggled` and without motion.
     void setOn(bool isOn);
 
     [[nodiscard]] bool isOn() const { return isChecked(); }

@@ -5,9 +5,9 @@
 
 namespace brisklog {
 
-/// How a symbol button looks at the moment; the same for widgets and for delegates that paint one.
+/// The current look of a symbol button, for the widget and for delegates that paint one.
 struct SymbolButtonLook {
-    /// Of the symbol at rest; hovered it becomes the text colour where it was secondary.
+    /// The symbol's colour at rest; on hover, secondary changes to the text colour.
     ColorRole color = &Palette::secondary;
     bool isDeleting = false;
     bool isHovered = false;
@@ -15,11 +15,11 @@ struct SymbolButtonLook {
     bool isEnabled = true;
 };
 
-/// Paints ground and symbol into `area`; for delegates.
+/// Paints background and symbol into `area`; for delegates.
 void paintSymbolButton(QPainter& painter, const QRect& area, const QString& symbol, int symbolSize,
                        const SymbolButtonLook& look, const Palette& palette);
 
-/// A button that is only a symbol. Its tooltip says what it does and is its accessible name.
+/// A button with only a symbol. Its tooltip says what it does and is also its accessible name.
 class SymbolButton final : public Clickable {
 public:
     /// `normal`: 28 × 28, symbol 18; `closing`: 28 × 28, symbol 20; `timer`: 36 × 36, symbol 24.
@@ -30,9 +30,9 @@ public:
                  Purpose purpose = Purpose::acting, QWidget* parent = nullptr);
 
     void setSymbol(const QString& symbol);
-    /// Tooltip and accessible name.
+    /// Sets the tooltip and the accessible name.
     void setTooltip(const QString& tooltip);
-    /// The symbol's colour at rest; secondary unless told.
+    /// The symbol's colour at rest; secondary by default.
     void setColor(ColorRole color);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -12,7 +12,7 @@
 namespace brisklog {
 namespace {
 
-/// A line of fixed height hangs at its bottom, one pixel too low.
+/// Asymmetric, because text in a line of fixed height sits one pixel too low.
 constexpr QMargins padding(10, 7, 10, 9);
 
 } // namespace
@@ -35,7 +35,7 @@ TextArea::TextArea(const QString& placeholder, QWidget* parent) : QTextEdit(pare
 
 void TextArea::onEdited(std::function<void(const QString&)> edited) {
     connect(this, &QTextEdit::textChanged, this, [this, edited = std::move(edited)] {
-        // Changes of form are announced too.
+        // The signal is also emitted for format changes.
         if (m_isSettingValue || m_value == value())
             return;
         m_value = value();
@@ -61,7 +61,7 @@ void TextArea::setValue(const QString& text) {
 }
 
 void TextArea::setLineHeights() {
-    // Not a change that the user could take back.
+    // Must not be undoable by the user.
     document()->setUndoRedoEnabled(false);
     QTextBlockFormat format;
     format.setLineHeight(lineHeight(FontRole::body13), QTextBlockFormat::FixedHeight);
@@ -74,7 +74,7 @@ void TextArea::setLineHeights() {
 bool TextArea::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::Paint:
-        // The viewport lies inside the padding; the field around it is this widget's own.
+        // The viewport is inside the padding; this widget paints the field around it.
         paintGround();
         return true;
     case QEvent::Enter:
@@ -99,7 +99,7 @@ void TextArea::paintGround() {
 }
 
 void TextArea::keyPressEvent(QKeyEvent* event) {
-    // Left to the sheet, whose main action it is.
+    // Left to the sheet, for its main action.
     if (isControlReturn(*event))
         event->ignore();
     else if (isReturn(*event))
@@ -109,7 +109,7 @@ void TextArea::keyPressEvent(QKeyEvent* event) {
 }
 
 void TextArea::breakLine() {
-    // The toolkit would take the line height of an empty line away instead.
+    // On an empty line the toolkit's Return would reset the line height instead of breaking the line.
     QTextCursor cursor = textCursor();
     cursor.insertBlock();
     setTextCursor(cursor);

@@ -5,16 +5,16 @@
 
 namespace brisklog {
 
-/// Several lines of plain text to write on, 80 high, 18 from line to line. Tab leaves it.
+/// An input for several lines of plain text, 80 high, with a line height of 18. Tab moves the focus.
 class TextArea final : public QTextEdit {
 public:
     explicit TextArea(const QString& placeholder = {}, QWidget* parent = nullptr);
 
     /// Runs after every change made by the user; never after `setValue`.
     void onEdited(std::function<void(const QString&)> edited);
-    /// Sets the text without moving the cursor when it is the same already.
+    /// Sets the text. Does nothing if it is unchanged, so that the cursor stays.
     void setValue(const QString& text);
-    /// The text with its lines parted by line feeds; unlike `toPlainText` it keeps no-break spaces.
+    /// The text with its lines separated by line feeds; unlike `toPlainText` it keeps no-break spaces.
     [[nodiscard]] QString value() const;
 
     [[nodiscard]] QSize sizeHint() const override { return {240, 80}; }
@@ -32,7 +32,7 @@ private:
 
     bool m_isHovered = false;
     bool m_isSettingValue = false;
-    /// What was set or typed last.
+    /// The text last set or typed.
     QString m_value;
 };
 

@@ -12,7 +12,7 @@ namespace brisklog {
 namespace {
 
 constexpr int padding = 10;
-/// The toolkit keeps 2 pixels at both sides of the text for itself.
+/// The toolkit adds 2 pixels on both sides of the text.
 constexpr int toolkitMargin = 2;
 
 } // namespace
@@ -27,7 +27,7 @@ TextField::TextField(const QString& placeholder, Size size, QWidget* parent)
     setAccessibleName(placeholder);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     clearGround(*this);
-    // The pasted text has arrived by then: cleaning it here covers the clipboard, drops and input methods.
+    // Cleaning the text here covers the clipboard, drops and input methods.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { cleanUp(text); });
 }
 
@@ -41,7 +41,7 @@ void TextField::cleanUp(const QString& text) {
 }
 
 void TextField::onEdited(std::function<void(const QString&)> edited) {
-    // Not textEdited: what a screen reader or a dictation writes would go unheard.
+    // Not textEdited, which is not emitted for text from screen readers or dictation.
     connect(this, &QLineEdit::textChanged, this, [this, edited = std::move(edited)](const QString& text) {
         const bool isClean = text == onOneLine(text);
         if (!m_isBeingSet && isClean)

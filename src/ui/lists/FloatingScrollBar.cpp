@@ -71,7 +71,7 @@ bool FloatingScrollBar::isWanted() const {
 }
 
 void FloatingScrollBar::follow() {
-    // An area that is being destroyed loses its focus on the way, when it is no scroll area any more.
+    // While the area is being destroyed the focus changes once more, when it is no longer a scroll area.
     if (!qobject_cast<QAbstractScrollArea*>(parentWidget()))
         return;
     const bool wanted = isWanted();

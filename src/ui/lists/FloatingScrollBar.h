@@ -7,11 +7,11 @@ class QAbstractScrollArea;
 
 namespace brisklog {
 
-/// A scroll bar that takes no room: it floats at the right edge, shown while its area can scroll and is
-/// hovered, scrolled or focused. Dragged like any other.
+/// A scroll bar that takes no room: it floats at the right edge and is shown while its area can scroll and is
+/// hovered, scrolled or focused. It can be dragged.
 class FloatingScrollBar final : public QWidget {
 public:
-    /// Replaces the area's own bars; sideways there is none. Lives as long as the area.
+    /// Replaces the area's own scroll bars, including the horizontal one. Lives as long as the area.
     static FloatingScrollBar& attach(QAbstractScrollArea& area);
 
 protected:
@@ -26,7 +26,7 @@ protected:
 private:
     explicit FloatingScrollBar(QAbstractScrollArea& area);
 
-    /// How far the handle can go, in pixels, and how far the area can scroll.
+    /// The handle's length and how far it can move, in pixels, and how far the area can scroll.
     struct Travel {
         int length;
         int room;

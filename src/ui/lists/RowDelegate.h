@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-/// One row while it is painted.
+/// A row to be painted.
 struct PaintedRow {
     QRect area;
     QModelIndex index;
@@ -14,10 +14,10 @@ struct PaintedRow {
     bool showsFocusRing;
 };
 
-/// Paints the rows of a list, tells their parts apart, and explains as tooltip what the pointer rests on.
+/// Paints the rows of a list, hit-tests their parts and provides their tooltips.
 class RowDelegate : public QStyledItemDelegate {
 public:
-    /// The part at a point of the row that covers `area`; all of it is one unless told.
+    /// The part at a point of the row that covers `area`; by default the row is a single part.
     [[nodiscard]] virtual RowPart partAt(const QRect& area, const QPoint& point,
                                          const QModelIndex& index) const;
 
@@ -27,16 +27,16 @@ public:
                    const QModelIndex& index) final;
 
 protected:
-    /// Becomes the list's child.
+    /// The list becomes its parent.
     explicit RowDelegate(RowList& list);
 
     [[nodiscard]] RowList& list() const { return m_list; }
 
-    /// Gives the painter back as it likes: it is restored.
+    /// Need not restore the painter: the caller does.
     virtual void paintRow(QPainter& painter, const PaintedRow& row) const = 0;
-    /// The width counts where rows stand side by side.
+    /// The width matters only where rows are side by side.
     [[nodiscard]] virtual QSize sizeOf(const QModelIndex& index) const = 0;
-    /// What was shortened there, in full; empty where nothing needs to be said.
+    /// The full text of what is shortened at that point; empty for no tooltip.
     [[nodiscard]] virtual QString tooltipAt(const QRect& area, const QPoint& point,
                                             const QModelIndex& index) const;
 

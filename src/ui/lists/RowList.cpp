@@ -34,7 +34,7 @@ void RowList::focusInEvent(QFocusEvent* event) {
     m_isFocusFromKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                             (m_isFocusFromKeyboard && reason == Qt::ActiveWindowFocusReason);
     QListView::focusInEvent(event);
-    // Something must be current for the arrows to start from and for the ring to show.
+    // The arrow keys and the focus ring need a current row.
     if (m_isFocusFromKeyboard && !currentIndex().isValid() && model() && model()->rowCount() > 0)
         setCurrentIndex(model()->index(0, 0));
     viewport()->update();
@@ -98,7 +98,7 @@ void RowList::released(const QPoint& position) {
     const bool isSame = spot == std::exchange(m_pressed, {});
     if (isSame && spot.part != RowPart::none)
         m_handlePress(spot.row, spot.part);
-    // Another row may be there now.
+    // A different row may be under the pointer now.
     if (m_hovered.part != RowPart::none)
         setHovered(spotAt(position));
     viewport()->update();

@@ -10,29 +10,30 @@ class RowDelegate;
 /// What can be pressed in a row.
 enum class RowPart { none, row, trash };
 
-/// A long list with a model and a delegate that paints the rows. It has no ground and no frame, and scrolls
-/// by pixels under a floating bar.
+/// A long list with a model and a delegate that paints the rows. It has no background and no frame, and
+/// scrolls by pixels with a floating scroll bar.
 class RowList final : public QListView {
 public:
-    /// `alike`: every row is as high as the first, so that 25,000 cost what the visible ones cost.
+    /// `alike`: every row is as high as the first, so that only visible rows cost time, even with 25,000 of
+    /// them.
     enum class RowHeights { alike, different };
 
     explicit RowList(RowHeights heights = RowHeights::alike, QWidget* parent = nullptr);
 
-    /// The rows and who paints them; both must outlive the list or be its children.
+    /// The rows and the delegate that paints them; both must outlive the list or be its children.
     void setRows(QAbstractItemModel& model, RowDelegate& delegate);
 
-    /// Gets the keys before the list does, with the current row, and gives back whether it used the key.
+    /// Receives keys before the list does, with the current row; returns whether it handled the key.
     void onKey(std::function<bool(const QModelIndex& current, int key)> handle) {
         m_handleKey = std::move(handle);
     }
 
-    /// Runs when a part of a row, as the delegate tells them apart, was pressed and released.
+    /// Runs when a part of a row, as hit-tested by the delegate, was pressed and released.
     void onPressed(std::function<void(const QModelIndex& row, RowPart part)> pressed) {
         m_handlePress = std::move(pressed);
     }
 
-    /// Where the pointer is, in lists whose rows can be pressed.
+    /// Whether the pointer is on that part; only in lists whose rows can be pressed.
     [[nodiscard]] bool isHovered(const QModelIndex& row, RowPart part) const {
         return m_hovered.row == row && m_hovered.part == part;
     }
@@ -41,10 +42,11 @@ public:
         return m_pressed.row == row && m_pressed.part == part;
     }
 
-    /// The pointer is on something that lies on the rows.
+    /// Call when the pointer moves onto a widget that covers the rows.
     void forgetPointer() { setHovered({}); }
 
-    /// The focus is here and came from the keyboard: the delegate paints the ring around the current row.
+    /// Whether the list has the focus and got it from the keyboard: the delegate then paints the ring around
+    /// the current row.
     [[nodiscard]] bool showsFocusRing() const { return m_isFocusFromKeyboard && hasFocus(); }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }

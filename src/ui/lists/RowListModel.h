@@ -8,9 +8,8 @@
 
 namespace brisklog {
 
-/// A list model that keeps its rows. Given new ones it tells the view what came and what went, so that what
-/// stayed keeps its place under the eyes of the reader. `identity()` of a row says what it is about, whatever
-/// its contents.
+/// A list model that stores its rows. When given new rows, it tells the view which were inserted or removed,
+/// so that the scroll position is kept. A row's `identity()` says what it stands for, whatever its contents.
 template <class Row>
 class RowListModel : public QAbstractListModel {
 public:
@@ -31,7 +30,7 @@ protected:
             endResetModel();
             return;
         }
-        // What stayed may have become higher or lower.
+        // The height of remaining rows may have changed.
         Q_EMIT layoutAboutToBeChanged();
         if (difference.come > 0)
             beginInsertRows({}, difference.first, difference.first + difference.come - 1);
@@ -46,7 +45,7 @@ protected:
     }
 
 private:
-    /// Between the rows that both lists begin with and those that both end with.
+    /// The rows removed and inserted between the common beginning and the common end of both lists.
     struct Difference {
         int first;
         int gone;

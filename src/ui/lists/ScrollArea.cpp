@@ -9,9 +9,9 @@ namespace brisklog {
 namespace {
 
 constexpr int step = 24;
-/// What has the focus keeps that distance from the edge.
+/// The focused widget keeps that distance from the edge.
 constexpr int focusMargin = 12;
-/// What is left around the part that has the focus, so that its ring is seen too.
+/// The room left around the focused widget, so that its ring is visible too.
 constexpr int roomForFocus = 12;
 
 } // namespace
@@ -23,7 +23,7 @@ ScrollArea::ScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
     viewport()->setAutoFillBackground(false);
     verticalScrollBar()->setSingleStep(step);
     FloatingScrollBar::attach(*this);
-    // The toolkit does so for the tab key alone; a screen reader sets the focus directly.
+    // The toolkit does so only for the Tab key, but screen readers set the focus directly.
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
         if (now != nullptr && widget() != nullptr && widget()->isAncestorOf(now))
             bringIntoView(*now);
@@ -34,11 +34,11 @@ ScrollArea::ScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
 
 void ScrollArea::setContent(QWidget* content) {
     setWidget(content);
-    // The toolkit has just made it paint a ground of its own.
+    // `setWidget` has just turned this on.
     content->setAutoFillBackground(false);
 }
 
-/// The toolkit is content when a field's cursor is in view.
+/// The toolkit stops scrolling once a field's cursor is visible.
 bool ScrollArea::focusNextPrevChild(bool next) {
     if (!QScrollArea::focusNextPrevChild(next))
         return false;
@@ -50,7 +50,7 @@ bool ScrollArea::focusNextPrevChild(bool next) {
     return true;
 }
 
-/// The whole of it: the toolkit's own way stops once a field's cursor is seen.
+/// Shows all of it: the toolkit stops scrolling once a field's cursor is visible.
 void ScrollArea::bringIntoView(const QWidget& part) {
     const QRect place(part.mapTo(widget(), QPoint(0, 0)), part.size());
     if (place.height() + 2 * focusMargin <= viewport()->height())

@@ -4,13 +4,13 @@
 
 namespace brisklog {
 
-/// Shows a widget as wide as itself and scrolls it downwards where it is higher. Keeps what has the focus in
-/// view. It has no ground and no frame.
+/// Shows a widget at its own width and scrolls it vertically where it is higher. Keeps the focused widget in
+/// view. It has no background and no frame.
 class ScrollArea final : public QScrollArea {
 public:
     explicit ScrollArea(QWidget* content = nullptr, QWidget* parent = nullptr);
 
-    /// Instead of `setWidget`, which would give the content a ground.
+    /// Use instead of `setWidget`, which would give the content a background.
     void setContent(QWidget* content);
 
     [[nodiscard]] QSize sizeHint() const override;

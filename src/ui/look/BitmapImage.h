@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-/// The picture as the toolkit paints it; a null image for an empty one.
+/// The picture as a toolkit image; a null image for an empty picture.
 [[nodiscard]] QImage imageOf(const Bitmap& picture, qreal devicePixelRatio = 1);
 
 } // namespace brisklog

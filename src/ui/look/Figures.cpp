@@ -17,7 +17,7 @@ qreal widestDigit(const QFontMetricsF& metrics) {
     return widest;
 }
 
-/// Calls `each(text, width)` for every digit, and for every run of other characters as a whole.
+/// Calls `each(text, width)` for every digit and for every run of other characters.
 template <class Each>
 void forEachCell(const QString& text, const QFontMetricsF& metrics, Each each) {
     const qreal cell = widestDigit(metrics);

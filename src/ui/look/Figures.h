@@ -4,14 +4,15 @@
 
 namespace brisklog {
 
-/// How wide the text is when every digit has a cell as wide as the widest digit.
+/// The width of the text when every digit takes a cell as wide as the widest digit.
 [[nodiscard]] int figureWidth(const QString& text, FontRole font);
 
-/// Paints one line with its digits in equal cells, so that columns align and running figures stand still.
+/// Paints one line with its digits in cells of equal width, so that columns align and changing numbers do not
+/// jitter.
 void paintFigures(QPainter& painter, const QRect& area, const QString& text, FontRole font,
                   const QColor& color, Qt::Alignment alignment);
 
-/// A duration or an amount. Its text is readable for screen readers like that of any label.
+/// A duration or an amount. Screen readers can read its text like that of any label.
 class FigureLabel final : public RoleLabel {
 public:
     explicit FigureLabel(const QString& text = {}, FontRole font = FontRole::title17,

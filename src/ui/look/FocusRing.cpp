@@ -13,7 +13,7 @@ namespace {
 
 constexpr int room = 3;
 
-/// The ring's own surface, which lets the pointer through.
+/// The widget that paints the ring; transparent to the pointer.
 class Overlay final : public QWidget {
 public:
     Overlay(QWidget& parent, int radius) : QWidget(&parent), m_radius(radius) {
@@ -36,7 +36,7 @@ bool isViewport(const QWidget* widget) {
     return area && area->viewport() == widget;
 }
 
-/// What the ring may cover: everything that scrolls together with the widget, else the whole window.
+/// The widget the ring is painted over: the content that scrolls with the widget, else the window.
 QWidget& surroundingsOf(QWidget& widget) {
     QWidget* surroundings = widget.parentWidget();
     while (!surroundings->isWindow() && !isViewport(surroundings->parentWidget()))
@@ -106,7 +106,7 @@ void FocusRing::show() {
 void FocusRing::hide() {
     if (!m_overlay)
         return;
-    // Not destroyed at once: the toolkit may be going through the children of its parent.
+    // Not destroyed at once: the toolkit may be iterating over the children of its parent.
     m_overlay->hide();
     m_overlay->deleteLater();
     m_overlay = nullptr;

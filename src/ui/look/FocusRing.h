@@ -12,12 +12,11 @@ namespace brisklog {
 
 struct Palette;
 
-/// The ring around something of that shape: 2 pixels in blue, 1 pixel away. It needs 3 pixels of room.
+/// Paints the ring around that shape: 2 pixels wide, blue, 1 pixel away. It needs 3 pixels of room.
 void paintFocusRing(QPainter& painter, const QRectF& around, qreal radius, const Palette& palette);
 
-/// Shows the focus ring around a widget while it has the keyboard focus and got it from the keyboard. The
-/// ring lies outside the widget, over its surroundings, and is cut off only by the scroll area or window it
-/// is in.
+/// Shows the focus ring around a widget while it has the focus and got it from the keyboard. The ring is
+/// outside the widget, over its surroundings, and is clipped only by the scroll area or window it is in.
 class FocusRing final : public QObject {
 public:
     /// Lives as long as the widget.
@@ -25,7 +24,7 @@ public:
 
     ~FocusRing() override;
 
-    /// Counts the focus the widget has or gets next as one from the keyboard.
+    /// Treats the focus the widget has or gets next as coming from the keyboard.
     void countAsKeyboard() { m_isKeyboard = true; }
 
     [[nodiscard]] bool isShown() const { return !m_overlay.isNull(); }

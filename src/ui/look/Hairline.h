@@ -4,7 +4,7 @@
 
 namespace brisklog {
 
-/// A line of one pixel, across or down.
+/// A line of one pixel, horizontal or vertical.
 class Hairline final : public QWidget {
 public:
     /// `separating`: secondary at 0.2, between parts of a screen; `card`: the line colour, inside cards.

@@ -8,7 +8,7 @@ namespace brisklog {
 
 [[nodiscard]] inline bool isReturn(const QKeyEvent& event) { return isReturn(event.key()); }
 
-/// Belongs to the sheet's main action: fields leave it alone.
+/// Reserved for the sheet's main action: fields ignore it.
 [[nodiscard]] inline bool isControlReturn(const QKeyEvent& event) {
     return isReturn(event) && event.modifiers().testFlag(Qt::ControlModifier);
 }

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int longTooltip = 80;
 
-/// The lines the text breaks into at that width; they start at the left edge, one line height apart.
+/// The lines of the text wrapped at that width; they are left-aligned, one line height apart.
 std::unique_ptr<QTextLayout> brokenIntoLines(QString text, FontRole font, int width) {
     text.replace(u'\n', QChar::LineSeparator);
     auto layout = std::make_unique<QTextLayout>(text, fontFor(font));
@@ -77,7 +77,7 @@ QColor RoleLabel::color() const {
 
 Label::Label(const QString& text, FontRole font, ColorRole color, Lines lines, QWidget* parent)
     : RoleLabel(text, font, color, parent), m_lines(lines) {
-    // Wrapped text needs more lines than its size hint has where it is narrower.
+    // A wrapped label narrower than its size hint needs more lines than that has.
     QSizePolicy policy = lines == Lines::one ? QSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed)
                                              : QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(lines == Lines::wrapped);

@@ -7,10 +7,10 @@
 
 namespace brisklog {
 
-/// What our labels have in common: a text in one of our fonts and colours, always plain.
+/// The base of our labels: plain text in one of our fonts and colours.
 class RoleLabel : public QLabel {
 public:
-    /// Does nothing when the text is the same.
+    /// Does nothing when the text is unchanged.
     void setValue(const QString& text);
     void setColor(ColorRole color);
 
@@ -19,7 +19,7 @@ protected:
 
     [[nodiscard]] FontRole fontRole() const { return m_font; }
 
-    /// To paint with: paler while the label is disabled.
+    /// The colour to paint with: paler while the label is disabled.
     [[nodiscard]] QColor color() const;
 
 private:
@@ -27,7 +27,7 @@ private:
     ColorRole m_color;
 };
 
-/// A text on one line or several, which keep the role's line height.
+/// A text on one or several lines, with the role's line height.
 class Label final : public RoleLabel {
 public:
     enum class Lines { one, wrapped };
@@ -49,7 +49,7 @@ private:
     Lines m_lines;
 };
 
-/// One line that shortens itself where there is no room; the full text is its tooltip then, and only then.
+/// One line, elided where there is not enough room; only then the full text is its tooltip.
 class ElidedLabel final : public RoleLabel {
 public:
     explicit ElidedLabel(const QString& text = {}, FontRole font = FontRole::body13,
@@ -69,16 +69,16 @@ private:
     Qt::TextElideMode m_mode;
 };
 
-/// How high the text is when it breaks into lines of that width.
+/// The height of the text wrapped at that width.
 [[nodiscard]] int wrappedHeight(const QString& text, FontRole font, int width);
-/// Paints the text broken into lines, from the area's top on; for delegates.
+/// Paints the text wrapped, from the top of the area; for delegates.
 void paintWrapped(QPainter& painter, const QRect& area, const QString& text, FontRole font,
                   const QColor& color);
 
-/// The text where it does not fit into that width, else nothing; for tooltips.
+/// The text if it does not fit into that width, else nothing; for tooltips.
 [[nodiscard]] QString textIfElided(const QString& text, FontRole font, int width);
 
-/// The text as a tooltip that shows it letter by letter (never as markup) and wraps when it is long.
+/// The text as a tooltip that shows it literally (never as markup) and wraps when it is long.
 [[nodiscard]] QString plainTooltip(const QString& text);
 
 } // namespace brisklog

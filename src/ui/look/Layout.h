@@ -11,7 +11,7 @@ class QWidget;
 
 namespace brisklog {
 
-/// One thing in a `Column` or `Row`: a widget, a nested column or row, a space, a stretch.
+/// An item of a `Column` or `Row`: a widget, a nested column or row, a space or a stretch.
 class LayoutItem {
 public:
     using Adder = std::function<void(QBoxLayout&)>;
@@ -29,9 +29,9 @@ private:
     Adder m_add;
 };
 
-/// A layout as a value, so that a screen reads like what it looks like:
+/// A layout as a value, so that the code mirrors the screen:
 /// `Column{header, space(12), Row{field, startButton}.spacing(8)}.margins(8).applyTo(*this)`.
-/// Without `spacing` and `margins` nothing lies between and around the items.
+/// Without `spacing` and `margins` there is no space between and around the items.
 class LayoutBox {
 public:
     LayoutBox& spacing(int pixels);
@@ -42,7 +42,7 @@ public:
     /// Appends an item, for lists that are only known at run time.
     LayoutBox& add(LayoutItem item);
 
-    /// Replaces the widget's layout. Items of the replaced layout that do not come again stay children.
+    /// Replaces the widget's layout. Items that are not in the new layout stay children of the widget.
     void applyTo(QWidget& widget) const;
 
     operator LayoutItem() const;
@@ -74,19 +74,19 @@ public:
     Row(std::initializer_list<LayoutItem> items) : LayoutBox(Direction::across, items) {}
 };
 
-/// A widget of its own for the box: what is shown, hidden or sized as one.
+/// Wraps the box in a widget, to show, hide or size it as one.
 [[nodiscard]] QWidget* asWidget(const LayoutBox& box);
-/// The same, of a fixed height.
+/// The same, with a fixed height.
 [[nodiscard]] QWidget* asBar(const LayoutBox& box, int height);
 
-/// Takes a share of the room that is left over.
+/// Empty space that takes a share of the remaining room.
 [[nodiscard]] LayoutItem stretch(int share = 1);
 /// A fixed gap.
 [[nodiscard]] LayoutItem space(int pixels);
-/// The item itself takes the room that is left over.
+/// The item itself takes a share of the remaining room.
 [[nodiscard]] LayoutItem expanding(QWidget* widget, int share = 1);
 [[nodiscard]] LayoutItem expanding(const LayoutBox& box, int share = 1);
-/// The widget keeps its size hint and lies there in its cell.
+/// The widget keeps its size hint and is aligned in its cell.
 [[nodiscard]] LayoutItem aligned(QWidget* widget, Qt::Alignment alignment);
 
 } // namespace brisklog

@@ -20,7 +20,7 @@ namespace {
 constexpr int tooltipDelay = 600;
 constexpr int tooltipRadius = 4;
 
-/// What is left of the toolkit's style: tooltips, and the habits it asks its style for.
+/// What we still change in the toolkit's style: tooltips and style hints.
 class ComponentStyle final : public QProxyStyle {
 public:
     explicit ComponentStyle(Motion motion) : QProxyStyle(u"fusion"_s), m_motion(motion) {}
@@ -29,7 +29,7 @@ public:
         QProxyStyle::polish(widget);
         if (isTooltip(widget)) {
             widget->setAttribute(Qt::WA_TranslucentBackground);
-            // On top of the same padding on all sides: 4 above and below, 8 at the sides.
+            // Adds to the equal padding on all sides: 4 above and below, 8 at the sides.
             widget->setContentsMargins(3, 0, 3, 0);
         }
     }
@@ -77,8 +77,8 @@ private:
 
 bool isPopup(const QWidget& widget) { return widget.windowType() == Qt::Popup; }
 
-/// Windows that also list the menus and calendars open over them. The toolkit leaves out popups, so that a
-/// screen reader could follow the focus into a menu, but not look around in it.
+/// A window that also lists the menus and calendars open over it as children. The toolkit omits popups: a
+/// screen reader could follow the focus into a menu, but not navigate it.
 class WindowAccessible final : public QAccessibleWidget {
 public:
     using QAccessibleWidget::QAccessibleWidget;

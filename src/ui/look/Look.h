@@ -8,22 +8,22 @@ class QVariantAnimation;
 
 namespace brisklog {
 
-/// Whether things may move to explain a change.
+/// Whether changes may be animated.
 enum class Motion { full, reduced };
 
-/// What the environment says about motion; reads variables only, asks nobody.
+/// The motion setting from environment variables alone, without asking the desktop.
 [[nodiscard]] Motion motionFromEnvironment();
 
-/// Gives the application our fonts, tooltips (after 600 ms) and focus habits. Called once, before the first
-/// widget; `applyColorScheme` then chooses the colours.
+/// Installs our style, fonts, tooltips (after 600 ms) and window accessibility. Call once, before creating
+/// widgets; `applyColorScheme` then sets the colours.
 void installLook(QApplication& application, Motion motion);
 
-/// Whether an animation may run; without the look installed none does.
+/// Whether animations may run; false unless the look is installed.
 [[nodiscard]] bool motionAllowed();
 
-/// Moves from one value to the other, slower and slower, calls `each` on the way and `ended` at the end. The
-/// animation belongs to the owner and destroys itself; where nothing may move, all is done at once and there
-/// is none.
+/// Animates from one value to the other, decelerating; calls `each` with every value and `ended` at the end.
+/// The animation is a child of the owner and destroys itself. With reduced motion it jumps to the end at once
+/// and returns null.
 QVariantAnimation* glide(QObject& owner, double from, double to, int milliseconds,
                          std::function<void(double)> each, std::function<void()> ended = {});
 

@@ -12,7 +12,7 @@ namespace {
 constexpr qreal cardRadius = 10;
 constexpr qreal fieldRadius = 6;
 
-/// Gives the painter back as it was.
+/// Restores the painter's state at the end of the scope.
 class Saved {
 public:
     explicit Saved(QPainter& painter) : m_painter(painter) { m_painter.save(); }

@@ -14,15 +14,15 @@ namespace brisklog {
 /// Fills a rounded rectangle, antialiased.
 void fillRounded(QPainter& painter, const QRectF& area, qreal radius, const QColor& color);
 
-/// A frame of one pixel inside the area's edge.
+/// A frame inside the area's edge, by default of one pixel.
 void frameRounded(QPainter& painter, const QRectF& area, qreal radius, const QColor& color, qreal width = 1);
 
-/// The lowest pixel row of a card, which the eye takes for ground.
+/// The bottom pixel row of a card, which looks like background.
 inline constexpr int cardShadow = 1;
 
-/// Ground, line and shadow line of a card that covers `area`, shadow included.
+/// Paints a card's background, border and shadow line within `area`.
 void paintCard(QPainter& painter, const QRect& area, const Palette& palette);
-/// The card while the pointer is over it, where it can be pressed as a whole.
+/// The card while the pointer is over it, if it can be pressed as a whole.
 void paintHoveredCard(QPainter& painter, const QRect& area, const Palette& palette);
 
 struct FieldLook {
@@ -31,16 +31,17 @@ struct FieldLook {
     bool isEnabled = true;
 };
 
-/// The quiet box with the darker bottom line that every input stands in.
+/// The box with the darker bottom line around every input.
 void paintField(QPainter& painter, const QRect& area, const FieldLook& look, const Palette& palette);
 
-/// The rounded bar of 3 pixels that marks running time; `area` is its own rectangle.
+/// The rounded bar of 3 pixels that marks running time; `area` is the bar's rectangle.
 void paintTimeEdge(QPainter& painter, const QRect& area, const QColor& color);
 
-/// The text with line breaks, tabs and other control characters turned into blanks.
+/// The text with line breaks, tabs and other control characters replaced by spaces.
 [[nodiscard]] QString onOneLine(QString text);
 
-/// One line, vertically in the middle of the area, shortened where it does not fit. Returns whether it was.
+/// Paints one line, by default vertically centred and elided where it does not fit. Returns whether it was
+/// elided.
 bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRole font, const QColor& color,
                Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter,
                Qt::TextElideMode mode = Qt::ElideRight);
@@ -48,11 +49,11 @@ bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRo
 /// The width of one line, rounded up.
 [[nodiscard]] int textWidth(const QString& text, FontRole font);
 
-/// The shape of a small window with round corners (menu, tooltip). Where nothing composes the screen, what is
-/// translucent outside it would be black.
+/// The mask of a small window with rounded corners (menu, tooltip). Without a compositor, translucent pixels
+/// outside it would be black.
 [[nodiscard]] QRegion roundedShape(const QRect& area, int radius);
 
-/// A frame of one pixel in secondary inside the edge of a window without a window manager's frame.
+/// A frame of one pixel in the secondary colour, inside the edge of a frameless window.
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette);
 
 } // namespace brisklog

@@ -9,7 +9,7 @@
 namespace brisklog {
 namespace {
 
-/// One for the whole program, like the toolkit's own palette.
+/// Global to the program, like the toolkit's own palette.
 ColorScheme currentScheme = ColorScheme::light;
 
 Palette lightPalette() {
@@ -137,7 +137,7 @@ void applyColorScheme(ColorScheme scheme) {
     const QPalette palette = toolkitPalette(Palette::current());
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
-    // The toolkit would tell the widgets only in the next turn of the event loop.
+    // The toolkit would notify the widgets only in the next turn of the event loop.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
 }
 

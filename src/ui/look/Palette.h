@@ -10,7 +10,7 @@ class QWidget;
 namespace brisklog {
 
 /// The colours by role, one set for each scheme. A hue has a text tone (text and symbols) and a fill tone
-/// (areas, tints, bars); white text stands on blue and red fill only.
+/// (areas, tints, bars); white text is used only on blue and red fills.
 struct Palette {
     ColorScheme scheme;
 
@@ -21,7 +21,7 @@ struct Palette {
     QColor secondary;
     /// Hovered and selected things.
     QColor control;
-    /// Only under the white text of a hovered deleting NavigationButton.
+    /// Only behind the white text of a hovered destructive NavigationButton.
     QColor controlUnderWhiteText;
     /// Card borders and hairlines.
     QColor line;
@@ -43,33 +43,33 @@ struct Palette {
     QColor white;
 
     [[nodiscard]] static const Palette& of(ColorScheme scheme);
-    /// Of text and symbols while they are disabled.
+    /// The colour of disabled text and symbols.
     [[nodiscard]] QColor disabled() const;
 
-    /// The set to paint with: that of the scheme applied last, the light one before.
+    /// The palette to paint with: that of the scheme applied last, initially the light one.
     [[nodiscard]] static const Palette& current();
 };
 
 /// Names a colour independently of the scheme: `&Palette::secondary`.
 using ColorRole = QColor Palette::*;
 
-/// The colour, that much of it: 0 is clear, 1 leaves it as it is.
+/// The colour with its opacity scaled: 0 is transparent, 1 leaves it unchanged.
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
 
-/// What the eye sees where a translucent colour lies on an opaque one.
+/// The result of blending a translucent colour over an opaque one.
 [[nodiscard]] QColor laidOver(const QColor& color, const QColor& ground);
 
-/// The ratio of luminances between two opaque colours, from 1 to 21.
+/// The contrast ratio of two opaque colours, from 1 to 21.
 [[nodiscard]] double contrast(const QColor& first, const QColor& second);
 
-/// The scheme in the toolkit's own roles, for the parts of widgets the toolkit paints.
+/// The palette in the toolkit's own roles, for the parts of widgets that the toolkit paints.
 [[nodiscard]] QPalette toolkitPalette(const Palette& palette);
 
-/// Keeps the toolkit from painting a ground of its own behind the widget's content.
+/// Keeps the toolkit from painting a background behind the widget's content.
 void clearGround(QWidget& widget);
 
-/// Makes this scheme the current one and repaints everything that is open (windows, sheets, menus, tooltips),
-/// at once.
+/// Makes this scheme the current one and immediately repaints everything that is open (windows, sheets,
+/// menus, tooltips).
 void applyColorScheme(ColorScheme scheme);
 
 } // namespace brisklog

@@ -40,8 +40,7 @@ QPixmap symbolPixmap(const QString& name, int size, const QColor& color, qreal d
 }
 
 void paintSymbol(QPainter& painter, const QRect& area, const QString& name, int size, const QColor& color) {
-    // The scale the painter really has: also right where a widget is rendered into a picture of another
-    // ratio.
+    // The painter's actual scale, also when a widget is rendered into a picture with a different ratio.
     const QTransform toDevice = painter.deviceTransform();
     const QPoint corner(area.x() + (area.width() - size) / 2, area.y() + (area.height() - size) / 2);
     const QPointF whole = toDevice.map(QPointF(corner)).toPoint();

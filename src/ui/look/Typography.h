@@ -4,7 +4,7 @@ class QFont;
 
 namespace brisklog {
 
-/// What a text is for decides its size (in pixels, the number in the name) and weight.
+/// The role of a text determines its size (in pixels, the number in the name) and weight.
 enum class FontRole {
     figure22,
     figure22Bold,
@@ -25,7 +25,7 @@ enum class FontRole {
 
 [[nodiscard]] const QFont& fontFor(FontRole role);
 
-/// The distance from one line's top to the next one's.
+/// The distance between the tops of successive lines.
 [[nodiscard]] int lineHeight(FontRole role);
 
 } // namespace brisklog

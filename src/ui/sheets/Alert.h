@@ -13,12 +13,12 @@ class SheetWindow;
 struct AlertContent {
     QString title;
     QString message;
-    /// Of the red button that goes on.
+    /// The caption of the red button that confirms.
     QString actionCaption = QStringLiteral("Löschen");
 };
 
-/// Asks; `confirmed` runs when the action was pressed, after the alert has closed. The focus is on
-/// "Abbrechen".
+/// Asks the question; `confirmed` runs if the action was pressed, after the alert has closed. The focus
+/// starts on "Abbrechen".
 SheetWindow& presentAlert(QWidget& from, const AlertContent& content, std::function<void()> confirmed);
 
 } // namespace brisklog

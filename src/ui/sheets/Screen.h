@@ -7,20 +7,21 @@
 
 namespace brisklog {
 
-/// A widget that shows state. It watches what it is told to and reads it anew in `refresh`: at most once per
-/// turn of the event loop however many announcements came, never while hidden, and right before it is shown.
+/// A widget that shows state. It observes objects and rereads the state in `refresh`: at most once per turn
+/// of the event loop, however many announcements there were; never while hidden, but right before it is
+/// shown.
 class Screen : public QWidget {
 public:
     explicit Screen(QWidget* parent = nullptr) : QWidget(parent) {}
 
 protected:
-    /// Every announcement of the object leads to a refresh.
+    /// Refreshes after every announcement of the object.
     void observe(ObservableObject& object);
 
-    /// Reads the state and sets the widgets. Idempotent; must not change the state it reads.
+    /// Reads the state and updates the widgets. Idempotent; must not change the state it reads.
     virtual void refresh() = 0;
 
-    /// As if something observed had changed; for view state of the screen's own.
+    /// Refreshes as if something observed had changed; for the screen's own view state.
     void refreshSoon();
 
     void showEvent(QShowEvent* event) override;

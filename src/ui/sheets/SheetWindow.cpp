@@ -49,7 +49,7 @@ bool isField(const QWidget* widget) {
            qobject_cast<const QComboBox*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget);
 }
 
-/// What Tab reaches inside the widget, in the order in which it was laid out.
+/// The tab stops inside the widget, in their current order.
 std::vector<QWidget*> tabStopsIn(QWidget& root, QWidget& part) {
     std::vector<QWidget*> stops;
     for (QWidget* widget = root.nextInFocusChain(); widget != &root; widget = widget->nextInFocusChain())
@@ -148,8 +148,8 @@ void SheetWindow::showEvent(QShowEvent* event) {
 
 void SheetWindow::setVisible(bool isVisible) {
     QDialog::setVisible(isVisible);
-    // Only now: the dialog tells whatever has the focus while it is shown that it came with Tab, which would
-    // select a field's text and show a ring.
+    // Only after showing: the dialog treats a focus set earlier as coming from Tab, which would select a
+    // field's text and show a ring.
     if (isVisible && !focusWidget())
         focusFirstField();
 }
@@ -178,7 +178,7 @@ void SheetWindow::focusFirstField() {
 }
 
 void SheetWindow::arrive() {
-    // Only X servers let a program move its windows and fade them in.
+    // Only under X can a program move its windows and fade them in.
     if (!motionAllowed() || QGuiApplication::platformName() != "xcb"_L1)
         return;
     const QPoint place = pos();
@@ -195,8 +195,7 @@ void SheetWindow::done(int result) {
 }
 
 void SheetWindow::end() {
-    // The presenter comes first: what `onClosed` opens next must lie above the window that got the focus
-    // back.
+    // `m_ended` first: a window that `onClosed` opens must end up above the one that regains the focus.
     const auto kept = std::exchange(m_kept, nullptr);
     if (const auto ended = std::exchange(m_ended, nullptr))
         ended();

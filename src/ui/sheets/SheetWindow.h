@@ -14,48 +14,50 @@ namespace brisklog {
 class Button;
 class ElidedLabel;
 
-/// A window over the popover: a header with the title, a body, a footer with the actions. Escape closes it,
-/// Return presses the main action. Its title is its window title and accessible name. The focus starts in the
-/// body's first field.
+/// A window over the popover, with the title in a header, a body, and the actions in a footer. Escape closes
+/// it, Return presses the main action. The title is also its window title and accessible name. The focus
+/// starts in the body's first field.
 class SheetWindow : public QDialog {
 public:
-    /// `full`: header of 52 and, once something is put there, footer of 56, each with a line; `bare`: only
-    /// the body.
+    /// `full`: a header of 52 and, once something is added to it, a footer of 56, each with a line; `bare`:
+    /// only the body.
     enum class Chrome { full, bare };
-    /// `scrolling`: the body scrolls downwards while header and footer stay; `fixed`: it fills the room.
+    /// `scrolling`: the body scrolls vertically between header and footer; `fixed`: it fills the room.
     enum class Body { scrolling, fixed };
 
     SheetWindow(const QString& title, const QSize& size, Chrome chrome = Chrome::full);
 
     void setTitle(const QString& title);
-    /// Brings its own margins: 20, in lists 16.
+    /// The body has its own margins: 20, in lists 16.
     void setBody(QWidget* body, Body kind = Body::scrolling);
-    /// Between the title and the close button, in the order of the calls.
+    /// Adds it between the title and the close button, in the order of the calls.
     void addHeaderWidget(QWidget* widget);
-    /// A symbol button at the header's right end that closes the sheet.
+    /// Adds a symbol button at the header's right end that closes the sheet.
     void addCloseButton(const QString& tooltip, const QString& symbol = QStringLiteral("xmark.circle"));
-    /// At the footer's left end.
+    /// Adds it at the footer's left end.
     void addFooterLeading(QWidget* widget);
-    /// At the footer's right end, each to the right of the one before.
+    /// Adds it at the footer's right end, to the right of those added before.
     void addFooterTrailing(QWidget* widget);
 
-    /// Return and Control-Return press it from anywhere in the sheet, unless a field uses Return itself.
+    /// Return and Control-Return press it from anywhere in the sheet, unless the focused field uses Return
+    /// itself.
     void setMainAction(Button& button) { m_mainAction = &button; }
 
-    /// Closes the sheet; it is destroyed once the event loop turns.
+    /// Closes the sheet; it is destroyed in the next turn of the event loop.
     void dismiss() {
-        // Not by a close event: inside one the window is destroyed only after the one beneath was given the
-        // keyboard, and window managers then give it to nobody.
+        // Not with a close event: within one, the window would be destroyed only after the one below it has
+        // been activated, and window managers would then focus neither.
         reject();
     }
 
-    /// Runs once when the sheet has closed, however that came about; all that were given, in their order.
+    /// Runs once when the sheet has closed, for whatever reason. Several callbacks run in the order they were
+    /// added.
     void onClosed(std::function<void()> closed) { m_closed.push_back(std::move(closed)); }
 
     /// Keeps something alive until the sheet has closed.
     void keep(std::shared_ptr<void> token) { m_kept = std::move(token); }
 
-    /// Runs before `onClosed`; for who presents the sheet.
+    /// Runs before the `onClosed` callbacks; reserved for the code that presents the sheet.
     void onEnded(std::function<void()> ended) { m_ended = std::move(ended); }
 
     void setVisible(bool isVisible) override;

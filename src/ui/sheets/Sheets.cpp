@@ -10,7 +10,7 @@
 namespace brisklog {
 namespace {
 
-/// Centred over the window, as large as the screen allows, inside it.
+/// Centred over the window, but inside the screen and no larger than it.
 QRect placeOver(const QWidget& window, const QSize& wanted) {
     const QRect available = window.screen()->availableGeometry();
     QRect place(QPoint(), wanted.boundedTo(available.size()));
@@ -20,7 +20,7 @@ QRect placeOver(const QWidget& window, const QSize& wanted) {
     return place;
 }
 
-/// The host itself, or the sheet this one was opened from.
+/// To the host itself, or to the sheet this one was opened from.
 void giveFocusBack(QWidget& window) {
     if (auto* host = dynamic_cast<SheetHost*>(&window)) {
         host->takeFocusBack();

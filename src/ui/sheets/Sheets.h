@@ -8,13 +8,12 @@ namespace brisklog {
 
 class SheetHost;
 
-/// The host above the widget, found over its window and that window's parents; none in tests of a single
-/// part.
+/// The host among the widget's ancestors, across parent windows; null in tests of a single part.
 [[nodiscard]] SheetHost* sheetHostOf(QWidget& widget);
 
-/// Opens the sheet centred over the window `from` is in, modal to it and inside the screen. While it is open
-/// the host is held; when it closes, the focus goes back and the sheet is destroyed. The sheet is returned so
-/// that its presenter can watch it (as a QPointer).
+/// Opens the sheet centred over the window that `from` is in, modal to it and inside the screen. While it is
+/// open, the host is held open; when it closes, the focus returns and the sheet is destroyed. The sheet is
+/// returned so that its presenter can track it (as a QPointer).
 SheetWindow& presentSheet(QWidget& from, std::unique_ptr<SheetWindow> sheet);
 
 } // namespace brisklog

@@ -9,7 +9,7 @@
 namespace brisklog {
 namespace {
 
-/// Repeats the place with the first paint and with the activation, after which it is no longer needed.
+/// Sets the position again at the first paint and at the activation, after which it is no longer needed.
 class PlaceKeeper final : public QObject {
 public:
     PlaceKeeper(QWidget& window, const QPoint& place) : QObject(&window), m_window(window), m_place(place) {

@@ -7,13 +7,13 @@ class QWidget;
 
 namespace brisklog {
 
-/// The corner of a window of that size in the middle of the screen. A window manager's frame comes on top, of
-/// a height that nobody knows before.
+/// The top left corner of a window of that size centred on the screen. Ignores the window manager's frame,
+/// whose height is not known in advance.
 [[nodiscard]] QPoint centredOn(const QScreen& screen, const QSize& window);
 
-/// Moves a window without a window manager's frame, before it is shown, and says so once more when it has
-/// appeared. Without that, some window managers leave the toolkit believing that a window which stays on top
-/// is at the screen's corner, and whatever is placed relative to it (menus, sheets) appears elsewhere.
+/// Moves a frameless window before it is shown, and again once it has appeared. Otherwise, with some window
+/// managers the toolkit believes that a window that stays on top is at the screen's corner, and misplaces
+/// whatever is positioned relative to it (menus, sheets).
 void placeWindow(QWidget& window, const QPoint& place);
 
 } // namespace brisklog
