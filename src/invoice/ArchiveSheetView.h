@@ -50,7 +50,7 @@ public:
     /// The invoices whose details are shown.
     Published<std::set<Uuid>> openInvoices{*this};
 
-    /// The calendar that groups and dates currently follow.
+    /// The current calendar, used for groups and dates.
     [[nodiscard]] Calendar calendar() const { return m_clock.calendar(); }
 
     [[nodiscard]] bool isEmpty() const { return m_timeStore.archivedInvoices->empty(); }

@@ -83,7 +83,7 @@ public:
     /// Euros, over the ticked rows; an entry's own rate overrides the project's.
     [[nodiscard]] double totalAmount() const;
     [[nodiscard]] InvoiceSummary summary() const;
-    /// Something is ticked and, unless there are no customers at all, a customer is chosen.
+    /// Whether something is ticked and, unless there are no customers at all, a customer is chosen.
     [[nodiscard]] bool canCreateInvoice() const;
 
     // Entries
