@@ -27,7 +27,7 @@ struct MenuContent {
     std::vector<MenuItem> items;
     /// 0: as wide as the anchor or the longest text up to 420, whichever is wider. Longer texts are elided.
     int width = 0;
-    /// More rows than these scroll.
+    /// More rows than this scroll.
     int maximumVisibleRows = 14;
     /// The row that is current at first; -1: the checked row, else the first.
     int currentRow = -1;

@@ -20,7 +20,7 @@ namespace {
 constexpr int tooltipDelay = 600;
 constexpr int tooltipRadius = 4;
 
-/// What we still change in the toolkit's style: tooltips and style hints.
+/// Our changes to the toolkit's style: tooltips and style hints.
 class ComponentStyle final : public QProxyStyle {
 public:
     explicit ComponentStyle(Motion motion) : QProxyStyle(u"fusion"_s), m_motion(motion) {}

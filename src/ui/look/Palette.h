@@ -19,7 +19,7 @@ struct Palette {
     QColor field;
     QColor text;
     QColor secondary;
-    /// Hovered and selected things.
+    /// For hovered and selected items.
     QColor control;
     /// Only behind the white text of a hovered destructive NavigationButton.
     QColor controlUnderWhiteText;
