@@ -5,7 +5,7 @@
 namespace brisklog {
 namespace {
 
-/// Beyond this many seconds (three million years) there are no days.
+/// Dates farther away than this many seconds (three million years) are on no calendar day.
 constexpr TimeInterval farthestMoment = 1e14;
 
 Date dateOf(const QDateTime& moment) {
@@ -20,7 +20,7 @@ Calendar::Calendar(const QTimeZone& zone, Qt::DayOfWeek firstWeekday)
 QDateTime Calendar::localTime(Date date) const {
     if (!(std::abs(date.secondsSinceReference) < farthestMoment))
         return {};
-    // Cut off, not rounded: the last half second of a day is still in it.
+    // Truncated, not rounded: the last half second of a day still belongs to it.
     return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(std::floor(date.secondsSince1970())), m_zone);
 }
 
@@ -35,7 +35,7 @@ Date Calendar::momentOf(QDate day, QTime time) const {
 
 Date Calendar::firstMomentOf(QDate day) const {
     const QDateTime start = day.startOfDay(m_zone);
-    // Where the clocks are put back to midnight it comes twice: the day begins with the first.
+    // Where the clocks are put back to midnight, it occurs twice: the day begins with the first.
     const QDateTime justBefore = start.addMSecs(-1);
     if (justBefore.date() == day)
         return dateOf(QDateTime(day, QTime(0, 0), Qt::UTC).addSecs(-justBefore.offsetFromUtc()));
@@ -43,7 +43,7 @@ Date Calendar::firstMomentOf(QDate day) const {
 }
 
 Date Calendar::addingDays(Date date, int days) const {
-    // Within an hour that the clocks show twice the time of day alone would not tell which.
+    // In an hour that the clocks repeat, the time of day alone would be ambiguous.
     return days == 0 ? date : moved(date, [days](QDate day) { return day.addDays(days); });
 }
 
@@ -53,7 +53,7 @@ Date Calendar::addingMonths(Date date, int months) const {
 
 Date Calendar::moved(Date date, const std::function<QDate(QDate)>& move) const {
     const QDateTime before = localTime(date);
-    // Not QDateTime::addDays: into an hour that the clocks skip it lands one hour too late.
+    // Not QDateTime::addDays, which lands one hour too late when the clocks skip the resulting time.
     return date.addingSeconds(momentOf(move(before.date()), before.time()).since(dateOf(before)));
 }
 

@@ -8,7 +8,7 @@
 
 namespace brisklog {
 
-/// A calendar day: from its first moment up to the next day's, which is not part of it.
+/// A calendar day: from its first moment up to, but not including, the next day's.
 struct Day {
     Date start;
     Date end;
@@ -18,7 +18,7 @@ struct Day {
     bool operator==(const Day&) const = default;
 };
 
-/// A month of a year, both counted from 1; both 0 where no calendar reaches.
+/// A month of a year, both counted from 1; both 0 beyond the range of the calendar.
 struct YearAndMonth {
     int year = 0;
     int month = 0;
@@ -26,39 +26,40 @@ struct YearAndMonth {
     bool operator==(const YearAndMonth&) const = default;
 };
 
-/// Time as people in one place count it: its time zone, the day its weeks begin with, and arithmetic with
-/// days, of which one may have 23 or 25 hours.
+/// Civil time in one place: its time zone, the first day of its weeks, and arithmetic with days, some of
+/// which have 23 or 25 hours.
 class Calendar {
 public:
     explicit Calendar(const QTimeZone& zone, Qt::DayOfWeek firstWeekday = Qt::Monday);
 
     [[nodiscard]] Qt::DayOfWeek firstWeekday() const { return m_firstWeekday; }
 
-    /// What clocks show at that moment, fractions of a second cut off; invalid where no calendar reaches.
+    /// The local time at that moment, fractions of a second truncated; invalid beyond the range of the
+    /// calendar.
     [[nodiscard]] QDateTime localTime(Date date) const;
 
-    /// The moment when clocks show this, one of the two where they show it twice. Where they skip it, as much
-    /// later as they skip.
+    /// The moment with this local time, one of the two if it occurs twice. A time that the clocks skip is
+    /// moved later by the length of the gap.
     [[nodiscard]] Date momentOf(QDate day, QTime time) const;
 
-    /// The same time of day a number of days later (earlier when negative); where the clocks skip that time,
-    /// as much later as they skip.
+    /// The same time of day a number of days later (earlier when negative); a time that the clocks skip is
+    /// moved later by the length of the gap.
     [[nodiscard]] Date addingDays(Date date, int days) const;
 
-    /// The same time of day on the same day a number of months later (earlier when negative), on the month's
-    /// last day where it has no such day.
+    /// The same time of day on the same day a number of months later (earlier when negative); the month's
+    /// last day if it has no such day.
     [[nodiscard]] Date addingMonths(Date date, int months) const;
 
-    /// The first moment of the month in which the date lies.
+    /// The first moment of the month that contains the date.
     [[nodiscard]] Date startOfMonth(Date date) const;
 
-    /// The day in which the moment lies. Where the clocks skip midnight it begins when they go on.
+    /// The day that contains the moment. Where the clocks skip midnight, the day begins after the gap.
     [[nodiscard]] Day dayOf(Date date) const;
 
-    /// The month in which the moment lies.
+    /// The month that contains the moment.
     [[nodiscard]] YearAndMonth monthOf(Date date) const;
 
-    /// In which day of its month the moment lies, counted from 1.
+    /// The moment's day of the month, counted from 1.
     [[nodiscard]] int dayOfMonth(Date date) const { return localTime(date).date().day(); }
 
     bool operator==(const Calendar&) const = default;

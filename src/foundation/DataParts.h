@@ -7,21 +7,21 @@
 
 namespace brisklog {
 
-/// One stretch of bytes that are read part by part.
+/// One part of a byte sequence that is read in parts.
 struct DataPart {
     /// Valid until the next part is asked for.
     std::string_view bytes;
-    /// The same bytes as the keeper's own object, where it keeps them once for all places at which they
-    /// stand: equal objects are equal bytes. Null for all other parts.
+    /// The same bytes as an object of the source, if it stores them once for all the places where they occur:
+    /// the same object always means the same bytes. Null for all other parts.
     std::shared_ptr<const std::string> repeated;
 };
 
-/// Bytes that are read part by part, because they may be many.
+/// A byte sequence that is read in parts because it may be large.
 class DataParts {
 public:
     virtual ~DataParts() = default;
 
-    /// The part after the last one; absent at the end, however often it is asked for.
+    /// The next part; absent at the end, however often it is called.
     [[nodiscard]] virtual std::optional<DataPart> next() = 0;
 };
 

@@ -14,8 +14,8 @@ inline constexpr TimeInterval secondsPerHour = 3600;
 /// Seconds between 1970-01-01 and 2001-01-01, both 00:00:00 UTC.
 inline constexpr TimeInterval secondsFromUnixEpochToReference = 978307200;
 
-/// A point in time: seconds since 2001-01-01 00:00:00 UTC, fractions kept. This is also its form in our
-/// files.
+/// A point in time: seconds since 2001-01-01 00:00:00 UTC, including fractions. Our files hold it in this
+/// form.
 struct Date {
     TimeInterval secondsSinceReference = 0;
 
@@ -23,7 +23,7 @@ struct Date {
         return Date{seconds - secondsFromUnixEpochToReference};
     }
 
-    /// As most of the world counts: from 1970-01-01 00:00:00 UTC.
+    /// Seconds since the Unix epoch, 1970-01-01 00:00:00 UTC.
     [[nodiscard]] constexpr TimeInterval secondsSince1970() const {
         return secondsSinceReference + secondsFromUnixEpochToReference;
     }

@@ -17,7 +17,7 @@ namespace brisklog::format {
 namespace {
 
 constexpr const char* noBreakSpace = "\u00A0";
-/// Beyond this many seconds (three million years) a duration is no figure any more.
+/// From this many seconds on (three million years), the fallback is shown instead of a duration.
 constexpr double longestDuration = 1e14;
 
 const icu::Locale& germany() {
@@ -66,9 +66,9 @@ std::unique_ptr<icu::DateFormat> makeDateFormatter(DateForm form) {
     std::abort();
 }
 
-/// Writes what clocks of universal time show.
+/// Formats in UTC.
 const icu::DateFormat& dateFormatter(DateForm form) {
-    // Building one costs thirty times what using it does.
+    // Building one costs thirty times as much as using it.
     static std::map<DateForm, std::unique_ptr<icu::DateFormat>> formatters;
     auto& formatter = formatters[form];
     if (!formatter) {
@@ -98,7 +98,7 @@ const icu::NumberFormat& wholeMoneyFormatter() {
     return *formatter;
 }
 
-/// What was rounded to zero is written without a minus.
+/// Removes the minus sign from an amount that was rounded to zero.
 std::string withoutSignOfZero(std::string amount) {
     if (amount.front() == '-' && amount.find_first_of("123456789") == std::string::npos)
         amount.erase(0, 1);
@@ -113,7 +113,7 @@ std::string formattedAmount(const icu::NumberFormat& formatter, double euros, st
     return withoutSignOfZero(utf8(text));
 }
 
-/// A duration taken apart into whole units, fractions of a second cut off.
+/// A duration split into whole units, fractions of a second truncated.
 struct Parts {
     const char* sign;
     long long hours;
@@ -138,7 +138,7 @@ std::string twoDigits(long long number) { return (number < 10 ? "0" : "") + std:
 } // namespace
 
 std::string date(Date date, DateForm form, const Calendar& calendar) {
-    // The formatters know no time zones, of which there could be two opinions then.
+    // The formatters always work in UTC: their own time zone data could disagree with the calendar's.
     const int offset = calendar.localTime(date).offsetFromUtc();
     icu::UnicodeString text;
     dateFormatter(form).format(date.addingSeconds(offset).secondsSince1970() * 1000, text);

@@ -27,17 +27,17 @@ enum class DateForm {
     isoDay,        ///< 2026-11-15, for file names
 };
 
-/// The date as clocks of the calendar's time zone show it.
+/// The date in the calendar's time zone.
 [[nodiscard]] std::string date(Date date, DateForm form, const Calendar& calendar);
 
-/// Euros as 1.234,50 € (no-break space before the sign), half-even; `fallback` when the amount is not finite.
-/// What rounds to zero has no minus.
+/// Euros as 1.234,50 € (no-break space before the sign), rounded half to even; `fallback` when the amount is
+/// not finite. An amount that rounds to zero has no minus sign.
 [[nodiscard]] std::string money(double euros, std::string_view fallback);
 
-/// Whole euros as 1.235 €, half-even; `fallback` when the amount is not finite.
+/// Whole euros as 1.235 €, rounded half to even; `fallback` when the amount is not finite.
 [[nodiscard]] std::string wholeMoney(double euros, std::string_view fallback);
 
-/// Euros as 1234.50 €: two decimals, decimal point, ordinary blank, no grouping; `fallback` when not finite.
+/// Euros as 1234.50 €: two decimals, decimal point, ordinary space, no grouping; `fallback` when not finite.
 [[nodiscard]] std::string plainMoney(double euros, std::string_view fallback);
 
 /// Hours and minutes without zero units (1 h 30 min, 2 h, 0 min); fractions of a minute are cut off.
@@ -49,7 +49,7 @@ enum class DateForm {
 /// Hours, minutes and seconds, all always written (0 h 0 min 59 s); fractions of a second are cut off.
 [[nodiscard]] std::string paddedDurationWithSeconds(TimeInterval seconds, std::string_view fallback);
 
-/// Two digits each of hours, minutes and seconds (00:05:07), more digits of hours beyond 99.
+/// Hours, minutes and seconds with two digits each (00:05:07); hours beyond 99 take more digits.
 [[nodiscard]] std::string runningDuration(TimeInterval seconds, std::string_view fallback);
 
 } // namespace brisklog::format

@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-/// Records in JSON. A record names its keys once, for both directions, in the order in which they are
-/// written:
+/// Encodes and decodes records as JSON. A record names its keys once, for both directions, in the order in
+/// which they are written:
 ///
 ///     constexpr auto jsonFields(std::type_identity<Customer>) {
 ///         return std::tuple{json::field<&Customer::id>("id"), …};
@@ -82,7 +82,7 @@ FieldDecoder fieldDecoder(Field<Member> field) {
         return {field.key, &decoderFor<Value>(), field.ifMissing,
                 [](void* record) -> void* {
                     Value& value = static_cast<T*>(record)->*Member;
-                    // Nothing of a repeated key's earlier value stays behind.
+                    // When a key is repeated, nothing of its earlier value remains.
                     if constexpr (Record<Value>)
                         value = Value{};
                     return &value;
@@ -233,8 +233,8 @@ void encodeValue(Encoder& encoder, const T& value) {
 
 } // namespace detail
 
-/// One document as a value; the error names byte offset and path. What may be missing in a record stays as it
-/// is in `value`.
+/// Decodes one document; the error names byte offset and path. Members whose keys may be missing keep what
+/// they have in `value`.
 template <class T>
 Result<T> decode(std::string_view bytes, T value = {}) {
     if (const auto filled = decodeInto(detail::decoderFor<T>(), &value, bytes); filled.failed())
@@ -242,7 +242,7 @@ Result<T> decode(std::string_view bytes, T value = {}) {
     return value;
 }
 
-/// The same from a document that comes in parts; bytes are shared through the pool.
+/// The same for a document that is read in parts; bytes are shared through the pool.
 template <class T>
 Result<T> decode(DataParts& parts, SharedDataPool& pool) {
     T value{};
@@ -251,7 +251,7 @@ Result<T> decode(DataParts& parts, SharedDataPool& pool) {
     return value;
 }
 
-/// The value as one document; the error names the path of what has no JSON form.
+/// Encodes the value as one document; the error names the path of whatever has no JSON form.
 template <class T>
 Result<EncodedDocument> encode(const T& value, Layout layout) {
     Encoder encoder(layout);
@@ -261,8 +261,7 @@ Result<EncodedDocument> encode(const T& value, Layout layout) {
     return encoder.takeDocument();
 }
 
-/// The same with an encoder that serves for many values, one after the other; the bytes are valid until the
-/// next one.
+/// The same with an encoder that is reused for many values; the bytes are valid until the next call.
 template <class T>
 Result<std::string_view> encode(const T& value, Encoder& encoder) {
     encoder.beginAnew();

@@ -19,30 +19,30 @@
 namespace brisklog::json {
 namespace {
 
-// Numbers come as text: the reader's own conversion steps outside its tables on exponents and strings of
-// zeros that no program writes but a file may hold. Texts come unchecked: the reader's own check goes byte by
-// byte and lets a lone surrogate written as an escape through.
+// Numbers are passed as text: the reader's own conversion reads outside its tables for exponents and runs of
+// zeros that no program writes but a file may contain. Texts are passed unchecked: the reader's own check
+// goes byte by byte and lets through a lone surrogate written as an escape.
 constexpr unsigned parseFlags = rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseIterativeFlag;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// The number nearest to a JSON number's text; none beyond the range of doubles.
+/// The double nearest to the text of a JSON number; none when it is out of range.
 std::optional<double> nearestDouble(std::string_view digits) {
     double number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     return error == std::errc() ? std::optional(number) : std::nullopt;
 }
 
-/// What the reader may take for itself while it reads a document in parts.
+/// The largest block that the reader may allocate for itself while it reads a document in parts.
 constexpr std::size_t longestReaderMemory = std::size_t{1} << 24;
 
-/// The reader's memory, with an end: a text of half a gigabyte, or as many brackets, is no reason to take as
-/// much. The reader knows no refusal, so going beyond is an exception.
+/// A limited allocator for the reader: a text of half a gigabyte, or as many brackets, must not take that
+/// much memory. The reader does not expect an allocation to fail, so exceeding the limit throws.
 class LimitedMemory {
 public:
     [[maybe_unused]] static constexpr bool kNeedFree = true;
 
-    // The names are the reader's.
+    // The reader prescribes these names.
     static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }
 
     static void* Realloc(void* memory, std::size_t /*sizeBefore*/, std::size_t size) {
@@ -62,7 +62,7 @@ public:
     Filler(const ValueDecoder& root, void* target, SharedDataPool& pool, PartStream* stream = nullptr)
         : m_pool(pool), m_stream(stream), m_next{&root, target} {}
 
-    // The names and results of these functions are the reader's: false ends the reading.
+    // The reader prescribes the names and results of these functions: false stops it.
     bool Null() {
         if (m_skippedDepth > 0)
             return afterSkippedScalar();
@@ -87,7 +87,7 @@ public:
         });
     }
 
-    // The reader wants these too but never calls them when it passes numbers as text.
+    // The reader requires these too but never calls them when it passes numbers as text.
     bool Int(int /*number*/) { return false; }
 
     bool Uint(unsigned /*number*/) { return false; }
@@ -107,7 +107,8 @@ public:
             if (decoder.takeData)
                 return takeData(decoder, target,
                                 object ? m_pool.fromBase64(object) : m_pool.fromBase64(text));
-            // Most objects are Base64, each in many thousand places; only those read as text are checked.
+            // Most of these objects are Base64 that occurs in thousands of places; only those read as text
+            // are checked.
             if (object && !text::isValidUtf8(text))
                 return malformedText;
             return decoder.readText ? decoder.readText(target, text) : wrongType;
@@ -178,7 +179,7 @@ public:
         return afterValue();
     }
 
-    /// Why the reading was ended, with the path; empty when the bytes themselves were at fault.
+    /// Why this class stopped the reader, with the path; empty if it did not, as when the JSON is malformed.
     [[nodiscard]] const std::string& complaint() const { return m_complaint; }
 
     [[nodiscard]] std::string path() const {
@@ -206,7 +207,7 @@ private:
         void* target;
         /// Index of the element, or of the field last named.
         std::size_t position = 0;
-        /// One bit for each field that was there.
+        /// One bit for each field found so far.
         std::uint64_t seen = 0;
     };
 
@@ -217,7 +218,7 @@ private:
         return text::isValidUtf8(key) || complain("key is not well-formed Unicode");
     }
 
-    /// The text just read, where it is an object of its own; null where the reader itself read it.
+    /// The text just read if the stream supplied it as an object; null if the reader read its characters.
     [[nodiscard]] std::shared_ptr<const std::string> takeTextObject() {
         return m_stream != nullptr ? m_stream->takeText() : nullptr;
     }
@@ -231,14 +232,14 @@ private:
 
     static std::size_t indexOf(const Frame& record, std::string_view key) {
         const auto& fields = record.decoder->fields;
-        // Files are mostly in our own order: the next field is the first guess.
+        // Keys are mostly in our own order: try the next field first.
         const std::size_t guess = record.seen == 0 ? 0 : record.position + 1;
         if (guess < fields.size() && fields[guess].key == key)
             return guess;
         return static_cast<std::size_t>(std::ranges::find(fields, key, &FieldDecoder::key) - fields.begin());
     }
 
-    /// The place for the value that comes now; makes room for it in its list or record.
+    /// Where the next value goes; makes room for it in its list or record.
     Slot claimSlot() {
         if (m_frames.empty())
             return m_next;
@@ -266,7 +267,7 @@ private:
         return true;
     }
 
-    // Unknown keys: depth 1 is their value itself, every list or object inside it one more.
+    // Skipping the value of an unknown key: depth 1 is the value itself, plus 1 inside each list or object.
     bool afterSkippedScalar() {
         if (m_skippedDepth == 1)
             m_skippedDepth = 0;
@@ -331,7 +332,7 @@ Error followedByMore(std::size_t offset) {
 
 Result<Done> decodeInto(const ValueDecoder& decoder, void* target, std::string_view bytes) {
     DocumentStream stream(bytes.data(), bytes.size());
-    // Other programs' editors may have put one in front; ours never does.
+    // Other programs may have written one; ours never does.
     if (bytes.starts_with(byteOrderMark))
         stream.src_ += byteOrderMark.size();
     SharedDataPool pool;

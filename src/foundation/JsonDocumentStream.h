@@ -9,26 +9,26 @@
 
 namespace brisklog::json {
 
-/// One document that is whole in memory, as the reader's input stream. What the reader would take character
-/// by character, indentation and the texts, it takes in blocks from this one.
+/// A document held in memory as a whole, as an input stream for the reader. Indentation and texts, which the
+/// reader would otherwise take character by character, are taken in blocks.
 struct DocumentStream : rapidjson::MemoryStream {
     using rapidjson::MemoryStream::MemoryStream;
 
     using Block = std::uint64_t;
 
-    /// That character in each byte.
+    /// A block with the character in each byte.
     static constexpr Block each(char character) {
         return 0x0101010101010101U * static_cast<unsigned char>(character);
     }
 
-    /// Whether one of the bytes is less than `limit`, which is at most 0x80.
+    /// Whether any byte is less than `limit`, which is at most 0x80.
     static constexpr bool hasLess(Block block, char limit) {
         return ((block - each(limit)) & ~block & each('\x80')) != 0;
     }
 
     static constexpr bool has(Block block, char character) { return hasLess(block ^ each(character), 1); }
 
-    /// Passes over all blocks from here on for which that is true.
+    /// Skips blocks from here on for as long as the predicate holds.
     template <class Predicate>
     void skipBlocks(Predicate isSkipped) {
         for (Block block = 0; end_ - src_ >= static_cast<std::ptrdiff_t>(sizeof block);
@@ -57,7 +57,7 @@ inline void SkipWhitespace(brisklog::json::DocumentStream& stream) {
 static_assert(RAPIDJSON_MAJOR_VERSION == 1 && RAPIDJSON_MINOR_VERSION == 1,
               "ScanCopyUnescapedString is private to the reader of RapidJSON 1.1: see what became of it.");
 
-// Debian 12 and 13 both bring 1.1.0. Called only where the texts' encoding is not checked by the reader.
+// Debian 12 and 13 both ship 1.1.0. Called only when the reader does not check the encoding of texts.
 template <>
 template <>
 inline void Reader::ScanCopyUnescapedString(brisklog::json::DocumentStream& stream,

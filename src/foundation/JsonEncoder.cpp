@@ -11,7 +11,7 @@
 namespace brisklog::json {
 namespace {
 
-/// Between these, numbers are written without an exponent; points in time and amounts lie well within.
+/// Between these, numbers are written without an exponent; dates and amounts are well within these limits.
 constexpr double smallestPlain = 1e-5;
 constexpr double largestPlain = 1e17;
 /// More than any finite number needs.
@@ -26,7 +26,7 @@ bool needsEscape(char character) {
     return static_cast<unsigned char>(character) < 0x20 || character == '"' || character == '\\';
 }
 
-/// The letter of the short escapes; 0 for characters that have none.
+/// The letter of the short escape; 0 for characters that have none.
 char escapeLetter(char character) {
     switch (character) {
     case '"':
@@ -66,7 +66,7 @@ void Encoder::begin(char bracket) {
 
 void Encoder::end(char bracket) {
     --m_depth;
-    // Empty ones stay on their line.
+    // Empty lists and records stay on one line.
     if (!m_isFirst)
         breakLine(room(lineBreakLength()));
     *room(1) = bracket;
@@ -131,7 +131,7 @@ void Encoder::number(double number) {
         m_reason = "number is not finite";
         return;
     }
-    // The fewest digits that come back bit for bit.
+    // The fewest digits that read back as exactly the same number.
     char* const out = room(longestNumber);
     const auto form = isPlain(number) ? std::chars_format::fixed : std::chars_format::scientific;
     char* end = std::to_chars(out, out + longestNumber, number, form).ptr;

@@ -10,7 +10,7 @@ namespace brisklog::json {
 
 /// How a document is laid out.
 enum class Layout {
-    pretty,  ///< indented by two blanks, one key a line
+    pretty,  ///< indented by two spaces, one key per line
     compact, ///< no white space at all
 };
 
@@ -22,13 +22,13 @@ public:
     [[nodiscard]] std::string_view bytes() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
 private:
-    // Grows without being copied, unlike a string: at 28 MB that is a third of the encoding.
+    // Unlike a string, grows without being copied, which would take a third of the encoding time at 28 MB.
     rapidjson::StringBuffer m_buffer;
 };
 
-/// Writes the tokens of one document and refuses what could not be read back: numbers that are not finite,
-/// texts that are not UTF-8. Once something was refused nothing of the document counts, and whoever is
-/// encoding returns, each level adding its step to the path that `error()` names.
+/// Writes the tokens of one document and rejects what could not be read back: numbers that are not finite,
+/// texts that are not UTF-8. After a rejection the document is void, and the callers return, each level
+/// adding its step to the path that `error()` names.
 class Encoder {
 public:
     explicit Encoder(Layout layout) : m_isPretty(layout == Layout::pretty) {}
@@ -49,10 +49,10 @@ public:
 
     void text(std::string_view text);
 
-    /// Text between quotation marks that is known to need neither a check nor an escape.
+    /// A text that already has its quotation marks and is known to need neither a check nor escapes.
     void quotedText(std::string_view text) { put(text); }
 
-    /// A text, without its quotation marks, that is known to need neither a check nor an escape.
+    /// A text, without its quotation marks, that is known to need neither a check nor escapes.
     void plainText(std::string_view text);
 
     void number(double number);
@@ -65,28 +65,28 @@ public:
 
     void addStep(std::size_t index) { m_path.insert(0, "[" + std::to_string(index) + "]"); }
 
-    /// What was refused, after `failed()`.
+    /// What was rejected; only after `failed()`.
     [[nodiscard]] std::string error() const;
 
-    /// The document's bytes, until something else is done; only when nothing has failed.
+    /// The document's bytes, valid until the next call; only when nothing has failed.
     [[nodiscard]] std::string_view bytes() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
-    /// Begins another document; the memory of the last one serves it.
+    /// Begins another document, reusing the memory of the last one.
     void beginAnew();
 
-    /// The document, once; only when nothing has failed.
+    /// Moves the document out; only when nothing has failed.
     [[nodiscard]] EncodedDocument takeDocument() { return EncodedDocument(std::move(m_buffer)); }
 
 private:
     void begin(char bracket);
     void end(char bracket);
 
-    /// Room for so many bytes, to be filled by the caller.
+    /// Room for `length` bytes, to be filled by the caller.
     char* room(std::size_t length) { return m_buffer.Push(length); }
 
     void put(std::string_view bytes);
     void putEscaped(char character);
-    /// Writes the line break and indentation of the present depth to `out`; gives the place behind them.
+    /// Writes the line break and indentation of the current depth to `out`; returns the position after them.
     char* breakLine(char* out) const;
 
     [[nodiscard]] std::size_t lineBreakLength() const { return m_isPretty ? 1 + 2 * m_depth : 0; }

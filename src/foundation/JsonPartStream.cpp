@@ -10,7 +10,7 @@ void PartStream::skipAtStart(std::string_view bytes) {
         m_at += bytes.size();
 }
 
-/// Makes the first part at least as long, unless the whole document is shorter.
+/// Makes the first part at least `length` bytes long, unless the whole document is shorter.
 void PartStream::gatherBeginning(std::size_t length) {
     if (m_isAtEnd || m_part.bytes.size() >= length)
         return;
@@ -24,7 +24,7 @@ void PartStream::gatherBeginning(std::size_t length) {
     take(DataPart{m_beginning, nullptr});
 }
 
-// Not where the characters are taken: what happens once a part is kept out of what happens a million times.
+// Deliberately not inline: what happens once per part is kept out of what happens for every character.
 bool PartStream::advance() {
     while (m_at == m_end && !m_isAtEnd)
         step();
@@ -54,7 +54,7 @@ void PartStream::take(const std::optional<DataPart>& part) {
     m_end = m_begin + m_part.bytes.size();
 }
 
-/// Whether the part ends with a quotation mark that is no escaped one.
+/// Whether the part ends with a quotation mark that is not escaped.
 bool PartStream::endsWithQuote() const {
     return m_part.bytes.size() >= 2 && m_part.bytes.ends_with('"') && !m_part.bytes.ends_with("\\\"");
 }

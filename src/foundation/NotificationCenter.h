@@ -8,7 +8,7 @@
 
 namespace brisklog {
 
-/// Asks for the customer screens.
+/// Asks for the customer screens to be opened.
 inline constexpr const char* openCustomerManagementNotification = "OpenCustomerManagement";
 
 /// Carries named messages between parts of the program that do not know each other.
@@ -17,7 +17,7 @@ public:
     /// Calls `observer` at every `post` of that name until the subscription ends.
     Subscription observe(const std::string& name, std::function<void()> observer);
 
-    /// Tells every observer of that name at once; none is no error.
+    /// Notifies all observers of that name before it returns; having none is not an error.
     void post(const std::string& name);
 
 private:

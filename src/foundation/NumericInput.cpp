@@ -11,7 +11,7 @@ std::optional<double> parseDecimal(std::string_view typed) {
     const std::string number = text::replacing(std::string(typed), ',', '.');
     const char* begin = number.data();
     const char* const end = begin + number.size();
-    // from_chars knows no "+"; a sign after it is still refused by the digit test.
+    // from_chars rejects "+", so one is skipped, but not before "-": "+-1" must stay invalid.
     if (number.size() > 1 && *begin == '+' && number[1] != '-')
         ++begin;
     double value = 0;

@@ -17,7 +17,7 @@ struct ObservableObject::Registry {
         const auto found = std::ranges::find(entries, id, &Entry::id);
         if (found == entries.end())
             return;
-        // Dies last: what an observer holds may end subscriptions here in turn.
+        // Destroyed last: what an observer captured may in turn end subscriptions here when it is destroyed.
         const auto removed = std::move(found->observer);
         entries.erase(found);
     }
@@ -37,7 +37,8 @@ Subscription ObservableObject::observe(Observer observer) {
 }
 
 void ObservableObject::announce() {
-    // A copy, and a second look before each call: an observer may end its own or another's subscription.
+    // Iterates over a copy and checks again before each call: an observer may end its own or another's
+    // subscription.
     const auto registry = m_registry;
     const auto entries = registry->entries;
     for (const Registry::Entry& entry : entries)

@@ -34,8 +34,9 @@ private:
     std::function<void()> m_cancel;
 };
 
-/// Something whose state is watched. It has one announcement, "something is about to change or has changed";
-/// whoever hears it reads the state again. Observers may come and go while an announcement is under way.
+/// An object whose state can be observed. Its only announcement is "something is about to change or has
+/// changed", after which observers read the state again. Observers may be added and removed during an
+/// announcement.
 class ObservableObject {
 public:
     using Observer = std::function<void()>;
@@ -48,11 +49,11 @@ public:
     /// object.
     Subscription observe(Observer observer);
 
-    /// Tells all observers, in the order in which they came.
+    /// Notifies all observers, in the order in which they subscribed.
     void announce();
 
 protected:
-    /// Ends all subscriptions: also in the midst of an announcement nobody hears of a dead object.
+    /// Ends all subscriptions, even during an announcement: no observer is called for a destroyed object.
     ~ObservableObject();
 
 private:
@@ -60,8 +61,8 @@ private:
     std::shared_ptr<Registry> m_registry;
 };
 
-/// A value that reads like itself and announces every write through its owner, equal or not. Observers are
-/// told before the value changes; the owner's after-change hook, if any, runs once it has.
+/// A value that reads like a plain `T` and announces every write through its owner, even of an equal value.
+/// Observers are notified before the value changes; the owner's after-change hook, if any, runs once it has.
 template <class T>
 class Published {
 public:
@@ -95,7 +96,7 @@ public:
 
     const T& operator*() const { return m_value; }
 
-    /// Grows with every write: who remembers it can tell whether anything was written since.
+    /// Grows with every write, so an earlier revision tells whether anything has been written since.
     [[nodiscard]] std::uint64_t revision() const { return m_revision; }
 
 private:

@@ -6,19 +6,19 @@
 
 namespace brisklog {
 
-/// Why something failed, in words fit for one line of a log.
+/// Why something failed, in words that fit on one line of a log.
 struct Error {
     std::string description;
 
     bool operator==(const Error&) const = default;
 };
 
-/// Stands for "it worked" where there is nothing else to give.
+/// The value of a successful operation that has nothing to return.
 struct Done {
     bool operator==(const Done&) const = default;
 };
 
-/// A value, or the error that kept it from being.
+/// A value, or the error that prevented it.
 template <class T>
 class [[nodiscard]] Result {
 public:

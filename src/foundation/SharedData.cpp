@@ -13,8 +13,8 @@ QByteArray::FromBase64Result decoded(const std::string& text) {
     return QByteArray::fromBase64Encoding(lookedAt(text), QByteArray::AbortOnBase64DecodingErrors);
 }
 
-/// Whole groups of four from the standard alphabet, padding at the end alone. The toolkit would do without
-/// the padding.
+/// Whole groups of four from the standard alphabet, padding only at the end. Qt alone would also accept
+/// missing padding.
 bool isBase64(const std::string& text) { return text.size() % 4 == 0 && decoded(text); }
 
 } // namespace

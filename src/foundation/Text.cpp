@@ -11,18 +11,18 @@
 namespace brisklog::text {
 namespace {
 
-// The library's macros narrow without a cast; the two functions keep that in one place.
+// ICU's macros narrow without a cast; these two functions keep that in one place.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
 
-/// The character at `at`, which moves behind it; negative when the bytes are not UTF-8.
+/// The character at `at`, which is moved past it; negative when the bytes are not UTF-8.
 UChar32 nextCharacter(std::string_view bytes, int32_t& at) {
     UChar32 character = 0;
     U8_NEXT(bytes.data(), at, static_cast<int32_t>(bytes.size()), character);
     return character;
 }
 
-/// The character before `at`, which moves in front of it; negative when the bytes are not UTF-8.
+/// The character before `at`, which is moved to its start; negative when the bytes are not UTF-8.
 UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
     UChar32 character = 0;
     U8_PREV(bytes.data(), 0, at, character);
@@ -31,7 +31,7 @@ UChar32 previousCharacter(std::string_view bytes, int32_t& at) {
 
 #pragma GCC diagnostic pop
 
-/// Where the character begins in which that byte lies; the byte's own place when the bytes are not UTF-8.
+/// Where the character that contains the byte at `place` begins; `place` itself when the bytes are not UTF-8.
 std::size_t beginOfCharacter(std::string_view bytes, std::size_t place) {
     const auto* const units = reinterpret_cast<const std::uint8_t*>(bytes.data());
     auto begin = static_cast<int32_t>(place);

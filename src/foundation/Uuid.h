@@ -14,10 +14,10 @@ namespace brisklog {
 /// An identifier of 128 bits; its text has 36 characters, upper case.
 class Uuid {
 public:
-    /// The nil identifier, equal to no generated one.
+    /// The nil identifier, which no generated one equals.
     Uuid() = default;
 
-    /// A fresh random identifier (version 4) from the system's random source.
+    /// A new random identifier (version 4) from the system's random source.
     [[nodiscard]] static Uuid generate();
 
     /// Reads the 36-character form in either case; none for anything else.
