@@ -41,10 +41,10 @@ struct Customer {
     /// "Frau Erika Muster"; empty when both names are.
     [[nodiscard]] std::string formattedSalutation() const;
 
-    /// Salutation, company, street, postal code and city, a line each; empty ones give no line.
+    /// Salutation, company, street, postal code and city, one per line; empty ones are left out.
     [[nodiscard]] std::string formattedAddress() const;
 
-    /// Postal code and city with a blank between, blanks at both ends removed; empty when both are.
+    /// Postal code and city separated by a space, white space at both ends removed; empty when both are.
     [[nodiscard]] std::string cityLine() const;
 
     bool operator==(const Customer&) const = default;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t daysKept = 14;
 
-/// Whether it has the form 2026-11-15; nothing else in the folder is ours to remove.
+/// Whether it has the form 2026-11-15; we remove nothing else from the folder.
 bool isDay(std::string_view name) {
     constexpr std::string_view form = "dddd-dd-dd";
     return std::ranges::equal(name, form, [](char character, char wanted) {

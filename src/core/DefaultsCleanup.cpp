@@ -14,7 +14,7 @@ constexpr std::array oldKeys{"timeProjects",  "timeCustomers", "profile_logoData
 /// Data of more bytes than this is an oversized stray.
 constexpr std::size_t largestKeptData = 100000;
 
-/// Recorded days go only when the user deletes them, however many they are.
+/// Recorded days are deleted only by the user, however many there are.
 constexpr std::string_view trackersHistory = "autoTrackingData";
 
 bool isOversizedStray(const UserDefaults::Entry& entry) {

@@ -18,7 +18,7 @@ TimeTrackingStore::filesIn(const std::optional<std::filesystem::path>& documents
                                  Durability::throughToMedium}};
 }
 
-/// False when the file is there but could not be loaded.
+/// False when the file exists but could not be loaded.
 template <class T>
 bool TimeTrackingStore::load(const JsonFile<T>& file, Published<T>& collection, const char* what) {
     if (!m_platform.files.exists(file.path))
@@ -52,8 +52,8 @@ void TimeTrackingStore::loadArchivedInvoices() {
     load(m_files.archivedInvoices, archivedInvoices, "archived invoices");
 }
 
-/// Takes the collection over from the user defaults; false when there is nothing that decodes. In practice
-/// the clean-up before has removed these keys already; the order is deliberate and kept.
+/// Takes the collection over from the user defaults; false when there is nothing that can be decoded. In
+/// practice the earlier clean-up has already removed these keys; that order is deliberate.
 template <class T>
 bool TimeTrackingStore::migrate(const char* key, Published<T>& collection) {
     const auto data = dataValue(m_platform.userDefaults, key);

@@ -24,10 +24,10 @@ struct TimeEntry {
     std::optional<double> hourlyRate;
     bool isInvoiced = false;
 
-    /// Seconds from start to end, to `now` while there is no end.
+    /// Seconds from start to end, or to `now` while there is no end.
     [[nodiscard]] TimeInterval duration(Date now) const;
 
-    /// Euros earned at the entry's own rate, else the given one; 0 without any rate.
+    /// Euros earned at the entry's own rate, otherwise at the given one; 0 without either.
     [[nodiscard]] double earnings(std::optional<double> projectRate, Date now) const;
 
     /// The earnings as 1.234,50 €; "--" without any rate.

@@ -28,7 +28,7 @@ void TimeTrackingStore::startTracking(const std::string& taskName) {
         state.projectId = projectId;
         timers.insert_or_assign(entry.id, state);
     });
-    // The projects did not change; their file is deliberately rewritten all the same.
+    // The projects have not changed; their file is deliberately rewritten anyway.
     saveProjects();
 }
 

@@ -127,8 +127,8 @@ void TimeTrackingStore::deleteEntry(const Uuid& projectId, const Uuid& entryId) 
 
 void TimeTrackingStore::markEntriesInvoiced(const Uuid& projectId, const std::vector<Uuid>& entryIds) {
     const bool found = changeProject(projectId, [&entryIds](Project& project) {
-        // Only the first entry with an id is meant; the map keeps thousands of ids from being searched one by
-        // one.
+        // Only the first entry with an id counts; the map avoids a linear search for each of thousands of
+        // ids.
         std::unordered_map<Uuid, TimeEntry*> firstById;
         for (TimeEntry& entry : project.entries)
             firstById.try_emplace(entry.id, &entry);

@@ -30,14 +30,14 @@ struct StorePlatform {
 };
 
 /// Owns all working data: projects with their entries, running timers, customers, saved notes, issued
-/// invoices. Every operation that changes data writes the whole collection to its file before it returns; a
-/// failure is one printed line and the data stays in memory. Unknown identifiers and indices out of range do
-/// nothing. Once a second the store announces itself, so that running durations are drawn anew.
+/// invoices. Every operation that changes data writes the whole collection to its file before it returns; if
+/// that fails, one line is printed and the data stays in memory. Unknown identifiers and indices out of range
+/// are ignored. The store announces itself once a second, so that running durations are redrawn.
 class TimeTrackingStore final : public ObservableObject {
 public:
     using ActiveEntries = std::unordered_map<Uuid, ActiveEntryState>;
 
-    /// A published value that everybody may read and observe, and the store alone writes.
+    /// A published value that anyone may read and observe but only the store may write.
     template <class T>
     class Owned final : private Published<T> {
     public:
@@ -50,20 +50,20 @@ public:
 
     private:
         friend TimeTrackingStore;
-        // Not part of the program: tests and benchmarks put a store into a state with it.
+        // Not part of the program: tests and benchmarks set up the state of a store with it.
         template <class Value>
         friend Published<Value>& writable(Owned<Value>& value);
 
         using Published<T>::operator=;
     };
 
-    /// Cleans the user defaults up, loads the four files, provides the default project and starts the tick.
-    /// Stops the program when there is no documents folder.
+    /// Cleans up the user defaults, loads the four files, provides the default project and starts the
+    /// one-second timer. Stops the program when there is no documents folder.
     explicit TimeTrackingStore(const StorePlatform& platform);
 
     /// In the order in which they were created.
     Owned<std::vector<Project>> projects{*this};
-    /// Index into `projects`, which screens choose; starts at 0, is never written to a file.
+    /// Index into `projects`, set by screens; starts at 0 and is never written to a file.
     Published<int> selectedProjectIndex{*this, 0};
     /// Running and paused timers by entry id; never written to a file.
     Owned<ActiveEntries> activeEntries{*this};
@@ -74,8 +74,8 @@ public:
 
     // Projects
 
-    /// The selected project. Creates and saves the default project when there is none at all, and goes back
-    /// to the first one when the selection points nowhere.
+    /// The selected project. Creates and saves the default project when there are no projects, and selects
+    /// the first one when the index is out of range.
     const Project& currentProject();
     void addProject(const std::string& name, std::optional<double> hourlyRate);
     void updateProject(int index, const std::string& name, std::optional<double> hourlyRate);
@@ -90,7 +90,7 @@ public:
 
     // Timers
 
-    /// Starts a timer for the current project; the name is taken as it is, empty ones included.
+    /// Starts a timer for the current project; the name is used as it is, even if empty.
     void startTracking(const std::string& taskName);
     /// Pausing a paused timer deliberately restarts its pause.
     void pauseTracking(const Uuid& entryId);
@@ -146,7 +146,7 @@ private:
     [[nodiscard]] bool isProjectIndex(int index) const;
     /// Applies a change to the first project with that id; false when there is none.
     bool changeProject(const Uuid& projectId, const std::function<void(Project&)>& change);
-    /// Applies a change to the timer; nothing happens when there is none.
+    /// Applies a change to the timer; does nothing when there is none.
     template <class Change>
     void changeTimer(const Uuid& entryId, Change change);
 
