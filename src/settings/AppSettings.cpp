@@ -20,8 +20,8 @@ AppSettings::AppSettings(const SettingsPlatform& platform)
 }
 
 void AppSettings::loadSettings() {
-    // Each assignment rewrites the file. That is deliberate: it replaces on disk what this version does not
-    // know.
+    // Each assignment rewrites the file. This is deliberate: it replaces everything in the file that this
+    // version does not know.
     const auto loaded = loadProperties(*this, m_path, m_platform.files, m_platform.log);
     if (loaded.failed())
         m_platform.log.print("Error loading settings: " + loaded.error().description);

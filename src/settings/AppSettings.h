@@ -12,8 +12,9 @@ struct SettingsPlatform {
     Log& log;
 };
 
-/// The user's preferences. Every write of one of them, equal or not, rewrites "app_settings.json" in the
-/// documents folder before it returns; a failure is one printed line and the value stays in memory.
+/// The user's preferences. Every write to one of them, even of an equal value, rewrites "app_settings.json"
+/// in the documents folder before it returns; if that fails, one line is printed and the value stays in
+/// memory.
 class AppSettings final : public ObservableObject {
 public:
     /// Loads the file, then takes over what earlier versions kept in the user defaults. Stops the program

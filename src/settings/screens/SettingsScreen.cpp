@@ -41,10 +41,10 @@ constexpr int headerGap = 8;
 constexpr int pickerWidth = 194;
 constexpr int cardPaddingAcross = 14;
 constexpr int cardPaddingDown = 12;
-/// The lowest pixel row of a card is its shadow, so this is seen as 18.
+/// The lowest pixel row of a card is its shadow, so this looks like 18.
 constexpr int sectionGap = 17;
 
-/// Where a word under the settings leads.
+/// A link below the settings.
 struct CreditLink {
     QString caption;
     std::string_view address;
@@ -58,7 +58,7 @@ Card* cardWith(const LayoutBox& content) {
     return new Card(content, {cardPaddingAcross, cardPaddingDown, cardPaddingAcross, cardPaddingDown});
 }
 
-/// The card that is one button and leads to the archive.
+/// A card that is a button as a whole and opens the archive.
 class ArchiveButton final : public Clickable {
 public:
     ArchiveButton() : Clickable(radius) {
@@ -112,7 +112,7 @@ QWidget* SettingsScreen::makeContent() {
                        .label = u"Zeitrundung"_s,
                        .caption = u"Zeiteinträge runden auf"_s},
                       m_settings.timeRounding),
-        // At full width: beside its label the longest choice would be cut.
+        // At full width: beside its label the longest choice would be truncated.
         choiceSection({.sectionTitle = u"Rundungsregeln für Rechnungen"_s,
                        .symbol = u"doc.text"_s,
                        .label = u"Rechnungsrundung"_s,

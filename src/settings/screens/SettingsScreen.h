@@ -15,10 +15,10 @@ class LayoutItem;
 class Picker;
 class SheetWindow;
 
-/// What the settings open that others provide.
+/// What the settings open but other parts of the program provide.
 struct SettingsActions {
     std::function<std::unique_ptr<SheetWindow>()> makeArchiveSheet;
-    /// Leaves the program for a web page or a new e-mail.
+    /// Opens a web page or a new e-mail outside the program.
     std::function<void(std::string_view address)> openLink;
 };
 
@@ -46,7 +46,7 @@ private:
 
     AppSettings& m_settings;
     const SettingsActions m_actions;
-    /// Each shows one setting as it is now.
+    /// Each shows the current value of one setting.
     std::vector<std::function<void()>> m_showSettings;
     QPointer<SheetWindow> m_archiveSheet;
 };
