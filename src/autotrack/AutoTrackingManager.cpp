@@ -69,7 +69,7 @@ void AutoTrackingManager::updateCurrentSession() {
     const auto application = m_platform.frontmost.current();
     if (!application)
         return;
-    // Texts that are none could never be saved, and with them nothing that follows.
+    // Malformed text could never be saved, nor could anything recorded after it.
     auto name = text::asWellFormedUtf8(application->localizedName.value_or("Unbekannte App"));
     auto identifier = text::asWellFormedUtf8(application->bundleIdentifier.value_or("unknown"));
     if (currentSession.get() && currentSession.get()->bundleIdentifier == identifier)
@@ -79,7 +79,7 @@ void AutoTrackingManager::updateCurrentSession() {
     openSession(*application, std::move(name), std::move(identifier));
 }
 
-/// Files the whole session under the day on which it began, also when it ran past midnight.
+/// Files the whole session under the day on which it began, even if it ran past midnight.
 void AutoTrackingManager::closeCurrentSession() {
     AppUsageSession closed = *currentSession.get();
     closed.endTime = m_platform.clock.now();
@@ -109,8 +109,8 @@ void AutoTrackingManager::openSession(const DesktopApplication& application, std
 
 void AutoTrackingManager::saveData() { saveDays(dailyUsageData->size()); }
 
-/// So many days are as they were saved last, the last of these perhaps with more sessions; none are when
-/// somebody else wrote the list since.
+/// The first `unchangedDays` days are as they were last saved, except that the last of these may have gained
+/// sessions. If the list has been written from outside since, none count as unchanged.
 void AutoTrackingManager::saveDays(std::size_t unchangedDays) {
     const std::uint64_t revision = dailyUsageData.revision();
     if (std::exchange(m_ownRevision, revision) != revision) {

@@ -25,11 +25,11 @@ struct AutoTrackingPlatform {
 };
 
 /// Records, while switched on, which application is frontmost and from when to when. Every closed session is
-/// saved at once; the open one is never stored and is lost when the program ends. There is no shortest
-/// session, no idle detection and no joining of neighbours, on purpose.
+/// saved at once; the open one is never stored and is lost when the program ends. Deliberately, there is no
+/// minimum session length, no idle detection and no merging of adjacent sessions.
 class AutoTrackingManager final : public ObservableObject {
 public:
-    /// Loads the history; goes on tracking at once when the stored switch is on.
+    /// Loads the history; resumes tracking at once if the stored switch is on.
     explicit AutoTrackingManager(AutoTrackingPlatform platform);
 
     Published<bool> isTracking{*this};
@@ -37,20 +37,20 @@ public:
     Published<std::vector<DailyAppUsage>> dailyUsageData{*this};
     Published<std::optional<AppUsageSession>> currentSession{*this};
 
-    /// Switches tracking on; the application in front gets its session at once. Called while on it leaves the
-    /// earlier timer running beside the new one. This is deliberate: the switch never does it.
+    /// Switches tracking on; a session of the frontmost application begins at once. If tracking is already
+    /// on, the earlier timer is deliberately left running beside the new one; the switch never causes this.
     void startTracking();
 
     /// Switches tracking off and files the open session.
     void stopTracking();
 
-    /// Forgets all days; the open session and the switch stay as they are.
+    /// Deletes all days; the open session and the switch stay as they are.
     void clearAllData();
 
-    /// Forgets the record of the calendar day in which `date` lies, and nothing else.
+    /// Deletes the record of the calendar day that contains `date`, and nothing else.
     void clearDataForDay(Date date);
 
-    /// Stores days and switch. Whoever writes `dailyUsageData` from outside calls this next.
+    /// Stores the days and the switch. Must be called after writing `dailyUsageData` from outside.
     void saveData();
 
 private:
@@ -63,7 +63,7 @@ private:
     AutoTrackingPlatform m_platform;
     SharedDataPool m_icons;
     UsageHistoryStorage m_storage;
-    /// Of `dailyUsageData`, without what was written from outside since it was last saved.
+    /// The revision of `dailyUsageData` if it has not been written from outside since it was last saved.
     std::uint64_t m_ownRevision = 0;
     std::unique_ptr<Timer> m_timer;
     /// Timers that were replaced while they ran.

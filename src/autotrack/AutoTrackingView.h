@@ -7,13 +7,13 @@
 
 namespace brisklog {
 
-/// The panel that switches automatic tracking and says what is being recorded.
+/// The panel that switches automatic tracking on and off and shows what is being recorded.
 class AutoTrackingView final : public ObservableObject {
 public:
     AutoTrackingView(AutoTrackingManager& manager, FrontmostApplication& frontmost)
         : m_manager(manager), m_frontmost(frontmost) {}
 
-    /// The question before everything recorded is deleted.
+    /// Shows the confirmation before all recorded days are deleted.
     Published<bool> showingClearDataAlert{*this, false};
 
     [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_manager; }
@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] bool isTracking() const { return m_manager.isTracking; }
 
-    /// What the switch does; set to what it is, nothing happens.
+    /// What the switch does; does nothing if the state is unchanged.
     void setTracking(bool isOn);
 
     [[nodiscard]] std::string status() const;
@@ -30,11 +30,12 @@ public:
     /// "Aktuell: Firefox"; absent while nothing is being recorded.
     [[nodiscard]] std::optional<std::string> current() const;
 
-    /// Why nothing will be recorded; absent where the desktop tells what is in front, or may still tell.
+    /// Why nothing will be recorded; absent if the desktop reports the frontmost application or may still do
+    /// so.
     [[nodiscard]] std::optional<std::string> unavailability() const;
 
     /// Deletes all recorded days; to be called once the user has confirmed it. Tracking and the open session
-    /// go on.
+    /// continue.
     void clearData();
 
 private:

@@ -17,7 +17,7 @@ std::map<std::string, std::vector<AppUsageSession>> DailyAppUsage::groupedByApp(
 }
 
 std::map<std::string, TimeInterval> DailyAppUsage::durationByApp(Date now) const {
-    // The groups themselves would be copies of all sessions.
+    // Not computed from the groups, which would copy all sessions.
     std::map<std::string, TimeInterval> durations;
     for (const AppUsageSession& session : sessions)
         durations[session.appName] += session.length(now);

@@ -16,7 +16,7 @@ namespace brisklog {
 struct AppUsageSession {
     Uuid id;
     std::string appName;
-    /// Decides whether the frontmost application changed.
+    /// Determines whether the frontmost application has changed.
     std::string bundleIdentifier;
     Date startTime;
     /// Absent while the session is the current one.
@@ -42,25 +42,25 @@ constexpr auto jsonFields(std::type_identity<AppUsageSession>) {
 /// The sessions that began on one calendar day.
 struct DailyAppUsage {
     Uuid id;
-    /// The day's first moment, in the time zone that held when the record was made.
+    /// The day's first moment, in the time zone that applied when the record was made.
     Date date;
     /// In the order in which they were closed.
     std::vector<AppUsageSession> sessions;
 
-    /// All sessions' lengths together; one that is still open counts up to `now`.
+    /// The sum of all session lengths; a session that is still open counts up to `now`.
     [[nodiscard]] TimeInterval totalDuration(Date now) const;
 
-    /// The sessions by application name, each in the order of the list. Names, not identifiers, on purpose:
-    /// applications of the same name are summed together.
+    /// The sessions by application name, each group in the order of the list. By name rather than identifier
+    /// on purpose: applications with the same name are added up.
     [[nodiscard]] std::map<std::string, std::vector<AppUsageSession>> groupedByApp() const;
 
-    /// The lengths of each of these groups' sessions together.
+    /// The sum of the session lengths of each of these groups.
     [[nodiscard]] std::map<std::string, TimeInterval> durationByApp(Date now) const;
 
     bool operator==(const DailyAppUsage&) const = default;
 };
 
-/// "sessions" stands last, so that a day that grows changes nothing but its end.
+/// "sessions" comes last, so that a new session changes only the end of an encoded day.
 constexpr auto jsonFields(std::type_identity<DailyAppUsage>) {
     return std::tuple{json::field<&DailyAppUsage::id>("id"), json::field<&DailyAppUsage::date>("date"),
                       json::field<&DailyAppUsage::sessions>("sessions")};

@@ -19,7 +19,7 @@ FirstSessions firstSessionByName(const DailyAppUsage& dailyUsage) {
     return first;
 }
 
-/// An order also where dates beyond all bounds made a duration that is no number.
+/// A valid order even if extreme dates made a duration NaN.
 bool isLonger(const AppUsageDetailRow& row, const AppUsageDetailRow& other) {
     return std::weak_order(row.duration, other.duration) > 0;
 }

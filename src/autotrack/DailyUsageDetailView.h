@@ -8,11 +8,11 @@
 
 namespace brisklog {
 
-/// One application's use on a day.
+/// One application's usage on a day.
 struct AppUsageDetailRow {
     std::string appName;
     TimeInterval duration = 0;
-    /// A PNG image, not yet looked at; absent when the first session of that name had none.
+    /// A PNG image, not yet checked or decoded; absent when the first session of that name had none.
     std::optional<SharedData> iconData;
 
     /// 1 h 30 min 7 s, zero units included.
@@ -21,7 +21,7 @@ struct AppUsageDetailRow {
     bool operator==(const AppUsageDetailRow&) const = default;
 };
 
-/// A day's use as it was at one moment; what is recorded or deleted later does not reach it.
+/// A snapshot of a day's usage; recording or deleting sessions later does not affect it.
 class DailyUsageDetailView {
 public:
     /// Sessions without an end count up to `now`.
@@ -30,7 +30,7 @@ public:
     /// "Gesamtzeit: 11 h 59 min"
     [[nodiscard]] std::string header() const;
 
-    /// One per application name, the longest use first, equal ones by name.
+    /// One per application name, the longest usage first, equal ones by name.
     [[nodiscard]] const std::vector<AppUsageDetailRow>& rows() const { return m_rows; }
 
 private:

@@ -5,7 +5,7 @@
 namespace brisklog {
 namespace {
 
-/// Ends a day without sessions.
+/// How the encoding of a day without sessions ends.
 constexpr std::string_view dayEnd = "]}";
 
 std::string step(std::size_t index) { return "[" + std::to_string(index) + "]"; }
@@ -44,7 +44,7 @@ std::optional<DataPart> UsageHistoryEncoding::next() {
     return part(m_encoded.empty() ? "[]" : "]}]");
 }
 
-/// Of the last day of which anything was given.
+/// Whether the last day begun has sessions that have not been returned yet.
 bool UsageHistoryEncoding::isSessionLeft() const {
     return !m_encoded.empty() && m_encoded.back().sessionCount < m_days[m_encoded.size() - 1].sessions.size();
 }
@@ -61,7 +61,7 @@ std::optional<DataPart> UsageHistoryEncoding::nextSession() {
     return session;
 }
 
-/// The end of the day before and this one's beginning, up to its first session.
+/// The end of the previous day and the beginning of the next one, up to its first session.
 std::optional<DataPart> UsageHistoryEncoding::nextDay() {
     const DailyAppUsage& day = m_days[m_encoded.size()];
     const auto encoded =

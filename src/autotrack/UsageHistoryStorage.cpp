@@ -11,11 +11,11 @@ using Reading = LargeValueStore::Reading;
 
 constexpr std::string_view dataKey = "autoTrackingData";
 
-/// Where a value that could not be loaded is kept; the moment follows. The name has nothing of those by which
-/// the start-up clean-up knows oversized strays.
+/// Where a value that could not be loaded is kept; the time is appended. The name does not match those by
+/// which the start-up clean-up recognises oversized strays.
 constexpr std::string_view unreadableKey = "autoTrackingUnreadable-";
 
-/// The bytes of the next part that is not empty; none at the end.
+/// The bytes of the next part that is not empty; empty at the end.
 std::string_view nextBytes(DataParts& parts) {
     while (const auto part = parts.next())
         if (!part->bytes.empty())
@@ -23,7 +23,7 @@ std::string_view nextBytes(DataParts& parts) {
     return {};
 }
 
-/// Whether both give the same bytes, however they are cut.
+/// Whether both have the same bytes, however they are divided into parts.
 bool areSame(DataParts& one, DataParts& other) {
     std::string_view bytes;
     std::string_view others;
@@ -58,7 +58,7 @@ Result<Days> UsageHistoryStorage::load() {
     return decoded;
 }
 
-/// Only what is byte for byte our own encoding can be continued; other programs' forms are replaced as a
+/// Only a value that is byte for byte our own encoding can be appended to; anything else is replaced as a
 /// whole by the first save.
 void UsageHistoryStorage::findOurEncoding(const Days& days) {
     UsageHistoryEncoding encoding(days);
@@ -72,7 +72,7 @@ void UsageHistoryStorage::findOurEncoding(const Days& days) {
 Result<Done> UsageHistoryStorage::save(const Days& days, std::size_t unchangedDays) {
     if (m_isUnreadable && !setUnreadableAside())
         return Done{};
-    // Somebody else may have written or removed the value, or the whole store was replaced.
+    // Another program may have written or removed the value or replaced the whole store.
     if (m_userDefaults.dataSize(dataKey) != encodedSize(m_stored))
         m_stored.clear();
     m_stored.resize(std::min(m_stored.size(), unchangedDays));
@@ -85,7 +85,7 @@ Result<Done> UsageHistoryStorage::save(const Days& days, std::size_t unchangedDa
     return Done{};
 }
 
-/// False when the value is still in the place of ours.
+/// False when the value is still stored under our key.
 bool UsageHistoryStorage::setUnreadableAside() {
     const auto newKey = std::string(unreadableKey) + std::to_string(millisecondsSince1970(m_clock.now()));
     const bool isAside = m_userDefaults.renameValue(dataKey, newKey) ||

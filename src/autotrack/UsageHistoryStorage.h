@@ -8,7 +8,7 @@
 namespace brisklog {
 
 /// The recorded days in the user defaults: one JSON document under one key, which may be hundreds of
-/// megabytes. What a change leaves untouched is not written again; so a closed session costs the same however
+/// megabytes. What has not changed is not written again, so saving a closed session costs the same however
 /// long the history is.
 class UsageHistoryStorage {
 public:
@@ -19,13 +19,14 @@ public:
     /// The stored days, none when nothing is stored; an error when what is stored cannot be read or decoded.
     Result<std::vector<DailyAppUsage>> load();
 
-    /// Makes the stored value the encoding of the days. So many of them are as they were when last loaded or
-    /// saved, except that the last of these may have got more sessions. An error when the days cannot be
-    /// encoded; nothing is changed then. What the user defaults fail to store is stored with the next save. A
-    /// value that could not be loaded is moved to another key before it is replaced for the first time.
+    /// Makes the stored value the encoding of the days. The first `unchangedDays` of them are as they were
+    /// when last loaded or saved, except that the last of these may have gained sessions. Fails, changing
+    /// nothing, when the days cannot be encoded. What the user defaults fail to store is stored with the next
+    /// save. A value that could not be loaded is moved to another key before it is replaced for the first
+    /// time.
     Result<Done> save(const std::vector<DailyAppUsage>& days, std::size_t unchangedDays);
 
-    /// Forgets what could not be loaded, now and earlier.
+    /// Deletes the values that could not be loaded, now and earlier.
     void removeUnreadable();
 
 private:
@@ -35,7 +36,7 @@ private:
     LargeValueStore& m_userDefaults;
     const Clock& m_clock;
     SharedDataPool& m_icons;
-    /// What of the stored value is the encoding of the days as they were last loaded or saved.
+    /// The part of the stored value that encodes the days as they were last loaded or saved.
     EncodedDays m_stored;
     bool m_isUnreadable = false;
 };

@@ -71,7 +71,7 @@ AutoTrackingScreen::AutoTrackingScreen(AutoTrackingManager& manager, FrontmostAp
     observe(frontmost);
 }
 
-/// What is being recorded, or why nothing is. One line is kept free where there is neither.
+/// What is being recorded, or why nothing is. One line is reserved when there is neither.
 QWidget* AutoTrackingScreen::statusLines() {
     auto* const lines = asWidget(Column{m_current, m_unavailability}.margins({dotSize + dotGap, 0, 0, 0}));
     lines->setMinimumHeight(lineHeight(FontRole::caption11));

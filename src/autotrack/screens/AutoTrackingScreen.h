@@ -9,7 +9,7 @@ class ElidedLabel;
 class Label;
 class Switch;
 
-/// Filled in green while tracking, else empty.
+/// Filled green while tracking, otherwise hollow.
 class TrackingDot final : public QWidget {
 public:
     explicit TrackingDot(QWidget* parent = nullptr);
@@ -23,8 +23,8 @@ private:
     bool m_isOn = false;
 };
 
-/// The panel of automatic tracking: its switch, what is being recorded, the calendar, and the way to delete
-/// it all.
+/// The automatic tracking panel: its switch, what is being recorded, the calendar, and a way to delete it
+/// all.
 class AutoTrackingScreen final : public Screen {
 public:
     /// Becomes the calendar's parent.

@@ -29,14 +29,14 @@ constexpr int headerHeight = 52;
 constexpr int lineInset = 12;
 constexpr int rowHeight = 28;
 constexpr int stripeRadius = 4;
-/// The margin in which the focus ring has room, and from there to a row's contents.
+/// The margin that leaves room for the focus ring, and the distance from there to a row's contents.
 constexpr int stripeMargin = 8;
 constexpr int padding = 12;
 constexpr int iconColumn = 24;
 constexpr int iconSize = 16;
 constexpr int durationColumn = 100;
 
-/// A day's applications as items of a list. They never change.
+/// A day's applications as items of a list that never changes.
 class AppUsageModel final : public QAbstractListModel {
 public:
     AppUsageModel(std::vector<AppUsageDetailRow> rows, QObject* parent)
@@ -50,7 +50,7 @@ public:
         return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
     }
 
-    /// The name; to screen readers with the duration.
+    /// The name; for screen readers, with the duration.
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
         if (!checkIndex(index, CheckIndexOption::IndexIsValid))
             return {};
@@ -71,7 +71,7 @@ QRect stripe(const QRect& area) { return area.adjusted(stripeMargin, 0, -stripeM
 QRect content(const QRect& area) { return stripe(area).adjusted(padding, 0, -padding, 0); }
 
 QRect durationArea(const QRect& area, const QString& duration) {
-    // A figure is never shortened: it grows to the left.
+    // A duration is never elided: it grows to the left.
     const int width = std::max(durationColumn, figureWidth(duration, FontRole::body13));
     const QRect inner = content(area);
     return inner.adjusted(inner.width() - width, 0, 0, 0);
@@ -142,12 +142,12 @@ private:
 
     const AppUsageModel& m_model;
     const Images& m_images;
-    /// By row, in the resolution of the screen on which they were last painted.
+    /// By row, at the resolution of the screen on which they were last painted.
     mutable std::unordered_map<int, QImage> m_icons;
     mutable qreal m_iconResolution = 0;
 };
 
-/// Under the columns' headings.
+/// The line under the column headings.
 class ColumnLine final : public QWidget {
 public:
     ColumnLine() { setFixedHeight(1); }
