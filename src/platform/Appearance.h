@@ -4,7 +4,7 @@
 
 namespace brisklog {
 
-/// Light or dark, as the desktop or the user prefers it.
+/// Light or dark, as preferred by the desktop or the user.
 enum class ColorScheme { light, dark };
 
 /// The desktop's own preference.
@@ -14,7 +14,7 @@ public:
 
     virtual ~SystemAppearance() = default;
 
-    /// Asks the desktop; `answered` is called once, later, with light when it has no answer.
+    /// Asks the desktop; `answered` is called once, asynchronously, with light if there is no answer.
     virtual void ask(Answer answered) = 0;
 };
 

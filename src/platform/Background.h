@@ -7,20 +7,20 @@
 
 namespace brisklog {
 
-/// Something that is being done in the background. Destroying it, at any time, is the way to give it up.
+/// A task running in the background. Destroying it, at any time, cancels it.
 class BackgroundTask {
 public:
     virtual ~BackgroundTask() = default;
 };
 
-/// Does beside the main thread what would keep the user waiting.
+/// Runs work that would keep the user waiting on threads other than the main thread.
 class Background {
 public:
     virtual ~Background() = default;
 
-    /// Runs `work` on another thread and after that `finished` on the main thread, never before this returns.
-    /// Given up in time, the work is never begun; work under way is done to its end, but `finished` is not
-    /// called any more. Both closures may be destroyed on either thread.
+    /// Runs `work` on another thread and then `finished` on the main thread, never before this returns. Work
+    /// that is cancelled in time never starts; work in progress runs to its end, but `finished` is then not
+    /// called. Both closures may be destroyed on either thread.
     [[nodiscard]] virtual std::unique_ptr<BackgroundTask> run(std::function<void()> work,
                                                               std::function<void()> finished) = 0;
 };

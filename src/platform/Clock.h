@@ -6,16 +6,16 @@ namespace brisklog {
 
 class Calendar;
 
-/// The one source of "now", and of how the user counts time.
+/// The only source of "now" and of the user's calendar.
 class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// The present moment of the wall clock. It may jump, forwards and backwards, when the user sets it.
+    /// The current time of the wall clock. It may jump forwards or backwards when the user sets the clock.
     [[nodiscard]] virtual Date now() const = 0;
 
-    /// The user's calendar. To be asked anew whenever something is shown or filed, and not for every row: who
-    /// travels changes the time zone while the program runs.
+    /// The user's calendar. Must be fetched again whenever something is shown or filed, though not for every
+    /// row: the time zone may change while the program runs.
     [[nodiscard]] virtual Calendar calendar() const = 0;
 };
 

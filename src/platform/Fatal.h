@@ -4,8 +4,8 @@
 
 namespace brisklog {
 
-/// Ends the program at once with a failure code after one line on standard error: for what it cannot run
-/// without.
+/// Prints one line on standard error and ends the program at once with a failure code: for when something is
+/// missing that it cannot run without.
 [[noreturn]] void stopProgram(std::string_view reason);
 
 } // namespace brisklog

@@ -9,47 +9,48 @@ namespace brisklog {
 
 /// An application as the desktop knows it.
 struct DesktopApplication {
-    /// Its name for people, in their language; absent when the desktop gives none.
+    /// Its display name in the user's language; absent when the desktop provides none.
     std::optional<std::string> localizedName;
-    /// What tells it from all others and is the same at every start: the name of its desktop entry without
-    /// the ending ("org.mozilla.firefox"), else its windows' class; absent when the desktop gives neither.
+    /// Identifies it uniquely and is the same on every start: the name of its desktop entry without the
+    /// extension ("org.mozilla.firefox"), otherwise the class of its windows; absent when the desktop
+    /// provides neither.
     std::optional<std::string> bundleIdentifier;
 
     bool operator==(const DesktopApplication&) const = default;
 };
 
-/// The application whose window has the focus. One implementation per way of asking; which one serves a
-/// desktop is found out by what answers there. It announces changes of its availability, and only these.
+/// The application whose window has the focus. There is one implementation per way of asking; the desktop's
+/// is the one that gets an answer there. It announces only changes of its availability.
 class FrontmostApplication : public ObservableObject {
 public:
     enum class Availability {
         beingFoundOut, ///< the desktop has not answered yet; an announcement follows
         available,
-        unavailable, ///< this desktop tells ordinary programs nothing
+        unavailable, ///< this desktop does not tell ordinary programs
     };
 
     virtual ~FrontmostApplication() = default;
 
-    /// Whether the desktop tells at all, known also while nobody watches. What was available may become
-    /// unavailable (the compositor ended) and the other way round.
+    /// Whether the desktop reports it at all, known even while not watching. It may become unavailable (if
+    /// the compositor ends) and available again.
     [[nodiscard]] virtual Availability availability() const = 0;
 
-    /// From now on `current()` is asked about once a second; an implementation that is told of changes begins
-    /// to listen. Watching already, nothing happens.
+    /// From now on `current()` is called about once a second; an implementation that is notified of changes
+    /// begins to listen. Does nothing if already watching.
     virtual void beginWatching() = 0;
 
-    /// `current()` is not asked until further notice; no more is listened to, and nothing is left running on
-    /// the desktop. Not watching, nothing happens.
+    /// From now on `current()` is not called; listening ends, and nothing is left running on the desktop.
+    /// Does nothing if not watching.
     virtual void endWatching() = 0;
 
-    /// The application in front, at once and without waiting for anybody: who is told of changes answers what
-    /// was told last. Absent when no application's window has the focus (the bare desktop, a locked screen),
-    /// when it cannot be told just now, and when nobody watches. A focus lost for less than a second between
-    /// two windows is no absence.
+    /// The frontmost application, without waiting: an implementation that is notified of changes returns the
+    /// last one. Absent when no application's window has the focus (the bare desktop, a locked screen), when
+    /// it is unknown at the moment, and when not watching. Losing the focus between two windows for less than
+    /// a second does not count as absence.
     [[nodiscard]] virtual std::optional<DesktopApplication> current() = 0;
 
-    /// The icon of an application that was in front a moment ago, as a PNG image of 32 × 32 pixels where the
-    /// desktop has that size; asked once when the application comes to the front. Absent when there is none
+    /// The icon of an application that was frontmost a moment ago, as a PNG image of 32 × 32 pixels if the
+    /// desktop has that size; called once when the application comes to the front. Absent when there is none
     /// or it cannot be read.
     [[nodiscard]] virtual std::optional<std::string> iconPng(const DesktopApplication& application) = 0;
 };

@@ -26,17 +26,17 @@ struct Bitmap {
     bool operator==(const Bitmap&) const = default;
 };
 
-/// Pictures in the formats people keep logos in: PNG, JPEG, GIF, BMP, TIFF, told by their content.
+/// Pictures in the usual formats of logos: PNG, JPEG, GIF, BMP, TIFF, recognised by their content.
 class Images {
 public:
-    /// Gives the size a picture is wanted in for the size it has, both as it is seen upright.
+    /// Maps a picture's actual size to the wanted one, both of the upright picture.
     using SizeRule = std::function<PixelSize(PixelSize)>;
 
     virtual ~Images() = default;
 
-    /// The file's first picture, upright, in the size the rule gives. An error for what is no regular file,
-    /// no picture in one of the formats, broken, cut short, or made so that decoding it would fill the memory
-    /// or take minutes. Any thread may call it.
+    /// The file's first picture, upright, in the size the rule gives. An error if it is not a regular file,
+    /// not a picture in one of the formats, broken, truncated, or made so that decoding it would fill the
+    /// memory or take minutes. Any thread may call it.
     [[nodiscard]] virtual Result<Bitmap> read(const std::filesystem::path& file,
                                               const SizeRule& rule) const = 0;
 

@@ -11,7 +11,7 @@ std::string rescuedName(const std::filesystem::path& path, Date written) {
 
 enum class Copy { none, same, other };
 
-/// What is kept at the path already. A file that cannot be read counts as none: writing it will tell.
+/// What already exists at the path. An unreadable file counts as none: writing it will report the error.
 Copy copyAt(const Files& files, const std::filesystem::path& path, std::string_view bytes) {
     if (!files.exists(path))
         return Copy::none;
@@ -30,7 +30,7 @@ void rescueUndecodable(Files& files, Log& log, const std::filesystem::path& path
     const std::string name = rescuedName(path, files.modificationDate(path).value_or(Date{}));
     auto copy = *state / "rescued" / (name + path.extension().string());
     auto present = copyAt(files, copy, bytes);
-    // Two versions written at the same moment are kept side by side.
+    // Two versions written at the same time are kept side by side.
     for (int version = 2; present == Copy::other; ++version) {
         copy.replace_filename(name + "-" + std::to_string(version) + path.extension().string());
         present = copyAt(files, copy, bytes);

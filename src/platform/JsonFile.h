@@ -11,7 +11,7 @@ namespace brisklog {
 
 /// Keeps the bytes of a file that could not be decoded as "rescued/NAME-TIME.json" in the program's state
 /// folder, TIME being when the file was last written, so that a later save of that file loses nothing. A file
-/// rescued before is not copied again. Failure is one printed line and nothing else.
+/// rescued before is not copied again. A failure only prints one line.
 void rescueUndecodable(Files& files, Log& log, const std::filesystem::path& path, std::string_view bytes);
 
 /// One value kept as one JSON document.
@@ -21,8 +21,8 @@ struct JsonFile {
     json::Layout layout;
     Durability durability;
 
-    /// The value; an error when the file cannot be read or decoded. Undecodable bytes are rescued first. What
-    /// may be missing in the file stays as it is in `value`.
+    /// The value; an error when the file cannot be read or decoded. Undecodable bytes are rescued first.
+    /// Members whose keys may be missing keep what they have in `value`.
     Result<T> load(Files& files, Log& log, T value = {}) const {
         const auto bytes = files.read(path);
         if (bytes.failed())

@@ -7,17 +7,17 @@
 
 namespace brisklog {
 
-/// Bytes to be stored, given part by part because they may be many.
+/// Bytes to be stored, supplied in parts because there may be many.
 class DataSource : public DataParts {
 public:
-    /// The next part is the first one again.
+    /// Makes the first part the next one again.
     virtual void rewind() = 0;
 
-    /// Whether a part could not be given. Then no more are, and none of them is to be stored.
+    /// Whether a part could not be supplied. Then no more follow, and none may be stored.
     [[nodiscard]] virtual bool failed() const = 0;
 };
 
-/// Bytes to be stored that are at hand.
+/// Bytes to be stored that are already in memory.
 class DataAtHand final : public DataSource {
 public:
     explicit DataAtHand(std::string_view bytes) : m_bytes(bytes) {}
@@ -38,36 +38,34 @@ private:
     bool m_isGiven = false;
 };
 
-/// User defaults for who keeps a data value in them that is too large ever to be whole in memory: hundreds of
-/// megabytes, read part by part and written from a position on. It is a value like any other for who asks
-/// for it as one.
+/// User defaults that can hold data values too large to be held in memory as a whole: hundreds of megabytes,
+/// read in parts and rewritten from a given position on. Through `UserDefaults` it is a value like any other.
 class LargeValueStore : public UserDefaults {
 public:
     /// How reading a data value in parts ended.
     enum class Reading {
         absent,    ///< there is no value
-        complete,  ///< what was asked for was given
-        otherType, ///< the value is no data
-        failed,    ///< it is there but cannot be read, at least not now
+        complete,  ///< `read` got everything it asked for
+        otherType, ///< the value is not data
+        failed,    ///< it exists but cannot be read, at least not now
     };
 
-    /// How many bytes the data value under the key has. Absent when there is none or one of another type, and
-    /// when that cannot be told.
+    /// How many bytes the data value under the key has. Absent when there is none or one of another type, or
+    /// when the size cannot be determined.
     [[nodiscard]] virtual std::optional<std::size_t> dataSize(std::string_view key) const = 0;
 
     /// Hands the parts of the data value under the key to `read`, which may stop at any of them and must
-    /// leave the store alone meanwhile. Unless the answer is `complete`, what `read` was given, if anything,
-    /// does not count.
+    /// leave the store alone meanwhile. Unless the result is `complete`, anything passed to `read` is void.
     [[nodiscard]] virtual Reading readData(std::string_view key,
                                            const std::function<void(DataParts&)>& read) const = 0;
 
     /// Replaces everything from byte `from` on of the data value under the key; the cost is that of the new
-    /// bytes, not of the value. From 0 on a value of whatever type is replaced, or the value is made. False
-    /// when the value is no data or shorter than `from` and when it failed; nothing changes then.
+    /// bytes, not of the value. If `from` is 0, a value of any type is replaced or a new one created. False,
+    /// changing nothing, when the value is not data or shorter than `from`, or on failure.
     virtual bool replaceData(std::string_view key, std::size_t from, DataSource& data) = 0;
 
-    /// Puts the value under another key, whatever its size, at the cost of nothing; false when there is none
-    /// or the other key has one, and when it failed.
+    /// Moves the value to another key, at no cost whatever its size; false when there is none, when the other
+    /// key has one, or on failure.
     virtual bool renameValue(std::string_view key, std::string_view newKey) = 0;
 };
 

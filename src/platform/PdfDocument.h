@@ -23,7 +23,7 @@ inline constexpr PageSize a4{595, 842};
 
 enum class Ink { black, white };
 
-/// How a text is set.
+/// How a text is typeset.
 struct TextStyle {
     double pointSize = 10;
     bool bold = false;
@@ -32,33 +32,32 @@ struct TextStyle {
     bool operator==(const TextStyle&) const = default;
 };
 
-/// Draws one document of A4 pages into memory. Texts may be anything: bytes that are not UTF-8 are replaced
-/// by U+FFFD, control characters by blanks. Every text hangs from the top of its rectangle. Drawing happens
-/// on the page begun last.
+/// Draws one document of A4 pages into memory. Texts may contain anything: bytes that are not UTF-8 are
+/// replaced by U+FFFD, control characters by spaces. Every text is aligned to the top of its rectangle.
+/// Everything is drawn on the page begun last.
 class PdfDocument {
 public:
     virtual ~PdfDocument() = default;
 
     virtual void beginPage() = 0;
 
-    /// One line from the rectangle's left edge, shortened with an ellipsis where it is too wide. Line breaks
-    /// become blanks.
+    /// One line from the rectangle's left edge, elided if it is too wide. Line breaks become spaces.
     virtual void drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) = 0;
 
-    /// One line that ends at the rectangle's right edge. It is never shortened: where it is too wide it is
-    /// set smaller.
+    /// One line that ends at the rectangle's right edge. It is never elided: if it is too wide, it is set in
+    /// a smaller size.
     virtual void drawNumber(std::string_view text, const PageRectangle& box, const TextStyle& style) = 0;
 
     /// The width in points that `drawNumber` needs to keep the style's size.
     [[nodiscard]] virtual double widthOfNumber(std::string_view text, const TextStyle& style) = 0;
 
     /// As many whole lines, wrapped at the rectangle's width, as its height holds, but at least one; line
-    /// breaks are kept. Returns the text that is left over, to be drawn elsewhere.
+    /// breaks are kept. Returns the remaining text, to be drawn elsewhere.
     [[nodiscard]] virtual std::string drawWrapped(std::string_view text, const PageRectangle& box,
                                                   const TextStyle& style) = 0;
 
-    /// The width and height in points that `drawWrapped` needs for the whole text at this width. What is
-    /// longer than any page is not measured to its end: its height is infinite.
+    /// The width and height in points that `drawWrapped` needs for the whole text at this width. Text longer
+    /// than any page is not measured to its end: its height is infinite.
     [[nodiscard]] virtual PageSize sizeOfWrapped(std::string_view text, double width,
                                                  const TextStyle& style) = 0;
 
@@ -68,12 +67,12 @@ public:
     /// The whole rectangle in one grey, from 0 (black) to 1 (white).
     virtual void fillRectangle(const PageRectangle& box, double brightness) = 0;
 
-    /// An encoded image (PNG, JPEG, GIF, BMP, TIFF), seen upright and hanging from the middle of the
-    /// rectangle's top edge. Its pixels are points unless it must shrink to fit; it keeps its shape and is
-    /// never enlarged. What does not decode, or is absurdly large, is skipped.
+    /// An encoded image (PNG, JPEG, GIF, BMP, TIFF), drawn upright, centred at the rectangle's top edge. One
+    /// pixel is one point unless the image must shrink to fit; it keeps its aspect ratio and is never
+    /// enlarged. An image that cannot be decoded or is absurdly large is skipped.
     virtual void drawImage(std::string_view encoded, const PageRectangle& box) = 0;
 
-    /// Ends the document and gives its bytes; empty when it could not be made. Nothing can be drawn
+    /// Ends the document and returns its bytes; empty when it could not be created. Nothing can be drawn
     /// afterwards.
     [[nodiscard]] virtual std::string finish() = 0;
 };

@@ -7,10 +7,10 @@
 
 namespace brisklog {
 
-/// What a document says about itself.
+/// A document's metadata.
 struct DocumentInformation {
     std::string creator;
-    /// Empty writes no author.
+    /// No author is written if empty.
     std::string author;
 };
 

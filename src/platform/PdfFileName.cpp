@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view ending = ".pdf";
 constexpr std::string_view nameForNothing = "Dokument";
 
-/// What file systems allow a name.
+/// The longest name that file systems allow, in bytes.
 constexpr std::size_t longestName = 255;
 
 bool hasEnding(std::string_view name) {
@@ -32,7 +32,7 @@ bool isForbidden(char c) {
 
 bool isBeyondAscii(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
-/// The control characters beyond ASCII, U+0080 to U+009F, are two bytes each.
+/// Replaces the control characters beyond ASCII, U+0080 to U+009F, which are two bytes each.
 void replaceLateControls(std::string& name) {
     for (std::size_t at = 0; (at = name.find('\xC2', at)) != name.npos; ++at)
         if (at + 1 < name.size() && static_cast<unsigned char>(name[at + 1]) < 0xA0)

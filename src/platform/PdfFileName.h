@@ -7,13 +7,13 @@
 
 namespace brisklog {
 
-/// The suggestion as a name for a PDF file that lies where it is put and can be seen there: without "/" and
-/// control characters ("-" stands for each), not hidden, never empty, at most 255 bytes long, ending in
+/// Turns the suggestion into a name for a PDF file that stays in the chosen folder and is visible there: "/"
+/// and control characters become "-"; it is not hidden, never empty, at most 255 bytes long, and ends in
 /// ".pdf".
 [[nodiscard]] std::string pdfFileName(std::string_view suggestion);
 
-/// The file the user chose, with ".pdf" behind its name where that is missing. Nobody asked the user about a
-/// file that bears the longer name already, so a free one is taken then: "Name 2.pdf".
+/// The file the user chose, with ".pdf" appended if that is missing. The user has not been asked about
+/// overwriting a file with the longer name, so if there is one, a free name is used: "Name 2.pdf".
 [[nodiscard]] std::filesystem::path
 withPdfEnding(const std::filesystem::path& chosen,
               const std::function<bool(const std::filesystem::path&)>& isTaken);

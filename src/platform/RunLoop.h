@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-/// A timer that fires for as long as it lives; destroying it, also while it fires, is the way to stop it.
+/// A timer that fires for as long as it exists; destroying it, even while it fires, stops it.
 class Timer {
 public:
     virtual ~Timer() = default;
@@ -18,7 +18,7 @@ class RunLoop {
 public:
     virtual ~RunLoop() = default;
 
-    /// Calls `action` every `interval` seconds, the first time after one interval. Missed firings (the
+    /// Calls `action` every `interval` seconds, the first time after one interval. Missed firings (while the
     /// machine slept) are not made up for.
     [[nodiscard]] virtual std::unique_ptr<Timer> repeatEvery(TimeInterval interval,
                                                              std::function<void()> action) = 0;

@@ -10,15 +10,15 @@ namespace brisklog {
 /// What a save panel for a PDF document shows.
 struct SaveRequest {
     std::string title;
-    /// The file name offered, ".pdf" included. What a file name cannot hold ("/", control characters) is
-    /// replaced before it is shown.
+    /// The suggested file name, including ".pdf". What a file name cannot contain ("/", control characters)
+    /// is replaced before it is shown.
     std::string suggestedName;
 };
 
 /// Asks the user where to save a document.
 class SavePanel {
 public:
-    /// Gets the chosen file; none when the user cancelled.
+    /// Receives the chosen file; none when the user cancelled.
     using Completion = std::function<void(std::optional<std::filesystem::path>)>;
 
     virtual ~SavePanel() = default;

@@ -21,20 +21,20 @@ class StatusItem {
 public:
     virtual ~StatusItem() = default;
 
-    /// What a screen reader calls the icon, also its tooltip.
+    /// The icon's name for screen readers and its tooltip.
     virtual void setDescription(const std::string& description) = 0;
 
-    /// A click on the icon.
+    /// Called on a click on the icon.
     virtual void setAction(std::function<void()> action) = 0;
 
-    /// What a right click offers, in the order in which it was added.
+    /// Adds an entry to the end of the context menu.
     virtual void addMenuEntry(const std::string& caption, std::function<void()> action) = 0;
 
-    /// Whether a panel shows the icon just now, so that the user can get at it. Asks the panel, which takes a
+    /// Whether a panel currently shows the icon, so that the user can reach it. Asks the panel, which takes a
     /// moment.
     [[nodiscard]] virtual bool isReachable() const = 0;
 
-    /// Where the icon was last clicked, or lies, as far as the desktop tells; absent otherwise.
+    /// Where the icon was last clicked, or where it is, as far as the desktop reports it; absent otherwise.
     [[nodiscard]] virtual std::optional<ScreenRectangle> anchor() const = 0;
 };
 

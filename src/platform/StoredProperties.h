@@ -19,8 +19,7 @@
 ///         return std::tuple{stored<&UserProfile::city>("city", "profile_city"), …};
 ///     }
 ///
-/// An enumeration is stored as its text, as in `JsonCoding.h`; a text that is none of its own changes
-/// nothing.
+/// An enumeration is stored as its text, as in `JsonCoding.h`; an unknown text leaves the property unchanged.
 namespace brisklog {
 
 /// A row of the table.
@@ -28,7 +27,7 @@ template <auto Property>
 struct StoredProperty {
     static constexpr auto property = Property;
     std::string_view key;
-    /// Its key in the user defaults; empty for what earlier versions did not keep there.
+    /// Its key in the user defaults; empty if earlier versions did not keep it there.
     std::string_view olderKey;
     json::IfMissing ifMissing;
 };
@@ -38,7 +37,7 @@ constexpr StoredProperty<Property> stored(std::string_view key, std::string_view
     return {key, olderKey, json::IfMissing::isError};
 }
 
-/// With `keepsDefault`, a property that files of earlier versions do not have.
+/// With `keepsDefault`, for a property that files of earlier versions do not have.
 template <auto Property>
 constexpr StoredProperty<Property> stored(std::string_view key, json::IfMissing ifMissing) {
     return {key, {}, ifMissing};
@@ -124,8 +123,8 @@ std::optional<T> olderValue(const UserDefaults& defaults, std::string_view key) 
 
 } // namespace detail
 
-/// Assigns what the file holds, one property after the other. Nothing happens when there is no file; none is
-/// assigned when it cannot be read or decoded.
+/// Assigns what the file holds, one property after the other. Does nothing when there is no file; assigns
+/// nothing when it cannot be read or decoded.
 template <class Object>
 Result<Done> loadProperties(Object& object, const std::filesystem::path& path, Files& files, Log& log) {
     if (!files.exists(path))
@@ -143,13 +142,13 @@ Result<Done> loadProperties(Object& object, const std::filesystem::path& path, F
     return Done{};
 }
 
-/// Replaces the file by what the properties are now.
+/// Replaces the file with the current properties.
 template <class Object>
 Result<Done> saveProperties(const Object& object, const std::filesystem::path& path, Files& files) {
     return detail::propertyFile<Object>(path).save(files, detail::storedRecord(object));
 }
 
-/// Assigns what the user defaults hold of the properties and removes it there; true when there was anything.
+/// Assigns the properties found in the user defaults and removes them there; true if there were any.
 template <class Object>
 bool takeOverOlderValues(Object& object, UserDefaults& defaults) {
     bool tookAny = false;

@@ -7,8 +7,8 @@
 
 namespace brisklog {
 
-/// What the server that shows our windows tells and does beyond what the toolkit passes on. This one tells
-/// and does nothing, for desktops whose server has none of it to offer.
+/// What the display server offers beyond what the toolkit exposes. This base class does nothing, for desktops
+/// whose server offers none of it.
 class WindowServer {
 public:
     WindowServer() = default;
@@ -16,14 +16,15 @@ public:
     WindowServer(const WindowServer&) = delete;
     WindowServer& operator=(const WindowServer&) = delete;
 
-    /// Calls `pressed` whenever a button goes down anywhere on the screen, until the subscription ends; one
-    /// at a time, and not longer than needed, because every press wakes the program.
+    /// Calls `pressed` whenever a button goes down anywhere on the screen, until the subscription ends. Only
+    /// one subscription at a time, and for no longer than needed, because every press wakes the program.
     virtual Subscription watchPointer(std::function<void()> /*pressed*/) { return {}; }
 
-    /// Calls `appeared` whenever an XEmbed tray has come, until the subscription ends; one at a time.
+    /// Calls `appeared` whenever an XEmbed tray appears, until the subscription ends. Only one subscription
+    /// at a time.
     virtual Subscription watchTrays(std::function<void()> /*appeared*/) { return {}; }
 
-    /// Whether an XEmbed tray is there now.
+    /// Whether there is an XEmbed tray now.
     [[nodiscard]] virtual bool hasTray() const { return false; }
 
     /// Keeps a window out of task bar and pager; to be called before each show.

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 void callLater(const QDBusConnection& bus, const QDBusMessage& call, QObject& context,
                std::function<void(const QDBusMessage& answer)> answered, int milliseconds) {
-    // The toolkit's own call would never end then, not even with an error.
+    // Without a connection, the toolkit's own call would never finish, not even with an error.
     if (!bus.isConnected()) {
         const auto error = QDBusMessage::createError(QDBusError::Disconnected, u"there is no bus"_s);
         QMetaObject::invokeMethod(

@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-/// A signal on the bus, for as long as this lives.
+/// Identifies a signal on the bus.
 struct DBusSignalAddress {
     QString service;
     QString path;
@@ -15,7 +15,7 @@ struct DBusSignalAddress {
     QString name;
 };
 
-/// Hands each arrival of one D-Bus signal to a function.
+/// Calls a function for each arrival of one D-Bus signal, for as long as it exists.
 class DBusSignal final : public QObject {
     Q_OBJECT
 

@@ -21,14 +21,14 @@ QDBusMessage question() {
     return message;
 }
 
-/// The portal wraps its values once more than it says, and may stop to do so.
+/// The portal wraps its values once more than documented, which may change.
 QVariant unwrapped(QVariant value) {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
     return value;
 }
 
-/// An error carries a text, which is no preference.
+/// An error has a text as its argument, which is not a preference.
 ColorScheme schemeFrom(const QDBusMessage& answer) {
     const QVariant value = unwrapped(answer.arguments().value(0));
     const bool isDark = value.metaType() == QMetaType::fromType<uint>() && value.toUInt() == prefersDark;

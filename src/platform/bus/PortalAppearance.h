@@ -7,7 +7,7 @@
 
 namespace brisklog {
 
-/// The desktop's preference as its settings portal tells it. Asking never waits; silence is light.
+/// The desktop's preference as its settings portal reports it. Asking never blocks; no answer means light.
 class PortalAppearance final : public SystemAppearance {
 public:
     explicit PortalAppearance(QDBusConnection bus = QDBusConnection::sessionBus());
@@ -16,7 +16,7 @@ public:
 
 private:
     QDBusConnection m_bus;
-    /// Questions end with it.
+    /// Pending questions are dropped when it is destroyed.
     QObject m_context;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// The desktop's own interface for programs that are started only once; launchers speak it too.
+// The desktop's standard interface for single-instance programs; launchers use it too.
 const QString serviceName = u"example.brisklog.Brisklog"_s;
 const QString objectPath = u"/example/brisklog/Brisklog"_s;
 const QString interfaceName = u"org.freedesktop.Application"_s;
@@ -67,8 +67,7 @@ RunningInstance::RunningInstance(std::function<void()> activated)
 RunningInstance::~RunningInstance() = default;
 
 bool RunningInstance::activateOther() {
-    // A connection of its own: the shared one would be broken for whoever goes on after this application
-    // object.
+    // A separate connection: the shared one would be broken for any later application object.
     const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!bus.isConnected())
         return false;

@@ -5,8 +5,8 @@
 
 namespace brisklog {
 
-/// Makes this process reachable for a second start, under the program's name on the session bus. Without a
-/// bus it is simply not reachable.
+/// Lets a second start reach this process under the program's name on the session bus. Without a bus it is
+/// not reachable.
 class RunningInstance {
 public:
     /// `activated` is called, on the main thread, each time another start asks this one to show itself.
@@ -15,8 +15,8 @@ public:
     RunningInstance(const RunningInstance&) = delete;
     RunningInstance& operator=(const RunningInstance&) = delete;
 
-    /// Asks the process that runs already to show itself. False when there is none, or it does not answer
-    /// within five seconds. Needs an application object.
+    /// Asks the process that is already running to show itself. False when there is none or it does not
+    /// answer within five seconds. Requires an application object.
     [[nodiscard]] static bool activateOther();
 
 private:

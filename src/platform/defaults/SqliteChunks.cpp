@@ -14,7 +14,7 @@ using namespace sqlite_layout;
 
 constexpr std::int64_t noPiece = 0;
 
-/// Pieces that a reader keeps at hand take no more memory than this.
+/// The most memory that a reader uses for cached pieces.
 constexpr std::size_t mostBytesAtHand = std::size_t{1} << 22;
 
 constexpr std::array<bool, 256> makeDigits() {
@@ -28,12 +28,12 @@ constexpr auto base64Digits = makeDigits();
 
 bool isDigit(char character) { return base64Digits[static_cast<unsigned char>(character)]; }
 
-/// How many bytes from the first on are digits, or are none.
+/// The length of the leading run of digits, or of other bytes.
 std::size_t stretch(std::string_view bytes, bool ofDigits) {
     return static_cast<std::size_t>(std::ranges::find(bytes, !ofDigits, isDigit) - bytes.begin());
 }
 
-/// Stands in the database, and so must stay what it is.
+/// Stored in the database, so it must never change.
 std::int64_t contentHash(std::string_view bytes) {
     constexpr std::uint64_t multiplier = 0x9E3779B97F4A7C15;
     std::uint64_t hash = bytes.size();
@@ -66,7 +66,7 @@ SqliteChunkReader::SqliteChunkReader(SqliteDatabase& database, std::int64_t id, 
 }
 
 std::optional<DataPart> SqliteChunkReader::next() {
-    // A finished statement would begin again.
+    // A finished statement would start over.
     const bool isThere = !m_isAtEnd && m_chunks.next();
     m_isAtEnd = !isThere;
     DataPart part;

@@ -10,7 +10,7 @@
 
 namespace brisklog {
 
-/// The bytes of one data value, chunk by chunk. Whatever fails ends them and is left in the database.
+/// The bytes of one data value, chunk by chunk. A failure ends them and is kept in the database object.
 class SqliteChunkReader final : public DataParts {
 public:
     SqliteChunkReader(SqliteDatabase& database, std::int64_t id, std::size_t size);
@@ -30,15 +30,15 @@ private:
     std::size_t m_bytesInPieces = 0;
 };
 
-/// Writes the bytes of one data value from a position on, at which none may be stored. Whatever fails is left
-/// in the database, and what follows is dropped.
+/// Writes the bytes of one data value from a position on; nothing may be stored there yet. A failure is kept
+/// in the database object, and everything after it is dropped.
 class SqliteChunkWriter {
 public:
     SqliteChunkWriter(SqliteDatabase& database, std::int64_t id, std::size_t position);
 
     void append(std::string_view bytes);
 
-    /// Writes what was held back; gives the value's size.
+    /// Writes what is still buffered; returns the value's size.
     [[nodiscard]] std::size_t finish();
 
 private:
@@ -52,9 +52,9 @@ private:
     std::int64_t m_id;
     /// Where in the value `m_own` begins.
     std::size_t m_position;
-    /// Bytes for the next chunk that holds its bytes itself.
+    /// Bytes of the next chunk that holds its own bytes.
     std::string m_own;
-    /// Base64 digits at the end of what came so far.
+    /// The trailing Base64 digits of what has been appended so far.
     std::string m_run;
 };
 

@@ -9,7 +9,7 @@
 namespace brisklog {
 namespace {
 
-/// How long a call waits for another process that is writing.
+/// How long a call waits while another process is writing.
 constexpr int busyMilliseconds = 2000;
 
 constexpr const char* configure = "PRAGMA synchronous = NORMAL;"
@@ -17,7 +17,7 @@ constexpr const char* configure = "PRAGMA synchronous = NORMAL;"
                                   "PRAGMA cell_size_check = ON;"
                                   "PRAGMA trusted_schema = OFF;";
 
-/// What one row may hold, and so what a broken one can make us ask for.
+/// The largest row, and so the most memory that a broken one can make us allocate.
 constexpr int mostBytesInRow = 1 << 28;
 
 template <std::size_t Count>
@@ -31,7 +31,7 @@ constexpr std::array unreadableFile{SQLITE_IOERR_READ, SQLITE_IOERR_SHORT_READ, 
 constexpr std::array noSharedMemory{SQLITE_IOERR_SHMOPEN, SQLITE_IOERR_SHMSIZE, SQLITE_IOERR_SHMMAP,
                                     SQLITE_IOERR_SHMLOCK};
 
-/// System errors of the moment, which say nothing about the file.
+/// Temporary system errors, which say nothing about the file.
 constexpr std::array shortages{EMFILE, ENFILE, ENOMEM, ENOSPC, EDQUOT, EAGAIN, EINTR};
 
 } // namespace
@@ -69,7 +69,7 @@ SqliteDatabase::SqliteDatabase(const std::string& name, Locking locking) {
     }
     sqlite3_busy_timeout(m_connection, busyMilliseconds);
     sqlite3_limit(m_connection, SQLITE_LIMIT_LENGTH, mostBytesInRow);
-    // We make neither; in a file that is not as we left it they could run for ever.
+    // We create neither views nor triggers; in a tampered file they could run for ever.
     sqlite3_db_config(m_connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_db_config(m_connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     if (locking == Locking::exclusive && !run("PRAGMA locking_mode = EXCLUSIVE"))
@@ -149,7 +149,7 @@ SqliteQuery::~SqliteQuery() {
 }
 
 SqliteQuery& SqliteQuery::bindText(int parameter, std::string_view text) {
-    // An empty view may have no address, which would bind NULL.
+    // An empty view may hold a null pointer, which would bind NULL.
     const char* const address = text.empty() ? "" : text.data();
     if (m_statement != nullptr)
         check(sqlite3_bind_text64(m_statement, parameter, address, text.size(), SQLITE_STATIC, SQLITE_UTF8));
@@ -224,7 +224,7 @@ SqliteTransaction::SqliteTransaction(SqliteDatabase& database)
     : m_database(database), m_isOpen(database.query("BEGIN IMMEDIATE").run()) {}
 
 SqliteTransaction::~SqliteTransaction() {
-    // After some failures SQLite has already rolled back itself; then this one fails without harm.
+    // After some failures SQLite has already rolled back; this then fails harmlessly.
     if (m_isOpen)
         sqlite3_exec(m_database.m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
 }

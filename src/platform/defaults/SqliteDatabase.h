@@ -17,36 +17,37 @@ class SqliteQuery;
 struct SqliteFailure {
     /// SQLite's extended result code.
     int code;
-    /// The system's error number behind it; 0 when there is none.
+    /// The underlying system error number; 0 when there is none.
     int systemError;
     std::string description;
 
     enum class Cause {
         file,         ///< broken, foreign or not ours to use
-        otherProcess, ///< it was in the way
-        memory,       ///< there was none, or so it looked: a broken file can have SQLite ask for too much
-        sharedMemory, ///< what processes share could not be made (a full disk does that)
-        passing,      ///< anything else that says nothing about the file, as a full disk
+        otherProcess, ///< it held the lock
+        memory,       ///< none left, or so it seemed: a broken file can make SQLite ask for too much
+        sharedMemory, ///< shared memory could not be created (for example on a full disk)
+        passing,      ///< anything else that says nothing about the file, such as a full disk
     };
 
     [[nodiscard]] Cause cause() const;
 };
 
-/// One open SQLite database. It keeps its prepared statements, and the first failure until that is taken.
+/// One open SQLite database. It caches its prepared statements and keeps the first failure until it is taken.
 class SqliteDatabase {
 public:
     enum class Locking {
-        shared,    ///< other processes can use the file meanwhile
-        exclusive, ///< they cannot; needs no shared memory
+        shared,    ///< other processes can use the file at the same time
+        exclusive, ///< they cannot, but no shared memory is needed
     };
 
-    /// Opens the file, or makes it; ":memory:" lasts as long as the object. A failure is kept like any other.
+    /// Opens or creates the file; ":memory:" lasts as long as the object. A failure is kept like any other.
     SqliteDatabase(const std::string& name, Locking locking);
     ~SqliteDatabase();
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
 
-    /// A statement whose text outlives the database, ready to be bound and stepped. One at a time of each.
+    /// Prepares a statement to be bound and stepped. The text must outlive the database; each statement
+    /// serves only one query at a time.
     [[nodiscard]] SqliteQuery query(const char* sql);
 
     /// Runs statements without parameters; false on failure.
@@ -55,16 +56,16 @@ public:
     /// The first column of the first row; absent on failure or without a row.
     [[nodiscard]] std::optional<std::int64_t> integer(const char* sql);
 
-    /// Copies the log of changes into the file, both through to the medium; false on failure.
+    /// Checkpoints the write-ahead log, syncing both files to the medium; false on failure.
     bool checkpoint();
 
-    /// From now on closing changes nothing in the files.
+    /// From now on, closing does not change the files.
     void leaveFilesAlone();
 
-    /// Notes that the content is not what we would have written.
+    /// Records that the content is not what we would have written.
     void failAsCorrupt(std::string_view description);
 
-    /// Notes a failure, unless there is one already.
+    /// Records a failure, unless there is one already.
     void fail(SqliteFailure failure);
 
     [[nodiscard]] bool hasFailed() const { return m_failure.has_value(); }
@@ -84,7 +85,7 @@ private:
 };
 
 /// One use of a prepared statement. Parameters count from 1, columns from 0; bound bytes are not copied and
-/// must live as long as the use.
+/// must outlive this object.
 class SqliteQuery {
 public:
     SqliteQuery(SqliteDatabase& database, sqlite3_stmt* statement);
@@ -108,7 +109,7 @@ public:
     [[nodiscard]] Kind kind(int column) const;
     [[nodiscard]] std::int64_t integer(int column) const;
     [[nodiscard]] double number(int column) const;
-    /// Of a text or of bytes; valid until the next step.
+    /// The bytes of a text or blob; valid until the next step.
     [[nodiscard]] std::string_view bytes(int column) const;
 
 private:
@@ -118,7 +119,7 @@ private:
     sqlite3_stmt* m_statement;
 };
 
-/// Changes that are made together or not at all; undone unless committed.
+/// An atomic set of changes, rolled back unless committed.
 class SqliteTransaction {
 public:
     explicit SqliteTransaction(SqliteDatabase& database);
@@ -126,7 +127,7 @@ public:
     SqliteTransaction(const SqliteTransaction&) = delete;
     SqliteTransaction& operator=(const SqliteTransaction&) = delete;
 
-    /// False when something failed since the beginning; everything is undone then.
+    /// False when anything has failed since the beginning; everything is then rolled back.
     bool commit();
 
 private:

@@ -21,7 +21,7 @@ constexpr const char* makeTables =
     "PRAGMA user_version = 2;"
     "COMMIT;";
 
-/// Chunks that are there stay as they are; those written from now on may name pieces.
+/// Existing chunks stay as they are; those written from now on may refer to pieces.
 constexpr const char* addPieces =
     "BEGIN IMMEDIATE;"
     "ALTER TABLE chunk ADD COLUMN piece INTEGER;"
@@ -32,7 +32,7 @@ constexpr const char* addPieces =
     "COMMIT;";
 
 Content lookAtContent(SqliteDatabase& database) {
-    // One statement: another process may be making the tables just now.
+    // In one statement, because another process may be creating the tables right now.
     SqliteQuery query =
         database.query("SELECT user_version, (SELECT count(*) FROM sqlite_schema) FROM pragma_user_version");
     if (!query.next() || query.integer(0) == version)
@@ -45,7 +45,7 @@ Content lookAtContent(SqliteDatabase& database) {
 void change(SqliteDatabase& database, const char* statements) {
     if (database.hasFailed() || database.run(statements))
         return;
-    // Another process may have done it between our look and our try.
+    // Another process may have done it since we looked.
     const auto failure = database.takeFailure();
     database.run("ROLLBACK");
     (void)database.takeFailure();
@@ -53,8 +53,8 @@ void change(SqliteDatabase& database, const char* statements) {
         database.fail(*failure);
 }
 
-/// A key that its index has lost would be stored a second time, or stored and never found again. The list of
-/// values is short however much they hold, so that looking it through costs nothing.
+/// A key missing from its index would be stored twice, or stored and never found again. The list of values is
+/// short, however large they are, so checking it costs next to nothing.
 void checkKeys(SqliteDatabase& database) {
     SqliteQuery query = database.query("PRAGMA integrity_check('value')");
     if (query.next() && query.bytes(0) != "ok")

@@ -7,26 +7,27 @@ namespace brisklog {
 
 class SqliteDatabase;
 
-/// How the user defaults lie in their database.
+/// How the user defaults are laid out in their database.
 ///
-/// A data value's bytes lie in chunks. A chunk's place is its value's id times 2^40 plus the position of its
-/// first byte in the value, so that a value's chunks lie side by side and in order in one tree, and chunks
-/// need not all be of one length. A chunk holds its bytes itself or names a piece that holds them: a long
-/// stretch of Base64, as images in JSON are, is kept once however often and in however many values it stands.
+/// A data value's bytes are stored in chunks. A chunk's place is its value's id times 2^40 plus the position
+/// of its first byte in the value, so that a value's chunks are adjacent and in order in one tree, and chunks
+/// may differ in length. A chunk either holds its bytes itself or refers to a piece that holds them: a long
+/// stretch of Base64, such as an image in JSON, is stored once however often and in however many values it
+/// occurs.
 namespace sqlite_layout {
 
 inline constexpr int placeBits = 40;
 
-/// More bytes than this no value can have.
+/// The most bytes a value can have.
 inline constexpr std::size_t largestSize = (std::size_t{1} << placeBits) - 1;
 
-/// As many bytes as a chunk holds itself fit into one page of the database beside what comes with them.
+/// The most bytes that a chunk holds itself; with its overhead it fits into one database page.
 inline constexpr std::size_t chunkSize = 4000;
 
 inline constexpr std::size_t shortestPiece = 512;
 inline constexpr std::size_t longestPiece = std::size_t{1} << 20;
 
-/// Beyond these, a value's chunks would have no place.
+/// Beyond these limits, the places of a value's chunks would overflow.
 inline constexpr std::int64_t smallestId = 1;
 inline constexpr std::int64_t largestId = (std::int64_t{1} << (63 - placeBits)) - 2;
 
@@ -34,8 +35,8 @@ constexpr std::int64_t place(std::int64_t id, std::size_t position) {
     return id * (std::int64_t{1} << placeBits) + static_cast<std::int64_t>(position);
 }
 
-/// Makes the tables in an empty database, brings those of an earlier version up to date; a database that
-/// holds anything else is a failure.
+/// Creates the tables in an empty database and updates those of an earlier version; fails if the database
+/// contains anything else.
 void prepare(SqliteDatabase& database);
 
 } // namespace sqlite_layout

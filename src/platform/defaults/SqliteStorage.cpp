@@ -25,7 +25,7 @@ using Cause = SqliteFailure::Cause;
 constexpr std::chrono::seconds longestWait{1};
 constexpr int millisecondsBetweenTries = 10;
 
-/// What SQLite keeps beside a database.
+/// The files that SQLite keeps beside a database.
 constexpr std::array companions{"-wal", "-shm", "-journal"};
 
 fs::path withEnding(const fs::path& path, const std::string& ending) { return path.string() + ending; }
@@ -34,14 +34,14 @@ SqliteFailure cannotOpen(int systemError) {
     return {SQLITE_CANTOPEN, systemError, std::strerror(systemError)};
 }
 
-/// Whether there is memory enough to open a database, just now.
+/// Whether there is currently enough memory to open a database.
 bool isMemoryThere() {
     SqliteDatabase database(":memory:", SqliteDatabase::Locking::shared);
     sqlite_layout::prepare(database);
     return !database.hasFailed();
 }
 
-/// Renames the database with what belongs to it; false when that cannot be. One that is gone is no failure.
+/// Renames the database with its companions; false when that fails. A missing database is not a failure.
 bool moveAway(const fs::path& file, const fs::path& target) {
     if (::rename(file.c_str(), target.c_str()) != 0 && errno != ENOENT)
         return false;
@@ -64,7 +64,8 @@ void SqliteStorage::synchronise() {
     m_hasChanges = !isDone.value_or(false);
 }
 
-/// Opens the database unless it is open. Neither a failure nor a database means that there is none to open.
+/// Opens the database unless it is open. If there is then neither a failure nor a database, there is none to
+/// open.
 SqliteStorage::Failure SqliteStorage::open(Purpose purpose) {
     if (m_database)
         return std::nullopt;
@@ -75,14 +76,15 @@ SqliteStorage::Failure SqliteStorage::open(Purpose purpose) {
             return failure;
     }
     auto failure = openDatabase(SqliteDatabase::Locking::shared);
-    // Two processes that make the file at the same moment are turned away at once instead of waiting.
+    // When two processes create the file at the same time, SQLite reports it busy at once instead of waiting.
     const auto deadline = std::chrono::steady_clock::now() + longestWait;
     while (failure && failure->cause() == Cause::otherProcess &&
            std::chrono::steady_clock::now() < deadline) {
         sqlite3_sleep(millisecondsBetweenTries);
         failure = openDatabase(SqliteDatabase::Locking::shared);
     }
-    // On a full disk what is stored can still be read this way; taken for absent, it might be overwritten.
+    // On a full disk, stored values can still be read this way; if treated as absent, they might be
+    // overwritten.
     if (failure && failure->cause() == Cause::sharedMemory)
         failure = openDatabase(SqliteDatabase::Locking::exclusive);
     return failure;
@@ -95,7 +97,7 @@ SqliteStorage::Failure SqliteStorage::openDatabase(SqliteDatabase::Locking locki
     auto database = std::make_unique<SqliteDatabase>(m_file ? m_file->string() : ":memory:", locking);
     sqlite_layout::prepare(*database);
     auto failure = database->takeFailure();
-    // Taken at its word, a file broken in this way would be in the way at every start.
+    // If this error were believed, a file broken in this way would block every start.
     if (failure && failure->cause() == Cause::memory && isMemoryThere())
         failure->code = SQLITE_CORRUPT;
     if (failure)
@@ -105,7 +107,7 @@ SqliteStorage::Failure SqliteStorage::openDatabase(SqliteDatabase::Locking locki
     return failure;
 }
 
-/// Makes the empty file readable for its owner alone; SQLite gives its companions the same mode.
+/// Creates the empty file, readable only by its owner; SQLite gives its companions the same mode.
 SqliteStorage::Failure SqliteStorage::makeFile() const {
     if (PosixFiles().createFolder(m_file->parent_path()).failed())
         return cannotOpen(errno);
@@ -117,7 +119,7 @@ SqliteStorage::Failure SqliteStorage::makeFile() const {
     return std::nullopt;
 }
 
-/// Whether that makes another try worth while; what else failed is printed.
+/// Replaces a broken file and returns whether another try is worthwhile; prints any other failure.
 bool SqliteStorage::replaceIfBroken(const SqliteFailure& failure, Purpose purpose, std::string_view what) {
     if (failure.cause() == Cause::file) {
         replaceBroken(failure);

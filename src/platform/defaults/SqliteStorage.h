@@ -17,16 +17,16 @@ namespace brisklog {
 class SqliteStorage {
 public:
     enum class Purpose {
-        reading,  ///< without a database nothing happens
-        changing, ///< the same: only what is there is changed
-        writing,  ///< the database is made when there is none
+        reading,  ///< does nothing without a database
+        changing, ///< likewise: changes only existing values
+        writing,  ///< creates the database if there is none
     };
 
     SqliteStorage(std::optional<std::filesystem::path> file, const Clock& clock, Log& log);
 
-    /// Opens the database unless it is open, and gives the answer it has; an empty one where there is no
-    /// database. When the database turns out to be broken a fresh one is asked again. Nothing when it failed,
-    /// which is printed with `what` it was about.
+    /// Opens the database unless it is open and returns the result of `ask`; an empty one if there is no
+    /// database. If the database turns out to be broken, tries again with a new one. Absent on failure, which
+    /// is printed together with `what`.
     template <class Ask, class Answer = std::invoke_result_t<Ask, SqliteDatabase&>>
     std::optional<Answer> perform(Purpose purpose, std::string_view what, const Ask& ask) {
         m_hasChanges |= purpose != Purpose::reading;
@@ -46,13 +46,13 @@ public:
         return std::nullopt;
     }
 
-    /// Brings all changes made since the last call to the medium.
+    /// Syncs all changes made since the last call to the medium.
     void synchronise();
 
 private:
     using Failure = std::optional<SqliteFailure>;
 
-    /// The file, a fresh file in its place, and memory.
+    /// The file, a new file in its place, and memory.
     static constexpr int placesToTry = 3;
 
     [[nodiscard]] Failure open(Purpose purpose);
@@ -62,7 +62,7 @@ private:
     void replaceBroken(const SqliteFailure& failure);
     [[nodiscard]] std::filesystem::path freeNameForBroken() const;
 
-    /// None: the database is in memory.
+    /// Absent when the database is in memory.
     std::optional<std::filesystem::path> m_file;
     const Clock& m_clock;
     Log& m_log;

@@ -11,13 +11,13 @@ namespace brisklog {
 
 class SqliteStorage;
 
-/// The user defaults in a database file of the user's configuration folder. Nothing is opened before the
-/// first access and nothing is made before the first write. A broken file is set aside under a name ending in
-/// ".broken-" and the time, and a new one begun; where not even that is possible, values last as long as the
-/// process.
+/// The user defaults in a database file in the user's configuration folder. Nothing is opened before the
+/// first access and nothing is created before the first write. A broken file is set aside under a name ending
+/// in ".broken-" and the time, and a new one is started; if even that is impossible, values last as long as
+/// the process.
 class SqliteUserDefaults final : public LargeValueStore {
 public:
-    /// Without a file the values last as long as the process.
+    /// Without a file, values last as long as the process.
     SqliteUserDefaults(std::optional<std::filesystem::path> file, const Clock& clock, Log& log);
     ~SqliteUserDefaults() override;
 

@@ -15,10 +15,10 @@ using Value = UserDefaults::Value;
 
 using namespace sqlite_layout;
 
-/// What a corrupted size must not make us ask for at once.
+/// The most memory to reserve at once, in case the size is corrupted.
 constexpr std::size_t largestReservation = std::size_t{1} << 28;
 
-/// Room worth giving back to the file system.
+/// How much free space is worth returning to the file system.
 constexpr std::size_t noticeableRoom = std::size_t{1} << 20;
 
 struct SizeOf {
@@ -65,7 +65,7 @@ std::optional<Value> scalar(Type type, const SqliteQuery& row, int column) {
 
 } // namespace
 
-/// From the first three columns: id, type and size.
+/// Reads the first three columns: id, type and size.
 std::optional<SqliteValues::Row> SqliteValues::rowIn(const SqliteQuery& query) {
     const auto id = query.integer(0);
     const auto type = query.integer(1);
@@ -87,7 +87,8 @@ std::optional<SqliteValues::Row> SqliteValues::find(std::string_view key) {
 }
 
 std::optional<Value> SqliteValues::value(std::string_view key) {
-    // Both statements see the same state, whatever another process changes meanwhile.
+    // Stays open while the chunks are read, so that both statements see the same state whatever another
+    // process changes.
     SqliteQuery query = m_database.query("SELECT id, type, size, content FROM value WHERE key = ?1");
     if (!query.bindText(1, key).next())
         return std::nullopt;
@@ -160,7 +161,8 @@ std::optional<std::size_t> SqliteValues::dataSize(std::string_view key) {
 
 LargeValueStore::Reading SqliteValues::readData(std::string_view key,
                                                 const std::function<void(DataParts&)>& read) {
-    // Open for as long as the chunks are read: both see the same state, whatever another process changes.
+    // Stays open while the chunks are read, so that both statements see the same state whatever another
+    // process changes.
     SqliteQuery query = m_database.query("SELECT id, type, size FROM value WHERE key = ?1");
     if (!query.bindText(1, key).next())
         return LargeValueStore::Reading::absent;
@@ -184,7 +186,7 @@ bool SqliteValues::replaceData(std::string_view key, std::size_t from, DataSourc
     return row && writeFrom(*row, from, data) && commit(change, before, from);
 }
 
-/// Replaces what stands from there on, as part of a change; false when the source gave up.
+/// Replaces everything from `from` on, as part of a transaction; false when the source failed.
 bool SqliteValues::writeFrom(const Row& row, std::size_t from, DataSource& data) {
     const Head head = headBefore(row.id, from);
     removeChunks(row.id, head.start);
@@ -220,7 +222,7 @@ SqliteValues::Head SqliteValues::headBefore(std::int64_t id, std::size_t offset)
         isPiece ? sqlitePiece(m_database, query.integer(2)) : std::string(query.bytes(1));
     if (start + bytes.size() < offset)
         m_database.failAsCorrupt("a value that is not of its length");
-    // A full chunk that ends just there stays as it is.
+    // A full chunk that ends exactly there stays as it is.
     if ((isPiece || bytes.size() >= chunkSize) && start + bytes.size() == offset)
         return {offset, {}};
     return {start, bytes.substr(0, offset - start)};
@@ -256,7 +258,7 @@ bool SqliteValues::commit(SqliteTransaction& change, const std::optional<Row>& b
     return true;
 }
 
-/// A file grown large by what was deleted since is made small again: deleting a long history frees the disk.
+/// Shrinks a file that consists largely of deleted data: deleting a long history frees disk space.
 void SqliteValues::reclaimSpace() {
     const auto free = m_database.integer("PRAGMA freelist_count");
     const auto all = m_database.integer("PRAGMA page_count");
@@ -264,7 +266,7 @@ void SqliteValues::reclaimSpace() {
         return;
     m_database.run("VACUUM");
     m_database.checkpoint();
-    // The change itself is made; that its room is still taken is no loss.
+    // The change itself has succeeded; failing to free its space does no harm.
     (void)m_database.takeFailure();
 }
 

@@ -8,8 +8,8 @@ class SqliteDatabase;
 class SqliteQuery;
 class SqliteTransaction;
 
-/// The user defaults' tables in an open database. Whatever fails is left in the database to be taken there;
-/// the result then means nothing. What changes values tells whether it did.
+/// The user defaults' tables in an open database. A failure is kept in the database object to be taken from
+/// there; the result is then meaningless. Functions that change values return whether they succeeded.
 class SqliteValues {
 public:
     explicit SqliteValues(SqliteDatabase& database) : m_database(database) {}
@@ -32,7 +32,7 @@ private:
         std::size_t size;
     };
 
-    /// The kept beginning of a chunk that is to be written anew, and where the chunk begins in the value.
+    /// The part to keep of a chunk that is to be rewritten, and where the chunk begins in the value.
     struct Head {
         std::size_t start;
         std::string bytes;
@@ -49,7 +49,7 @@ private:
     void reclaimSpace();
 
     SqliteDatabase& m_database;
-    /// Whether chunks were removed that named pieces.
+    /// Whether chunks that refer to pieces have been removed.
     bool m_hasLetGoOfPieces = false;
 };
 

@@ -20,11 +20,11 @@ const QString portalPath = u"/org/freedesktop/portal/desktop"_s;
 const QString fileChooser = u"org.freedesktop.portal.FileChooser"_s;
 const QString requestInterface = u"org.freedesktop.portal.Request"_s;
 
-// What the bus library itself announces, without a bus.
+// The bus library emits this signal itself, locally.
 const QString localPath = u"/org/freedesktop/DBus/Local"_s;
 const QString localInterface = u"org.freedesktop.DBus.Local"_s;
 
-/// A portal that is only just being started still has to answer while the user is waiting for the panel.
+/// Long enough for a portal that is only just starting, short enough for a user waiting for the panel.
 constexpr int millisecondsForPresence = 3000;
 constexpr int millisecondsForPanel = 15000;
 
@@ -40,13 +40,13 @@ QString newToken() {
     return u"brisklog"_s + QString::number(++count);
 }
 
-/// Where the portal will announce the answer, by its own rule.
+/// Where the portal will send the answer, according to its naming rule.
 QString handleFor(const QDBusConnection& bus, const QString& token) {
     QString sender = bus.baseService().mid(1);
     return portalPath + u"/request/"_s + sender.replace(u'.', u'_') + u'/' + token;
 }
 
-// A choice of files in the portal's form: its name, and ways by which a file belongs to it.
+// A file filter as the portal represents it: its name, and the rules that select files.
 using PortalFilterRule = std::pair<uint, QString>;
 using PortalFileFilter = std::pair<QString, QList<PortalFilterRule>>;
 constexpr uint byPattern = 0;
@@ -66,7 +66,7 @@ QVariantMap panelOptions(const SaveQuestion& question, const QString& token) {
             {u"modal"_s, true},
             {u"accept_label"_s, u"Speichern"_s},
             {u"current_name"_s, question.name},
-            // A path is handed over as bytes with their end marked.
+            // Paths are passed as bytes with a terminating zero.
             {u"current_folder"_s, QFile::encodeName(question.folder) + '\0'},
             {u"filters"_s, QVariant::fromValue(QList<PortalFileFilter>{pdfs})},
             {u"current_filter"_s, QVariant::fromValue(pdfs)}};
@@ -113,7 +113,7 @@ void PortalSaveRequest::showPanel() {
     panel.setArguments({m_parentWindow, m_question.title, panelOptions(m_question, token)});
     call(panel, millisecondsForPanel, [this](const QDBusMessage& reply) {
         const auto handle = reply.arguments().value(0).value<QDBusObjectPath>().path();
-        // Portals of old chose the place themselves.
+        // Old portals chose the path themselves.
         if (!handle.isEmpty() && handle != m_handle)
             listenAt(handle);
     });
@@ -127,7 +127,7 @@ void PortalSaveRequest::listenAt(const QString& handle) {
 }
 
 void PortalSaveRequest::handleResponse(const QDBusMessage& response) {
-    // 0 is a choice, 1 a cancel; 2 is what closing the panel's window gives with some desktops.
+    // 0 means chosen, 1 cancelled; 2 is what some desktops send when the panel's window is closed.
     if (response.arguments().value(0).toUInt() != 0)
         finish({Kind::cancelled, {}});
     else

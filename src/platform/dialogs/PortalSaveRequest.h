@@ -13,20 +13,20 @@ struct PortalAnswer {
     enum class Kind {
         chosen,      ///< with a file
         cancelled,   ///< by the user
-        unavailable, ///< there is no such portal, it vanished, or its answer is of no use
+        unavailable, ///< there is no such portal, it vanished, or its answer is unusable
     };
 
     Kind kind;
     std::filesystem::path file;
 };
 
-/// One save panel shown by the desktop's portal. It ends with one call of `answered`, later, and is to be
-/// deleted after that; deleted earlier, it withdraws the panel without an answer.
+/// One save panel shown by the desktop's portal. It ends with one asynchronous call of `answered` and must be
+/// deleted after that; if deleted earlier, it withdraws the panel without an answer.
 class PortalSaveRequest final : public QObject {
 public:
     using Answered = std::function<void(const PortalAnswer&)>;
 
-    /// `parentWindow` is the window as the portal names it; empty for none.
+    /// `parentWindow` is the portal's identifier of the window; empty for none.
     PortalSaveRequest(QDBusConnection bus, SaveQuestion question, QString parentWindow, Answered answered);
     ~PortalSaveRequest() override;
 

@@ -25,7 +25,7 @@ SaveQuestion questionFor(const SaveRequest& request, const Files& files) {
             .folder = hasDocuments ? QFile::decodeName(documents->c_str()) : QDir::homePath()};
 }
 
-/// The window in the portal's words. Under Wayland the toolkit cannot name it.
+/// The portal's identifier of the window. Under Wayland the toolkit does not provide it.
 QString portalNameOf(const QWidget* window) {
     if (window == nullptr || QGuiApplication::platformName() != u"xcb"_s)
         return {};
@@ -34,7 +34,7 @@ QString portalNameOf(const QWidget* window) {
 
 } // namespace
 
-/// One panel, from its question to its answer.
+/// One panel, from the request to the answer.
 class QtSavePanel::Run final : public QObject {
 public:
     Run(QtSavePanel& panel, const SaveRequest& request, Completion completed)
@@ -82,7 +82,7 @@ QtSavePanel::QtSavePanel(const Files& files, Owner owner, QDBusConnection bus)
 QtSavePanel::~QtSavePanel() = default;
 
 void QtSavePanel::present(const SaveRequest& request, Completion completed) {
-    // Ends itself.
+    // Deletes itself.
     new Run(*this, request, std::move(completed));
 }
 

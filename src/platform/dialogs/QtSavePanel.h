@@ -10,19 +10,19 @@ class QWidget;
 
 namespace brisklog {
 
-/// The desktop's save panel through its portal where it has one, else the toolkit's file dialog.
+/// The desktop's save panel through its portal if it has one, otherwise the toolkit's file dialog.
 class QtSavePanel final : public SavePanel {
 public:
-    /// Whom the panels belong to.
+    /// The part of the program that the panels belong to.
     struct Owner {
-        /// The window a panel appears over; may give none.
+        /// The window a panel appears over; may return null.
         std::function<QWidget*()> parentWindow;
-        /// Gives a token that is kept while the panel is up, so that what lies under it stays open.
+        /// Returns a token that is held while the panel is open, so that what is beneath it stays open.
         std::function<std::shared_ptr<void>()> holdOpen;
     };
 
     QtSavePanel(const Files& files, Owner owner, QDBusConnection bus = QDBusConnection::sessionBus());
-    /// Withdraws panels that are still up; their completions are not called then.
+    /// Withdraws panels that are still open; their completions are not called.
     ~QtSavePanel() override;
 
     void present(const SaveRequest& request, Completion completed) override;
@@ -33,7 +33,7 @@ private:
     const Files& m_files;
     Owner m_owner;
     QDBusConnection m_bus;
-    /// Whoever is alive in this object's name ends with it.
+    /// Parent of the open panels, which are destroyed with it.
     std::unique_ptr<QObject> m_context;
 };
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 using Answer = std::function<void(std::optional<std::filesystem::path>)>;
 
 void setTexts(QFileDialog& dialog, const SaveQuestion& question) {
-    // Before the labels, because it makes the buttons anew.
+    // Before the labels, because it recreates the buttons.
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setWindowTitle(question.title);
     dialog.setNameFilter(u"PDF-Dokumente (*.pdf)"_s);
@@ -29,7 +29,7 @@ void offerName(QFileDialog& dialog, const SaveQuestion& question) {
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.setDirectory(question.folder);
     QString name = question.name;
-    // The toolkit's dialog takes what stands between quotation marks for one of several names.
+    // The toolkit's dialog treats text between quotation marks as one of several names.
     dialog.selectFile(name.replace(u'"', u'\''));
 }
 
@@ -53,7 +53,7 @@ void openSaveDialog(QWidget* parent, const SaveQuestion& question, QObject* cont
         if (const auto answer = std::exchange(*pending, {}))
             answer(chosenFile(*dialog, result));
     });
-    // Its parent may go at any moment, even when the program ends: then the answer waits for a calm one.
+    // The parent may be destroyed at any time, even while the program ends, so this answer is queued.
     QObject::connect(
         dialog, &QObject::destroyed, context,
         [pending] {

@@ -18,7 +18,7 @@ cairo_status_t append(void* bytes, const unsigned char* data, unsigned int lengt
     return CAIRO_STATUS_SUCCESS;
 }
 
-/// Pages are measured from their bottom, Cairo measures from the top.
+/// Pages are measured from the bottom; Cairo measures from the top.
 double fromTop(double y) { return a4.height - y; }
 
 double topOf(const PageRectangle& box) { return fromTop(box.y + box.height); }

@@ -13,7 +13,7 @@ namespace brisklog {
 class CairoPdfDocument final : public PdfDocument {
 public:
     CairoPdfDocument(std::shared_ptr<PangoFontMap> fonts, const DocumentInformation& information);
-    /// The surface writes to this very object.
+    /// Not copyable, because the surface writes to this object.
     CairoPdfDocument(const CairoPdfDocument&) = delete;
     CairoPdfDocument& operator=(const CairoPdfDocument&) = delete;
 
@@ -41,7 +41,7 @@ private:
 
     void setInformation(const DocumentInformation& information);
 
-    // The order matters: what is written to outlives what writes.
+    // The order matters: the bytes must outlive the surface that writes to them.
     std::string m_bytes;
     std::shared_ptr<PangoFontMap> m_fonts;
     std::unique_ptr<cairo_surface_t, DestroySurface> m_surface;

@@ -7,7 +7,7 @@
 namespace brisklog {
 namespace {
 
-/// With this resolution a font's size in points is its size on the page.
+/// At this resolution, a font's size in points is its size on the page.
 constexpr double pointsPerInch = 72;
 
 std::shared_ptr<PangoFontMap> makeFonts() {

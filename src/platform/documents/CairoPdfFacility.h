@@ -7,8 +7,8 @@
 
 namespace brisklog {
 
-/// Makes PDF documents with Cairo and Pango. The fonts are looked for when the first document is begun, and
-/// kept: finding them again takes longer than a whole invoice.
+/// Makes PDF documents with Cairo and Pango. Fonts are looked up when the first document is begun and then
+/// cached: looking them up again takes longer than a whole invoice.
 class CairoPdfFacility final : public PdfFacility {
 public:
     [[nodiscard]] std::unique_ptr<PdfDocument> begin(const DocumentInformation& information) override;

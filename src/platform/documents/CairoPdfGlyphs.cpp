@@ -17,7 +17,7 @@ bool isShown(const PangoGlyphInfo& glyph) {
     return glyph.glyph != PANGO_GLYPH_EMPTY && glyph.glyph != unknownBlank;
 }
 
-/// No font has this character.
+/// Whether no font has the character.
 bool isUnknown(const PangoGlyphInfo& glyph) { return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0; }
 
 unsigned long blankOf(PangoFont* font) {
@@ -45,7 +45,7 @@ int countShown(const PangoGlyphString& glyphs, int begin, int end) {
     return static_cast<int>(std::count_if(glyphs.glyphs + begin, glyphs.glyphs + end, isShown));
 }
 
-/// What has no ink at a whole point takes no room at all in Cairo's reckoning, which leaves it out then.
+/// At a whole point, Cairo considers a glyph without ink to have no extent and leaves it out.
 double offWholePoint(double place) {
     constexpr double resolution = 256;
     constexpr double aside = 0.1;
@@ -58,7 +58,7 @@ double offWholePoint(double place) {
 double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double x, double baseline) {
     PangoFont* const font = run.item->analysis.font;
     if (font != nullptr) {
-        // Pictures are no text that can be copied, so blanks stand for it where they are.
+        // Pictures cannot be copied as text, so spaces carry the text in their place.
         Font blanks = CairoPdfPictures::areGlyphsOf(font) ? ordinaryFontLike(font) : nullptr;
         PangoFont* const blanksOrNone = blanks.get();
         use(blanks ? std::move(blanks) : Font(static_cast<PangoFont*>(g_object_ref(font))), directionOf(run));
@@ -106,7 +106,7 @@ void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks,
         if (isShown(glyph)) {
             const double glyphX = x + toPoints(glyph.geometry.x_offset);
             const double glyphY = baseline + toPoints(glyph.geometry.y_offset);
-            // Drawn by Pango, a character that no font has would be lost as text. Here it is a blank in a
+            // A character that no font has would be lost as text if Pango drew it. Here it is a space in a
             // box.
             if (isUnknown(glyph))
                 showUnknown(x, baseline, width);

@@ -10,26 +10,25 @@
 
 namespace brisklog {
 
-/// Pango measures in parts of a point.
+/// Pango measures in fractions of a point.
 inline double toPoints(int pangoUnits) { return static_cast<double>(pangoUnits) / PANGO_SCALE; }
 
-/// Puts shaped text on a drawing together with the characters it stands for, so that it can be copied from
-/// the document. What follows each other in one font is handed over at once, because each time costs Cairo
-/// more than a word.
+/// Draws shaped text together with its characters, so that it can be copied from the document. Consecutive
+/// text in one font is passed to Cairo in one call, because each call costs more than a word does.
 class CairoPdfGlyphs {
 public:
     /// All must outlive this; `fontFamilies` are those of ordinary text.
     CairoPdfGlyphs(cairo_t* drawing, PangoContext* context, const char* fontFamilies)
         : m_drawing(drawing), m_context(context), m_fontFamilies(fontFamilies), m_pictures(drawing) {}
 
-    /// From now on everything stands on another page.
+    /// From now on everything is drawn on a new page.
     void beginPage() { m_pictures.beginPage(); }
 
-    /// Shows one run of the text from which it was shaped; returns its width in points. It may be on the
-    /// drawing only after `flush()`.
+    /// Shows one run of the text from which it was shaped; returns its width in points. Drawing may be
+    /// deferred until `flush()`.
     double show(const PangoGlyphItem& run, const char* text, double x, double baseline);
 
-    /// To be called before anything else is drawn, and before the colour changes.
+    /// Must be called before anything else is drawn and before the colour changes.
     void flush();
 
 private:
@@ -39,12 +38,12 @@ private:
 
     using Font = std::unique_ptr<PangoFont, Unreference>;
 
-    /// The font of ordinary text in the size of another one.
+    /// The font of ordinary text in the size of another font.
     [[nodiscard]] Font ordinaryFontLike(PangoFont* font) const;
-    /// What is shown from now on is in that font and direction.
+    /// Sets the font and direction of what is shown from now on.
     void use(Font font, cairo_text_cluster_flags_t direction);
-    /// Shows what is no text, and collects the glyphs that are. Those of `blanks`, if any, stand in for all
-    /// others.
+    /// Draws what is not text and collects the glyphs that are; the space of the font `blanks`, if any,
+    /// replaces all of them.
     void collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline);
     void collectClusters(const PangoGlyphItem& run, const char* text);
     void showUnknown(double x, double baseline, double width);
@@ -54,7 +53,7 @@ private:
     const char* m_fontFamilies;
     CairoPdfPictures m_pictures;
 
-    // What is waiting to be shown.
+    // Buffered until the next `flush()`.
     Font m_font;
     cairo_text_cluster_flags_t m_direction{};
     std::string m_text;

@@ -10,7 +10,7 @@ namespace {
 
 using OwnedImage = std::unique_ptr<cairo_surface_t, DestroyImage>;
 
-/// The JPEG's bytes as they are; the surface's own pixels are never looked at.
+/// Passes the JPEG's bytes through unchanged; the surface's own pixels are never used.
 OwnedImage passedThrough(std::string_view jpeg, const QSize& size) {
     OwnedImage image(cairo_image_surface_create(CAIRO_FORMAT_RGB24, size.width(), size.height()));
     auto* const copy = static_cast<unsigned char*>(std::malloc(jpeg.size()));

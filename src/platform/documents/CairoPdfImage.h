@@ -11,8 +11,8 @@ struct DestroyImage {
 };
 
 /// An encoded image, upright and ready to be drawn; its width and height are never 0. A JPEG that already
-/// stands upright goes into the document byte for byte. Null for what is no PNG, JPEG, GIF, BMP or TIFF, is
-/// broken or cut short, or has more than 32 million pixels.
+/// stands upright goes into the document byte for byte. Null if it is not a PNG, JPEG, GIF, BMP or TIFF, is
+/// broken or truncated, or has more than 32 million pixels.
 [[nodiscard]] std::unique_ptr<cairo_surface_t, DestroyImage> decodedImage(std::string_view encoded);
 
 } // namespace brisklog

@@ -7,7 +7,7 @@
 namespace brisklog {
 namespace {
 
-/// Sharp enough for paper: 576 dots an inch.
+/// Sharp enough for paper: 576 dots per inch.
 constexpr double pixelsPerPoint = 8;
 
 cairo_scaled_font_t* scaledFontOf(PangoFont* font) {
@@ -23,7 +23,7 @@ cairo_text_extents_t extentsOf(PangoFont* font, PangoGlyph glyph) {
 
 int pixels(double points) { return static_cast<int>(std::ceil(points * pixelsPerPoint)); }
 
-/// The same font for a drawing of another scale.
+/// Selects the font for a drawing with a different scale.
 void useFont(cairo_t* drawing, cairo_scaled_font_t* font) {
     cairo_matrix_t matrix;
     cairo_scaled_font_get_font_matrix(font, &matrix);
@@ -82,7 +82,7 @@ CairoPdfPictures::Picture CairoPdfPictures::makePicture(PangoFont* font, PangoGl
     cairo_show_glyphs(drawing, &placed, 1);
     const cairo_status_t drawn = cairo_status(drawing);
     cairo_destroy(drawing);
-    // A broken picture would take all that is drawn after it away.
+    // A broken picture would make Cairo drop everything drawn after it.
     return drawn == CAIRO_STATUS_SUCCESS ? std::move(picture) : nullptr;
 }
 

@@ -9,8 +9,8 @@
 
 namespace brisklog {
 
-/// Draws the glyphs of fonts in colour, such as emoji. Cairo would draw them too, but names a picture that
-/// stands twice on a page twice in the page's list, which is an error in the document.
+/// Draws the glyphs of colour fonts, such as emoji. Cairo would draw them too, but lists a picture that
+/// occurs twice on a page twice among the page's resources, which is an error in the document.
 class CairoPdfPictures {
 public:
     /// The drawing must outlive this.
@@ -19,7 +19,7 @@ public:
     /// Whether the font's glyphs are pictures.
     [[nodiscard]] static bool areGlyphsOf(PangoFont* font);
 
-    /// From now on everything stands on another page.
+    /// From now on everything is drawn on a new page.
     void beginPage();
 
     void show(PangoFont* font, PangoGlyph glyph, double x, double baseline);
@@ -35,14 +35,14 @@ private:
 
     using Picture = std::unique_ptr<cairo_surface_t, DestroySurface>;
 
-    /// One glyph; each of its copies stands no more than once on a page.
+    /// One glyph; each of its copies is used at most once per page.
     struct Copies {
-        /// Keeps the font alive, because its address is the key to this.
+        /// Keeps the font alive, because its address is part of the key.
         std::unique_ptr<PangoFont, Unreference> font;
         /// From the glyph's origin to the picture's upper left corner.
         double x = 0;
         double y = 0;
-        /// Null for what cannot be drawn.
+        /// Null if the glyph cannot be drawn.
         std::vector<Picture> pictures;
         std::size_t usedOnPage = 0;
     };

@@ -13,17 +13,15 @@ namespace brisklog {
 namespace {
 
 constexpr const char* fontFamilies = "Inter, Liberation Sans, DejaVu Sans, sans-serif";
-/// Digits of equal width, and no exchange of characters for what their neighbours suggest: that loses some of
-/// them from the text that can be copied.
+/// Digits of equal width, and no contextual alternates, which lose characters from the text that can be
+/// copied.
 constexpr const char* fontFeatures = "calt=0, tnum=1";
-/// The same without the joining of letters and accents, which takes a font half its time and has nothing to
-/// do in plain text.
+/// The same without glyph composition, which takes half of the shaping time and has no effect on plain text.
 constexpr const char* plainFontFeatures = "calt=0, tnum=1, ccmp=0";
 
-/// More than any line holds; a line is not laid out beyond it.
+/// More bytes than fit on any line; a line is not laid out beyond this.
 constexpr std::size_t longestLine = 2048;
-/// Wrapped text is laid out by and by: a single word of many lines takes Pango a time that grows with its
-/// square.
+/// Wrapped text is laid out in portions: Pango takes quadratic time for a single word that spans many lines.
 constexpr std::size_t longestPortion = 2048;
 constexpr std::size_t mostRecentLines = 256;
 
@@ -35,7 +33,7 @@ struct FreeIterator {
 
 using OwnedIterator = std::unique_ptr<PangoLayoutIter, FreeIterator>;
 
-/// As much of the text as is laid out at once; never half of a line break.
+/// The part of the text that is laid out next; never ends within a line break.
 std::string_view nextPortion(std::string_view text) {
     std::string_view portion = text::beginning(text, longestPortion);
     if (portion.size() < text.size() && portion.ends_with('\r'))
@@ -55,14 +53,14 @@ PangoAttrList* makeAttributes(const TextStyle& style, const char* features) {
     return attributes;
 }
 
-/// In steps of a tenth of a point, so that there are never many sizes.
+/// In steps of a tenth of a point, to limit the number of sizes.
 TextStyle smaller(TextStyle style, double factor) {
     constexpr double steps = 10;
     style.pointSize = std::max(1.0, std::floor(style.pointSize * factor * steps)) / steps;
     return style;
 }
 
-/// Sizes and places exactly as designed, not fitted to the pixels of a screen.
+/// Sizes and positions exactly as designed, not fitted to the pixels of a screen.
 void setUpForPaper(PangoContext* context) {
     cairo_font_options_t* const options = cairo_font_options_create();
     cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
@@ -123,7 +121,7 @@ CairoPdfText::ShapedLine CairoPdfText::shape(std::string line, Face& face) const
 }
 
 void CairoPdfText::shapeRuns(ShapedLine& shaped, const Face& face) const {
-    // A layout would do this too, in twice the time: it also looks for places to break the line.
+    // A layout would do this too but take twice as long, because it also looks for line breaks.
     const char* const text = shaped.text.data();
     const auto length = static_cast<int>(shaped.text.size());
     GList* const logical = pango_itemize(m_context.get(), text, 0, length, face.attributes.get(), nullptr);
@@ -145,7 +143,7 @@ const CairoPdfText::ShapedLine& CairoPdfText::shaped(const std::string& line, Fa
         return known->second;
     if (face.recent.size() >= mostRecentLines)
         face.earlier = std::exchange(face.recent, {});
-    // What is used again and again is thus never forgotten, however much else is used once.
+    // Lines that are used repeatedly are thus never evicted, however many others are used once.
     if (auto known = face.earlier.extract(line))
         return face.recent.insert(std::move(known)).position->second;
     return face.recent.emplace(line, shape(line, face)).first->second;
@@ -185,7 +183,7 @@ void CairoPdfText::drawLine(std::string_view text, double x, double top, double 
     if (isCut)
         line += "…";
     Face& chosen = face(style);
-    // All lines of a style share one ascent, so that a character from another font does not move its line.
+    // All lines of a style share one ascent, so that a character from another font does not shift its line.
     const double baseline = top + chosen.ascent;
     if (!isCut)
         if (const ShapedLine& whole = shaped(line, chosen); whole.width <= width)
@@ -222,7 +220,7 @@ std::string CairoPdfText::visitLines(std::string_view text, double width, const 
         do {
             const WrappedLine line = lineAt(lines.get(), bottom, face(style));
             unseen = static_cast<std::size_t>(line.line->start_index);
-            // The last line of a portion is only begun: it goes on with the next one.
+            // The last line of a portion is incomplete: it continues in the next portion.
             if (unseen > 0 && !text.empty() && pango_layout_iter_at_last_line(lines.get()))
                 break;
             if (!visit(line))
@@ -240,7 +238,7 @@ CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double
     pango_layout_iter_get_line_extents(iterator, nullptr, &extents);
     const double ascent = toPoints(pango_layout_iter_get_baseline(iterator) - extents.y);
     const double descent = toPoints(extents.height) - ascent;
-    // A line of characters that no font has would be lower than the others and reach into its neighbours.
+    // A line of characters that no font has would be less tall than the others and overlap its neighbours.
     const double baseline = top + std::max(ascent, face.ascent);
     return {pango_layout_iter_get_layout(iterator), pango_layout_iter_get_line_readonly(iterator), baseline,
             baseline + std::max(descent, face.descent), toPoints(extents.width)};

@@ -13,16 +13,17 @@
 
 namespace brisklog {
 
-/// Sets texts on a drawing: chooses fonts, shapes and wraps. Here `top` is measured downwards, as Cairo does.
+/// Typesets texts on a drawing: chooses fonts, shapes and wraps. Here `top` is measured downwards, as Cairo
+/// does.
 class CairoPdfText {
 public:
     /// Both must outlive this.
     CairoPdfText(cairo_t* drawing, PangoFontMap* fonts);
 
-    /// From now on everything stands on another page.
+    /// From now on everything is drawn on a new page.
     void beginPage() { m_glyphs.beginPage(); }
 
-    /// To be called before anything but text is drawn: texts may be on the drawing only then.
+    /// Must be called before anything but text is drawn, because texts may be deferred until then.
     void flush() { m_glyphs.flush(); }
 
     void drawLine(std::string_view text, double x, double top, double width, const TextStyle& style);
@@ -65,19 +66,20 @@ private:
         double width;
     };
 
-    /// What is needed to set texts in one style.
+    /// What is needed to typeset text in one style.
     struct Face {
         TextStyle style;
         Attributes attributes;
         Layout layout;
         CairoPdfWords words;
-        /// From the top of a line to its base line.
+        /// From the top of a line to its baseline.
         double ascent = 0;
         /// From there to its bottom.
         double descent = 0;
-        /// Lines shaped lately, by their text: numbers are measured before they are drawn, and much repeats.
+        /// Recently shaped lines by their text: numbers are measured before they are drawn, and many lines
+        /// repeat.
         std::unordered_map<std::string, ShapedLine> recent;
-        /// And those before them.
+        /// The lines shaped before those.
         std::unordered_map<std::string, ShapedLine> earlier;
     };
 
@@ -87,10 +89,10 @@ private:
     void shapeRuns(ShapedLine& shaped, const Face& face) const;
     [[nodiscard]] const ShapedLine& shaped(const std::string& line, Face& face) const;
     [[nodiscard]] PangoLayout* wrapped(const std::string& text, double width, const TextStyle& style);
-    /// The line the iterator stands at, with its top there; never lower than a line of ordinary text.
+    /// The iterator's current line, starting at `top`; at least as high as a line of ordinary text.
     [[nodiscard]] static WrappedLine lineAt(PangoLayoutIter* iterator, double top, const Face& face);
-    /// Shows `visit` the lines of a wrapped text from the top until it answers false; returns the text from
-    /// that line on.
+    /// Passes the lines of a wrapped text to `visit` from the top until it returns false; returns the text
+    /// from that line on.
     std::string visitLines(std::string_view text, double width, const TextStyle& style,
                            const std::function<bool(const WrappedLine&)>& visit);
     void useInk(Ink ink);

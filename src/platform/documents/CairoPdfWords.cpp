@@ -8,7 +8,7 @@ namespace {
 constexpr std::size_t mostWords = 4096;
 constexpr std::string_view noBreakSpace = "\u00A0";
 
-/// Characters that stand beside each other in the order in which they are written and do nothing to their
+/// Characters that are laid out side by side in the order in which they are written and do not affect their
 /// neighbours.
 bool isPlain(gunichar c) {
     constexpr gunichar softHyphen = 0xAD;
@@ -27,7 +27,7 @@ bool isPlain(std::string_view line) {
     return true;
 }
 
-/// Up to the first blank, with it.
+/// Up to and including the first space.
 std::string_view firstWord(std::string_view text) {
     const std::size_t blank = text.find(' ');
     const std::size_t firm = text.find(noBreakSpace);

@@ -10,8 +10,8 @@
 
 namespace brisklog {
 
-/// Shapes lines of plain text (letters of western Europe, digits, punctuation) word by word and remembers the
-/// words, because documents are made of few. That takes a fraction of the time of shaping each line anew.
+/// Shapes lines of plain text (letters of western Europe, digits, punctuation) word by word and caches the
+/// words, because documents use few different ones. That takes a fraction of the time of shaping every line.
 class CairoPdfWords {
 public:
     CairoPdfWords(PangoContext* context, PangoAttrList* attributes);
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] Glyphs shapeWord(std::string_view word) const;
     [[nodiscard]] PangoGlyphItem* makeItem(std::string_view line, Glyphs glyphs) const;
 
-    /// A piece of text in our font, after which others are made.
+    /// A piece of text in our font, the template for all others.
     std::unique_ptr<PangoItem, FreeItem> m_model;
     std::unordered_map<std::string, Glyphs, Hash, std::equal_to<>> m_words;
 };

@@ -19,18 +19,18 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr mode_t fileMode = 0600;
-/// What the user's own mask then takes away.
+/// Before the user's umask is applied.
 constexpr mode_t documentMode = 0666;
 constexpr mode_t folderMode = 0700;
 
-/// What is larger is none of our files and would only fill the memory.
+/// Anything larger is not one of our files and would only fill the memory.
 constexpr off_t largestFile = off_t{1} << 30;
 
 Error systemError(const fs::path& path, int code) {
     return Error{path.string() + ": " + std::strerror(code)};
 }
 
-/// An open file that is closed with its last use.
+/// An open file, closed on destruction.
 class Descriptor {
 public:
     explicit Descriptor(int number) : m_number(number) {}
@@ -56,7 +56,7 @@ std::optional<fs::path> absoluteFolder(const char* variable) {
     return value != nullptr && *value == '/' ? std::optional<fs::path>(value) : std::nullopt;
 }
 
-/// The folder a variable names, else one inside the user's home.
+/// The folder named by an environment variable, otherwise one inside the user's home.
 std::optional<fs::path> folderNamed(const char* variable, const char* insideHome) {
     if (auto named = absoluteFolder(variable))
         return named;
@@ -64,8 +64,8 @@ std::optional<fs::path> folderNamed(const char* variable, const char* insideHome
     return home ? std::optional(*home / insideHome) : std::nullopt;
 }
 
-/// Takes the room for `length` bytes without changing what the file holds; 0, or the error's number. The
-/// file's size stays, so that a process killed right after leaves no zeros behind the old content.
+/// Allocates space for `length` bytes without changing the file's content; returns 0 or the error number. The
+/// file keeps its size, so that a process killed right afterwards leaves no zeros after the old content.
 int allocate(const Descriptor& file, off_t length) {
     int result = 0;
     do
@@ -73,11 +73,11 @@ int allocate(const Descriptor& file, off_t length) {
     while (result != 0 && errno == EINTR);
     if (result == 0)
         return 0;
-    // File systems that cannot reserve get the room by writing into it.
+    // On file systems that cannot reserve space, this allocates it by writing.
     return errno == EOPNOTSUPP || errno == ENOSYS ? ::posix_fallocate(file.number(), 0, length) : errno;
 }
 
-/// A reservation does not ask for the process's own limit, and a write up to it would tear the old content.
+/// Reserving space ignores the process's own size limit, and a write that stops there would corrupt the file.
 bool exceedsSizeLimit(std::size_t length) {
     struct rlimit limit {};
 
@@ -99,7 +99,7 @@ Result<Done> reserve(const Descriptor& file, std::size_t length, const fs::path&
     const int code = allocate(file, static_cast<off_t>(length));
     if (code == 0 || code == EOPNOTSUPP || code == EINVAL)
         return Done{};
-    // A reservation that ran out of room half-way may have grown the file: give that back.
+    // A reservation that ran out of space half-way may have grown the file: shrink it again.
     if (::ftruncate(file.number(), before.st_size) != 0)
         return systemError(path, errno);
     return systemError(path, code);
@@ -117,7 +117,7 @@ Result<Done> checkRegular(const Descriptor& file, const fs::path& path) {
     return Done{};
 }
 
-/// Whether nothing bears this name, not even a link that leads nowhere.
+/// Whether nothing has this name, not even a dangling link.
 bool isFree(const fs::path& path) {
     struct stat status {};
 
@@ -128,7 +128,7 @@ Result<Done> writeContent(const Descriptor& file, std::string_view bytes, const 
                           Durability durability) {
     if (const int code = writeUnbreakably(file.number(), bytes); code != 0)
         return systemError(path, code);
-    // Some network file systems cannot be told to write through and say so with EINVAL.
+    // Some network file systems do not support syncing and report EINVAL.
     if (durability == Durability::throughToMedium && ::fdatasync(file.number()) != 0 && errno != EINVAL)
         return systemError(path, errno);
     return Done{};
@@ -154,7 +154,7 @@ Result<std::string> readAll(const Descriptor& file, std::size_t size, const fs::
 /// Replaces the file's content, or creates it with these permissions.
 Result<Done> overwrite(const fs::path& path, std::string_view bytes, mode_t mode, Durability durability) {
     const bool isNew = isFree(path);
-    // Opened without truncating: until the room is reserved, the old content stays whole.
+    // Opened without truncating: until space is reserved, the old content stays intact.
     const Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
     if (!file.isOpen())
         return systemError(path, errno);
@@ -173,7 +173,7 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-/// Most file systems say what a name stands for; a link must be followed, and some file systems asked again.
+/// Most file systems report an entry's type; links and unknown types need another look-up.
 bool isFolder(const fs::path& parent, const dirent& entry) {
     if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
         return entry.d_type == DT_DIR;
@@ -195,7 +195,7 @@ std::optional<fs::path> PosixFiles::picturesFolder() const {
         return std::nullopt;
     const fs::path pictures =
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation).toStdString();
-    // The desktop's way to say that there is none.
+    // How the desktop indicates that there is none.
     return pictures.lexically_relative(*home) == "." ? std::nullopt : std::optional(pictures);
 }
 
@@ -222,7 +222,7 @@ bool PosixFiles::exists(const fs::path& path) const {
 }
 
 Result<std::string> PosixFiles::read(const fs::path& path) const {
-    // Not blocking, so that a pipe in the file's place cannot hang the program.
+    // Non-blocking, so that a pipe in the file's place cannot hang the program.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen())
         return systemError(path, errno);

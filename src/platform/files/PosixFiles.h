@@ -12,7 +12,7 @@ public:
     [[nodiscard]] std::optional<std::filesystem::path> stateFolder() const override;
     [[nodiscard]] std::optional<std::filesystem::path> picturesFolder() const override;
     [[nodiscard]] std::optional<std::filesystem::path> homeFolder() const override;
-    /// The program's own folder among the user's configuration; absent when the user has no home.
+    /// The program's own folder in the user's configuration; absent when the user has no home.
     [[nodiscard]] static std::optional<std::filesystem::path> configurationFolder();
 
     [[nodiscard]] bool exists(const std::filesystem::path& path) const override;

@@ -36,7 +36,7 @@ void StandardOutputLog::print(std::string_view line) {
 }
 
 void surviveFailedWrites() {
-    // A handler that does nothing, because "ignored" would be handed on to the programs we start.
+    // A handler that does nothing, because SIG_IGN would be inherited by programs that we start.
     struct sigaction nothing {};
 
     nothing.sa_handler = [](int /*signal*/) {};

@@ -6,16 +6,16 @@
 
 namespace brisklog {
 
-/// Makes sure that one process a user writes the user's files, with or without a session bus.
+/// Ensures that only one process per user writes the user's files, with or without a session bus.
 class ProcessLock {
 public:
     enum class State {
-        held,        ///< this process has it, until it ends, however it ends
-        heldByOther, ///< another process of this user has it
-        unavailable, ///< the lock file cannot be made; nothing is known about others
+        held,        ///< this process holds it until it ends, in whatever way
+        heldByOther, ///< another process of this user holds it
+        unavailable, ///< the lock file cannot be created; nothing is known about others
     };
 
-    /// Tries to take the lock at once; `path` is the lock file, its folder is made.
+    /// Tries to take the lock at once; `path` is the lock file, whose folder is created if missing.
     explicit ProcessLock(const std::filesystem::path& path);
     ~ProcessLock();
     ProcessLock(const ProcessLock&) = delete;
@@ -28,15 +28,16 @@ private:
     State m_state = State::unavailable;
 };
 
-/// Prints to this process's standard output, each line at once. A closed or full output is ignored.
+/// Prints to this process's standard output and flushes each line. Failures, such as a closed or full output,
+/// are ignored.
 class StandardOutputLog final : public Log {
 public:
     void print(std::string_view line) override;
 };
 
-/// Makes a write beyond the process's size limit, or to a pipe nobody reads, return an error like any other
-/// failed write instead of ending the process. To be called once, before anything is written; programs
-/// started by this one are not affected.
+/// Makes a write beyond the process's size limit, or to a pipe without a reader, return an error like any
+/// other failed write instead of ending the process. Must be called once, before anything is written;
+/// programs started by this one are not affected.
 void surviveFailedWrites();
 
 } // namespace brisklog

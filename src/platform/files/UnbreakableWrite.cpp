@@ -16,7 +16,7 @@ struct Work {
     std::string_view bytes;
 };
 
-/// Makes system calls only, as it may run beside a process that is being killed.
+/// Makes only system calls, because it may run while the process is being killed.
 int writeFromBeginning(void* argument) {
     const auto [file, bytes] = *static_cast<const Work*>(argument);
     std::size_t written = 0;
@@ -32,7 +32,7 @@ int writeFromBeginning(void* argument) {
     return ::ftruncate(file, static_cast<off_t>(bytes.size())) == 0 ? 0 : errno;
 }
 
-/// Keeps all signals waiting for as long as it lives.
+/// Blocks all signals for as long as it exists.
 class SignalsBlocked {
 public:
     SignalsBlocked() {
@@ -65,9 +65,9 @@ int writeUnbreakably(int file, std::string_view bytes) {
     constexpr std::size_t stackSize = 65536;
     const auto stack = std::make_unique_for_overwrite<std::byte[]>(stackSize);
     Work work{file, bytes};
-    // A killed process leaves its write at the next border of pages. A helper that shares our memory, but not
-    // our fate, finishes it; meanwhile this thread stands still, as when another program is started. The
-    // helper's memory stays until it has ended, and no signal reaches our handlers through it.
+    // A killed process abandons its write at the next page boundary. A helper process that shares our memory
+    // finishes it even then; meanwhile this thread is suspended, as by vfork. The memory exists until the
+    // helper has ended, and with signals blocked, the helper never runs our signal handlers.
     const SignalsBlocked quiet;
     const int helper = ::clone(writeFromBeginning, stack.get() + stackSize, CLONE_VM | CLONE_VFORK, &work);
     return helper < 0 ? writeFromBeginning(&work) : endOf(helper);

@@ -5,10 +5,10 @@
 
 namespace brisklog {
 
-/// Turns what a desktop tells about a window into the application people know.
+/// Finds the application behind a window from what the desktop reports about the window.
 class ApplicationCatalogue {
 public:
-    /// By the desktop entry; without one, the class of the window is name and identifier.
+    /// Uses the desktop entry; without one, the window's class serves as name and identifier.
     [[nodiscard]] DesktopApplication describe(const WindowIdentity& window);
 
     /// The icon of the application's desktop entry as PNG; absent when it has none.
@@ -18,32 +18,33 @@ private:
     DesktopEntries m_entries;
 };
 
-/// Keeps the application while the focus wanders from one window to the next.
+/// Bridges the moments in which the focus moves from one window to the next.
 class FocusGaps {
 public:
-    /// What to answer when `seen` has the focus now. Asked once a second, a first "none" is a gap of less
-    /// than that; the second in a row is believed. So is a window without any name: some are on show only
-    /// while others change places, and some get their name late.
+    /// What to report when `seen` has the focus now. When called once a second, the first "none" is taken for
+    /// a short gap; the second in a row is believed. The same applies to a window without any name: some
+    /// appear only while windows are being switched, and some get their name late.
     [[nodiscard]] std::optional<DesktopApplication> bridged(std::optional<DesktopApplication> seen);
 
-    /// The next "none" is believed at once.
+    /// After this, the next "none" is believed at once.
     void forget() { m_last.reset(); }
 
 private:
     std::optional<DesktopApplication> m_last;
 };
 
-/// Answers who is in front from what a desktop has told by itself; a window is looked up once.
+/// Determines the frontmost application from the window last reported by the desktop, which is looked up only
+/// once.
 class DescribedWindow {
 public:
-    /// `window` is in front now, absent when none is.
+    /// `window` is the frontmost one now, absent when there is none.
     [[nodiscard]] std::optional<DesktopApplication> answer(const std::optional<WindowIdentity>& window);
 
     [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) {
         return m_catalogue.iconPng(application);
     }
 
-    /// What was in front before counts no more.
+    /// Drops what was frontmost before.
     void forget();
 
 private:

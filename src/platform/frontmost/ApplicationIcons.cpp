@@ -12,7 +12,7 @@ namespace {
 
 constexpr int side = 32;
 
-/// Larger icons of windows are broken or meant to hurt.
+/// Larger window icons are broken or malicious.
 constexpr std::uint32_t longestSide = 1024;
 
 std::optional<std::string> pngOf(const QImage& image) {
@@ -30,7 +30,7 @@ struct WindowIcon {
     std::span<const std::uint32_t> colours;
 };
 
-/// The icon the numbers begin with; absent when they are none.
+/// The icon at the beginning of the numbers; absent when there is no valid one.
 std::optional<WindowIcon> firstIcon(std::span<const std::uint32_t> numbers) {
     constexpr std::size_t head = 2;
     if (numbers.size() < head)
@@ -44,7 +44,7 @@ std::optional<WindowIcon> firstIcon(std::span<const std::uint32_t> numbers) {
     return WindowIcon{icon.width, icon.height, icon.colours.first(count)};
 }
 
-/// The smallest that need not be enlarged, else the largest.
+/// Prefers the smallest icon that need not be enlarged, otherwise the largest.
 bool isBetter(const WindowIcon& one, const WindowIcon& other) {
     if (other.colours.empty())
         return true;

@@ -18,7 +18,7 @@ std::string lower(std::string text) {
     return text;
 }
 
-/// "firefox" of "org.mozilla.firefox".
+/// "firefox" for "org.mozilla.firefox".
 std::string lastPart(const std::string& id) {
     const std::size_t dot = id.rfind('.');
     return dot == std::string::npos ? id : id.substr(dot + 1);
@@ -31,7 +31,8 @@ std::string idOf(const fs::path& root, const fs::path& file) {
     return id;
 }
 
-/// Of several entries one that menus show; of several such none.
+/// The only matching entry that menus show, or if they show none, the only matching entry; null if there are
+/// several.
 template <class Condition>
 const DesktopEntry* onlyOne(const std::map<std::string, DesktopEntry>& entries, Condition&& holds) {
     const DesktopEntry* found = nullptr;
@@ -121,7 +122,7 @@ void DesktopEntries::readAgainIfChanged() {
     m_read = changeTimes();
 }
 
-/// What an earlier folder has hides what a later one has under the same id, deleted entries included.
+/// Entries in earlier folders, even deleted ones, hide those with the same id in later folders.
 void DesktopEntries::readFolder(const fs::path& root, std::set<std::string>& taken) {
     std::error_code error;
     constexpr auto options = fs::directory_options::skip_permission_denied;

@@ -12,14 +12,13 @@ namespace brisklog {
 /// The folders in which desktop entries are installed, the user's own first.
 [[nodiscard]] std::vector<std::filesystem::path> applicationFolders();
 
-/// All installed applications. It reads them when it is first asked, and again after something was installed.
+/// All installed applications. They are read on first use, and again after something has been installed.
 class DesktopEntries {
 public:
     explicit DesktopEntries(std::vector<std::filesystem::path> folders = applicationFolders());
 
-    /// The application a window belongs to: by the entry's id, by the class the entry announces, by the
-    /// program it starts. Absent rather than a guess: a program that several applications share tells
-    /// nothing.
+    /// The application a window belongs to: found by the entry's id, its window class, or the program it
+    /// starts. Null rather than a guess: a program shared by several applications identifies none of them.
     [[nodiscard]] const DesktopEntry* find(const WindowIdentity& window);
 
     /// The application with exactly this id.
@@ -36,7 +35,7 @@ private:
     [[nodiscard]] ChangeTimes changeTimes() const;
 
     std::vector<std::filesystem::path> m_roots;
-    /// Of every folder that was read, those inside the roots too.
+    /// The folders inside the roots.
     std::vector<std::filesystem::path> m_folders;
     ChangeTimes m_read;
     std::map<std::string, DesktopEntry> m_entries;

@@ -12,7 +12,7 @@ namespace {
 
 using Values = std::map<std::string, std::string, std::less<>>;
 
-/// More is no desktop entry.
+/// Anything larger is not a desktop entry.
 constexpr std::size_t largestEntry = 1 << 20;
 
 /// The keys of the group that describes the application itself; its actions have groups of their own.
@@ -70,7 +70,7 @@ std::string withoutQuotes(std::string word) {
     return word;
 }
 
-/// The first word that is neither a setting ("env NAME=value program") nor the program that makes it.
+/// The first word that is neither "env" nor one of its settings, as in "env NAME=value program".
 std::string programIn(const std::string& commandLine) {
     std::istringstream words(commandLine);
     for (std::string word; words >> word;) {

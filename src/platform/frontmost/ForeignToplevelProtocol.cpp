@@ -5,7 +5,7 @@
 namespace brisklog::foreigntoplevel {
 namespace {
 
-// The kinds of objects that stand in the messages, one for each argument; plain values have none.
+// The interfaces of the objects in the messages, one per argument; null for plain values.
 std::array<const wl_interface*, 5> plain{};
 std::array<const wl_interface*, 1> newHandle{&handle};
 std::array<const wl_interface*, 1> seat{&wl_seat_interface};

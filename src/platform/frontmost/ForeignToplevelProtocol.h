@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <wayland-client.h>
 
-/// The protocol "wlr-foreign-toplevel-management-unstable-v1", version 1, as far as it takes to listen: no
-/// package brings a description of it.
+/// The protocol "wlr-foreign-toplevel-management-unstable-v1", version 1, as far as listening requires it: no
+/// package ships its description.
 namespace brisklog::foreigntoplevel {
 
 constexpr std::uint32_t version = 1;
@@ -20,7 +20,7 @@ enum class ManagerEvent : std::uint32_t {
     finished,
 };
 
-/// What a handle tells applies from the next `done` on.
+/// What a handle reports takes effect at the next `done`.
 enum class HandleEvent : std::uint32_t {
     title,
     applicationId, ///< a text
@@ -33,7 +33,7 @@ enum class HandleEvent : std::uint32_t {
 
 enum class State : std::uint32_t { maximized, minimized, activated };
 
-/// The number of the handle's request by which it is given back.
+/// The number of the handle's "destroy" request.
 constexpr std::uint32_t destroyHandle = 7;
 
 } // namespace brisklog::foreigntoplevel

@@ -5,14 +5,14 @@
 
 namespace brisklog {
 
-/// Listens to what a wlroots compositor tells about the windows of all programs, for as long as it lives.
+/// Listens to what a wlroots compositor reports about the windows of all programs, for as long as it exists.
 class ForeignToplevels {
 public:
-    /// `finished` is called when the compositor says that it will tell nothing more.
+    /// `finished` is called when the compositor announces that it will report nothing more.
     explicit ForeignToplevels(std::function<void()> finished);
 
-    /// The application id, possibly empty, of the window that was last told to be in front; null when none
-    /// is, when the compositor has not told yet and when it tells nothing more.
+    /// The application id, possibly empty, of the window last reported as frontmost; null when there is none,
+    /// when the compositor has not reported any yet, and when it reports nothing more.
     [[nodiscard]] const std::string* applicationIdInFront() const { return m_states.inFront(); }
 
 private:

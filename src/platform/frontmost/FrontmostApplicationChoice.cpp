@@ -32,7 +32,8 @@ bool isNamedForWayland(const X11Connection& server, xcb_randr_output_t output) {
     return name.starts_with("XWAYLAND");
 }
 
-/// An X server on Wayland: newer ones have an extension to say so, older ones name their screens.
+/// Whether the X server runs on Wayland: newer ones have an extension that says so, older ones use special
+/// output names.
 bool isXWayland(const X11Connection& server) {
     if (hasExtension(server, "XWAYLAND"))
         return true;
@@ -47,7 +48,7 @@ bool isXWayland(const X11Connection& server) {
                        [&server](xcb_randr_output_t output) { return isNamedForWayland(server, output); });
 }
 
-/// Whether the desktop runs on Wayland, also when this program is shown through its X server.
+/// Whether the desktop runs on Wayland, even if this program is shown through its X server.
 bool isWaylandSession() {
     if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland")
         return true;
@@ -62,17 +63,17 @@ std::unique_ptr<FrontmostApplication> make() {
     return std::make_unique<Way>();
 }
 
-/// In the order in which they are tried. This is where a further way is added.
+/// In the order in which they are tried. Further ways are added here.
 std::vector<Maker> waysOfAsking() {
     if (isWaylandSession())
         return {make<WlrootsFrontmostApplication>, make<KWinFrontmostApplication>};
     return {make<X11FrontmostApplication>};
 }
 
-/// Tries one way of asking after the other and stays with the first that answers on this desktop.
+/// Tries one way of asking after the other and keeps the first that works on this desktop.
 class FirstAnsweringApplication final : public FrontmostApplication {
 public:
-    /// At least one way; each is begun only when all before it have turned out unavailable.
+    /// Takes at least one way; each is started only when all before it have turned out to be unavailable.
     explicit FirstAnsweringApplication(std::vector<Maker> ways) : m_ways(std::move(ways)) { tryNextWays(); }
 
     [[nodiscard]] Availability availability() const override { return m_way->availability(); }
@@ -94,7 +95,7 @@ public:
     }
 
 private:
-    /// The last way is kept though it does not answer yet: a window manager may come later.
+    /// The last way is kept even if it does not work yet: a window manager may start later.
     void tryNextWays() {
         while (m_nextWay < m_ways.size() && (!m_way || m_way->availability() == Availability::unavailable)) {
             if (m_way) {
@@ -109,7 +110,7 @@ private:
         m_hasAnswered = availability() == Availability::available;
     }
 
-    /// What has answered once is the desktop's way, also when it falls silent.
+    /// A way that has worked once is kept, even if it becomes unavailable.
     void hearAnnouncement() {
         if (!m_hasAnswered)
             tryNextWays();
@@ -122,7 +123,7 @@ private:
     bool m_hasAnswered = false;
     std::unique_ptr<FrontmostApplication> m_way;
     Subscription m_subscription;
-    /// Ways that gave up are kept: one of them may be in the midst of its announcement.
+    /// Abandoned ways are kept alive, because one of them may be in the middle of its announcement.
     std::vector<std::unique_ptr<FrontmostApplication>> m_givenUp;
 };
 

@@ -6,9 +6,9 @@
 
 namespace brisklog {
 
-/// Who tells the frontmost application on the running desktop: the first way of asking that answers. Under
-/// Wayland never the X11 way: the X server there knows nothing of native windows, and their time would go to
-/// the program before.
+/// Determines the frontmost application on the running desktop by the first way of asking that works. Never
+/// by X11 under Wayland: the X server there does not know native windows, and their time would be recorded
+/// for the previous program.
 [[nodiscard]] std::unique_ptr<FrontmostApplication> chooseFrontmostApplication();
 
 } // namespace brisklog

@@ -23,7 +23,7 @@ QDBusMessage ownerQuestion() {
     return question;
 }
 
-/// Any question will do that its scripting answers without doing anything.
+/// Any scripting call without side effects will do.
 QDBusMessage scriptingQuestion(const QString& kwin) {
     auto question = QDBusMessage::createMethodCall(kwin, u"/Scripting"_s, u"org.kde.kwin.Scripting"_s,
                                                    u"isScriptLoaded"_s);
@@ -75,7 +75,7 @@ void KWinFrontmostApplication::askForOwner() {
     });
 }
 
-/// A script lives and dies with the KWin it was loaded into.
+/// A script lasts only as long as the KWin it was loaded into.
 void KWinFrontmostApplication::setOwner(const QString& owner) {
     m_owner = owner;
     m_script.reset();
@@ -87,7 +87,7 @@ void KWinFrontmostApplication::setOwner(const QString& owner) {
         askForScripting(attemptsAtScripting);
 }
 
-/// KWin takes its name before its scripting is there.
+/// KWin claims its bus name before its scripting is ready.
 void KWinFrontmostApplication::askForScripting(int attempts) {
     const auto answered = [this, attempts, owner = m_owner](const QDBusMessage& reply) {
         if (owner != m_owner)
@@ -117,7 +117,7 @@ void KWinFrontmostApplication::startScript() {
                              .failed = [this] { setAvailability(Availability::unavailable); }});
 }
 
-/// Whoever hears of it may end the watching, which must not happen in the midst of an answer.
+/// Queued, because an observer may end the watching, which must not happen while an answer is being handled.
 void KWinFrontmostApplication::setAvailability(Availability availability) {
     if (std::exchange(m_availability, availability) != availability)
         QMetaObject::invokeMethod(

@@ -8,8 +8,8 @@
 
 namespace brisklog {
 
-/// The frontmost application under KDE's Wayland desktop, told by a script inside its window manager KWin.
-/// The script is there only while somebody watches.
+/// The frontmost application under KDE's Wayland desktop, reported by a script inside its window manager
+/// KWin. The script is loaded only while watching.
 class KWinFrontmostApplication final : public FrontmostApplication {
 public:
     explicit KWinFrontmostApplication(QDBusConnection bus = QDBusConnection::sessionBus());
@@ -33,11 +33,11 @@ private:
     QObject m_context;
     QDBusServiceWatcher m_serviceWatcher;
     Availability m_availability = Availability::beingFoundOut;
-    /// KWin's unique name on the bus; empty while it is not there.
+    /// KWin's unique name on the bus; empty while KWin is not running.
     QString m_owner;
     bool m_isWatching = false;
     std::unique_ptr<KWinScript> m_script;
-    /// What the script told last; absent when no window is active.
+    /// The window last reported by the script; absent when no window is active.
     std::optional<WindowIdentity> m_window;
     DescribedWindow m_described;
 };

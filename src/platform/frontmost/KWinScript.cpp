@@ -12,21 +12,21 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// One for all runs of this program: what a run that was killed has left behind is found under it.
+/// The same for all runs of this program, so that a script left behind by a killed run can be found.
 const QString scriptName = u"example.brisklog.Brisklog.frontmost"_s;
 
 const QString ownPath = u"/example/brisklog/Brisklog/frontmost"_s;
 const QString ownInterface = u"example.brisklog.Brisklog.Frontmost"_s;
 const QString toldMethod = u"tell"_s;
 
-/// What is told of a window: desktop file, class, instance, process.
+/// What the script reports about a window: desktop file, class, instance, process.
 const QString fourTexts = u"ssss"_s;
 
 /// In milliseconds.
 constexpr int longestFarewell = 500;
 
 /// KWin 5 and 6 name things differently. The class of a window may become known late. The desktop itself is
-/// no application.
+/// not an application.
 const QString scriptText = uR"(
 var followed = null;
 function nameChanged() { tell(followed); }
@@ -80,7 +80,7 @@ KWinScript::KWinScript(QDBusConnection bus, QString kwin, Handlers handlers)
     callLater(m_bus, unloading(), *this, [this](const QDBusMessage&) { load(); });
 }
 
-/// The bus answers only after it has taken all that was sent before, so the script goes even when this
+/// The bus replies only after it has received everything sent before, so the script is unloaded even if this
 /// program ends now. KWin itself is not waited for.
 KWinScript::~KWinScript() {
     m_bus.unregisterObject(ownPath);
@@ -117,8 +117,7 @@ void KWinScript::load() {
     });
 }
 
-/// A script that runs tells the active window before KWin answers; one that was told to run twice does not
-/// mind.
+/// A running script reports the active window before KWin replies; telling it twice to run does no harm.
 void KWinScript::run(const QList<QDBusMessage>& ways) {
     if (m_wasHeard)
         return;
@@ -127,8 +126,9 @@ void KWinScript::run(const QList<QDBusMessage>& ways) {
     callLater(m_bus, ways.first(), *this, [this, ways](const QDBusMessage&) { run(ways.mid(1)); });
 }
 
-/// The script's object has one name in KWin 5 and another in KWin 6. Numbers are handed out twice when
-/// scripts come and go, and then neither leads to ours; the last way runs whatever does not run yet.
+/// The script's object path differs between KWin 5 and KWin 6. Numbers are reused when scripts are loaded and
+/// unloaded, and then possibly neither path leads to ours; the last way runs all scripts that are not running
+/// yet.
 QList<QDBusMessage> KWinScript::waysToRun(int script) const {
     QList<QDBusMessage> ways;
     for (const QString& folder : {u"/Scripting/Script"_s, u"/"_s})

@@ -11,18 +11,18 @@
 
 namespace brisklog {
 
-/// A script of ours in KWin, which tells over the bus which window is active, now and at each change. It is
-/// loaded without waiting for anything, and unloaded with the value.
+/// A script of ours in KWin that reports over the bus which window is active, now and on each change. It is
+/// loaded without waiting and unloaded on destruction.
 class KWinScript final : public QDBusVirtualObject {
 public:
     struct Handlers {
-        /// A window has become active; absent: none is.
+        /// Called with the window that has become active; absent when none is.
         std::function<void(std::optional<WindowIdentity>)> told;
-        /// KWin has not let the script run, or the script says nothing.
+        /// Called when KWin has not run the script or the script reports nothing.
         std::function<void()> failed;
     };
 
-    /// `kwin` is KWin's unique name on the bus: it alone is believed.
+    /// `kwin` is KWin's unique name on the bus: messages from others are ignored.
     KWinScript(QDBusConnection bus, QString kwin, Handlers handlers);
     ~KWinScript() override;
 
@@ -40,7 +40,7 @@ private:
     QDBusConnection m_bus;
     QString m_kwin;
     Handlers m_handlers;
-    /// KWin reads it some time after it was told to.
+    /// KWin reads the file some time after it has been told to.
     QTemporaryFile m_file;
     bool m_wasHeard = false;
 };

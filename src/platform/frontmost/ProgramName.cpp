@@ -26,7 +26,7 @@ std::vector<std::string> argumentsOf(std::uint32_t process) {
 
 std::string fileName(const std::string& path) { return std::filesystem::path(path).filename(); }
 
-/// Versions are part of the name: "python3.11".
+/// The name may include a version: "python3.11".
 bool isInterpreter(std::string_view name) {
     const std::size_t end = name.find_first_of("0123456789.");
     return std::ranges::find(interpreters, name.substr(0, end)) != interpreters.end();

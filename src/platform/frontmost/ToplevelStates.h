@@ -6,13 +6,13 @@
 
 namespace brisklog {
 
-/// Which of the windows a compositor tells about is in front. What it tells of a window counts from the next
-/// `apply` on. Two windows may be active for an instant: the one activated last is in front.
+/// Tracks which of the windows reported by a compositor is frontmost. What it reports about a window takes
+/// effect at the next `apply`. Two windows may be active for a moment: the one activated last is frontmost.
 class ToplevelStates {
 public:
     using Window = std::uint64_t;
 
-    /// A window that was never spoken of before begins with this, inactive and without application id.
+    /// A window not mentioned before is added, inactive and without an application id until the next `apply`.
     void setApplicationId(Window window, std::string id) {
         m_toplevels[window].next.applicationId = std::move(id);
     }
@@ -21,12 +21,12 @@ public:
 
     void apply(Window window);
 
-    /// The window has gone, whatever it was told to be.
+    /// The window has gone; its state is dropped.
     void close(Window window) { m_toplevels.erase(window); }
 
     void closeAll() { m_toplevels.clear(); }
 
-    /// The application id, possibly empty, of the window in front; null when no window is.
+    /// The application id, possibly empty, of the frontmost window; null when there is none.
     [[nodiscard]] const std::string* inFront() const;
 
 private:
@@ -38,7 +38,7 @@ private:
     struct Toplevel {
         State next;
         State applied;
-        /// Which activation it was that made it active.
+        /// The number of the activation that made it active.
         std::uint64_t activation = 0;
     };
 

@@ -26,7 +26,7 @@ WaylandConnection::WaylandConnection(std::function<void()> closed)
 
 WaylandConnection::~WaylandConnection() = default;
 
-/// A compositor that does not read has no claim to be waited for: the rest goes with the next event.
+/// Does not wait for a compositor that does not read: the rest is sent after the next event.
 void WaylandConnection::flush() { (void)wl_display_flush(raw()); }
 
 void WaylandConnection::handleEvents() {
@@ -34,7 +34,7 @@ void WaylandConnection::handleEvents() {
         flush();
         return;
     }
-    // It is being called from here, so it is not destroyed at once.
+    // The notifier is calling this function, so it must not be destroyed yet.
     m_notifier->setEnabled(false);
     m_notifier.release()->deleteLater();
     m_closed();

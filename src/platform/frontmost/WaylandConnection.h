@@ -8,11 +8,11 @@ class QSocketNotifier;
 
 namespace brisklog {
 
-/// A connection of our own to the compositor that draws this desktop. It reads what has come and never waits
-/// for anything. The objects made on it must go before it does.
+/// A connection of our own to the compositor that draws this desktop. It reads what has arrived and never
+/// blocks. Objects created on it must be destroyed before it.
 class WaylandConnection {
 public:
-    /// `closed` is called when the compositor has gone or has thrown us out; not when none was there.
+    /// `closed` is called when the compositor has gone or has disconnected us; not when there was none.
     explicit WaylandConnection(std::function<void()> closed);
     ~WaylandConnection();
     WaylandConnection(const WaylandConnection&) = delete;
@@ -24,7 +24,7 @@ public:
     /// Only while open.
     [[nodiscard]] wl_display* raw() const { return m_display.get(); }
 
-    /// Sends the requests made since the last time.
+    /// Sends the requests made since the last call.
     void flush();
 
 private:
@@ -40,11 +40,11 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
-/// An object of the compositor that is listened to. It is forgotten with the value; what the compositor says
-/// to it afterwards is dropped.
+/// Listens to an object of the compositor. On destruction only the local proxy is destroyed; later events for
+/// it are dropped.
 class WaylandObject {
 public:
-    /// The number of the event, its arguments. It may end the object as the last thing it does.
+    /// Receives the event's number and arguments. It may destroy the object as its last action.
     using Handler = std::function<void(std::uint32_t event, const wl_argument* arguments)>;
 
     WaylandObject(wl_proxy* proxy, Handler handler);

@@ -7,8 +7,8 @@
 namespace brisklog {
 namespace {
 
-/// In bytes. It is written into the history at every change of the application, so no program may make it
-/// grow at will.
+/// In bytes. The name is written to the history at every change of application, so programs must not be able
+/// to inflate it.
 constexpr std::size_t longestName = 256;
 
 /// Older programs write their class in Latin-1.

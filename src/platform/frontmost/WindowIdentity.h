@@ -6,11 +6,12 @@
 
 namespace brisklog {
 
-/// What a desktop tells about the program behind a window.
+/// What a desktop reports about the program behind a window.
 struct WindowIdentity {
-    /// The names it gives itself, the surest first: application id, class, instance. Never empty texts.
+    /// The names it gives itself, the most reliable first: application id, class, instance. None of them is
+    /// empty.
     std::vector<std::string> names;
-    /// What it is called for people who have no desktop entry: its class or application id; may be empty.
+    /// The name to use if it has no desktop entry: its class or application id; may be empty.
     std::string windowClass;
     /// The program file's name; empty when unknown.
     std::string program;
@@ -18,8 +19,8 @@ struct WindowIdentity {
     bool operator==(const WindowIdentity&) const = default;
 };
 
-/// A name some program gave its window, as it may be shown and kept: well-formed, on one line, and not
-/// endless.
+/// A name that a program gave its window, made safe to show and store: well-formed, on one line, and limited
+/// in length.
 [[nodiscard]] std::string windowName(std::string_view bytes);
 
 } // namespace brisklog

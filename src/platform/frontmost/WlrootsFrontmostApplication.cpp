@@ -7,7 +7,7 @@
 namespace brisklog {
 namespace {
 
-/// Nobody is told which process a window belongs to.
+/// The protocol does not say which process a window belongs to.
 WindowIdentity identityOf(const std::string& applicationId) {
     if (applicationId.empty())
         return {};
@@ -55,7 +55,7 @@ void WlrootsFrontmostApplication::noteFinished() {
     announceLater();
 }
 
-/// Whoever hears it may end the watching, which must not happen in the midst of an event.
+/// Queued, because an observer may end the watching, which must not happen while an event is being handled.
 void WlrootsFrontmostApplication::announceLater() {
     QMetaObject::invokeMethod(
         &m_context, [this] { announce(); }, Qt::QueuedConnection);

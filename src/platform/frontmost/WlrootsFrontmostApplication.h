@@ -7,9 +7,9 @@
 
 namespace brisklog {
 
-/// The frontmost application under compositors that tell every program about the windows of all
-/// ("wlr-foreign-toplevel-management"): sway, Hyprland, labwc and others. They tell by themselves, so asking
-/// costs nothing; while nobody watches, nothing is listened to but whether the compositor lives.
+/// The frontmost application under compositors that report all windows to every program
+/// ("wlr-foreign-toplevel-management"): sway, Hyprland, labwc and others. They report by themselves, so
+/// asking costs nothing; while not watching, only the compositor's presence is observed.
 class WlrootsFrontmostApplication final : public FrontmostApplication {
 public:
     WlrootsFrontmostApplication();
@@ -25,9 +25,9 @@ private:
     void announceLater();
 
     WaylandGlobal m_global;
-    /// The compositor has said that it will tell nothing more.
+    /// The compositor has announced that it will report nothing more.
     bool m_hasFinished = false;
-    /// While watching.
+    /// Present only while watching.
     std::optional<ForeignToplevels> m_toplevels;
     DescribedWindow m_described;
     QObject m_context;

@@ -12,7 +12,7 @@ std::string_view textOf(const std::vector<std::uint8_t>& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// The texts of a property, each ended by a zero byte.
+/// The texts of a property, each terminated by a zero byte.
 std::vector<std::string> textsOf(std::string_view bytes) {
     std::vector<std::string> texts;
     while (!bytes.empty()) {
@@ -23,9 +23,8 @@ std::vector<std::string> textsOf(std::string_view bytes) {
     return texts;
 }
 
-/// Who the window is.
 WindowIdentity identityOf(const X11WindowFacts& facts) {
-    // The instance comes before the class, which is the surer of the two.
+    // The instance comes before the class, which is more reliable.
     std::vector<std::string> instanceAndClass = textsOf(textOf(facts.windowClass));
     instanceAndClass.resize(2);
     const std::vector<std::string> ids = textsOf(textOf(facts.applicationId));
@@ -60,7 +59,7 @@ X11ActiveWindow::Questions X11ActiveWindow::askAbout(xcb_window_t window) const 
 }
 
 std::optional<X11WindowFacts> X11ActiveWindow::answer(xcb_window_t window, const Questions& questions) const {
-    // All three are read in any case: an answer that is left lying would be kept for ever.
+    // All three are always read: an unread reply would be kept for ever.
     auto windowClass = m_server.bytes(questions.windowClass);
     auto applicationId = m_server.bytes(questions.applicationId);
     auto process = m_server.numbers(questions.process);

@@ -6,7 +6,7 @@
 
 namespace brisklog {
 
-/// What the properties of a window say about its program, as they stand.
+/// What the properties of a window say about its program, unprocessed.
 struct X11WindowFacts {
     xcb_window_t window = XCB_WINDOW_NONE;
     std::vector<std::uint8_t> windowClass;
@@ -16,15 +16,15 @@ struct X11WindowFacts {
     bool operator==(const X11WindowFacts&) const = default;
 };
 
-/// The window that has the focus, by asking the X server each time. Nothing is listened to: the last window's
-/// properties are asked for along with the question which one is active, so an unchanged answer costs one
-/// round trip, and a window number that was handed to another program is noticed.
+/// Finds the window that has the focus by asking the X server each time, without listening to events. The
+/// last window's properties are requested together with the active window, so an unchanged answer takes one
+/// round trip, and a window id reused by another program is noticed.
 class X11ActiveWindow {
 public:
-    /// Absent when no window is active, or when it vanished while it was being asked.
+    /// Absent when no window is active, or when it vanished meanwhile.
     [[nodiscard]] std::optional<X11WindowFacts> ask();
 
-    /// A window's icons, as it sets them: width, height, colours (0xAARRGGBB) row by row, the next icon;
+    /// A window's icons as it sets them: width, height, colours (0xAARRGGBB) row by row, then the next icon;
     /// empty when it has none.
     [[nodiscard]] std::vector<std::uint32_t> icons(xcb_window_t window) const;
 
@@ -46,8 +46,8 @@ private:
     xcb_window_t m_last = XCB_WINDOW_NONE;
 };
 
-/// The frontmost application under X11: the window the window manager calls active. Not for Wayland, where
-/// the X server knows nothing of most windows.
+/// The frontmost application under X11: the window that the window manager reports as active. Not for
+/// Wayland, where the X server does not know most windows.
 class X11FrontmostApplication final : public FrontmostApplication {
 public:
     [[nodiscard]] Availability availability() const override;
@@ -61,9 +61,9 @@ private:
 
     X11WindowManager m_manager{[this] { announce(); }};
     ApplicationCatalogue m_catalogue;
-    /// While watching.
+    /// Present only while watching.
     std::optional<X11ActiveWindow> m_activeWindow;
-    /// What was in front when last asked.
+    /// The frontmost window when last asked.
     X11WindowFacts m_facts;
     DesktopApplication m_application;
     FocusGaps m_gaps;

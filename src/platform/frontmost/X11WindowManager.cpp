@@ -19,8 +19,7 @@ X11WindowManager::X11WindowManager(std::function<void()> changed) : m_changed(st
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_server.raw()), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
                      [this] { handleEvents(); });
-    // What came while the questions were being answered lies in the queue and makes the socket readable no
-    // more.
+    // Events that arrived with the replies are already in the queue and never make the socket readable again.
     QMetaObject::invokeMethod(
         m_notifier.get(), [this] { handleEvents(); }, Qt::QueuedConnection);
 }
@@ -30,7 +29,7 @@ X11WindowManager::~X11WindowManager() = default;
 void X11WindowManager::handleEvents() {
     bool isWorthALook = false;
     while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
-        // Errors arrive here too: a manager's window may be gone before it can be listened to.
+        // Errors arrive here too: a manager's window may have gone before events could be selected on it.
         isWorthALook = isWorthALook || event->response_type != errorResponse;
     const bool isGone = !m_server.isOpen();
     if (isGone)
@@ -45,8 +44,9 @@ void X11WindowManager::handleEvents() {
         m_notifier.get(), [this] { handleEvents(); }, Qt::QueuedConnection);
 }
 
-/// The root window's properties change with every window that comes or goes, so they are followed only as
-/// long as there is no manager. The order matters: first listening, then looking, so nothing slips through.
+/// The root window's properties change whenever a window appears or disappears, so they are watched only
+/// while there is no manager. The order matters: events are selected before looking, so that nothing is
+/// missed.
 void X11WindowManager::look() {
     select(m_server.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     const xcb_window_t check = checkWindowOf(m_server.root());
@@ -58,7 +58,8 @@ void X11WindowManager::look() {
     xcb_flush(m_server.raw());
 }
 
-/// A manager that ended without tidying up leaves its mark on the root window, but not the window it names.
+/// A manager that ended without cleaning up leaves its property on the root window, but the window named
+/// there no longer exists.
 xcb_window_t X11WindowManager::findManager() const {
     const xcb_window_t check = checkWindowOf(m_server.root());
     if (check == XCB_WINDOW_NONE || checkWindowOf(check) != check || !isSupported(m_activeWindow))

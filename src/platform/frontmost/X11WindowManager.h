@@ -8,11 +8,11 @@ class QSocketNotifier;
 
 namespace brisklog {
 
-/// Whether a window manager runs that tells which window is active. It wakes the program when one comes or
-/// goes, and for nothing else while there is one.
+/// Detects a window manager that reports the active window. It wakes the program when one starts or ends, and
+/// for nothing else while there is one.
 class X11WindowManager {
 public:
-    /// `changed` is called on the main thread whenever the answer has become another.
+    /// `changed` is called on the main thread whenever the answer has changed.
     explicit X11WindowManager(std::function<void()> changed);
     ~X11WindowManager();
     X11WindowManager(const X11WindowManager&) = delete;
@@ -33,7 +33,7 @@ private:
     xcb_atom_t m_check = m_server.atom("_NET_SUPPORTING_WM_CHECK");
     xcb_atom_t m_supported = m_server.atom("_NET_SUPPORTED");
     xcb_atom_t m_activeWindow = m_server.atom("_NET_ACTIVE_WINDOW");
-    /// The window by which a manager shows that it lives.
+    /// The window whose existence shows that a manager is running.
     xcb_window_t m_manager = XCB_WINDOW_NONE;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };

@@ -33,7 +33,7 @@ private:
 
 struct QtBackground::Threads {
     QThreadPool pool;
-    /// Lives on the main thread and takes there what the others have finished.
+    /// Lives on the main thread and receives finished work there.
     QObject mainThread;
 };
 

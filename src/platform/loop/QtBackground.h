@@ -4,12 +4,12 @@
 
 namespace brisklog {
 
-/// A few threads of the toolkit's, which end when there is nothing to do.
+/// A small thread pool, whose threads end when idle.
 class QtBackground final : public Background {
 public:
     explicit QtBackground(int threads);
-    /// Waits for work under way, but not for ever: what hangs in the system (a network drive that is gone) is
-    /// left behind.
+    /// Waits for work in progress, but not for ever: work that hangs in the system (on a lost network drive)
+    /// is abandoned.
     ~QtBackground() override;
     QtBackground(const QtBackground&) = delete;
     QtBackground& operator=(const QtBackground&) = delete;

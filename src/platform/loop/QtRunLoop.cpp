@@ -12,7 +12,7 @@ public:
         m_timer.setInterval(static_cast<int>(std::lround(interval * 1000)));
         m_timer.setSingleShot(!repeats);
         m_timer.setTimerType(repeats ? Qt::CoarseTimer : Qt::PreciseTimer);
-        // A copy of the action outlives the timer, which may be destroyed by it.
+        // Runs a copy, because the action may destroy the timer.
         QObject::connect(&m_timer, &QTimer::timeout, [action] {
             const auto copy = action;
             copy();

@@ -4,8 +4,8 @@
 
 namespace brisklog {
 
-/// The toolkit's event loop. Repeating timers may fire a few hundredths early or late, so that the system can
-/// wake once for several.
+/// The toolkit's event loop. Repeating timers may fire a few hundredths of a second early or late, so that
+/// the system can combine wake-ups.
 class QtRunLoop final : public RunLoop {
 public:
     [[nodiscard]] std::unique_ptr<Timer> repeatEvery(TimeInterval interval,

@@ -12,7 +12,7 @@ QTimeZone currentZone() {
     const QTimeZone zone = QTimeZone::systemTimeZone();
     if (zone.isValid())
         return zone;
-    // TZ may name a file, into which the toolkit does not look: at least clocks now are right then.
+    // TZ may name a file, which the toolkit does not read: at least the current offset is then right.
     return QTimeZone(QDateTime::currentDateTime().offsetFromUtc());
 }
 

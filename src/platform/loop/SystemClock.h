@@ -8,7 +8,7 @@ namespace brisklog {
 class SystemClock final : public Clock {
 public:
     [[nodiscard]] Date now() const override;
-    /// Looks at the system's settings each time, which takes a few microseconds.
+    /// Reads the system's settings each time, which takes a few microseconds.
     [[nodiscard]] Calendar calendar() const override;
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A panel that has only just come gets a second, without which some show a sliver.
+/// A panel that has just appeared is given a second; otherwise some show only a sliver of the icon.
 constexpr TimeInterval settlingTime = 1;
 /// The usual size of an icon in a panel.
 constexpr int iconSize = 22;
@@ -37,8 +37,8 @@ QIcon drawnIcon(const QString& file) {
     return icon;
 }
 
-/// Asking the icon theme for one that was never installed would read the whole theme, a third of the time
-/// the start takes.
+/// Asking the icon theme for an icon that is not installed would read the whole theme, which takes a third of
+/// the start-up time.
 QIcon themedIcon(const QString& name) {
     const QString file = u"icons/hicolor/symbolic/apps/"_s + name + u".svg"_s;
     const bool isInstalled = !QStandardPaths::locate(QStandardPaths::GenericDataLocation, file).isEmpty();
@@ -63,12 +63,12 @@ void QtStatusItem::setAction(std::function<void()> action) { m_action = std::mov
 void QtStatusItem::addMenuEntry(const std::string& caption, std::function<void()> action) {
     if (!m_menu.isEmpty())
         m_menu.addSeparator();
-    // No icons, which a panel would have to draw.
+    // Without icons, which a panel would have to draw.
     const auto* const entry = m_menu.addAction(QString::fromStdString(caption));
     QObject::connect(entry, &QAction::triggered, &m_menu, std::move(action));
 }
 
-/// An icon that waits for its panel to settle counts: it will be there in a moment. One whose panel has gone
+/// An icon waiting for its panel to settle counts, because it is about to appear. One whose panel has gone
 /// does not.
 bool QtStatusItem::isReachable() const { return (m_icon || m_settling) && m_hosts.hasHost(); }
 
@@ -92,7 +92,7 @@ void QtStatusItem::makeIcon(StatusItemHostKind host) {
 }
 
 void QtStatusItem::handleActivation(QSystemTrayIcon::ActivationReason reason) {
-    // A fast second click arrives as a double click and is a click like any other.
+    // A fast second click arrives as a double click but counts as an ordinary click.
     if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::DoubleClick)
         return;
     m_lastClick = placeOfClick();

@@ -11,14 +11,14 @@
 
 namespace brisklog {
 
-/// The icon in the panel, made once there is a panel to show it.
+/// The icon in the panel, created once there is a panel to show it.
 class QtStatusItem final : public StatusItem {
 public:
     /// The same picture for both kinds of panel.
     struct Picture {
-        /// The name under which a panel finds it and gives it its own colour.
+        /// The icon theme name by which a panel finds the icon and recolours it.
         QString themeName;
-        /// The SVG file that is legible on every ground.
+        /// An SVG file that is legible on any background.
         QString file;
     };
 

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 const QString watcherService = u"org.kde.StatusNotifierWatcher"_s;
 const QString watcherPath = u"/StatusNotifierWatcher"_s;
-/// A panel that has not answered by then, in milliseconds, is as good as gone.
+/// In milliseconds. A panel that has not answered by then is considered gone.
 constexpr int longestWait = 300;
 
 QDBusMessage hostQuestion() {
@@ -32,7 +32,7 @@ bool saysYes(const QDBusReply<QDBusVariant>& answer) {
 
 } // namespace
 
-/// Asks the bus for a StatusNotifier host, now and at each change.
+/// Asks the bus for a StatusNotifier host, now and on each change.
 class StatusItemHosts::BusWatch final : public QObject {
 public:
     BusWatch(QDBusConnection bus, std::function<void(HostArrival)> hostFound, std::function<void()> noHostYet)
@@ -67,7 +67,7 @@ private:
     QDBusServiceWatcher m_serviceWatcher;
 };
 
-// Panels may offer both: the tray is asked for only once the bus has said that there is no host.
+// Panels may offer both, so an existing tray is looked for only once the bus has reported no host.
 StatusItemHosts::StatusItemHosts(WindowServer& windowServer, Found found, QDBusConnection bus)
     : m_windowServer(windowServer), m_found(std::move(found)),
       m_busWatch(std::make_unique<BusWatch>(

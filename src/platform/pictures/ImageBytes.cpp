@@ -60,7 +60,7 @@ Error systemError(const std::filesystem::path& path, int code) {
 } // namespace
 
 Result<std::unique_ptr<ImageBytes>> ImageBytes::ofFile(const std::filesystem::path& path) {
-    // Not blocking, so that a pipe with an image's name cannot hang the program.
+    // Non-blocking, so that a pipe with an image's name cannot hang the program.
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0)
         return systemError(path, errno);

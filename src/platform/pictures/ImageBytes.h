@@ -9,20 +9,20 @@
 
 namespace brisklog {
 
-/// An image file as the toolkit's decoders read it. It is deliberately neither of the toolkit's own devices:
-/// decoders map those into memory, where a file that shrinks meanwhile ends the process. And it remembers
-/// whether a decoder wanted more than there was, which most of them keep to themselves.
+/// An image file as a device for the toolkit's decoders. It is deliberately not one of the toolkit's own
+/// devices: decoders map those into memory, where a file that shrinks meanwhile crashes the process. It also
+/// records whether a decoder wanted more than there was, which most decoders do not report.
 class ImageBytes : public QIODevice {
 public:
-    /// Opens a file; an error when it is none or not a regular one.
+    /// Opens a file; an error when it cannot be opened or is not a regular file.
     static Result<std::unique_ptr<ImageBytes>> ofFile(const std::filesystem::path& path);
     /// The bytes must outlive the device.
     static std::unique_ptr<ImageBytes> inMemory(std::string_view bytes);
 
-    /// A decoder asked for something behind the end.
+    /// Whether a decoder tried to read beyond the end and got nothing.
     [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
-    /// A decoder got less than it asked for, as those that read ahead do in the end.
+    /// Whether a decoder got less than it asked for, as those that read ahead eventually do.
     [[nodiscard]] bool cameShort() const { return m_cameShort; }
 
     /// Goes back to the beginning, as if nothing had been read.
@@ -33,7 +33,7 @@ public:
 protected:
     ImageBytes() { QIODevice::open(ReadOnly | Unbuffered); }
 
-    /// As many bytes as there are from that offset on, at most `count`; negative when reading failed.
+    /// Reads as many bytes as there are from that offset on, at most `count`; negative when reading failed.
     virtual qint64 readAt(qint64 offset, char* target, qint64 count) = 0;
 
     qint64 readData(char* target, qint64 count) override;

@@ -8,15 +8,15 @@
 namespace brisklog {
 namespace {
 
-/// A decoder that holds the whole picture takes four bytes for each.
+/// For decoders that hold the whole picture, at four bytes per pixel.
 constexpr qint64 mostPixels = 32'000'000;
-/// The largest cameras of the day stay below.
+/// Even the largest of today's cameras stay below this.
 constexpr qint64 mostPixelsInBands = 256'000'000;
 constexpr qint64 largestFile = qint64{512} << 20;
 
 qint64 pixelCount(const QSize& size) { return qint64{size.width()} * size.height(); }
 
-/// Programs that write bare chromaticities and a gamma mean those of a screen, only less exactly.
+/// Programs that write only chromaticities and a gamma mean sRGB, just less precisely.
 bool areScreenColours(const QColorSpace& colours) {
     const auto primaries = colours.primaries();
     const bool isBare = primaries == QColorSpace::Primaries::Custom &&
@@ -24,7 +24,7 @@ bool areScreenColours(const QColorSpace& colours) {
     return !colours.isValid() || primaries == QColorSpace::Primaries::SRgb || isBare;
 }
 
-/// The colours of cameras and print shops would look dull if they were taken for those of a screen.
+/// Colours from cameras and print shops would look dull if they were treated as sRGB.
 QImage inScreenColours(QImage picture) {
     picture.convertTo(QImage::Format_ARGB32);
     if (!areScreenColours(picture.colorSpace()))
@@ -37,7 +37,7 @@ QSize wantedSize(const QSize& upright, const Images::SizeRule& rule) {
     return {wanted.width, wanted.height};
 }
 
-/// The size the rule gives, lying as the picture is stored.
+/// The size given by the rule, in the orientation in which the picture is stored.
 QSize wantedSizeAsStored(const QImageReader& reader, const Images::SizeRule& rule) {
     const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
     const QSize stored = reader.size();
@@ -62,14 +62,14 @@ QImage readUpright(QImageReader& reader, const ImageHeader& header, const Images
     QImage picture = reader.read();
     if (picture.isNull())
         return picture;
-    // A picture of few colours would be scaled with these alone.
+    // A picture with a palette would be scaled using only the palette's colours.
     picture.convertTo(QImage::Format_ARGB32);
     const QSize wanted = wantedSize(picture.size(), rule);
     return picture.size() == wanted ? picture
                                     : picture.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-/// Only the decoder of BMP files reads exactly what it needs, and never complains.
+/// Only the BMP decoder reads exactly what it needs, and it never reports missing data.
 bool isCutShort(const ImageBytes& bytes, const ImageHeader& header) {
     return header.format == "bmp" ? bytes.cameShort() : bytes.ranOut();
 }

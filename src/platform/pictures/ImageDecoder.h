@@ -8,14 +8,14 @@
 namespace brisklog {
 
 struct DecodedImage {
-    /// Upright, in sRGB with 32 bits a pixel, not premultiplied.
+    /// Upright, in sRGB with 32 bits per pixel, not premultiplied.
     QImage picture;
-    /// The file is a JPEG that every PDF viewer shows as the picture is to be seen.
+    /// Whether the file is a JPEG that every PDF viewer displays correctly as it is.
     bool canGoIntoPdf = false;
 };
 
-/// The one way from an image file to its picture, and the one set of limits: whoever shows image files, on
-/// the screen or in documents, comes by here. An error for what `Images` calls one.
+/// The only way to decode an image file, with one set of limits, whether it is shown on the screen or in a
+/// document. Fails for the reasons given in `Images`.
 [[nodiscard]] Result<DecodedImage> decodeImage(ImageBytes& bytes, const Images::SizeRule& rule);
 
 } // namespace brisklog

@@ -27,13 +27,13 @@ constexpr std::array signatures{
 
 constexpr qint64 longestSignature = 10;
 
-/// No camera and no program writes as many before the picture.
+/// No camera or program writes this many before the picture.
 constexpr int mostJpegSegments = 4096;
 
-/// Programs that write a JPEG in several goes write ten or so.
+/// Programs that write progressive JPEGs use about ten.
 constexpr qsizetype mostScans = 100;
 
-/// The picture itself comes in parts of some kilobytes.
+/// Programs divide the picture itself into parts of a few kilobytes.
 constexpr int mostPngParts = 1 << 20;
 
 constexpr uchar scanMarker = 0xDA;
@@ -45,7 +45,7 @@ struct JpegSegment {
     QByteArray begin;
 };
 
-/// What decides how a JPEG is read.
+/// What determines how a JPEG is read.
 struct JpegBeginning {
     JpegSegment frame;
     JpegSegment firstScan;
@@ -61,8 +61,8 @@ bool holdsFrame(uchar marker) {
 
 bool standsAlone(uchar marker) { return marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9); }
 
-/// Markers that stand alone and bytes between the segments are passed over by decoders. No program writes
-/// them before the picture; whoever does wants us to see another picture than the decoder.
+/// Decoders skip standalone markers and bytes between segments. No program writes them before the picture; a
+/// file that has them is meant to show us a different picture than the decoder.
 std::optional<JpegSegment> nextSegment(QIODevice& image) {
     constexpr qint64 longestBegin = 8;
     JpegSegment segment;
@@ -100,13 +100,13 @@ std::optional<JpegBeginning> jpegBeginning(QIODevice& image) {
     return std::nullopt;
 }
 
-/// Behind the number of bits, the height and the width.
+/// Follows the number of bits, the height and the width.
 char colourCount(const JpegSegment& frame) {
     constexpr int place = 5;
     return frame.begin.size() > place ? frame.begin[place] : '\0';
 }
 
-/// Whether all colours come in the first scan, once and for all.
+/// Whether the first scan holds all colours completely.
 bool comesInOneGo(const JpegBeginning& jpeg) {
     const bool isSequential = jpeg.frame.marker == 0xC0 || jpeg.frame.marker == 0xC1;
     return isSequential && jpeg.firstScan.begin.startsWith(colourCount(jpeg.frame));
@@ -119,7 +119,7 @@ bool isOfCommonKind(const JpegBeginning& jpeg) {
            !jpeg.hasFillBytesUpToFrame;
 }
 
-/// The mark that begins a scan cannot stand within its data.
+/// The marker that begins a scan cannot occur within its data.
 bool hasTooManyScans(QIODevice& image) {
     constexpr QByteArrayView scanBegins("\xFF\xDA");
     constexpr qint64 chunkLength = 1 << 16;
@@ -128,7 +128,7 @@ bool hasTooManyScans(QIODevice& image) {
     for (QByteArray chunk = image.read(chunkLength); !chunk.isEmpty() && scans <= mostScans;
          chunk = image.read(chunkLength)) {
         scans += chunk.count(scanBegins);
-        // It may lie across the border to the next chunk.
+        // The marker may straddle the boundary to the next chunk.
         if (chunk.endsWith('\xFF') && chunk.size() == chunkLength)
             image.seek(image.pos() - 1);
     }
@@ -137,7 +137,7 @@ bool hasTooManyScans(QIODevice& image) {
 
 bool claimsMoreThanThereIs(QIODevice& png) {
     constexpr qint64 signatureLength = 8;
-    // Length and name; the part's bytes and their checksum follow.
+    // Length and name, followed by the part's bytes and their checksum.
     constexpr qint64 headLength = 8;
     constexpr qint64 checksumLength = 4;
     qint64 at = signatureLength;

@@ -8,26 +8,27 @@ class QIODevice;
 
 namespace brisklog {
 
-/// What an image file says, before it is decoded, about what decoding it will take.
+/// What an image file reveals, before it is decoded, about what decoding it will take.
 struct ImageHeader {
     /// The toolkit's name for the decoder.
     QByteArray format;
-    /// Only of a GIF, for which the toolkit would read the whole file.
+    /// Only for a GIF, where the toolkit would read the whole file to find the size.
     std::optional<QSize> size;
-    /// A JPEG that comes in one go can be shrunk band by band; everything else is held in memory as a whole.
+    /// Set for a JPEG with all data in one scan, which can be scaled down band by band; everything else is
+    /// held in memory as a whole.
     bool isShrunkInBands = false;
-    /// A JPEG that goes over the same picture hundreds of times, to keep its reader busy for minutes.
+    /// Set for a JPEG with hundreds of scans of the same picture, made to keep its reader busy for minutes.
     bool isEndless = false;
-    /// A PNG of which a part says to be longer than the file is, or that has more parts than any program
-    /// writes. The decoder takes as much memory as a part says it needs before it looks whether it is there.
+    /// Set for a PNG with a part that claims to be longer than the file, or with more parts than any program
+    /// writes. The decoder allocates the claimed size before it checks that the data is there.
     bool isOverstated = false;
-    /// A JPEG in grey or three colours of eight bits each, Huffman coded, which every PDF viewer shows as it
-    /// is. No fill bytes in front of the frame, which Cairo stumbles over: it would draw a black area
-    /// instead.
+    /// Set for a Huffman-coded JPEG in grey or three colours of eight bits each, which every PDF viewer can
+    /// show as it is. Not set if there are fill bytes before the frame, for which Cairo would draw a black
+    /// area.
     bool isOfCommonKind = false;
 };
 
-/// Absent for what is no PNG, JPEG, GIF, BMP or TIFF. Leaves the device wherever it had to look.
+/// Absent if it is not a PNG, JPEG, GIF, BMP or TIFF. Leaves the device at an unspecified position.
 [[nodiscard]] std::optional<ImageHeader> readImageHeader(QIODevice& image);
 
 } // namespace brisklog

@@ -47,7 +47,7 @@ Result<Bitmap> QtImages::decode(std::string_view bytes, const SizeRule& rule) co
 
 Result<std::string> QtImages::encodePng(const Bitmap& picture) const {
     QImage image = toolkitImage(picture);
-    // Without it every reader of the file would blend a picture that has nothing to blend.
+    // Otherwise every reader of the file would blend a fully opaque picture.
     if (std::ranges::all_of(picture.pixels, [](std::uint32_t pixel) { return pixel >> 24 == 0xFF; }))
         image.convertTo(QImage::Format_RGB32);
     QByteArray bytes;

@@ -5,7 +5,7 @@
 namespace brisklog {
 namespace {
 
-/// In units of four bytes: 4 MiB, far more than any property that is asked for here.
+/// In units of four bytes: 4 MiB, far more than any property that is read here.
 constexpr std::uint32_t longestProperty = 1U << 20;
 
 constexpr std::uint8_t bitsOfNumber = 32;

@@ -12,7 +12,7 @@ namespace brisklog {
 template <class T>
 using X11Reply = std::unique_ptr<T, decltype(&std::free)>;
 
-/// A reply or event of the X server that frees itself.
+/// Takes ownership of a reply or event of the X server.
 template <class T>
 X11Reply<T> owned(T* reply) {
     return {reply, &std::free};
@@ -33,10 +33,10 @@ public:
 
     [[nodiscard]] xcb_atom_t atom(const char* name) const;
 
-    /// Asks for a property; the answer is read later, so that several questions are one round trip.
+    /// Requests a property; the reply is read later, so that several requests take one round trip.
     [[nodiscard]] xcb_get_property_cookie_t askFor(xcb_window_t window, xcb_atom_t property) const;
 
-    /// The property's bytes, none when the window has no such property; absent when there is no such window.
+    /// The property's bytes, empty when the window has no such property; absent when there is no such window.
     [[nodiscard]] std::optional<std::vector<std::uint8_t>> bytes(xcb_get_property_cookie_t question) const;
 
     /// The property's 32-bit numbers, with the same meaning.

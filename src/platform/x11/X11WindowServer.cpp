@@ -8,7 +8,7 @@
 namespace brisklog {
 namespace {
 
-/// The highest response number an event can have; the top bit marks events sent by other programs.
+/// Extracts the event number; the top bit marks events sent by other programs.
 constexpr std::uint8_t eventNumberMask = 0x7F;
 
 } // namespace
@@ -16,7 +16,7 @@ constexpr std::uint8_t eventNumberMask = 0x7F;
 X11WindowServer::X11WindowServer() {
     if (!m_server.isOpen())
         return;
-    // A new tray tells the root window so.
+    // A new tray announces itself on the root window.
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_server.raw(), m_server.root(), XCB_CW_EVENT_MASK, &mask);
     findInputExtension();
@@ -83,7 +83,7 @@ void X11WindowServer::keepOutOfTaskBar(std::uint32_t window) {
                             m_server.atom("_NET_WM_STATE_SKIP_PAGER")};
     xcb_change_property(m_server.raw(), XCB_PROP_MODE_APPEND, window, m_server.atom("_NET_WM_STATE"),
                         XCB_ATOM_ATOM, 32, states.size(), states.data());
-    // Answered only once the server has it: the window is shown over another connection.
+    // Waits until the server has processed it, because the window is shown over another connection.
     const auto sync =
         owned(xcb_get_input_focus_reply(m_server.raw(), xcb_get_input_focus(m_server.raw()), nullptr));
 }
@@ -91,12 +91,12 @@ void X11WindowServer::keepOutOfTaskBar(std::uint32_t window) {
 void X11WindowServer::handleEvents() {
     while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
         handleEvent(*event);
-    // The server is gone: the toolkit notices by itself and ends the program.
+    // When the server has gone, the toolkit notices by itself and ends the program.
     if (!m_server.isOpen())
         m_notifier->setEnabled(false);
 }
 
-/// Whoever hears of it may end its watching: copies are called.
+/// Calls copies, because a callback may end its own subscription.
 void X11WindowServer::handleEvent(const xcb_generic_event_t& event) const {
     const std::uint8_t number = event.response_type & eventNumberMask;
     if (number == XCB_GE_GENERIC) {

@@ -7,7 +7,7 @@ class QSocketNotifier;
 
 namespace brisklog {
 
-/// The X server. It is listened to on a connection of our own, and nothing is grabbed.
+/// The X server, observed over a separate connection without grabbing anything.
 class X11WindowServer final : public WindowServer {
 public:
     X11WindowServer();
@@ -20,7 +20,7 @@ public:
 
 private:
     void findInputExtension();
-    /// The raw events of all pointers, from now on.
+    /// Selects raw events of all pointers from now on.
     void selectInput(std::uint32_t events) const;
     void handleEvents();
     void handleEvent(const xcb_generic_event_t& event) const;
