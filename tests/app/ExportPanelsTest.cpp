@@ -42,7 +42,7 @@ public:
         invoice->exportInvoicePDF();
     }
 
-    /// Every file below the home but the one in which the toolkit's dialog remembers its size.
+    /// Every file in the home except the one in which the toolkit's dialog remembers its size.
     [[nodiscard]] std::set<fs::path> allFiles() const {
         std::set<fs::path> found;
         for (const auto& each : fs::recursive_directory_iterator(home.path()))
@@ -89,8 +89,8 @@ protected:
         settle();
     }
 
-    /// Saves under the suggested name and expects that the document lies in the documents folder, and that
-    /// no file was written anywhere else.
+    /// Saves under the suggested name and expects the document in the documents folder and no other file
+    /// written.
     static void saveAsSuggested(const Exports& exports, const QString& title) {
         QFileDialog* const dialog = panel();
         ASSERT_NE(dialog, nullptr);
@@ -108,7 +108,7 @@ protected:
     }
 };
 
-/// Names a project may have and a file may not, and names that mean something to shells and dialogs.
+/// Names that projects may have but files may not, and names with a meaning to shells or dialogs.
 std::vector<std::string> troublesomeNames() {
     using namespace std::string_literals;
     std::string umlauts;

@@ -31,7 +31,7 @@ protected:
         server.press();
     }
 
-    /// Another program's window takes over while the pointer is there.
+    /// Another program's window becomes active while the pointer is there.
     static void turnElsewhere(const QPoint& pointer) {
         QCursor::setPos(pointer);
         QApplication::setActiveWindow(nullptr);
@@ -96,7 +96,7 @@ TEST_F(PopoverWindowTest, openedAgainAtOnceItIsNotClosedByWhatTheLastClosingLeft
     QCursor::setPos(onTheDesktop);
     popover.close();
     popover.show(icon);
-    // That the closed popover has lost the focus is heard of only now, before the new one gets it.
+    // The focus loss of the earlier closing arrives only now, before the reopened popover gets the focus.
     QEvent late(QEvent::WindowDeactivate);
     QApplication::sendEvent(&popover, &late);
     QApplication::setActiveWindow(nullptr);

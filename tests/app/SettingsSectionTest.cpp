@@ -1,4 +1,4 @@
-// The settings in the whole program: what they change is seen at once, and the archive lies behind them.
+// The settings in the whole program: changes show at once, and the archive opens from here.
 
 #include "app/WholeProgram.h"
 #include "ui/controls/Picker.h"

@@ -1,5 +1,5 @@
-// The time zone changes while the program runs: everything on show follows at the next tick, documents at
-// once.
+// The time zone changes while the program runs: everything on screen follows at the next tick, new documents
+// at once.
 
 #include "app/WholeProgram.h"
 #include "support/PdfReader.h"
@@ -36,7 +36,7 @@ protected:
         settle();
     }
 
-    /// Whether any window shows a label of that text or a control of that name.
+    /// Whether any window shows a label with that text or a control with that name.
     static bool shows(const QString& text) {
         return std::ranges::any_of(QApplication::allWidgets(), [&text](QWidget* widget) {
             const auto* label = qobject_cast<QLabel*>(widget);
@@ -45,7 +45,7 @@ protected:
         });
     }
 
-    /// The list of that name on show.
+    /// The visible list with that name.
     static QListView& list(const QString& name) {
         for (QWidget* const widget : QApplication::allWidgets())
             if (auto* const found = qobject_cast<QListView*>(widget);
@@ -55,7 +55,7 @@ protected:
         std::abort();
     }
 
-    /// What a row of the list is about, as it is read aloud.
+    /// The text that a screen reader reads for a row of the list.
     static std::string spoken(const QString& listName, int row) {
         return list(listName).model()->index(row, 0).data(Qt::AccessibleTextRole).toString().toStdString();
     }
@@ -92,7 +92,7 @@ TEST_F(Travelling, rowsOfEntriesAreDrawnAnew) {
     wait(1);
     const PaintCounter paints(*list(u"Zeiterfassungen"_s).viewport());
     wait(5);
-    EXPECT_EQ(paints.count(), 0) << "where nothing changes, nothing is drawn";
+    EXPECT_EQ(paints.count(), 0) << "nothing is painted when nothing has changed";
     travelTo("Asia/Tokyo");
     EXPECT_EQ(paints.count(), 1);
     EXPECT_THAT(spoken(u"Zeiterfassungen"_s, 0),
@@ -108,7 +108,7 @@ TEST_F(Travelling, theCalendarMarksTheDayThatTheRecordLiesOnThere) {
     }
     EXPECT_TRUE(shows(u"15. November 2026, mit Daten"_s));
     travelTo("America/New_York");
-    EXPECT_TRUE(shows(u"14. November 2026, mit Daten"_s)) << "Berlin's midnight lies on the day before";
+    EXPECT_TRUE(shows(u"14. November 2026, mit Daten"_s)) << "Berlin's midnight falls on the day before";
     EXPECT_FALSE(shows(u"15. November 2026, mit Daten"_s));
 }
 

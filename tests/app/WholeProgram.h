@@ -61,13 +61,13 @@ protected:
 
     WholeProgram() { app.launch(); }
 
-    /// Launched once the test has prepared what it finds.
+    /// Launches the program once `prepare` has set up what it will find.
     explicit WholeProgram(const Preparation& prepare) {
         prepare(userDefaults, frontmost);
         app.launch();
     }
 
-    /// The button with that name that is shown in any window.
+    /// The visible button with that name in any window; null when there is none.
     static QAbstractButton* button(const QString& name) {
         for (QWidget* const widget : QApplication::allWidgets()) {
             auto* const candidate = qobject_cast<QAbstractButton*>(widget);

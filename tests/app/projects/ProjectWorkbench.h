@@ -15,7 +15,7 @@
 
 namespace brisklog::test {
 
-/// The real store on a home of its own, with time that the test moves.
+/// The real store in a temporary home, with a clock that the test controls.
 struct ProjectWorkbench {
     TemporaryHome home;
     FakeClock clock;
@@ -48,7 +48,7 @@ struct ProjectWorkbench {
         return entry;
     }
 
-    /// How often the projects' file was written.
+    /// How often the projects file was written.
     [[nodiscard]] std::ptrdiff_t projectSaves() const {
         return std::ranges::count(files.written, "projects.json");
     }

@@ -6,7 +6,7 @@
 namespace brisklog::test {
 namespace {
 
-/// What stands beside the buttons of a popover 370 wide.
+/// The width left for tabs beside the buttons of a popover 370 wide.
 constexpr int roomForTabs = 288;
 
 TabStripLayout layout(std::vector<int> widths, int current = 0) {
