@@ -19,7 +19,7 @@ TEST_F(Tracker, withoutAStoredSwitchItStaysOff) {
     EXPECT_THAT(days(), IsEmpty());
     EXPECT_EQ(runLoop.timerCount(), 0u);
     EXPECT_EQ(frontmost.timesAsked, 0);
-    EXPECT_THAT(userDefaults.entries(), IsEmpty()) << "nothing is stored by looking";
+    EXPECT_THAT(userDefaults.entries(), IsEmpty()) << "starting stores nothing";
     EXPECT_THAT(log.lines, IsEmpty());
 }
 
@@ -203,11 +203,12 @@ TEST_F(Tracker, sessionsWithTheSameIconShareItsBytesAlsoAfterARestart) {
     start();
     manager().stopTracking();
     const auto& sessions = days().at(0).sessions;
-    ASSERT_THAT(sessions, SizeIs(4)) << "the one for which the restarted tracker began included";
+    ASSERT_THAT(sessions, SizeIs(4)) << "including the one begun by the restarted tracker";
     const SharedData& icon = sessions[0].iconData.value();
     EXPECT_EQ(sessions[1].iconData, std::nullopt);
     EXPECT_TRUE(sessions[2].iconData->sharesBytesWith(icon));
-    EXPECT_TRUE(sessions[3].iconData->sharesBytesWith(icon)) << "read back and taken anew";
+    EXPECT_TRUE(sessions[3].iconData->sharesBytesWith(icon))
+        << "one icon was read back, the other newly taken";
 }
 
 // Days
@@ -232,7 +233,7 @@ TEST_F(Tracker, theDayOfAClockChangeIsOneDay) {
     for (int hour = 0; hour < 24; ++hour)
         use(hour % 2 == 0 ? "Editor" : "Browser", 3600);
     manager().stopTracking();
-    EXPECT_THAT(days(), SizeIs(1)) << "it has 25 hours";
+    EXPECT_THAT(days(), SizeIs(1)) << "the day has 25 hours";
 }
 
 TEST_F(Tracker, withTheClockSetBackTheEarlierDaysRecordGrowsAndNothingIsSorted) {
@@ -263,7 +264,7 @@ TEST_F(Tracker, theTimeZoneOfTheMomentDecidesTheDay) {
     use("Browser", 5);
     steadyClock.setZone("America/New_York");
     use("Editor", 5);
-    ASSERT_THAT(days(), SizeIs(2)) << "Berlin's midnight lies on the day before in New York";
+    ASSERT_THAT(days(), SizeIs(2)) << "in New York, Berlin's midnight falls on the day before";
     EXPECT_EQ(days()[1].date, inBerlin("2026-11-15T06:00:00"));
 }
 

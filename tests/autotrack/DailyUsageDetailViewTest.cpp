@@ -11,7 +11,7 @@ namespace {
 
 constexpr Date morning{816426000};
 
-/// No-break spaces as ordinary ones.
+/// Replaces no-break spaces with ordinary ones.
 std::string visible(std::string text) {
     for (auto at = text.find("\u00A0"); at != text.npos; at = text.find("\u00A0"))
         text.replace(at, 2, " ");

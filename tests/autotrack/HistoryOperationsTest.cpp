@@ -1,4 +1,4 @@
-// Whatever happens, what is stored is byte for byte the encoding of the whole history.
+// Whatever happens, the stored bytes are exactly the encoding of the whole history.
 
 #include "TrackerFixture.h"
 
@@ -20,7 +20,7 @@ std::string encodingOf(const std::vector<DailyAppUsage>& days, json::Layout layo
     return std::string(json::encode(days, layout).value().bytes());
 }
 
-/// A user who does everything that can be done, in an order of chance.
+/// A user who does everything possible, in random order.
 class RestlessUser {
 public:
     RestlessUser(Tracker& desktop, LargeValueStore& userDefaults, unsigned seed)
@@ -87,7 +87,7 @@ private:
         m_manager->saveData();
     }
 
-    /// As another program may have written the same history.
+    /// Stores the same history in a different layout, as another program might have written it.
     void storeInAnotherForm() {
         const auto before = days();
         m_userDefaults.setValue("autoTrackingData", Data{encodingOf(before, json::Layout::pretty)});
@@ -138,7 +138,7 @@ TEST_F(Tracker, aClosedSessionWritesNothingButItself) {
     userDefaults.tailsReplaced.clear();
     use("Browser", 1);
     ASSERT_THAT(userDefaults.tailsReplaced, SizeIs(1));
-    EXPECT_LT(userDefaults.tailsReplaced[0].second, 400u) << "also the first one after a restart";
+    EXPECT_LT(userDefaults.tailsReplaced[0].second, 400u) << "even for the first session after a restart";
 }
 
 TEST_F(Tracker, whatCouldNotBeWrittenIsWrittenWithTheNextSession) {

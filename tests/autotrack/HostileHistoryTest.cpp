@@ -1,4 +1,4 @@
-// Values under the tracker's key that nobody would put there on purpose, in a real database.
+// Malformed and hostile values under the tracker's key, in a real database.
 
 #include "TrackerFixture.h"
 
@@ -21,10 +21,10 @@ using ::testing::StartsWith;
 
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 constexpr std::size_t halfGigabyte = 512 * megabyte;
-/// Enough where the database cannot store what repeats itself once.
+/// Enough for content that the database cannot deduplicate.
 constexpr std::size_t muchData = 96 * megabyte;
 
-/// What the system says about this process's memory, in bytes.
+/// A figure from the system about this process's memory, in bytes.
 std::size_t memoryFigure(const std::string& name) {
     std::ifstream stream("/proc/self/status");
     std::size_t kilobytes = 0;
@@ -45,7 +45,7 @@ public:
             .frontmost = frontmost, .userDefaults = database, .clock = clock, .runLoop = runLoop, .log = log};
     }
 
-    /// A beginning, and then the same filling up to the size.
+    /// Stores `beginning`, then `filling` repeated until `size` bytes are reached.
     void storeMuch(std::size_t size, std::string_view beginning, std::string_view filling) {
         std::string block;
         while (block.size() < megabyte)
@@ -58,7 +58,7 @@ public:
         ASSERT_TRUE(database.replaceData("autoTrackingData", 0, data));
     }
 
-    /// The history is empty with one line, the tracker works, and its memory stays far below the value's
+    /// Expects an empty history, one line and a working tracker whose memory stays far below the value's
     /// size.
     void expectRefusedCheaply() {
         const auto end = runInChild([this] {
@@ -114,7 +114,7 @@ TEST_F(HostileHistory, aHugeText) {
     expectRefusedCheaply();
 }
 
-/// A stored history with two icons, long enough to be pieces.
+/// A history with two icons, long enough to be stored as pieces.
 std::string sampleHistory() {
     AppUsageSession session{.id = Uuid::generate(),
                             .appName = "Editor \"x\" Grüße",
@@ -128,8 +128,8 @@ std::string sampleHistory() {
     return std::string(json::encode(days, json::Layout::compact).value().bytes());
 }
 
-/// Without the position: a text that is one piece is passed over as a whole also where an error lies before
-/// it.
+/// Without the position, which may differ: a text stored as one piece is skipped as a whole even when an
+/// error lies before it.
 std::string withoutByte(const Error& error) {
     return error.description.substr(0, error.description.rfind(" (byte "));
 }

@@ -1,4 +1,4 @@
-// What stands in the user defaults, and what does not belong there.
+// What the tracker stores in the user defaults, and what it does with values that do not belong there.
 
 #include "TrackerFixture.h"
 
@@ -63,7 +63,8 @@ TEST_F(Tracker, aSessionWithoutEndIsReadAndCountsUpToNow) {
     EXPECT_EQ(days().at(0).totalDuration(Date{10}), 6);
 }
 
-/// Nothing is loaded, with one line that ends like this, and the stored bytes stay until the next save.
+/// Expects that nothing is loaded, that one line gives this reason, and that the stored bytes stay until the
+/// next save.
 void expectRefused(Tracker& test, const std::string& blob, const std::string& reason) {
     test.log.lines.clear();
     test.store(blob);
@@ -143,7 +144,7 @@ TEST_F(Tracker, whatCannotBeEncodedIsOneLineAndNothingIsStored) {
                 ElementsAre(std::string(saveComplaint) + "[0].sessions[1].endTime: number is not finite"));
     EXPECT_EQ(stored(), twoDays);
     EXPECT_FALSE(userDefaults.holds("autoTrackingEnabled"));
-    EXPECT_TRUE(manager().isTracking) << "the program goes on";
+    EXPECT_TRUE(manager().isTracking) << "tracking continues";
 }
 
 } // namespace

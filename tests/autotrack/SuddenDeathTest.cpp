@@ -1,5 +1,4 @@
-// The program is killed in the midst of its work. BRISKLOG_KILLS says how often, for a longer run than the
-// usual:
+// The program is killed while it works. For a run longer than usual, BRISKLOG_KILLS says how often:
 //     BRISKLOG_KILLS=200 build/dev/tests/autotrack/test-autotrack --gtest_filter='*suddenDeath*'
 
 #include "TrackerFixture.h"
@@ -23,7 +22,7 @@ int killCount() {
     return asked != nullptr ? std::stoi(asked) : 10;
 }
 
-/// The numbers in the names of all sessions, in order.
+/// The numbers that the sessions have as names, sorted.
 std::vector<long> numbersOf(const std::vector<DailyAppUsage>& days) {
     std::vector<long> numbers;
     for (const DailyAppUsage& day : days)
@@ -48,8 +47,8 @@ public:
                 .log = platform.log};
     }
 
-    /// One application after the other is in front, each with its number as its name. Now and then it is the
-    /// next day, or the clock is set back to an earlier one.
+    /// Brings one application after another to the front, each named after its number. Now and then the clock
+    /// moves a day on, or back.
     [[noreturn]] void workForEver(SharedCounter& acknowledged) {
         auto database = openDatabase();
         AutoTrackingManager tracker(platformWith(database));

@@ -12,10 +12,10 @@
 
 namespace brisklog::test {
 
-/// What is printed when the history cannot be read, up to the reason.
+/// What is printed before the reason when the history cannot be read.
 inline constexpr const char* loadComplaint = "Fehler beim Laden der automatischen Tracking-Daten: ";
 
-/// The wall clock beside a run loop that counts the time that really goes by: it can be set.
+/// A wall clock that can be set, while the run loop keeps counting the time that really passes.
 class WallClock final : public Clock {
 public:
     explicit WallClock(const Clock& steady) : m_steady(steady) {}
@@ -31,13 +31,13 @@ private:
     TimeInterval m_shift = 0;
 };
 
-/// A desktop with a tracker on it, in Berlin. The tracker is made by `start` and can be made again.
+/// A desktop in Berlin with a tracker. `start` makes the tracker; starting again is a restart.
 class Tracker : public ::testing::Test {
 public:
     Tracker() { steadyClock.setZone("Europe/Berlin"); }
 
     void start() {
-        // The earlier one ends first, as programs do.
+        // The old one is destroyed before the new one is made, as in a real restart.
         m_manager.reset();
         m_manager = std::make_unique<AutoTrackingManager>(platform());
     }
@@ -54,7 +54,7 @@ public:
 
     void quit() { m_manager.reset(); }
 
-    /// An application is in front for a while, seen by the polls.
+    /// Keeps an application in front for a while, as the tracker sees it by polling.
     void use(const std::string& application, TimeInterval seconds) {
         frontmost.show(application, "org." + application);
         runLoop.advance(seconds);
@@ -81,7 +81,7 @@ private:
 
 [[nodiscard]] std::vector<std::string> namesOf(const DailyAppUsage& day);
 
-/// The moment of this time in Berlin ("2026-11-15T23:59:00").
+/// The moment at which clocks in Berlin show this time ("2026-11-15T23:59:00").
 [[nodiscard]] inline Date inBerlin(const char* isoTime) { return momentIn("Europe/Berlin", isoTime); }
 
 } // namespace brisklog::test

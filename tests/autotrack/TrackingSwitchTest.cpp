@@ -54,9 +54,9 @@ TEST_F(Tracker, startingTwiceLeavesTheEarlierTimerRunning) {
     runLoop.advance(1);
     EXPECT_EQ(frontmost.timesAsked, asked + 2);
     manager().stopTracking();
-    EXPECT_EQ(runLoop.timerCount(), 1u) << "only the timer held is stopped";
+    EXPECT_EQ(runLoop.timerCount(), 1u) << "only the timer that the manager still holds is stopped";
     runLoop.advance(5);
-    EXPECT_EQ(frontmost.timesAsked, asked + 2) << "the other one asks for nothing while the switch is off";
+    EXPECT_EQ(frontmost.timesAsked, asked + 2) << "the other timer polls nothing while the switch is off";
 }
 
 TEST_F(Tracker, onceTheManagerIsGoneNothingPollsAnyMore) {
@@ -141,7 +141,7 @@ TEST_F(Tracker, clearingADayRemovesItsRecordAlone) {
     start();
     EXPECT_EQ(days(), expected);
     manager().clearDataForDay(inBerlin("2026-11-15T12:00:00"));
-    EXPECT_EQ(days(), expected) << "a day without a record";
+    EXPECT_EQ(days(), expected) << "there is no record for that day";
 }
 
 TEST_F(Tracker, whatIsWrittenIntoTheDaysFromOutsideIsSaved) {
