@@ -21,7 +21,7 @@ protected:
         return names;
     }
 
-    /// Starts and keeps something new, as on an ordinary day.
+    /// Starts the store and saves something new, as on an ordinary day.
     void workFor(const char* project) { start()->addProject(project, {}); }
 };
 

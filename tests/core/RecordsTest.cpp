@@ -190,7 +190,7 @@ TEST(Customer, gendersAreListedInOrderAndComeBackFromTheirLetters) {
     EXPECT_EQ(untouched, Gender::female);
 }
 
-// Their forms in files
+// Their JSON forms
 
 template <class T>
 std::string encoded(const T& value) {

@@ -82,7 +82,7 @@ TEST_F(StoreFailure, folderInPlaceOfAFileFailsInBothDirections) {
     EXPECT_EQ(log.countStartingWith("Error saving projects: "), 1U);
     EXPECT_TRUE(fs::exists(file("projects.json") / "inside"));
     store->addSavedNote("n", "c");
-    EXPECT_TRUE(fs::exists(file("savedNotes.json"))) << "the others are not affected";
+    EXPECT_TRUE(fs::exists(file("savedNotes.json"))) << "the other files are not affected";
 }
 
 TEST_F(StoreFailure, fileInPlaceOfTheDocumentsFolderIsSurvived) {

@@ -201,7 +201,7 @@ TEST_F(StoreOperations, markingEntriesSkipsUnknownIdsAndSavesOnce) {
     const auto& entries = store->projects->front().entries;
     EXPECT_FALSE(entries[0].isInvoiced);
     EXPECT_TRUE(entries[1].isInvoiced);
-    EXPECT_TRUE(entries[2].isInvoiced) << "marks are never taken back";
+    EXPECT_TRUE(entries[2].isInvoiced) << "marks are never removed";
     EXPECT_EQ(written(), projectsOnly);
 }
 

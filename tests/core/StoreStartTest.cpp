@@ -232,7 +232,7 @@ TEST_F(StoreStart, cleanUpRunsOncePerProcess) {
     EXPECT_TRUE(defaults.value("activeEntries"));
 }
 
-// Migration: reached only by a second store in the same process, the clean-up being done
+// Migration: only reached by a second store in the same process, after the first one's clean-up
 
 class StoreMigration : public StoreTest {
 protected:
