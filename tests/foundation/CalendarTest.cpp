@@ -90,7 +90,7 @@ TEST_F(BerlinCalendar, momentIsTheOneWhenClocksShowThat) {
     EXPECT_EQ(calendar.momentOf(QDate(2026, 11, 15), QTime(18, 20, 8)), Date{816456008});
     EXPECT_EQ(calendar.momentOf(QDate(2026, 7, 1), QTime(0, 0)), at("2026-07-01T00:00:00"));
     const Date skipped = calendar.momentOf(QDate(2026, 3, 29), QTime(2, 30));
-    EXPECT_EQ(skipped, at("2026-03-29T03:30:00")) << "as much later as the clocks skip";
+    EXPECT_EQ(skipped, at("2026-03-29T03:30:00")) << "later by as much as the clocks skip";
     const Date twice = calendar.momentOf(QDate(2026, 10, 25), QTime(2, 30));
     EXPECT_EQ(calendar.localTime(twice).time(), QTime(2, 30));
 }
@@ -133,7 +133,7 @@ TEST_F(BerlinCalendar, monthsKeepTheDayOrEndOnTheLastOne) {
 TEST_F(BerlinCalendar, monthBeginsWithItsFirstMoment) {
     EXPECT_EQ(calendar.startOfMonth(at("2026-11-30T23:59:59")), at("2026-11-01T00:00:00"));
     EXPECT_EQ(calendar.startOfMonth(at("2026-11-01T00:00:00")), at("2026-11-01T00:00:00"));
-    // Up to the end of October clocks show summer time, which no length in seconds would tell.
+    // Summer time ends in late October, so counting back a fixed number of seconds would miss the start.
     EXPECT_EQ(calendar.startOfMonth(at("2026-10-31T12:00:00")), at("2026-10-01T00:00:00"));
 }
 
@@ -145,7 +145,7 @@ TEST(CalendarElsewhere, monthBeginsWhenTheClocksGoOnWhereTheySkipMidnight) {
 
 TEST(CalendarElsewhere, dayBeginsWithItsFirstMidnightWhereTheClocksGoBackToIt) {
     const Calendar calendar{QTimeZone("America/Havana")};
-    // On 3 November, 01:00 became 00:00 again.
+    // On 3 November the clocks went back from 01:00 to 00:00.
     const Date firstMidnight = momentIn("UTC", "2024-11-03T04:00:00");
     const Day expected{firstMidnight, firstMidnight.addingSeconds(25 * hour)};
     EXPECT_EQ(calendar.dayOf(firstMidnight), expected);

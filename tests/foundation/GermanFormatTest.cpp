@@ -17,7 +17,7 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 /// Sunday, 15 November 2026, 18:20:08 in Berlin.
 constexpr Date anEvening{816456008};
 
-// The no-break space of amounts and durations is written as "·" in this file.
+// This file writes the no-break space of amounts and durations as "·".
 std::string visible(std::string text) {
     for (auto at = text.find("\u00A0"); at != text.npos; at = text.find("\u00A0"))
         text.replace(at, 2, "·");
@@ -70,7 +70,7 @@ TEST_F(GermanDates, lastMomentOfADayBelongsToIt) {
 }
 
 TEST_F(GermanDates, followTheClocksThroughTheChange) {
-    // 25 October 2026: three o'clock becomes two o'clock.
+    // On 25 October 2026 the clocks go back from 3:00 to 2:00.
     constexpr Date beforeChange{814581000};
     EXPECT_EQ(text(beforeChange, DateForm::shortWithTime), "25.10.26, 02:30:00");
     EXPECT_EQ(text(beforeChange.addingSeconds(3600), DateForm::shortWithTime), "25.10.26, 02:30:00");
@@ -112,7 +112,7 @@ TEST(GermanMoney, whatRoundsToZeroHasNoMinus) {
 }
 
 TEST(GermanMoney, halvesGoToTheEvenCent) {
-    // These have exact binary forms: the tie is a true one.
+    // These amounts are exact in binary, so the ties are true ties.
     EXPECT_EQ(money(0.125), "0,12·€");
     EXPECT_EQ(money(0.375), "0,38·€");
     EXPECT_EQ(money(2.625), "2,62·€");

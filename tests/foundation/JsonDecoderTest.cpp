@@ -299,7 +299,7 @@ TEST(JsonDecoder, zeroBytesAreRefused) {
     EXPECT_NE(errorOf<Knot>("{\"wid\0th\":1}"s), "");
     EXPECT_NE(errorOf<std::vector<double>>(std::string(1000, '\0')), "");
     EXPECT_EQ(valueOf<std::vector<std::string>>("[\"a\\u0000b\"]")[0], "a\0b"s)
-        << "written as an escape it is text";
+        << "written as an escape, a zero byte is text";
 }
 
 // Texts
@@ -317,7 +317,8 @@ TEST(JsonDecoder, malformedUtf8IsRefusedEverywhere) {
         EXPECT_NE(errorOf<std::vector<std::string>>("[\"a"s + bad), "");
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x"s + bad + "\":2}"), "") << "in a key";
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":[\""s + bad + "\"]}"), "") << "below an unknown key";
-        EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":{\"y"s + bad + "\":2}}"), "") << "in a key below";
+        EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":{\"y"s + bad + "\":2}}"), "")
+            << "in a key below an unknown key";
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"mark\":\"0123456789\\n"s + bad + "01234567\"}"), "");
     }
 }
@@ -357,7 +358,7 @@ TEST(JsonDecoder, loneSurrogatesWrittenAsEscapesAreRefused) {
         EXPECT_NE(errorOf<Knot>("{\"width\":1,\"x\":\""s + bad + "\"}"), "") << bad;
     }
     EXPECT_EQ(valueOf<std::vector<std::string>>("[\"\uD7FF\uE000\"]")[0], "\uD7FF\uE000")
-        << "their neighbours are not";
+        << "their neighbours are accepted";
 }
 
 // Depth

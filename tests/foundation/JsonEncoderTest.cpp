@@ -115,7 +115,7 @@ TEST(JsonEncoder, malformedTextIsRefusedWithItsPath) {
     branches[0].otherKnot = Knot{1, "\xFF"};
     EXPECT_EQ(refusal(branches), "[0].otherKnot.mark: text is not well-formed UTF-8");
     branches[0].name = "\xED\xA0\x80";
-    EXPECT_EQ(refusal(branches), "[0].name: text is not well-formed UTF-8") << "the first place is named";
+    EXPECT_EQ(refusal(branches), "[0].name: text is not well-formed UTF-8") << "the first fault is reported";
 }
 
 } // namespace

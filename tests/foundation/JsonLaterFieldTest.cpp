@@ -1,4 +1,4 @@
-// A field that was added to a record later: files from before lack its key.
+// A field that was added to a record later: older files lack its key.
 
 #include "foundation/JsonCoding.h"
 
@@ -62,7 +62,7 @@ TEST(JsonLaterField, mustFitWhenTheKeyIsThere) {
     EXPECT_EQ(errorOf(R"({"name":"","mobile":5})").find("mobile: expected text, found a number"), 0U);
     EXPECT_EQ(errorOf(R"({"name":"","discount":"3"})").find("discount: expected a number, found text"), 0U);
     EXPECT_EQ(errorOf(R"({"name":"","mobile":null})").find("mobile: expected text, found null"), 0U)
-        << "null stands for the absence of what may be absent; a text may not";
+        << "null means absence, which only optional values allow; a text is not optional";
 }
 
 TEST(JsonLaterField, leavesTheOtherKeysRequired) {

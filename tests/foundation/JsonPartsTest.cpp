@@ -1,4 +1,4 @@
-// Documents that come in parts must read as if they came whole.
+// Documents read in parts must decode as if they were read whole.
 
 #include "JsonRecords.h"
 
@@ -27,7 +27,7 @@ public:
     explicit ListedParts(std::vector<DataPart> parts) : m_parts(std::move(parts)) {}
 
     std::optional<DataPart> next() override {
-        // Whatever was given out before is gone.
+        // Invalidates what the previous call returned.
         m_current.assign(m_current.size(), '#');
         if (m_position == m_parts.size())
             return std::nullopt;
@@ -44,7 +44,7 @@ private:
     std::string m_current;
 };
 
-/// The stretches between '<' and '>' become objects, each only once; '|' ends a part.
+/// Text between '<' and '>' becomes an object, the same one for equal texts; '|' ends a part.
 std::vector<DataPart> split(std::string_view marked) {
     static std::map<std::string, std::shared_ptr<const std::string>, std::less<>> objects;
     std::vector<DataPart> parts;
@@ -160,7 +160,7 @@ TEST(JsonParts, anObjectThatIsNoUnicodeIsNeitherTextNorKey) {
               "[0].name: key is not well-formed Unicode (byte 15)");
 }
 
-/// A beginning, and then the same character again and again.
+/// Gives `beginning`, then the same character without end.
 class EndlessParts final : public DataParts {
 public:
     EndlessParts(std::string_view beginning, char filling) : m_part(beginning), m_filling(65536, filling) {}

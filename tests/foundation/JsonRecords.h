@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Records with every kind of member, for trying the JSON coding on.
+/// Records with every kind of member, for testing the JSON coding.
 namespace brisklog::test {
 
 enum class Fruit { apple, pear };
@@ -40,7 +40,7 @@ constexpr auto jsonFields(std::type_identity<Leaf>) {
                       json::field<&Leaf::note>("note"),   json::field<&Leaf::owner>("owner")};
 }
 
-/// A small record on its own, nested in a branch.
+/// A small record, nested in a branch.
 struct Knot {
     double width = 0;
     std::optional<std::string> mark;

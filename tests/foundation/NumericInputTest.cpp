@@ -55,7 +55,7 @@ TEST(NumericInput, onlyFiniteNumbersCount) {
 }
 
 TEST(NumericInput, desktopsLocaleDoesNotMatter) {
-    // Where it is not installed nothing changes, and the test holds all the same.
+    // Has no effect where this locale is not installed; the test then passes trivially.
     std::setlocale(LC_ALL, "de_DE.UTF-8");
     EXPECT_EQ(parseDecimal("85,50"), 85.5);
     EXPECT_EQ(parseDecimal("85.50"), 85.5);

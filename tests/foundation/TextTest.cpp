@@ -20,13 +20,13 @@ TEST(Text, unicodeBlanksAreTrimmed) {
          {"\u0085", "\u00A0", "\u1680", "\u2003", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"}) {
         EXPECT_EQ(text::trimmed(blank), "");
         EXPECT_EQ(text::trimmed(blank + "ä"s + blank + blank), "ä");
-        EXPECT_EQ(text::trimmed("ä"s + blank + "ö"), "ä"s + blank + "ö") << "inside they stay";
+        EXPECT_EQ(text::trimmed("ä"s + blank + "ö"), "ä"s + blank + "ö") << "inner blanks stay";
     }
 }
 
 TEST(Text, bytesThatAreNotUtf8CountAsOrdinaryCharacters) {
     EXPECT_EQ(text::trimmed(" \xFF a \xC3 "), "\xFF a \xC3");
-    EXPECT_EQ(text::trimmed("\xA0"), "\xA0") << "half of a no-break space is none";
+    EXPECT_EQ(text::trimmed("\xA0"), "\xA0") << "half a no-break space is not one";
     EXPECT_EQ(text::trimmed("\xC2"), "\xC2");
     EXPECT_EQ(text::trimmed("\xE2\x80"), "\xE2\x80");
     EXPECT_EQ(text::trimmed(" \x80\x80\x80 "), "\x80\x80\x80");
