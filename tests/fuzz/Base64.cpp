@@ -14,7 +14,7 @@ bool isDigit(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '+' || character == '/';
 }
 
-/// Whole groups of four digits, of which the last one or two may be padding.
+/// Complete groups of four digits, of which the last one or two may be padding.
 bool isBase64(std::string_view text) {
     const auto end = std::ranges::find_if_not(text, isDigit);
     const std::string_view padding(end, text.end());
@@ -37,10 +37,10 @@ void requireBytesComeBack(std::string_view bytes) {
 void tryInput(std::string_view bytes) {
     requireBytesComeBack(bytes);
     const auto decoded = fromBase64(bytes);
-    require(decoded.has_value() == isBase64(bytes), "what is well-formed decodes, nothing else");
+    require(decoded.has_value() == isBase64(bytes), "exactly what is well-formed decodes");
     SharedDataPool pool;
     const auto shared = pool.fromBase64(bytes);
-    require(shared.has_value() == decoded.has_value(), "shared as unshared");
+    require(shared.has_value() == decoded.has_value(), "decoding shared and unshared bytes succeeds alike");
     if (!decoded)
         return;
     requireBytesComeBack(decoded->bytes());

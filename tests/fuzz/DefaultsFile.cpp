@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file, a fresh file in its place.
+/// Once for the file itself, once for the fresh file that replaces it.
 constexpr int triesUntilItWorks = 2;
 
 const std::string picture(600, 'Q');
@@ -29,10 +29,11 @@ void read(const LargeValueStore& defaults, const UserDefaults::Entry& entry) {
             inParts += part->bytes;
     });
     if (reading == LargeValueStore::Reading::complete && value && std::holds_alternative<Data>(*value))
-        require(std::get<Data>(*value).bytes == inParts, "in parts as whole");
+        require(std::get<Data>(*value).bytes == inParts,
+                "reading in parts gives the same bytes as reading whole");
 }
 
-/// Everything that the program does to a value that it found.
+/// Does everything that the program may do to a value it has found.
 void change(LargeValueStore& defaults, const UserDefaults::Entry& entry) {
     const auto before = dataValue(defaults, entry.key);
     const std::size_t kept = before ? before->size() / 2 : entry.size / 2;
@@ -55,7 +56,7 @@ bool keepsWhatItIsGiven(UserDefaults& defaults) {
 
 DefaultsFile::DefaultsFile() {
     std::string name = fs::temp_directory_path() / "brisklog-fuzz-XXXXXX";
-    require(::mkdtemp(name.data()) != nullptr, "there is room for a folder");
+    require(::mkdtemp(name.data()) != nullptr, "a temporary folder can be made");
     m_folder = name;
 }
 
@@ -82,7 +83,7 @@ void DefaultsFile::use() const {
     bool works = false;
     for (int tries = 0; tries < triesUntilItWorks && !works; ++tries)
         works = keepsWhatItIsGiven(defaults);
-    require(works, "a store works, on a fresh file at the latest");
+    require(works, "the store works, at the latest with a fresh file");
     defaults.synchronise();
 }
 

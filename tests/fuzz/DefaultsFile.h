@@ -6,7 +6,8 @@
 
 namespace brisklog::fuzz {
 
-/// The user defaults' database file, in a folder of its own. Runners give a folder in memory as TMPDIR.
+/// The user defaults' database file, in a temporary folder. `tests/fuzz/run` sets TMPDIR to memory where it
+/// can.
 class DefaultsFile {
 public:
     DefaultsFile();
@@ -16,11 +17,11 @@ public:
 
     [[nodiscard]] std::filesystem::path path() const { return m_folder / "defaults.sqlite"; }
 
-    /// Removes everything around the file and writes it anew.
+    /// Empties the folder and writes the file anew.
     void reset(std::string_view bytes) const;
 
     /// Opens the file as the program does, reads, enumerates and writes whatever is there. However broken it
-    /// is, the store must work in the end.
+    /// is, the store must work afterwards.
     void use() const;
 
 private:

@@ -1,4 +1,4 @@
-// Desktop entry files, which any installed program brings.
+// Desktop entry files, which any installed program may supply.
 
 #include "RoundTrip.h"
 
@@ -27,7 +27,7 @@ void tryInput(std::string_view bytes) {
         return;
     require(!entry->name.empty(), "an application has a name");
     requireShowable(entry->name);
-    require(std::ranges::none_of(entry->name, isControl), "a name stands on one line");
+    require(std::ranges::none_of(entry->name, isControl), "a name is a single line");
     require(entry->program.find('/') == std::string::npos, "a program is a file name");
 }
 

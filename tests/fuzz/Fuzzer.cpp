@@ -16,7 +16,7 @@ void require(bool holds, std::string_view promise) {
 
 } // namespace brisklog::fuzz
 
-// The name is the fuzzing engine's.
+// The fuzzing engine calls it by this name.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     brisklog::fuzz::tryInput({reinterpret_cast<const char*>(bytes), size});
     return 0;

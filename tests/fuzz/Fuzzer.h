@@ -4,10 +4,10 @@
 
 namespace brisklog::fuzz {
 
-/// Tries one input. Each fuzzer defines it; coming back means that all went well.
+/// Tries one input. Each fuzzer defines its own; returning means that all went well.
 void tryInput(std::string_view bytes);
 
-/// Ends the program when a promise does not hold; the fuzzer keeps the input that led there.
+/// Aborts when a promise does not hold; the fuzzing engine then keeps the input.
 void require(bool holds, std::string_view promise);
 
 } // namespace brisklog::fuzz

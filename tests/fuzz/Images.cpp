@@ -1,4 +1,4 @@
-// Image files on their way to the logo, to the picker's tiles and into a document.
+// Image files as they are decoded for the logo, the picker's tiles and a document.
 
 #include "OffscreenApplication.h"
 
@@ -71,7 +71,7 @@ void tryInput(std::string_view bytes) {
     const auto logo = images.decode(bytes, logoSize);
     const auto inDocument = decodedImage(bytes);
     require(thumbnail.succeeded() == logo.succeeded(), "what has a thumbnail can be the logo");
-    require(inDocument == nullptr || logo.succeeded(), "what a document shows the picker takes");
+    require(inDocument == nullptr || logo.succeeded(), "the picker accepts what a document shows");
     if (inDocument != nullptr)
         requireDrawable(inDocument.get());
     if (logo.failed())

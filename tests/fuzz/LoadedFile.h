@@ -10,9 +10,9 @@
 
 namespace brisklog::fuzz {
 
-/// A file that an object loads when it is made and writes anew at every change. Loaded or refused, no byte
-/// may be lost: what was refused stays and is rescued, what was loaded is written in our own form, which
-/// loads as the same. `Loaded` makes the object and gives its values.
+/// Tries a file that an object loads on construction and rewrites at every change. Nothing may be lost: a
+/// refused file stays as it is and is rescued; a loaded one is rewritten in our own form, which must load
+/// with the same values. `Loaded` makes the object and returns its values.
 template <class Loaded>
 void tryFile(const std::filesystem::path& path, std::string_view bytes) {
     MemoryFiles files;

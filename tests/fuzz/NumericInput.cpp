@@ -25,7 +25,8 @@ void tryInput(std::string_view bytes) {
     const std::string typed(bytes);
     const auto number = parseDecimal(typed);
     require(number == parseDecimal(text::replacing(typed, '.', ',')), "point and comma are the same");
-    require(!parseDecimal(" " + typed) && !parseDecimal(typed + " "), "blanks are part of no number");
+    require(!parseDecimal(" " + typed) && !parseDecimal(typed + " "),
+            "blanks around a number make it invalid");
     if (!number)
         return;
     require(std::isfinite(*number), "a number is finite");

@@ -9,7 +9,7 @@ void needApplication() {
     static char name[] = "fuzzer";
     static char* arguments[] = {name, nullptr};
     static const bool isOffscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Decoders complain about every other input.
+    // Decoders print warnings about every other input.
     static const auto previous =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     static const QGuiApplication application(count, arguments);

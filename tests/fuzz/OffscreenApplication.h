@@ -4,7 +4,7 @@
 
 namespace brisklog::fuzz {
 
-/// Makes the toolkit's application without a display, once a process.
+/// Makes the toolkit's application without a display, once per process.
 void needApplication();
 
 } // namespace brisklog::fuzz

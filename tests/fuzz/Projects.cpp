@@ -1,4 +1,4 @@
-// projects.json, and the texts that screens and documents make of it.
+// projects.json, and the texts that screens and documents derive from it.
 
 #include "RoundTrip.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr Date now{816426000};
 const Calendar calendar(QTimeZone("Europe/Berlin"));
 
-/// Projects are equal by identity alone, which is too little here.
+/// Projects compare by identity alone, which is not enough here.
 bool haveSameContent(const std::vector<Project>& some, const std::vector<Project>& others) {
     return std::ranges::equal(some, others, [](const Project& one, const Project& other) {
         return one.id == other.id && one.name == other.name && one.hourlyRate == other.hourlyRate &&

@@ -10,8 +10,8 @@
 
 namespace brisklog::fuzz {
 
-/// Decodes the bytes and holds what was decoded to its promises: it can be encoded, reads back as the same,
-/// and is then written as the same bytes. Absent for what does not decode.
+/// Decodes the bytes and requires that the value can be encoded, decodes to an equal value and then has the
+/// same encoding. Absent when the bytes do not decode.
 template <class T, class Same = std::equal_to<T>>
 std::optional<T> decodedAndBack(std::string_view bytes, json::Layout layout, Same same = {}) {
     const auto decoded = json::decode<T>(bytes);
@@ -30,7 +30,7 @@ std::optional<T> decodedAndBack(std::string_view bytes, json::Layout layout, Sam
     return decoded.value();
 }
 
-/// What a screen or a document is handed must be well-formed, whatever a file held.
+/// A text handed to a screen or a document must be well-formed, whatever the file held.
 inline void requireShowable(std::string_view text) {
     require(text::isValidUtf8(text), "a text to be shown is well-formed");
 }

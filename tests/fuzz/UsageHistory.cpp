@@ -29,7 +29,7 @@ public:
         if (m_position == m_parts.size())
             return std::nullopt;
         DataPart part = m_parts[m_position++];
-        // A copy of its own, so that looking behind the part's end is noticed.
+        // A separate copy, so that the sanitizer notices reads past the part's end.
         m_current.assign(part.bytes.begin(), part.bytes.end());
         part.bytes = part.repeated ? *part.repeated : std::string_view(m_current.data(), m_current.size());
         return part;
@@ -52,7 +52,7 @@ bool isDigit(char character) {
     return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '+' || character == '/';
 }
 
-/// Long stretches of digits as objects of their own, as the database keeps them.
+/// Makes long stretches of digits separate objects, as the database keeps them.
 ListedParts cutAsStored(std::string_view bytes) {
     constexpr std::ptrdiff_t shortestObject = 4;
     ListedParts parts;
@@ -75,20 +75,20 @@ Result<Days> decodedInParts(ListedParts parts) {
 }
 
 void requireSameValue(const Result<Days>& whole, const Result<Days>& inParts) {
-    require(inParts.succeeded() == whole.succeeded(), "in parts as whole, decoded or not");
+    require(inParts.succeeded() == whole.succeeded(), "decoding in parts and as a whole succeeds alike");
     if (whole.succeeded())
-        require(inParts.value() == whole.value(), "in parts as whole, the same value");
+        require(inParts.value() == whole.value(), "decoding in parts gives the same value");
 }
 
 void requireSameHoweverCut(std::string_view bytes) {
     const auto whole = json::decode<Days>(bytes);
-    // An object where no text can be is an error too, but told of the place behind it.
+    // An object where no text may be is an error too, but reported at the position after it.
     requireSameValue(whole, decodedInParts(cutAsStored(bytes)));
     for (const std::size_t length : {1U, 7U, 64U}) {
         const auto inParts = decodedInParts(cutEvery(length, bytes));
         requireSameValue(whole, inParts);
         if (whole.failed())
-            require(inParts.error() == whole.error(), "in parts as whole, the same complaint");
+            require(inParts.error() == whole.error(), "decoding in parts gives the same error");
     }
 }
 
@@ -103,8 +103,8 @@ void requireSameStreamed(const Days& days) {
     std::string bytes;
     while (const auto part = encoding.next())
         bytes += part->bytes;
-    require(!encoding.failed(), "a history can be encoded bit by bit");
-    require(bytes == compact(days), "bit by bit as whole");
+    require(!encoding.failed(), "a history can be encoded as a stream");
+    require(bytes == compact(days), "the streamed encoding is the same");
 }
 
 /// Loads the stored bytes and closes a session, as the tracker does.

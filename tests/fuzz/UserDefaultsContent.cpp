@@ -1,5 +1,4 @@
-// The user defaults' database, whole but with a content that nobody meant: the input is what is done to a
-// store in SQL.
+// The user defaults' database, intact but with arbitrary content: the input is SQL that is run on a store.
 
 #include "DefaultsFile.h"
 
@@ -36,7 +35,7 @@ std::string madeStore(const DefaultsFile& file) {
     return {std::istreambuf_iterator(stream), {}};
 }
 
-/// The content may be anything, but the fuzzer stays within its folder and its time.
+/// Any content is allowed, but the SQL must stay within the folder and the time limit.
 int permission(void* /*context*/, int action, const char* /*a*/, const char* /*b*/, const char* /*c*/,
                const char* /*d*/) {
     return action == SQLITE_ATTACH || action == SQLITE_PRAGMA ? SQLITE_DENY : SQLITE_OK;
@@ -44,7 +43,7 @@ int permission(void* /*context*/, int action, const char* /*a*/, const char* /*b
 
 int stop(void* /*context*/) { return 1; }
 
-/// Runs one statement after the other, whatever becomes of them.
+/// Runs one statement after another, ignoring failures.
 void runAll(sqlite3* database, std::string_view statements) {
     while (!statements.empty()) {
         const auto end = std::min(statements.find(';'), statements.size() - 1) + 1;
