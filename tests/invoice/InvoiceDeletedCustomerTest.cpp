@@ -1,4 +1,4 @@
-// What an open invoice sheet makes of a chosen customer who has been deleted.
+// How an open invoice sheet treats a chosen customer who has since been deleted.
 
 #include "invoice/InvoiceSheet.h"
 #include "support/PdfReader.h"
@@ -8,7 +8,7 @@
 namespace brisklog::test {
 namespace {
 
-/// One ticked entry, and a customer who was chosen and then deleted; others may be left.
+/// One ticked entry, and a chosen customer whom the tests delete; others may remain.
 class InvoiceDeletedCustomer : public testing::Test, protected InvoiceSheet {
 protected:
     InvoiceDeletedCustomer() : InvoiceSheet({entryOf("Eins", hour)}, 60.0) {
@@ -17,7 +17,7 @@ protected:
         view->selectedCustomerId = gone.id;
     }
 
-    /// The one document made names no recipient.
+    /// Expects exactly one document, which names no recipient.
     void expectInvoiceToNobody() {
         EXPECT_EQ(generatedInvoices(), 1U);
         EXPECT_EQ(log.lines.back(),

@@ -9,7 +9,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The invoice with one text in every place where a user can type.
+/// An invoice with this text wherever a user can type.
 SampleInvoice madeOf(const std::string& text) {
     SampleInvoice invoice;
     invoice.project.name = text;
@@ -28,7 +28,7 @@ SampleInvoice madeOf(const std::string& text) {
     return invoice;
 }
 
-/// Nothing after the text was lost: the row behind it, the total and the last line at the foot.
+/// Expects that nothing after the text was lost: the next row, the total and the last line of the footer.
 void expectComplete(const PdfReader& pdf) {
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_EQ(pdf.information("Creator"), "Pennavo");

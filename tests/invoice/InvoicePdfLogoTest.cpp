@@ -16,12 +16,12 @@ constexpr double middleColumnCentre = 50 + 495 * (0.33 + 0.34 / 2);
 SampleInvoice withLogo(const std::string& logo) {
     SampleInvoice invoice;
     invoice.sender.logoData = logo;
-    // Nothing else reaches into the middle column.
+    // Otherwise the logo would not be alone in the middle column.
     invoice.sender.email = "";
     return invoice;
 }
 
-/// What is drawn between the sender's and the right column.
+/// What is drawn between the sender's column and the right column.
 std::optional<PdfBox> logoOn(const PdfReader& pdf) { return pdf.picture(1).inkWithin({1, 215, 0, 380, 200}); }
 
 void expectLogo(const std::string& logo, double width, double height) {

@@ -18,7 +18,7 @@ SampleInvoice withNotes(const std::string& notes, int rows = 3) {
     return invoice;
 }
 
-/// Everything an invoice with long notes must keep.
+/// Expects everything that must hold for an invoice with long notes.
 void expectSound(const PdfReader& pdf, const std::string& notes) {
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_THAT(pdf.copiedText(), testing::HasSubstr(withoutBlanks(notes)));
@@ -110,12 +110,12 @@ TEST(InvoicePdfNotes, tooLongForTheBlockRunAtFullWidthUnderTheClosingText) {
     ASSERT_TRUE(note);
     EXPECT_NEAR(note->left, 50, placeTolerance);
     EXPECT_NEAR(note->top, names.back().bottom + 12, placeTolerance);
-    // One word wider than the block stays whole.
+    // A single word wider than the block is not broken.
     EXPECT_TRUE(pdf.find(std::string(70, 'x'), 2));
 }
 
 TEST(InvoicePdfNotes, ofAnyLengthAreCompleteAndNeverBesideTheFooterAtFullWidth) {
-    // Around the ends of the first and the second page.
+    // Line counts around the ends of the first and of the second page.
     std::vector<int> counts(17);
     std::iota(counts.begin(), counts.end(), 34);
     for (int count = 92; count <= 108; ++count)
@@ -131,7 +131,7 @@ TEST(InvoicePdfNotes, ofAnyLengthAreCompleteAndNeverBesideTheFooterAtFullWidth) 
             isOnLastPage = isOnLastPage || line.page == last;
             EXPECT_LE(line.bottom, (line.page == last ? footerTop - 12 : footerBottom) + placeTolerance);
         }
-        EXPECT_TRUE(isOnLastPage) << "the footer stands alone";
+        EXPECT_TRUE(isOnLastPage) << "the footer is alone on the last page";
     }
 }
 

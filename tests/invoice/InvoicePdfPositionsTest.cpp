@@ -7,10 +7,10 @@ namespace brisklog::test {
 namespace {
 
 constexpr double left = 50;
-/// Above the first line of both columns.
+/// The top of the first line of both columns.
 constexpr double pageTop = 792;
 
-/// A thin line across the content at that height.
+/// Expects a thin rule across the content at that height.
 void expectRule(const PdfReader& pdf, double y, int page = 1) {
     const auto ink =
         pdf.picture(page, 288).inkWithin({page, 0, a4.height - y - 0.6, 595, a4.height - y + 0.6});
@@ -114,7 +114,7 @@ TEST(InvoicePdfPositions, theTableStandsInItsColumns) {
 
 TEST(InvoicePdfPositions, totalClosingTextAndFooterFollowTheRows) {
     const PdfReader pdf(SampleInvoice().document());
-    // The last of three rows stands at 380, the next would at 366.
+    // The last of the three rows is at 380; the next would be at 366.
     expectRule(pdf, 359);
     expectLine(pdf, "Gesamtbetrag:", left, 345);
     expectNumber(pdf, "Gesamtbetrag: 240,00 €", 520.25, 345);
@@ -124,7 +124,7 @@ TEST(InvoicePdfPositions, totalClosingTextAndFooterFollowTheRows) {
     ASSERT_TRUE(thanks && regards);
     const double lineHeight = regards->top - thanks->top;
     EXPECT_NEAR(regards->left, left, placeTolerance);
-    // An empty line stands between the greeting and the name.
+    // There is an empty line between the greeting and the name.
     std::vector<PdfBox> names;
     for (const PdfWord& word : pdf.words())
         if (word.text == "Jürgen")

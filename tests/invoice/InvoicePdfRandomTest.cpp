@@ -18,7 +18,7 @@ std::string separator(Chance& chance) {
 
 std::string markOf(int number) { return "Q" + std::to_string(10000 + number) + "Z"; }
 
-/// Notes with numbered marks between the pieces, each a word by itself.
+/// Notes with numbered marks between the pieces, each mark a separate word.
 std::string notesWith(int marks, Chance& chance) {
     std::string notes;
     for (int i = 0; i < marks; ++i)
@@ -49,7 +49,7 @@ SampleInvoice invoiceOf(Chance& chance, int marks) {
     return invoice;
 }
 
-/// How often each mark can be copied.
+/// How often each mark occurs in the text.
 std::vector<int> countMarks(const std::string& text, int marks) {
     std::vector<int> counts;
     for (int i = 0; i < marks; ++i) {

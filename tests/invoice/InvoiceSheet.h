@@ -19,13 +19,14 @@
 
 namespace brisklog::test {
 
-/// An entry of that length that started at the reference day's 10:00; without a length it is unfinished.
+/// An entry of that length that started on 12 November 2026, 10:00 UTC; unfinished when it has no length.
 [[nodiscard]] TimeEntry entryOf(const std::string& taskName, std::optional<TimeInterval> seconds,
                                 std::optional<double> hourlyRate = std::nullopt);
 
 [[nodiscard]] Customer customerNamed(const std::string& name, const std::string& company = {});
 
-/// The invoice sheet over a real store in a home of its own, with everything outside recorded.
+/// The invoice sheet over a real store in a temporary home, with a record of everything it does to the
+/// outside.
 class InvoiceSheet {
 public:
     /// The store holds one project of that name and rate with these entries.
@@ -36,12 +37,12 @@ public:
 
     [[nodiscard]] const std::vector<TimeEntry>& projectEntries() const;
 
-    /// What the program would find after a restart.
+    /// The store as the program would find it after a restart.
     [[nodiscard]] TimeTrackingStore reopenedStore();
 
     [[nodiscard]] DocumentFacilities facilities();
 
-    /// How many invoices were made so far, as the log says.
+    /// How many invoices have been made so far, according to the log.
     [[nodiscard]] std::size_t generatedInvoices() const;
 
     TemporaryHome home;

@@ -22,7 +22,7 @@ struct Billing : InvoiceSheet {
 
     [[nodiscard]] fs::path target() const { return home.path() / "Rechnung.pdf"; }
 
-    /// What was written there.
+    /// The document written to `target()`.
     [[nodiscard]] std::unique_ptr<PdfReader> document() const {
         return std::make_unique<PdfReader>(readFile(target()));
     }

@@ -233,7 +233,7 @@ TEST(InvoiceView, twentyFiveThousandRowsAreToggledAndSummedQuickly) {
     sheet.view->initializeEntryStatuses();
     const auto took = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(sheet.view->summary().entryCount, "25000");
-    // A hundred times what is ever wanted at once: only something quadratic takes longer.
+    // A hundred times what a user triggers at once: only quadratic behaviour takes longer.
     EXPECT_LT(took, std::chrono::seconds(2));
     RecordProperty("milliseconds",
                    static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(took).count()));

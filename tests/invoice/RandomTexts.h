@@ -27,23 +27,23 @@ private:
     std::mt19937 m_engine;
 };
 
-/// A piece of text as people, programs and accidents make it.
+/// A piece of text as people, programs and accidents produce it.
 [[nodiscard]] std::string randomPiece(Chance& chance);
 
 /// Up to that many pieces in a row; may be empty.
 [[nodiscard]] std::string randomLine(Chance& chance, int pieces);
 
-/// A picture, sound or damaged.
+/// A picture, intact or damaged.
 [[nodiscard]] std::string randomLogo(Chance& chance);
 
-/// Euros, from nothing to beyond all reason.
+/// Euros: ordinary, negative or absurdly large.
 [[nodiscard]] double randomAmount(Chance& chance);
 
-/// None to sixty entries, some with rates of their own.
+/// Fewer than sixty entries, some with their own rates.
 [[nodiscard]] std::vector<TimeEntry> randomEntries(Chance& chance);
 
-/// How many random documents a test makes, and the seed of the first one: a few from 1 on, unless the
-/// environment asks for others (BRISKLOG_RANDOM_DOCUMENTS, BRISKLOG_RANDOM_SEED).
+/// How many random documents a test makes, and the seed of the first: 40 from seed 1 on, unless the
+/// environment says otherwise (BRISKLOG_RANDOM_DOCUMENTS, BRISKLOG_RANDOM_SEED).
 [[nodiscard]] int randomDocumentCount();
 [[nodiscard]] int firstRandomSeed();
 

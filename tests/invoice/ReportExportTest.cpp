@@ -18,7 +18,7 @@ protected:
         sheet.log.lines.clear();
     }
 
-    /// The report was written and has that title and these rows.
+    /// Expects a written report with that title and these rows.
     void expectReport(const std::string& title, const std::vector<std::string>& taskNames) {
         const PdfReader pdf(readFile(target()));
         EXPECT_TRUE(pdf.find(title));

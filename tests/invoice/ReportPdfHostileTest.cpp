@@ -9,7 +9,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The report with one text in every place where a user can type.
+/// A report with this text wherever a user can type.
 ReportSample reportMadeOf(const std::string& text) {
     ReportSample report;
     report.project.name = text;
@@ -23,7 +23,7 @@ ReportSample reportMadeOf(const std::string& text) {
     return report;
 }
 
-/// Nothing after the text was lost: the row behind it, the totals and the last line at the foot.
+/// Expects that nothing after the text was lost: the next row, the totals and the last line of the footer.
 void expectCompleteReport(const PdfReader& pdf) {
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_EQ(pdf.pageCount(), 1);

@@ -12,7 +12,8 @@ constexpr double contentLeft = 50;
 constexpr double right = 545;
 constexpr double senderX = 395;
 constexpr double bankX = 365;
-/// Left edges of the columns behind the task, and what a column's text keeps from its edge.
+/// Left edge of the first column after the task, width of the columns from there on, and the indent of their
+/// text.
 constexpr double startX = 50 + 495 * 0.4;
 constexpr double columnWidth = 495 * 0.15;
 constexpr double indent = 5;
@@ -22,7 +23,7 @@ constexpr double rowHeight = 35;
 constexpr int rowsOnFirstPage = 15;
 constexpr int rowsOnLaterPages = 20;
 
-/// The phrase begins at `x` and hangs that far under the page's top edge.
+/// Expects the phrase to begin at `x`, its top that far below the page's top edge.
 void expectAt(const PdfReader& pdf, std::string_view phrase, double x, double fromTop, int page = 1) {
     expectLine(pdf, phrase, x, a4.height - fromTop, 0, page);
 }
@@ -32,7 +33,7 @@ struct Band {
     double bottom;
 };
 
-/// The areas of that brightness at the content's left edge, where no text stands.
+/// The areas of that brightness along the content's left edge, where there is no text.
 std::vector<Band> bandsOf(const PdfReader& pdf, int brightness, int page = 1) {
     const PdfPicture picture = pdf.picture(page);
     const auto column = static_cast<int>((contentLeft + 2) * picture.pixelsPerPoint);
@@ -241,7 +242,7 @@ TEST(ReportPdfPositions, emptyBankFieldsLeaveNoLine) {
     EXPECT_FALSE(pdf.find("BIC:"));
 }
 
-/// Totals and bank lines stand on that page, and no page follows.
+/// Expects totals and bank lines on that page, which must be the last.
 void expectEnding(const PdfReader& pdf, int page, double totalsTop) {
     ASSERT_EQ(pdf.pageCount(), page);
     expectAt(pdf, "Gesamtdauer:", contentLeft, totalsTop, page);

@@ -7,14 +7,14 @@
 
 namespace brisklog::test {
 
-/// A report as a user would export it; a test changes what it is about.
+/// A typical report; each test changes what it is about.
 struct ReportSample {
     Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 80.0, .entries = billedEntries(3)};
     std::unique_ptr<ProfileInMemory> keptProfile = sampleProfile();
     UserProfile& sender = keptProfile->profile;
     Date now = FakeClock().now();
 
-    /// The document made of all this by the real drawing facility, its times as of Berlin.
+    /// The document that the real facility draws from all this, with times as in Berlin.
     [[nodiscard]] std::string document() const;
 };
 

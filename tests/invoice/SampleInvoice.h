@@ -24,13 +24,13 @@ void clearTexts(UserProfile& profile);
 [[nodiscard]] TimeEntry billedEntry(const std::string& taskName, double startMinute, double minutes,
                                     std::optional<double> hourlyRate = std::nullopt);
 
-/// One-hour entries named "Aufgabe 1", "Aufgabe 2", … that follow each other.
+/// Consecutive one-hour entries named "Aufgabe 1", "Aufgabe 2", …
 [[nodiscard]] std::vector<TimeEntry> billedEntries(int count);
 
-/// "Zeile 1", "Zeile 2", … a line each.
+/// The lines "Zeile 1", "Zeile 2", …
 [[nodiscard]] std::string numberedLines(int count);
 
-/// An invoice as a user would write it; a test changes what it is about.
+/// A typical invoice; each test changes what it is about.
 struct SampleInvoice {
     Project project{.id = {}, .name = "Website-Relaunch", .hourlyRate = 80.0, .entries = {}};
     std::optional<Customer> customer = sampleCustomer();
@@ -41,7 +41,7 @@ struct SampleInvoice {
     UserProfile& sender = keptProfile->profile;
     Date now = FakeClock().now();
 
-    /// The document made of all this by the real drawing facility.
+    /// The document that the real facility draws from all this.
     [[nodiscard]] std::string document() const;
 };
 
