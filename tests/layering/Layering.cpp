@@ -149,7 +149,7 @@ Complaints widgetsWhereNothingIsShown(const std::vector<Include>& includes,
 }
 
 Complaints processWideObjectsMadeIn(const std::vector<SourceLine>& lines) {
-    // Its type before a name, before what it is made from, or as in make_unique<…>.
+    // The type followed by a variable's name, by constructor arguments, or by the end of make_unique<…>.
     static const std::regex made(R"((^|[^:~\w])(AppSettings|UserProfile)( \w|\(|\{|>))");
     static const std::regex declared(R"(^\s*(//|class |explicit )|type_identity<)");
     Complaints complaints;

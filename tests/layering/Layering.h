@@ -9,14 +9,14 @@
 
 namespace brisklog::test {
 
-/// Which boxes a box stands on, by box. A box is a folder of src/, such as "core" or "ui/look"; main.cpp is
-/// one of its own, "app/main.cpp".
+/// For each box, the boxes it stands on directly. A box is a folder of src/, such as "core" or "ui/look";
+/// main.cpp is a box by itself, "app/main.cpp".
 using Arrows = std::map<std::string, std::vector<std::string>>;
 
-/// One line each, about one violation.
+/// One line per violation.
 using Complaints = std::vector<std::string>;
 
-/// A line that includes something.
+/// A line with an #include directive.
 struct Include {
     SourceLine line;
     std::string header;
@@ -25,31 +25,32 @@ struct Include {
 /// The box of a source file ("src/core/Project.h") or of a header as it is included ("core/Project.h").
 [[nodiscard]] std::string boxOf(std::string file);
 
-/// What is included of our own, between quotation marks.
+/// Includes of our own headers, in quotation marks.
 [[nodiscard]] std::vector<Include> ownIncludes(const std::vector<SourceLine>& lines);
 
-/// What is included of others, between angle brackets.
+/// Includes of foreign headers, in angle brackets.
 [[nodiscard]] std::vector<Include> foreignIncludes(const std::vector<SourceLine>& lines);
 
-/// The boxes that the build files link, by the box that links them; a library that is none keeps its name.
-/// The texts stand under the build files' folders below src/.
+/// For each box, what its build file links; a library that is not a box keeps its name. `buildFiles` maps
+/// folders below src/ to the texts of their build files.
 [[nodiscard]] Arrows linksIn(const std::map<std::string, std::string>& buildFiles);
 
-/// Whether a box stands on another, be it over others. Each stands on itself.
+/// Whether a box stands on another, directly or not. Each stands on itself.
 [[nodiscard]] bool standsOn(const Arrows& arrows, const std::string& box, const std::string& below);
 
 [[nodiscard]] Complaints circlesIn(const Arrows& arrows);
 
-/// Includes of a box that the including one does not stand on.
+/// Includes from a box that the including one does not stand on.
 [[nodiscard]] Complaints includesBeside(const Arrows& arrows, const std::vector<Include>& includes);
 
 /// Links to a box that the linking one does not stand on.
 [[nodiscard]] Complaints linksBeside(const Arrows& arrows, const Arrows& links);
 
-/// Arrows to a box of which nothing is included.
+/// Arrows to a box from which nothing is included.
 [[nodiscard]] Complaints unusedArrows(const Arrows& arrows, const std::vector<Include>& includes);
 
-/// The toolkit's widgets where nothing is shown. `isWidgets` tells their headers from others.
+/// Includes of the toolkit's widgets in boxes that must not show anything. `isWidgets` recognises their
+/// headers.
 [[nodiscard]] Complaints widgetsWhereNothingIsShown(const std::vector<Include>& includes,
                                                     const std::function<bool(const std::string&)>& isWidgets);
 

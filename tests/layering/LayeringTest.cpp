@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 using testing::IsEmpty;
 
-/// What each box of src/ stands on. Arrows point downwards only; what stands below that is open too.
+/// What each box of src/ stands on. Arrows point downwards only; everything further below is allowed too.
 const Arrows arrows{
     {"foundation", {}},
     {"platform", {"foundation"}},
@@ -59,7 +59,7 @@ std::vector<SourceLine> ourLines() {
 
 std::vector<Include> ourIncludes() { return ownIncludes(ourLines()); }
 
-/// What the build files say.
+/// The links declared in the build files.
 Arrows ourLinks() {
     std::map<std::string, std::string> buildFiles;
     for (const auto& [box, standing] : arrows) {
@@ -73,7 +73,7 @@ Arrows ourLinks() {
 TEST(Layering, tableForbidsWhatItShould) {
     EXPECT_FALSE(standsOn(arrows, "foundation", "platform"));
     EXPECT_FALSE(standsOn(arrows, "core", "settings"))
-        << "no rounding, no choice of the user changes recorded times";
+        << "no rounding or other choice of the user may change recorded times";
     EXPECT_FALSE(standsOn(arrows, "invoice", "settings"));
     EXPECT_FALSE(standsOn(arrows, "core", "platform/files"));
     EXPECT_FALSE(standsOn(arrows, "profile", "ui/look"));

@@ -26,7 +26,7 @@ struct SourceLine {
 
 [[nodiscard]] std::vector<SourceLine> linesOf(const std::string& file);
 
-/// What a line includes between these marks; empty when it includes nothing so.
+/// The header that a line includes between these marks; empty when there is none.
 [[nodiscard]] std::string includedBetween(char begin, char end, std::string_view line);
 
 } // namespace brisklog::test
