@@ -67,10 +67,10 @@ struct CalendarBench {
                 }};
     }
 
-    /// That moment on the zone's clocks ("2026-11-15T09:00:00").
+    /// The moment at which clocks in the zone show this ("2026-11-15T09:00:00").
     [[nodiscard]] Date at(const char* isoTime) const { return momentIn(zone, isoTime); }
 
-    /// One application was used for an hour on the day of this moment.
+    /// Records an hour's use of one application, beginning at this moment.
     void record(Date begin, const std::string& application = "Editor") {
         manager.dailyUsageData.mutate([&](std::vector<DailyAppUsage>& days) {
             days.push_back({.id = Uuid::generate(),

@@ -4,7 +4,7 @@
 
 namespace brisklog::test {
 
-/// Each figure by its own definition, with a walk over all entries of its own.
+/// Each figure computed straight from its definition, in a separate pass over all entries.
 struct DashboardDefinitions {
     const std::vector<Project>& projects;
     const TimeTrackingStore::ActiveEntries& timers;
@@ -22,7 +22,7 @@ struct DashboardDefinitions {
     [[nodiscard]] DashboardFigures all() const;
 
 private:
-    /// The sum over the entries that the test accepts, and over the timers that the other one accepts.
+    /// The total length of the entries and of the timers that the predicates accept.
     template <class EntryTest, class TimerTest>
     [[nodiscard]] TimeInterval sum(EntryTest countsEntry, TimerTest countsTimer) const;
     [[nodiscard]] TimeInterval length(const TimeEntry& entry) const;

@@ -64,7 +64,7 @@ TEST_F(DashboardFiguresTest, pausedTimerCountsUpToItsPause) {
     ActiveEntryState timer = timerFrom(at("2026-11-20T12:30:00"), projects[0].id);
     timer.isPaused = true;
     timer.pauseStartTime = at("2026-11-20T13:30:00");
-    // What was paused before is not deducted.
+    // Earlier pauses are not deducted.
     timer.totalPauseDuration = 600;
     run(timer);
     EXPECT_EQ(figures().todaysWork, hour);
@@ -129,8 +129,8 @@ TEST_F(DashboardFiguresTest, monthsAreTheLastThreeAlsoFromTheirLastDay) {
     EXPECT_EQ(months[2], now);
 }
 
-/// Histories with everything that is unusual: entries over midnight and over months, without end, that end
-/// before they start, timers of no project, around the change of the clocks and at the year's end.
+/// Histories full of unusual cases: entries that span midnight or months, have no end or end before they
+/// start, timers of unknown projects; around clock changes and the turn of the year.
 class RandomHistory {
 public:
     RandomHistory(unsigned seed, const Calendar& calendar, Date around) : m_random(seed) {
@@ -240,10 +240,10 @@ INSTANTIATE_TEST_SUITE_P(Places, OnePass,
                                          Place{"Europe/Berlin", "2026-10-25T02:30:00"},
                                          Place{"Europe/Berlin", "2027-01-01T00:00:00"},
                                          Place{"Europe/Berlin", "2028-02-29T12:00:00"},
-                                         // Midnight does not exist on the day of the change.
+                                         // The clocks skip midnight on the day they change.
                                          Place{"America/Asuncion", "2023-10-03T09:00:00"},
                                          Place{"Africa/Cairo", "2026-04-27T09:00:00"},
-                                         // A whole day was left out.
+                                         // A whole day was skipped.
                                          Place{"Pacific/Apia", "2012-01-02T09:00:00"}));
 
 } // namespace
