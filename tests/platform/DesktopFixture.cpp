@@ -13,8 +13,8 @@ using namespace Qt::StringLiterals;
 
 const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 
-/// One application for the process, as the toolkit demands. It is never destroyed: at the end of the process
-/// the toolkit's own statics would be gone before it.
+/// Makes the one application per process that the toolkit demands. It is never destroyed, because the
+/// toolkit's own statics would be gone by then.
 void needApplication() {
     static const bool isPlatformChosen = qputenv("QT_QPA_PLATFORM", "offscreen");
     static int count = isPlatformChosen ? 1 : 0;
@@ -67,7 +67,7 @@ void DesktopWithBus::startPortal(const QStringList& behaviour) {
 void DesktopWithBus::killPortal() {
     m_portal.kill();
     m_portal.waitForFinished(patience);
-    // The bus may hear of its end a moment later; until then the next portal would seem to be there already.
+    // The bus may notice its end a moment later; until then the next portal would seem to be running already.
     EXPECT_TRUE(waitUntil([this] { return !bus().interface()->isServiceRegistered(portalName).value(); }));
 }
 

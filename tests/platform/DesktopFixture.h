@@ -12,10 +12,10 @@ namespace brisklog::test {
 /// How long, in milliseconds, a test waits for another program.
 inline constexpr int patience = 20000;
 
-/// Handles everything pending until the condition holds; false when it does not within some seconds.
+/// Processes events until the condition holds; false when it does not within `patience`.
 [[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
 
-/// An application on the offscreen platform in a home of its own, without a session bus.
+/// An application on the offscreen platform in a temporary home, without a session bus.
 class Desktop : public ::testing::Test {
 protected:
     Desktop();
@@ -23,22 +23,20 @@ protected:
     TemporaryHome home;
 };
 
-/// A session bus of its own, on which a stand-in for the desktop's portal can be started.
+/// A desktop with a private session bus, on which a stand-in for the desktop's portal can be started.
 class DesktopWithBus : public Desktop {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Starts the stand-in; it behaves as the words tell it and writes down each call it gets.
+    /// Starts the stand-in, which behaves as these words say and logs every call.
     void startPortal(const QStringList& behaviour);
 
-    /// Ends it at once.
     void killPortal();
 
-    /// Ends the bus itself.
     void killBus();
 
-    /// The calls it got, one a line.
+    /// The calls that the stand-in received, one per line.
     [[nodiscard]] std::string calls() const;
 
     [[nodiscard]] QDBusConnection bus() const { return QDBusConnection(QStringLiteral("test")); }

@@ -22,7 +22,7 @@ class JsonFileTest : public ::testing::Test {
 public:
     using Numbers = std::vector<double>;
 
-    /// A damaged file, last written at a moment the test knows.
+    /// Writes a damaged file, last modified at a moment the test knows.
     void layDamaged(std::string_view bytes) const {
         writeFile(file.path, bytes);
         fs::last_write_time(file.path, written);

@@ -1,5 +1,5 @@
-// An object whose properties are kept in a file, and what files and user defaults of earlier versions make of
-// it.
+// An object whose properties are kept in a file, and how it reads files and user defaults of earlier
+// versions.
 
 #include "platform/StoredProperties.h"
 
@@ -28,7 +28,7 @@ public:
     Published<Shade> shade{*this, Shade::dark};
     Published<double> height{*this, 2};
     Published<bool> isOn{*this, true};
-    // These two came later.
+    // Added in a later version.
     Published<std::string> maker{*this, "Eigenbau"};
     Published<Shade> shadeAtNight{*this, Shade::dark};
 };
@@ -47,7 +47,7 @@ constexpr const char* fromBefore = R"({"room":"Bad","shade":"hell","height":1.5,
 
 class StoredPropertiesTest : public testing::Test {
 protected:
-    /// What became of loading the lamp from these bytes.
+    /// Loads the lamp from these bytes.
     Result<Done> load(const std::string& bytes) {
         writeFile(file(), bytes);
         return loadProperties(lamp, file(), files, log);
@@ -131,7 +131,7 @@ TEST_F(StoredPropertiesTest, areTakenOverFromTheUserDefaultsWhereTheyHaveAnOlder
     EXPECT_EQ(lamp.height.get(), 2);
     EXPECT_EQ(lamp.maker.get(), "Eigenbau");
     EXPECT_EQ(defaults.removed, std::vector<std::string>{"lamp_room"});
-    EXPECT_FALSE(takeOverOlderValues(lamp, defaults)) << "nothing is left";
+    EXPECT_FALSE(takeOverOlderValues(lamp, defaults)) << "no older value is left";
 }
 
 } // namespace

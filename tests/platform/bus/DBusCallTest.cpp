@@ -16,13 +16,13 @@ QDBusMessage callOfTheBus(const QString& method) {
                                           u"org.freedesktop.DBus"_s, method);
 }
 
-/// Whether a call was answered with a reply.
+/// Whether the bus answers the call with a reply rather than an error.
 std::optional<bool> outcome(const QDBusConnection& bus, const QString& method) {
     QObject asker;
     std::optional<bool> replied;
     callLater(bus, callOfTheBus(method), asker,
               [&replied](const QDBusMessage& answer) { replied = isReply(answer); });
-    EXPECT_FALSE(replied) << "the answer comes later";
+    EXPECT_FALSE(replied) << "the answer comes asynchronously";
     EXPECT_TRUE(waitUntil([&replied] { return replied.has_value(); }));
     return replied;
 }
@@ -40,7 +40,7 @@ TEST_F(DBusCall, isNotAnsweredToWhomHasGone) {
     callLater(bus(), callOfTheBus(u"GetId"_s), *asker,
               [&isAnswered](const QDBusMessage&) { isAnswered = true; });
     asker.reset();
-    EXPECT_EQ(outcome(bus(), u"GetId"_s), true) << "asked after it, answered after it";
+    EXPECT_EQ(outcome(bus(), u"GetId"_s), true) << "asked later, so answered later";
     EXPECT_FALSE(isAnswered);
 }
 

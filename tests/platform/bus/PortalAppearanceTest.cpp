@@ -18,7 +18,7 @@ public:
         PortalAppearance appearance(bus());
         std::optional<ColorScheme> given;
         appearance.ask([&given](ColorScheme scheme) { given = scheme; });
-        EXPECT_FALSE(given) << "the answer comes later";
+        EXPECT_FALSE(given) << "the answer comes asynchronously";
         EXPECT_TRUE(waitUntil([&given] { return given.has_value(); }));
         return given;
     }

@@ -20,7 +20,7 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
 
-// The moment at which the fake clock stands.
+// Contains the fake clock's time.
 constexpr const char* brokenName = "defaults.sqlite.broken-1794733200000";
 
 void overwrite(const fs::path& path, std::size_t position, std::string_view bytes) {
@@ -29,7 +29,7 @@ void overwrite(const fs::path& path, std::size_t position, std::string_view byte
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-/// Another program's, or another version's, database.
+/// Makes a database as another program or another version might.
 void makeDatabase(const fs::path& path, const char* sql) {
     fs::create_directories(path.parent_path());
     sqlite3* database = nullptr;
@@ -40,7 +40,7 @@ void makeDatabase(const fs::path& path, const char* sql) {
 
 class SqliteBrokenFile : public SqliteDefaults {
 public:
-    /// The broken file is set aside as it was, with one line, and the store works.
+    /// Expects that the broken file is set aside unchanged, with one line, and that the store works.
     void expectSetAside(const std::string& brokenBytes) {
         auto store = openStore();
         EXPECT_FALSE(store.value("short"));
@@ -74,10 +74,10 @@ TEST_F(SqliteBrokenFile, damageThatLooksLikeALackOfMemoryIsSetAside) {
     storeSomething();
     const std::string whole = readFile(file());
     const auto byteAt = [&](std::size_t at) { return std::size_t{static_cast<unsigned char>(whole[at])}; };
-    // The database's first page lists where the descriptions of its tables lie.
+    // The database's first page lists where its tables are described.
     const std::size_t lastOfList = 108 + 2 * (byteAt(104) - 1);
     const std::size_t description = byteAt(lastOfList) << 8 | byteAt(lastOfList + 1);
-    // It says to be 68 gigabytes long, and to go on where no bytes are.
+    // It claims to be 68 gigabytes long and to continue where there are no bytes.
     constexpr std::string_view boastful("\xFF\xFF\xFF\xFF\xFF\x65\0\x20\0\0\0\x87\x74", 13);
     overwrite(file(), description, boastful);
     expectSetAside(readFile(file()));
@@ -86,7 +86,7 @@ TEST_F(SqliteBrokenFile, damageThatLooksLikeALackOfMemoryIsSetAside) {
 TEST_F(SqliteBrokenFile, keysThatTheirIndexHasLostAreSetAside) {
     storeSomething();
     const std::string whole = readFile(file());
-    // The key stands in its row and, in a page behind it, in the index.
+    // The key occurs in its row and, on a later page, in the index.
     const std::size_t inIndex = whole.rfind("short");
     ASSERT_LT(whole.find("short"), inIndex);
     overwrite(file(), inIndex, "shirt");
@@ -145,7 +145,7 @@ TEST_F(SqliteBrokenFile, damageFoundLaterSetsTheFileAsideToo) {
 TEST_F(SqliteBrokenFile, damageFoundWhileWritingLosesNotWhatIsWritten) {
     storeSomething();
     {
-        // Every page but the first: what is looked up on the way to a write is broken.
+        // Every page but the first: the look-ups needed for a write hit damage.
         const std::string rest(fs::file_size(file()) - 4096, '\xA5');
         overwrite(file(), 4096, rest);
     }
@@ -186,7 +186,7 @@ TEST_F(SqliteBrokenFile, anUnreadableFileIsSetAside) {
     EXPECT_FALSE(end.failed);
 }
 
-/// Works in memory, with one line, and leaves the folder as it is.
+/// Expects the store to work in memory, with one line.
 void expectInMemory(SqliteDefaults& test) {
     auto store = test.openStore();
     store.setValue("key", Data{"value"});

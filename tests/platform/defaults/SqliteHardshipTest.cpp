@@ -1,4 +1,4 @@
-// The user defaults on a full disk, beside another process and under sudden death.
+// The user defaults on a full disk, beside another process, and when the process is killed.
 
 #include "SqliteUserDefaultsFixture.h"
 
@@ -21,7 +21,7 @@ using ::testing::StartsWith;
 
 using SqliteHardship = SqliteDefaults;
 
-/// Writes until not one byte more fits.
+/// Writes until not a single byte more fits.
 void fillDisk(const fs::path& folder) {
     std::ofstream filler(folder / "filler", std::ios::binary);
     filler << std::unitbuf;
@@ -29,7 +29,8 @@ void fillDisk(const fs::path& folder) {
     }
 }
 
-/// Runs the work with the store's folder on a disk of its own; skips where that is not allowed.
+/// Runs the work with the store's folder on a small separate disk; skips the test where mounting is not
+/// allowed.
 void onSmallDisk(const SqliteDefaults& test, const std::function<void()>& work) {
     fs::create_directories(test.home.configuration());
     SharedCounter mounted;
@@ -123,7 +124,7 @@ TEST_F(SqliteHardship, twoProcessesThatWriteAtOnceLoseNothing) {
             store.setValue(name + std::to_string(round), Data{variedBytes(2000)});
         EXPECT_THAT(log.lines, IsEmpty());
     };
-    // The inner process begins at the same moment as the outer one: both make the file.
+    // Both processes begin at the same moment, so both create the file.
     const auto end = runInChild([&] {
         const auto inner = startInChild([&write] { write("inner"); });
         write("outer");
@@ -148,7 +149,7 @@ TEST_F(SqliteHardship, twoProcessesThatBeginAtOnceBothKeepTheirValue) {
     }
 }
 
-/// How many whole records "{N}" stand in "[{0}{1}…]"; negative when the text is anything else.
+/// How many whole records "{N}" there are in "[{0}{1}…]"; negative for any other text.
 long countRecords(std::string_view text) {
     if (!text.starts_with('[') || !text.ends_with(']'))
         return -1;

@@ -1,4 +1,4 @@
-// A whole database of our own kind, with a content that this program would never write.
+// An intact database in our own format, with content that this program would never write.
 
 #include "SqliteUserDefaultsFixture.h"
 
@@ -24,7 +24,7 @@ public:
         sqlite3_close(database);
     }
 
-    /// The file is set aside for this reason, once, and the store works.
+    /// Expects that the file is set aside once, for this reason, and that the store works.
     void expectSetAside(const char* reason) {
         auto store = openStore();
         EXPECT_THAT(store.entries(), IsEmpty());

@@ -1,4 +1,4 @@
-// Data values in parts, and long repeated stretches in them.
+// Data values written and read in parts, and the long repeated stretches in them.
 
 #include "SqliteUserDefaultsFixture.h"
 
@@ -175,12 +175,12 @@ TEST_F(SqlitePieces, damageFoundInTheMidstOfWritingLosesNothing) {
         .seekp((page - 1) * 4096)
         .write(std::string(4096, '\xA5').data(), 4096);
     auto store = openStore();
-    ASSERT_EQ(textValue(store, "short"), "kurz") << "what is read is sound";
+    ASSERT_EQ(textValue(store, "short"), "kurz") << "this part of the file is intact";
     const std::string begun = variedBytes(20000);
     const std::string picture = record(1);
     DataInParts data({begun, picture, begun});
     EXPECT_TRUE(store.replaceData("key", 0, data));
-    EXPECT_EQ(dataValue(store, "key"), begun + picture + begun) << "from its first part on";
+    EXPECT_EQ(dataValue(store, "key"), begun + picture + begun) << "complete, from its first part on";
     EXPECT_EQ(store.value("short"), std::nullopt);
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr("kept as")));
 }
@@ -201,7 +201,7 @@ TEST_F(SqlitePieces, readingTellsWhatIsThere) {
     int calls = 0;
     const auto read = [&](DataParts& parts) {
         ++calls;
-        EXPECT_EQ(parts.next(), std::nullopt) << "it is empty";
+        EXPECT_EQ(parts.next(), std::nullopt) << "the value is empty";
     };
     EXPECT_EQ(store.readData("key", read), Reading::absent);
     store.setValue("text", std::string("text"));

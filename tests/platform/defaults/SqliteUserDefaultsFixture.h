@@ -10,20 +10,21 @@
 
 namespace brisklog::test {
 
-/// User defaults in a home of their own.
+/// User defaults in a temporary home.
 class SqliteDefaults : public ::testing::Test {
 public:
     [[nodiscard]] SqliteUserDefaults openStore() { return {file(), clock, log}; }
 
     [[nodiscard]] std::filesystem::path file() const { return home.configuration() / "defaults.sqlite"; }
 
-    /// The names in the store's folder that begin like this, sorted.
+    /// The names in the store's folder that start with `beginning`, sorted.
     [[nodiscard]] std::vector<std::string> filesStartingWith(std::string_view beginning) const;
 
     /// Stores a short text and 200,000 bytes of data, and closes the store again.
     void storeSomething();
 
-    /// Makes the file as the version without pieces did, holding a short text and `earlierVersionsData()`.
+    /// Makes the file as the version without pieces would have, holding a short text and
+    /// `earlierVersionsData()`.
     void makeEarlierVersionsStore();
 
     TemporaryHome home;
@@ -31,7 +32,7 @@ public:
     RecordingLog log;
 };
 
-/// Bytes that look different everywhere.
+/// Bytes whose pattern changes throughout.
 [[nodiscard]] std::string variedBytes(std::size_t size);
 
 /// Base64 digits that are different for every number.

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-/// A save panel over a window, and what became of it.
+/// A save panel over a window, with a record of how it ended.
 struct Panel {
     explicit Panel(const QDBusConnection& bus)
         : savePanel(files,
@@ -37,12 +37,12 @@ struct Panel {
                               chosen = file;
                               wasHeldAtCompletion = isHeldOpen();
                           });
-        EXPECT_EQ(completions, 0) << "the completion comes later";
+        EXPECT_EQ(completions, 0) << "the completion comes asynchronously";
     }
 
     [[nodiscard]] bool isHeldOpen() const { return hold.use_count() > 1; }
 
-    /// Whether it ended, once, and let go of what it held open.
+    /// Whether it ends exactly once and releases what it held open.
     [[nodiscard]] bool endsOnce() const {
         return waitUntil([this] { return completions > 0 && !isHeldOpen(); }) && completions == 1;
     }
@@ -138,7 +138,7 @@ TEST_F(SaveDialog, anExistingFileIsOnlyReplacedWhenTheUserSaysSo) {
     writeFile(home.documents() / "Rechnung.pdf", "old");
     panel.present("Rechnung");
     auto* const dialog = waitForDialog();
-    // The question runs an event loop of its own inside the click.
+    // The question runs a nested event loop inside the click.
     QTimer::singleShot(0, dialog, [] {
         ASSERT_TRUE(waitUntil([] { return visibleWindow<QMessageBox>() != nullptr; }));
         visibleWindow<QMessageBox>()->button(QMessageBox::No)->click();
@@ -175,7 +175,7 @@ class PortalSavePanel : public DesktopWithBus {
 public:
     PortalSavePanel() { fs::create_directories(home.documents()); }
 
-    /// A panel once the bus is there.
+    /// Made at the first call, when the bus is running.
     Panel& panel() {
         if (!m_panel)
             m_panel = std::make_unique<Panel>(bus());
@@ -195,7 +195,7 @@ public:
         return waitUntil([this] { return calls().find("SaveFile") != std::string::npos; });
     }
 
-    /// The toolkit's dialog comes in the portal's place; it is then cancelled.
+    /// Expects the toolkit's dialog instead of the portal's, and cancels it.
     void expectDialogInstead() {
         auto* const dialog = waitForDialog();
         ASSERT_NE(dialog, nullptr);

@@ -1,12 +1,12 @@
-"""A stand-in for the desktop's portal. Arguments: the file in which each call is written down, then words:
+"""A stand-in for the desktop's portal. Arguments: the file to log each call to, then any of these words:
 
     scheme=N        the preferred colour scheme
     plain           the scheme is wrapped once instead of twice
-    silent          no question is ever answered
+    silent          settings and properties are never answered
     no-chooser      there is no file chooser
     choose=URI      the panel ends with this file
     end=N           the panel ends with this code and no file
-    old-handle      the request lies elsewhere than the caller expects
+    old-handle      the request has a different path than the caller expects
 """
 
 import sys

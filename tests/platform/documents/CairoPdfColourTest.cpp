@@ -8,11 +8,11 @@
 namespace brisklog::test {
 namespace {
 
-/// The one character of our font in colour: a yellow square in a red one as high as the text.
+/// The only character of our colour font: a yellow square inside a red one as high as the text.
 const std::string colouredSquare = "\U0010F0F0";
 constexpr TextStyle ordinary{.pointSize = 10};
 
-/// Documents on a machine that has a font in colour, as most have for emoji.
+/// Documents on a machine that has a colour font, as most have for emoji.
 class CairoPdfColour : public testing::Test {
 protected:
     void SetUp() override {
@@ -64,7 +64,7 @@ TEST_F(CairoPdfColour, manyOfThemOnManyPagesMakeASoundDocument) {
     const std::string tenPages = documentOf(lines, 10);
     EXPECT_EQ(PdfReader(onePage).complaints(), "");
     EXPECT_EQ(PdfReader(tenPages).complaints(), "");
-    // Each page uses the pictures of the one before.
+    // Later pages reuse the pictures of the first.
     EXPECT_EQ(PdfReader(tenPages).pageCount(), 10);
     EXPECT_LT(tenPages.size(), onePage.size() * 2);
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr PageRectangle imagePlace{200, 600, 70, 70};
 
-/// A document with the image, and a word after it that shows that drawing went on.
+/// A document of one page with nothing but the image.
 std::string withImage(std::string_view encoded) {
     CairoPdfFacility facility;
     const auto document = facility.begin({});
@@ -23,7 +23,7 @@ std::string withImage(std::string_view encoded) {
 
 struct Drawn {
     double x;
-    /// Under the rectangle's top.
+    /// Measured from the rectangle's top.
     double top;
     double width;
     double height;

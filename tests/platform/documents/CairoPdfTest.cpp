@@ -16,7 +16,7 @@ using testing::HasSubstr;
 constexpr TextStyle regular{.pointSize = 10};
 constexpr PageRectangle line{100, 700, 200, 14};
 
-/// A document of one page with what `draw` puts there.
+/// A document of one page with whatever `draw` puts there.
 std::string onePage(const std::function<void(PdfDocument&)>& draw,
                     const DocumentInformation& information = {}) {
     CairoPdfFacility facility;
@@ -158,7 +158,7 @@ TEST(CairoPdf, aCharacterThatNoFontHasIsAnEmptyBox) {
 
 TEST(CairoPdf, whatIsNoTextIsReplacedAndEverythingAfterItIsDrawn) {
     using namespace std::string_literals;
-    // Wrong UTF-8, a surrogate, code points that are no characters, control characters.
+    // Invalid UTF-8, a surrogate, noncharacters, control characters.
     const std::string bad =
         "A\xFF\xC3|\xED\xA0\x80|\uFFFE\uFDD0\U0001FFFF|\0\x01\x1B\x7F\u0085\u2028\t\r\nZ"s;
     const PdfReader pdf(onePage([&](PdfDocument& page) {
@@ -233,7 +233,7 @@ TEST(CairoPdf, textIsLaidOutTheSameWhereverItIsTakenApart) {
         const PdfBox& box = pdf.words()[i].box;
         if (std::abs(box.top - before.top) < 1)
             continue;
-        // A line is full before the next one begins, and the lines keep their distance.
+        // Every line is full before the next one begins, and the line spacing is constant.
         EXPECT_GT(before.right + (box.right - box.left), 545 - 3);
         EXPECT_NEAR(box.top - previousTop, pdf.words().front().box.bottom - pdf.words().front().box.top,
                     placeTolerance);

@@ -122,7 +122,7 @@ TEST_F(PosixFilesTest, aPipeInTheFilesPlaceIsAnErrorAndNoHang) {
     ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
     EXPECT_THAT(errorOfReplacing(path, "new"), StartsWith(path.string()));
     EXPECT_EQ(files.read(path).error().description, path.string() + ": not a regular file");
-    // With a reader at its other end it can be opened.
+    // With a reader at the other end the pipe can be opened.
     const int reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     EXPECT_EQ(errorOfReplacing(path, "new"), path.string() + ": not a regular file");
     ::close(reader);
@@ -178,7 +178,7 @@ TEST_F(PosixFilesTest, withoutPermissionItIsAnErrorAndTheContentStays) {
         fs::permissions(path, fs::perms::none);
         EXPECT_EQ(files.read(path).error().description, path.string() + ": Permission denied");
         fs::permissions(path.parent_path(), fs::perms::none);
-        EXPECT_TRUE(files.exists(path)) << "what cannot be looked at must not be taken for absent";
+        EXPECT_TRUE(files.exists(path)) << "a file that cannot be accessed must not be taken for absent";
         EXPECT_THAT(errorOfReplacing(path.parent_path() / "other", "new"), EndsWith(": Permission denied"));
     });
     EXPECT_FALSE(end.failed);
@@ -194,7 +194,7 @@ TEST_F(PosixFilesTest, onAFullDiskTheOldContentStaysWhole) {
         ASSERT_TRUE(replace(path, old).succeeded());
         EXPECT_THAT(errorOfReplacing(path, std::string(400000, 'n')), EndsWith(": No space left on device"));
         EXPECT_EQ(readFile(path), old);
-        // The room asked for in vain is given back.
+        // The space reserved for the failed write is released.
         EXPECT_TRUE(replace(path, std::string(200000, 'n')).succeeded());
         EXPECT_THAT(errorOfReplacing(path.parent_path() / "other", std::string(400000, 'n')),
                     EndsWith(": No space left on device"));

@@ -7,14 +7,15 @@
 
 namespace brisklog::test {
 
-/// A real compositor that is asked which application is in front, and what holds for each of them.
+/// A real compositor that is asked which application is in front, and the expectations that hold for every
+/// compositor.
 class CompositorTest : public WaylandDesktop {
 protected:
     using MakeFrontmost = std::function<std::unique_ptr<FrontmostApplication>()>;
 
     void TearDown() override;
 
-    /// Asks in this way from now on; it is available when this returns.
+    /// Asks the made object from now on; it is available when this returns.
     void ask(const MakeFrontmost& makeFrontmost);
 
     void stopAsking() { m_frontmost.reset(); }
@@ -25,7 +26,7 @@ protected:
         return becomesFrontmost(frontmost(), expected);
     }
 
-    /// Two entries of desktop programs, and their windows coming to the front.
+    /// Installs the desktop entries of two programs, whose windows the expectation then brings to the front.
     void installPrograms();
     void expectProgramsByTheirEntries(const std::function<void(const QString& id)>& bringToFront);
 

@@ -19,7 +19,7 @@ void post(wl_resource* resource, Event event, Arguments... arguments) {
     wl_client_flush(wl_resource_get_client(resource));
 }
 
-/// Takes the resource off the list it is on.
+/// Removes the resource from the list it is on.
 void forget(wl_resource* resource) {
     std::erase(*static_cast<std::vector<wl_resource*>*>(wl_resource_get_user_data(resource)), resource);
 }
@@ -54,7 +54,7 @@ void FakeCompositor::bind(wl_client* client, void* data, std::uint32_t version, 
     self.m_managers.push_back(resource);
 }
 
-/// Of all requests only that by which a window is given back is expected.
+/// The only request expected is the one that releases a window.
 int FakeCompositor::handleRequest(const void* /*implementation*/, void* resource, std::uint32_t request,
                                   const wl_message* /*message*/, wl_argument* /*arguments*/) {
     if (request == foreigntoplevel::destroyHandle)

@@ -9,8 +9,8 @@ class QSocketNotifier;
 
 namespace brisklog::test {
 
-/// A compositor that shows nothing: it says of windows what a test wants it to, in any order. WAYLAND_DISPLAY
-/// leads to it while it lives.
+/// A compositor that shows nothing and sends whatever window events a test wants, in any order.
+/// WAYLAND_DISPLAY points to it as long as it exists.
 class FakeCompositor {
 public:
     enum class Offer { nothing, windows };
@@ -20,13 +20,13 @@ public:
     FakeCompositor(const FakeCompositor&) = delete;
     FakeCompositor& operator=(const FakeCompositor&) = delete;
 
-    /// How many programs listen to windows just now.
+    /// How many clients are listening for windows at present.
     [[nodiscard]] std::size_t listeners() const { return m_managers.size(); }
 
-    /// How many windows the one listener has not given back.
+    /// How many windows the only listener has not released.
     [[nodiscard]] std::size_t heldWindows() const { return m_windows.size(); }
 
-    /// To the first listener. The events as the protocol has them.
+    /// Send the protocol's events to the first listener.
     wl_resource* openWindow();
     void tellTitle(wl_resource* window, const std::string& title);
     void tellApplicationId(wl_resource* window, const std::string& id);

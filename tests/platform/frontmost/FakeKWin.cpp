@@ -52,7 +52,7 @@ QDBusMessage FakeKWin::answerTo(const QDBusMessage& message) {
     return message.createReply();
 }
 
-/// It says itself whom it is going to call.
+/// The script itself says whom it is going to call.
 void FakeKWin::readScript(const QString& path) {
     QFile file(path);
     if (!file.open(QFile::ReadOnly))

@@ -8,22 +8,22 @@
 
 namespace brisklog::test {
 
-/// A window manager on the bus that takes scripts and runs none: a test says what the script would tell.
+/// A window manager on the bus that accepts scripts and runs none: the test sends what the script would.
 class FakeKWin final : public QDBusVirtualObject {
 public:
     struct Behaviour {
         /// What the path of a script's object begins with.
         QString scriptFolder = QStringLiteral("/Scripting/Script");
-        /// How many questions are refused before the scripting is there.
+        /// How many calls are refused before scripting becomes available.
         int refusals = 0;
-        /// Whether a script that is run tells that no window is active, as ours does.
+        /// Whether running a script reports that no window is active, as running ours would.
         bool scriptSpeaks = true;
     };
 
     FakeKWin(const QString& address, Behaviour behaviour);
     ~FakeKWin() override;
 
-    /// As the script would, of the window that is active now.
+    /// Reports the active window as the script would.
     QDBusPendingCall tell(const QVariantList& arguments) const { return tellFrom(m_bus, arguments); }
 
     /// The same from another connection.
@@ -45,7 +45,7 @@ private:
     QDBusConnection m_bus;
     std::vector<QString> m_calls;
     QString m_script;
-    /// Service, path, interface and method the script that runs calls.
+    /// Service, path, interface and method that the running script calls.
     QStringList m_listener;
 };
 

@@ -17,7 +17,7 @@ QVariantList window(const QString& desktopFile, const QString& windowClass, cons
     return {desktopFile, windowClass, QString(), process};
 }
 
-/// A window manager that says what a test wants it to.
+/// A fake window manager that reports whatever a test wants.
 class KWinFrontmostApplicationTest : public DesktopWithBus {
 protected:
     void SetUp() override {
@@ -53,7 +53,7 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return kwin().hasRun(); }));
     }
 
-    /// Whether what is told is taken; it has arrived in any case.
+    /// Whether the report is accepted; waits for the answer.
     [[nodiscard]] static bool isTaken(const QDBusPendingCall& told) {
         EXPECT_TRUE(waitUntil([&told] { return told.isFinished(); }));
         return !told.isError();
@@ -130,7 +130,7 @@ TEST_F(KWinFrontmostApplicationTest, onlyKWinItselfIsBelieved) {
         QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), u"stranger"_s);
     EXPECT_FALSE(isTaken(kwin().tellFrom(stranger, window(u"false"_s, u"false"_s))));
     EXPECT_EQ(frontmost().current(), application("one"));
-    EXPECT_FALSE(isTaken(kwin().tellFrom(bus(), {}))) << "not even this program";
+    EXPECT_FALSE(isTaken(kwin().tellFrom(bus(), {}))) << "not even this program is believed";
     EXPECT_EQ(frontmost().current(), application("one"));
     QDBusConnection::disconnectFromBus(u"stranger"_s);
 }

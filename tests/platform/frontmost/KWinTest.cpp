@@ -12,7 +12,7 @@ using Availability = FrontmostApplication::Availability;
 
 const QString scriptName = u"example.brisklog.Brisklog.frontmost"_s;
 
-/// The real window manager of KDE.
+/// KDE's real window manager.
 class KWinTest : public CompositorTest {
 protected:
     void SetUp() override {
@@ -77,7 +77,7 @@ TEST_F(KWinTest, theScriptRunsThoughItsNumberIsTaken) {
     startWindow(u"one"_s);
     loadIntoKWin(u"first"_s, u"var first = 1;"_s);
     loadIntoKWin(u"second"_s, u"var second = 2;"_s);
-    // KWin counts the scripts it has to number the next one.
+    // KWin numbers a new script by how many are loaded.
     unloadFromKWin(u"first"_s);
     frontmost().beginWatching();
     EXPECT_TRUE(becomes(application("one")));

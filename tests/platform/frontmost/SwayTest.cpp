@@ -8,7 +8,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The real compositor, asked in the way that is chosen for it.
+/// The real compositor, asked through the implementation that the program chooses for it.
 class SwayTest : public CompositorTest {
 protected:
     void SetUp() override {

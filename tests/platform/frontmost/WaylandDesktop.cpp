@@ -15,10 +15,10 @@ namespace {
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
-/// The user "nobody": sway refuses to run as the administrator, as whom tests in containers run.
+/// The user "nobody": sway refuses to run as root, and in containers tests do run as root.
 constexpr int nobody = 65534;
 
-/// A folder that a compositor under another user can enter too.
+/// A folder that a compositor running as another user can enter too.
 QString makeRuntimeFolder() {
     std::string name = fs::temp_directory_path() / "brisklog-wayland-XXXXXX";
     return QString::fromUtf8(::mkdtemp(name.data()));
@@ -44,7 +44,7 @@ QProcessEnvironment swayEnvironment(const QString& runtime) {
     return environment;
 }
 
-/// The command so that sway's user runs it.
+/// Wraps the command so that it runs as sway's user.
 QStringList asUserOfSway(const QStringList& command) {
     if (::geteuid() != 0)
         return command;
@@ -99,7 +99,7 @@ void WaylandDesktop::startKWin() {
     const QString installed = QStandardPaths::findExecutable(u"kwin_wayland"_s);
     if (installed.isEmpty())
         GTEST_SKIP() << "kwin_wayland is not installed";
-    // The installed file may ask for more rights than a container can give.
+    // The installed file may demand capabilities that a container cannot grant.
     const fs::path copy = fs::path(m_runtime.toStdString()) / "kwin_wayland";
     fs::copy_file(installed.toStdString(), copy);
     auto environment = environmentIn(m_runtime);
@@ -126,7 +126,7 @@ void WaylandDesktop::startCompositor(const QString& program, const QStringList& 
                      << m_compositor.readAll().toStdString();
 }
 
-/// The socket's name is there before anybody listens to it.
+/// The socket file exists before anything listens on it.
 bool WaylandDesktop::isAnswering() const {
     QString socket = fileInRuntime(u"wayland-*.lock"_s);
     socket.chop(u".lock"_s.size());
@@ -167,7 +167,7 @@ bool WaylandDesktop::startXWindow(const QString& windowClass) {
     };
     if (!waitUntil(readDisplay))
         return false;
-    // The X server lets nobody in but its own user.
+    // The X server admits only its own user.
     auto environment = environmentIn(m_runtime);
     environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     environment.insert(u"DISPLAY"_s, QString::fromStdString(display));
@@ -208,7 +208,7 @@ void WaylandDesktop::loadIntoKWin(const QString& name, const QString& script) {
     std::ofstream(file.toStdString()) << script.toStdString();
     const QDBusReply<int> number = callScripting(u"loadScript"_s, {file, name});
     ASSERT_TRUE(number.isValid() && number.value() >= 0) << number.error().message().toStdString();
-    // The one name in KWin 5, the other in KWin 6. It answers once the script has been run.
+    // The first path is KWin 5's, the second KWin 6's. The call returns once the script has run.
     for (const auto& folder : {u"/"_s, u"/Scripting/Script"_s})
         bus().call(QDBusMessage::createMethodCall(u"org.kde.KWin"_s, folder + QString::number(number.value()),
                                                   u"org.kde.kwin.Script"_s, u"run"_s));

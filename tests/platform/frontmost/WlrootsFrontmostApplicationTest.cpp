@@ -12,7 +12,7 @@ namespace {
 using Availability = FrontmostApplication::Availability;
 using Offer = FakeCompositor::Offer;
 
-/// A compositor that says what a test wants it to.
+/// A fake compositor that reports whatever a test wants.
 class WlrootsFrontmostApplicationTest : public Desktop {
 protected:
     void SetUp() override {
@@ -78,7 +78,7 @@ TEST_F(WlrootsFrontmostApplicationTest, aWindowThatClosesIsGivenBack) {
     EXPECT_TRUE(becomes(application("editor")));
     compositor().tellClosed(editor);
     EXPECT_TRUE(waitUntil([this] { return compositor().heldWindows() == 0; }));
-    EXPECT_EQ(frontmost().current(), application("editor")) << "a gap";
+    EXPECT_EQ(frontmost().current(), application("editor")) << "the gap is bridged once";
     EXPECT_EQ(frontmost().current(), std::nullopt);
     open("browser", active);
     EXPECT_TRUE(becomes(application("browser")));
@@ -86,7 +86,7 @@ TEST_F(WlrootsFrontmostApplicationTest, aWindowThatClosesIsGivenBack) {
 
 TEST_F(WlrootsFrontmostApplicationTest, manyWindowsComeAndGo) {
     constexpr int many = 1000;
-    // More at once than the socket holds, and the compositor would throw us out.
+    // With more pending than the socket buffer holds, the compositor would disconnect us.
     constexpr int atOnce = 20;
     auto* const stays = open("stays", active);
     for (int count = 0; count < many; ++count) {
@@ -119,7 +119,7 @@ TEST_F(WlrootsFrontmostApplicationTest, applicationIdsMayComeLateAndChange) {
 TEST_F(WlrootsFrontmostApplicationTest, strangeTextsAreMadeNames) {
     auto* const window = open("Two\nLines\x1b[1m", active);
     EXPECT_TRUE(becomes(application("Two Lines [1m")));
-    // As much as a message can hold.
+    // About as much as a message can hold.
     compositor().tellApplicationId(window, std::string(4000, 'x'));
     compositor().tellDone(window);
     EXPECT_TRUE(becomes(application(std::string(256, 'x'))));

@@ -38,7 +38,7 @@ void X11Desktop::TearDown() {
 }
 
 void X11Desktop::startWindowManager() {
-    // It draws with a theme that is installed on the machine.
+    // It needs a theme that is installed on the machine.
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"XDG_DATA_DIRS"_s, u"/usr/local/share:/usr/share"_s);
     m_windowManager.setProcessEnvironment(environment);
@@ -96,7 +96,7 @@ void TestWindow::setText(const char* property, const std::string& text) {
 }
 
 void TestWindow::show() {
-    // A window manager that has only just started misses the first wish; too many keep a slow one busy.
+    // A window manager that has only just started misses the first request; too many keep a slow one busy.
     constexpr int between = 500;
     QElapsedTimer sinceAsked;
     EXPECT_TRUE(waitUntil([&] {
@@ -117,7 +117,7 @@ void TestWindow::askToBeActive() {
     request.format = bitsOfNumber;
     request.window = m_window;
     request.type = m_server.atom("_NET_ACTIVE_WINDOW");
-    // As a pager asks: a program's own wish would be weighed against the user's.
+    // Asks as a pager would: a request from an application is subject to focus stealing prevention.
     request.data.data32[0] = 2;
     xcb_send_event(m_server.raw(), 0, m_server.root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,

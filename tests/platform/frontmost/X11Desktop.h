@@ -5,8 +5,8 @@
 
 namespace brisklog::test {
 
-/// An X server of its own without a screen, on which a window manager and programs can be started.
-/// Where no server can be started, the test is skipped.
+/// A private X server without a screen, on which a window manager and programs can be started. Where no
+/// server can be started, the test is skipped.
 class X11Desktop : public Desktop {
 protected:
     void SetUp() override;
@@ -15,13 +15,13 @@ protected:
     void startWindowManager();
     void endWindowManager();
 
-    /// Starts a program; it is ended with the desktop.
+    /// Starts a program; it ends with the desktop.
     void start(const QString& program, const QStringList& arguments = {});
 
     /// Brings the window of this class to the front; false when there is none.
     [[nodiscard]] static bool bringToFront(const QString& windowClass);
 
-    /// Installs a desktop entry; `lines` follow the group's head.
+    /// Installs a desktop entry; `lines` follow the group header.
     void install(const std::string& id, const std::string& lines);
 
 private:
@@ -30,7 +30,7 @@ private:
     std::vector<std::unique_ptr<QProcess>> m_programs;
 };
 
-/// A window as a program might have it, over a connection of its own. It is gone with the value.
+/// A window as a program might have it, over its own connection. It is destroyed with this object.
 class TestWindow {
 public:
     TestWindow();
@@ -39,15 +39,15 @@ public:
     void setNumbers(const char* property, xcb_atom_t type, const std::vector<std::uint32_t>& values);
     void setText(const char* property, const std::string& text);
 
-    /// Maps it and asks the window manager to make it active, until it is.
+    /// Maps the window and asks the window manager to activate it, until it is active.
     void show();
 
-    /// Does so once, without waiting for it to happen.
+    /// Maps it and asks once, without waiting.
     void askToBeActive();
 
     [[nodiscard]] xcb_window_t id() const { return m_window; }
 
-    /// Whether the window manager calls it active.
+    /// Whether the window manager reports it as active.
     [[nodiscard]] bool isActive() const;
 
 private:

@@ -14,7 +14,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using Availability = FrontmostApplication::Availability;
 
-/// A desktop with a window manager that is asked.
+/// An X desktop with a real window manager.
 class X11FrontmostApplicationTest : public X11Desktop {
 protected:
     void SetUp() override {
@@ -129,7 +129,7 @@ TEST_F(X11FrontmostApplicationTest, anotherProgramUnderTheSameWindowNumberIsNoti
     const xcb_window_t number = window->id();
     window.reset();
 
-    // The server hands out the numbers of programs that have ended.
+    // The server reuses the window ids of clients that have ended.
     window = std::make_unique<TestWindow>();
     window->setClass("two", "Two");
     window->show();

@@ -12,7 +12,7 @@ namespace {
 
 class QtBackgroundTest : public testing::Test {
 protected:
-    /// Lets the event loop turn until the condition holds; the test's own time limit ends the wait.
+    /// Runs the event loop until the condition holds; only the test's own time limit ends the wait.
     static void turnUntil(const std::function<bool()>& condition) {
         while (!condition())
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
@@ -30,7 +30,7 @@ TEST_F(QtBackgroundTest, worksOnAnotherThreadAndFinishesOnThisOne) {
     std::thread::id finishedOn;
     const auto task = background.run([&] { workedOn = std::this_thread::get_id(); },
                                      [&] { finishedOn = std::this_thread::get_id(); });
-    EXPECT_EQ(finishedOn, std::thread::id()) << "it must not finish before the event loop turns";
+    EXPECT_EQ(finishedOn, std::thread::id()) << "it must not finish before the event loop runs";
     turnUntil([&] { return finishedOn != std::thread::id(); });
     EXPECT_EQ(finishedOn, std::this_thread::get_id());
     EXPECT_NE(workedOn, std::this_thread::get_id());

@@ -36,7 +36,7 @@ TEST(SystemClock, followsAZoneThatIsGivenByItsRulesOrAsAFile) {
 }
 
 TEST(SystemClock, tellsWithWhichDayTheUsersWeekBegins) {
-    // The locale is read once a process.
+    // The locale is read once per process.
     qputenv("LC_ALL", "en_US.UTF-8");
     EXPECT_EQ(SystemClock().calendar().firstWeekday(), Qt::Sunday);
 }

@@ -18,7 +18,7 @@ protected:
         hosts.emplace(windowServer, [this](StatusItemHostKind kind, HostArrival arrival) {
             found.emplace_back(kind, arrival);
         });
-        EXPECT_EQ(found, Found{}) << "found later, not before it is complete";
+        EXPECT_EQ(found, Found{}) << "hosts are reported later, never during construction";
         QCoreApplication::processEvents();
     }
 

@@ -1,4 +1,4 @@
-// Image files as broken memory cards, interrupted downloads and spiteful people make them.
+// Image files as broken memory cards, interrupted downloads and malicious people produce them.
 
 #include "platform/pictures/QtImages.h"
 
@@ -16,7 +16,7 @@ constexpr int side = 40;
 
 PixelSize atMostSide(PixelSize size) { return {std::min(size.width, side), std::min(size.height, side)}; }
 
-/// The most memory this process ever held, in megabytes.
+/// This process's peak memory, in megabytes.
 double peakMemory() {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;)
@@ -46,12 +46,12 @@ protected:
     }
 
     char anyByte() {
-        // Bounds and signs are where decoders slip.
+        // Decoders go wrong at boundary values and signs.
         constexpr std::array telling{'\x00', '\x01', '\x7F', '\x80', '\xFF'};
         return below(2) == 0 ? telling[below(telling.size())] : static_cast<char>(below(256));
     }
 
-    /// Near the beginning, where the measures stand, as often as anywhere else.
+    /// Half of the time near the beginning, where the dimensions are.
     std::size_t anyPlace(const std::string& bytes) {
         return below(
             std::max<std::size_t>(1, below(2) == 0 ? std::min<std::size_t>(bytes.size(), 64) : bytes.size()));

@@ -32,7 +32,7 @@ protected:
 
     static int channel(std::uint32_t pixel, int shift) { return static_cast<int>(pixel >> shift & 0xFF); }
 
-    /// JPEG keeps colours only nearly.
+    /// JPEG preserves colours only approximately.
     static bool isNearly(std::uint32_t one, std::uint32_t other) {
         for (const int shift : {0, 8, 16, 24})
             if (std::abs(channel(one, shift) - channel(other, shift)) > 8)
@@ -107,7 +107,7 @@ TEST_F(QtImagesTest, aPictureOfFewColoursIsScaledInAllColours) {
     }
 }
 
-/// Where the red, green and blue quarters come to lie, as "top left, top right, bottom left, bottom right".
+/// The letters name the colours of the top left, top right, bottom left and bottom right quarters.
 TEST_F(QtImagesTest, turnsAPhotographUprightBeforeItAsksForItsSize) {
     const std::array<std::pair<int, const char*>, 8> orientations{{{1, "RGBW"},
                                                                    {2, "GRWB"},
@@ -213,7 +213,8 @@ TEST_F(QtImagesTest, aPhotographInHundredsOfGoesCannotPretendToComeInOne) {
     using namespace std::string_literals;
     const std::string oneGo = "\xFF\xC0\0\x0B\x08\0\x40\0\x40\x01\x01\x11\0"s
                               "\xFF\xDA\0\x08\x01\x01\0\0\x3F\0"s;
-    // Whoever takes the two bytes behind the mark for a length ends up in the remark, and there in one go.
+    // A reader that takes the two bytes after the marker for a length ends up inside the comment, where it
+    // finds a JPEG with a single scan.
     const std::string markWithoutLength = "\xFF\xD0\0\x06"s;
     const std::string remark = "\xFF\xFE\0"s + static_cast<char>(oneGo.size() + 2) + oneGo;
     EXPECT_EQ(complaint(jpegInGoes(0).insert(2, markWithoutLength + remark)), "it is a picture");

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A tray's part: it owns the selection by which programs find it, and tells that it has come.
+/// Plays the tray: owns the selection by which programs find it, and announces itself.
 class TestTray {
 public:
     TestTray() : m_window(xcb_generate_id(m_server.raw())) {
@@ -50,7 +50,7 @@ protected:
 
     X11WindowServer& server() { return *m_server; }
 
-    /// Presses and releases a button somewhere, where no window is.
+    /// Presses and releases a button outside all windows.
     static void press() { ASSERT_EQ(QProcess::execute(u"xdotool"_s, {u"click"_s, u"1"_s}), 0); }
 
 private:
@@ -95,7 +95,7 @@ TEST_F(X11WindowServerTest, theWatchMayEndInTheMidstOfAPress) {
 
 TEST_F(X11WindowServerTest, keepsAWindowOutOfTaskBarAndPager) {
     const TestWindow window;
-    // Answered once the server has the window.
+    // Once this is answered, the server has the window.
     EXPECT_FALSE(window.isActive());
     server().keepOutOfTaskBar(window.id());
     const X11Connection connection;

@@ -1,7 +1,7 @@
 #include <QGuiApplication>
 #include <QRasterWindow>
 
-/// usage: test-window APPLICATION-ID [CLASS UNDER X]
+/// usage: test-window APPLICATION-ID [X11-WINDOW-CLASS]
 int main(int argumentCount, char** arguments) {
     const QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setDesktopFileName(QGuiApplication::arguments().value(1));
