@@ -1,4 +1,4 @@
-// The list of customers and the form over it, down to the file.
+// The customer list and its form, down to the file.
 
 #include "core/StoreFixture.h"
 #include "profile/CustomerEditView.h"

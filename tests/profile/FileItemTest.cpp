@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The names as they come out; folders are given with a slash and come out with it.
+/// The names offered, in order; a trailing slash marks folders, both in the input and in the result.
 std::vector<std::string> offered(const std::vector<std::string>& names) {
     std::vector<FolderEntry> entries;
     std::ranges::transform(names, std::back_inserter(entries), [](const std::string& name) {

@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 class LogoPickerViewTest : public testing::Test {
 protected:
-    /// Opens the picker and lets the first folder come.
+    /// Opens the picker and lets the first folder load.
     void open() {
         start();
         background.runAll();
@@ -111,7 +111,7 @@ TEST_F(LogoPickerViewTest, everyChangeIsAnnounced) {
     int announcements = 0;
     const auto subscription = view->observe([&] { ++announcements; });
     background.runAll();
-    EXPECT_GE(announcements, 2) << "the entries, and that they are there";
+    EXPECT_GE(announcements, 2) << "one for the entries, one for the end of loading";
 }
 
 TEST_F(LogoPickerViewTest, entersAFolderAndComesBackUp) {
@@ -142,7 +142,7 @@ TEST_F(LogoPickerViewTest, theWayUpEndsAtTheRoot) {
     EXPECT_EQ(view->currentDirectory.get(), "/");
     EXPECT_FALSE(view->isLoading);
     background.runAll();
-    EXPECT_EQ(background.begun, begun) << "it must not even be read again";
+    EXPECT_EQ(background.begun, begun) << "the root must not even be read again";
 }
 
 TEST_F(LogoPickerViewTest, aFolderThatHasVanishedIsSaidAndLeavesTheListEmpty) {
@@ -275,7 +275,7 @@ TEST_F(LogoPickerViewTest, whatCannotBeEncodedIsKeptAsItIs) {
 }
 
 TEST_F(LogoPickerViewTest, whatCannotEvenBeReadAgainIsOneLineAndNothingIsChosen) {
-    /// Readable as an image, but none of our files any more when its bytes are wanted.
+    /// The file can be read as an image, but is gone when its bytes are needed.
     class VanishingImages final : public Images {
     public:
         [[nodiscard]] Result<Bitmap> read(const fs::path& file, const SizeRule& /*rule*/) const override {

@@ -11,7 +11,7 @@
 
 namespace brisklog::test {
 
-/// A home in which a profile starts.
+/// A temporary home, and fakes around a profile.
 class ProfileFixture : public testing::Test {
 protected:
     [[nodiscard]] ProfilePlatform platform() { return {files, defaults, log, &picker}; }

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 
 class ThumbnailsTest : public testing::Test {
 protected:
-    /// As many images as wanted, the first one called "0.png".
+    /// That many image files, named "FIRST.png" and upwards.
     std::vector<fs::path> files(int first, int count) {
         std::vector<fs::path> files;
         for (int i = first; i < first + count; ++i) {

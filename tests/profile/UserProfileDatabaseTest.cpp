@@ -33,7 +33,7 @@ TEST(ProfileOverARealDatabase, whatWasTakenOverIsGoneThereForGood) {
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left[0].key, "profile_taxOffice");
     const UserProfile again({files, defaults, log});
-    EXPECT_EQ(again.city.get(), "Görlitz") << "the file has it now";
+    EXPECT_EQ(again.city.get(), "Görlitz") << "the value is in the file now";
     EXPECT_TRUE(log.lines.empty());
 }
 

@@ -31,7 +31,7 @@ constexpr const char* filledIn = R"({
   "logoHeight": 45.0
 })";
 
-/// Every text of a profile, in the order of its file.
+/// Every text of a profile, in the order of the file.
 constexpr std::array allTexts{
     &UserProfile::companyName, &UserProfile::fullName, &UserProfile::address, &UserProfile::postalCode,
     &UserProfile::city,        &UserProfile::country,  &UserProfile::phone,   &UserProfile::email,
@@ -75,7 +75,7 @@ protected:
         EXPECT_EQ(figuresOf(profile), (std::vector<double>{10.5, 20.25, 123, 45}));
     }
 
-    /// Lays a profile file down, starts on it, and expects the loading error and nothing else.
+    /// Writes a profile file, loads it, and expects the loading error and nothing else.
     void expectRefused(const std::string& bytes) {
         writeFile(profileFile(), bytes);
         const UserProfile profile(platform());
