@@ -8,9 +8,9 @@ class QWidget;
 
 namespace brisklog::test {
 
-/// Takes the window in both schemes at one and at two pixels a point, and fails where one is a plain area, or
-/// is not on its scheme's ground at `groundAt`. With BRISKLOG_PICTURES naming a folder the larger pictures
-/// are kept there as NAME-light.png and NAME-dark.png, to be looked at.
+/// Takes pictures of the window in both schemes at one and at two pixels per point. Fails when one is a plain
+/// area or does not have its scheme's ground colour at `groundAt`. If BRISKLOG_PICTURES names a folder, the
+/// larger pictures are kept there for inspection as NAME-light.png and NAME-dark.png.
 void takePictures(QWidget& window, const QString& name, const std::optional<QPoint>& groundAt = {});
 
 } // namespace brisklog::test

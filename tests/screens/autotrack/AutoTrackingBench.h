@@ -30,7 +30,7 @@ protected:
 
     [[nodiscard]] AutoTrackingManager& manager() { return view->autoTrackingManager; }
 
-    /// An application was used for that long, that many days ago.
+    /// Records that an application was used for that long, that many days ago.
     void record(int daysAgo, const std::string& application, double seconds,
                 const std::optional<std::string>& icon = std::nullopt) {
         const Date begin = friday.addingSeconds(-daysAgo * fullDay);
@@ -58,7 +58,7 @@ protected:
         std::abort();
     }
 
-    /// The day windows on the screen, the oldest first.
+    /// The day windows on the screen, oldest first.
     [[nodiscard]] static std::vector<DayDetailWindow*> dayWindows() {
         return visibleWindows<DayDetailWindow>();
     }

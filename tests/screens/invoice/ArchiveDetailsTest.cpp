@@ -1,4 +1,4 @@
-// What opened invoices of the archive show, and how they are deleted.
+// What expanded invoices in the archive show, and how they are deleted.
 
 #include "screens/Pictures.h"
 #include "screens/invoice/ArchiveSheetWindow.h"
@@ -169,7 +169,7 @@ TEST_F(ArchiveDetailsOnScreen, detailsThatAreStillMovingEndWhereTheyShouldWhenOt
     const auto panel = [this](const QString& title) { return list().indexWidget(row(title)); };
     const QPoint head = list().visualRect(row(u"2026-038"_s)).topLeft() + QPoint(60, 20);
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, head);
-    EXPECT_EQ(panel(u"2026-038"_s)->height(), 0) << "it begins to arrive";
+    EXPECT_EQ(panel(u"2026-038"_s)->height(), 0) << "the details only begin to appear";
     clickRow(u"2026-041"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return panel(u"2026-041"_s)->height() == 64; }));
     EXPECT_EQ(panel(u"2026-038"_s)->height(), 64);

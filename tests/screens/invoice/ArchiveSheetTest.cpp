@@ -67,7 +67,7 @@ TEST_F(ArchiveSheet, deleteAsksAboutTheCurrentInvoice) {
     press(*alert(), u"Löschen"_s);
     EXPECT_FALSE(rows().contains(u"2026-040"_s));
     press(Qt::Key_Delete);
-    EXPECT_NE(alert(), sheet) << "the keyboard goes on at the invoice that followed";
+    EXPECT_NE(alert(), sheet) << "the next invoice has become the current one";
 }
 
 TEST_F(ArchiveSheet, deletingTheLastInvoiceOfAMonthTakesItsTitleAwayToo) {
@@ -156,9 +156,9 @@ TEST_F(ArchiveSheet, twoThousandInvoicesOpenWithoutMakingOneWait) {
     const auto start = std::chrono::steady_clock::now();
     open();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    // From May 2021 to November 2026, under the sentence on top.
+    // The introduction, 67 months from May 2021 to November 2026, and the invoices.
     EXPECT_EQ(list().model()->rowCount(), 1 + 67 + 2000);
-    // Far above what it takes: the benchmark has the figure.
+    // A generous limit; the benchmark measures what it takes.
     EXPECT_LT(taken.count(), 1.0);
 }
 

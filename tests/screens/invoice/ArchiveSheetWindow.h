@@ -10,17 +10,17 @@
 
 namespace brisklog::test {
 
-/// The archive's sheet on the screen, over a window as the popover would be.
+/// The archive sheet on the screen, over a window that stands for the popover.
 class ArchiveSheetWindow : public ScreenTest {
 protected:
     ArchiveSheetWindow();
 
     void issue(const std::string& number, const std::optional<std::string>& customer, double daysAgo = 0,
                const std::vector<Uuid>& ids = {});
-    /// Two invoices in November 2026, one in October; the last one covers both entries.
+    /// Two invoices in November 2026 and one in October; the newest covers both entries.
     void issueThree();
 
-    /// Shows the sheet; what it finds in the store must be there before.
+    /// Shows the sheet; the store must be filled first.
     void open();
 
     [[nodiscard]] QListView& list() { return *sheet->findChild<QListView*>(); }
@@ -35,10 +35,10 @@ protected:
     void clickRow(const QString& title);
     void press(Qt::Key key);
 
-    /// The delete button of an opened invoice.
+    /// The delete button of an expanded invoice.
     [[nodiscard]] QAbstractButton& trashOf(const QString& title);
     void clickTrash(const QString& title);
-    /// What an opened invoice says, line by line.
+    /// The text of an expanded invoice, line by line.
     [[nodiscard]] QStringList detailsOf(const QString& title);
 
     [[nodiscard]] static QWidget* alert();

@@ -197,7 +197,7 @@ TEST_F(InvoiceEntryRows, twentyFiveThousandOpenAndToggleWithoutAPause) {
     RecordProperty("opening", milliseconds(toggling - opening));
     RecordProperty("tenToggles", milliseconds(end - toggling));
     EXPECT_EQ(window.view().selectedEntries().size(), 10U);
-    // Generous for slow machines and sanitizers; realising every row takes many times as long.
+    // Generous for slow machines and sanitizers; creating every row takes many times as long.
     EXPECT_LT(toggling - opening, std::chrono::seconds(2));
     EXPECT_LT(end - toggling, std::chrono::seconds(3));
 }

@@ -11,7 +11,7 @@ namespace {
 
 class InvoiceNotesTest : public ScreenTest {
 protected:
-    /// The sheet that asks for a note's name; null where it is not shown.
+    /// The sheet that asks for a note's name; null when it is not shown.
     static SheetWindow* saveNoteSheet(InvoiceSheetWindow& window) {
         for (auto* dialog : window.sheet->findChildren<QDialog*>())
             if (dialog->windowTitle() == u"Notiz speichern"_s && dialog->isVisible())

@@ -12,17 +12,17 @@
 
 namespace brisklog::test {
 
-/// The invoice sheet on the screen, over a window as the popover would be.
+/// The invoice sheet on the screen, over a window that stands for the popover.
 class InvoiceSheetWindow {
 public:
-    /// Shows the sheet for the project; what the sheet finds in the store must be there before.
+    /// Shows the sheet for the project; the store must be filled first.
     explicit InvoiceSheetWindow(InvoiceSheet& content);
 
     [[nodiscard]] InvoiceView& view();
     [[nodiscard]] QListView& list();
-    /// The button with that caption, whether or not it can be seen.
+    /// The button with that caption, visible or not.
     [[nodiscard]] QAbstractButton& button(const QString& caption);
-    /// The label with that text; null where it cannot be seen.
+    /// The label with that text; null when it is not visible.
     [[nodiscard]] QWidget* label(const QString& text);
 
     void clickRow(int row);

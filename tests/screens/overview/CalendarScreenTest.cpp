@@ -44,7 +44,7 @@ TEST_F(CalendarScreenTest, cellsAreNamedByTheirDayAndWhetherItHasData) {
 
 TEST_F(CalendarScreenTest, dotsComeWithDataAndGoWithIt) {
     openPanel();
-    // A day of the month on show, and one of its neighbour.
+    // A day of the month shown, and one of the month before.
     for (const auto& [daysAgo, name] : {std::pair{5, u"15. November 2026"_s}, {25, u"26. Oktober 2026"_s}}) {
         const QImage without = cell(name).grab().toImage();
         record(daysAgo, "Editor", 60);

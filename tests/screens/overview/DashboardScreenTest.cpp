@@ -78,7 +78,7 @@ protected:
 
     [[nodiscard]] bool shows(const QString& text) const { return countOf(text) > 0; }
 
-    /// What stands in the same row, right of the caption.
+    /// The text in the same row, to the right of the caption.
     [[nodiscard]] QString beside(const QString& caption) const {
         const auto placeOf = [](const QLabel& label) {
             return QRect(label.mapToGlobal(QPoint()), label.size());
@@ -93,7 +93,7 @@ protected:
         return {};
     }
 
-    /// The whole column, however long.
+    /// Of the whole column, however long.
     void takePicturesOfAll(const QString& name) {
         takePictures(*screen.findChild<QScrollArea*>()->widget(), name);
     }

@@ -37,7 +37,7 @@ protected:
 
     [[nodiscard]] const Customer& onlyCustomer() const { return content.store.customers.get().at(0); }
 
-    /// The question over the form.
+    /// Opens the question that precedes a deletion.
     void openAlert() {
         click(*form(), u"Löschen"_s);
         alert = QApplication::activeModalWidget();
@@ -181,7 +181,7 @@ TEST_F(CustomerForm, bothCancelButtonsAndEscapeThrowTheEditsAway) {
         EXPECT_EQ(form(), nullptr);
         EXPECT_TRUE(content.files.written.empty());
         EXPECT_EQ(content.reopenedStore().customers.get(), std::vector<Customer>{before});
-        // Whoever starts keeps a daily copy.
+        // The reopened store has written its daily copy.
         content.files.written.clear();
         clickRow(0);
     }

@@ -188,7 +188,7 @@ TEST_F(CustomerScreenTest, longAddressesAreShortenedWithTheWholeTextAsTooltip) {
         QCoreApplication::sendEvent(list().viewport(), &event);
         return QToolTip::text();
     };
-    // Name, company, then the place.
+    // The lines are name, company and place.
     constexpr int firstLine = 12 + 10 + 9;
     EXPECT_EQ(tooltipAt(row.top() + firstLine), QString());
     EXPECT_TRUE(tooltipAt(row.top() + firstLine + 18 + 19).contains(QString(120, u'S') + u", 50667 Köln"_s));
@@ -205,7 +205,7 @@ TEST_F(CustomerScreenTest, aThousandCustomersOpenAndScrollWithoutMakingOneWait) 
     settle();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     EXPECT_TRUE(list().viewport()->rect().contains(rowArea(999).center()));
-    // Ten times what it takes: a list that paints or measures every card would not get near.
+    // Ten times what it takes; a list that paints or measures every card takes far longer.
     EXPECT_LT(taken.count(), 1.0);
 }
 

@@ -12,7 +12,7 @@
 
 namespace brisklog::test {
 
-/// The customers' sheet on the screen, over a window as the popover would be.
+/// The customer sheet on the screen, over a window that stands for the popover.
 class CustomerSheetWindow : public ScreenTest {
 protected:
     /// A customer with every line a card can have.
@@ -20,25 +20,25 @@ protected:
 
     void addCustomer(const Customer& customer) { content.addCustomer(customer); }
 
-    /// Shows the sheet; what it finds in the store must be there before.
+    /// Shows the sheet; the store must be filled first.
     void open();
 
     [[nodiscard]] QListView& list();
     [[nodiscard]] QString textOf(int row);
-    /// Where the row lies in the list's viewport.
+    /// The row's area in the list's viewport.
     [[nodiscard]] QRect rowArea(int row);
     void clickRow(int row);
 
-    /// The open form over the list; null without one.
+    /// The open form over the list; null when there is none.
     [[nodiscard]] SheetWindow* form();
-    /// The form's field of that label.
+    /// The form's field with that label.
     [[nodiscard]] QLineEdit& field(const QString& label);
 
     /// The visible button with that name.
     [[nodiscard]] static QAbstractButton& button(QWidget& window, const QString& name);
     static void click(QWidget& window, const QString& name);
     [[nodiscard]] static bool shows(QWidget& window, const QString& text);
-    /// The names of what Tab reaches from where the keyboard is, once around.
+    /// The names of the tab stops from the current one on, once around.
     [[nodiscard]] static QStringList tabPath(QWidget& window);
 
     InvoiceSheet content{{}, std::nullopt};

@@ -24,7 +24,7 @@ class HostWindow final : public QWidget, public SheetHost {
 public:
     [[nodiscard]] std::shared_ptr<void> holdOpen() override { return hold; }
 
-    /// Counts only when it could: a window that is modal to this one keeps the keyboard.
+    /// Counted only when it could succeed: a modal window would keep the focus.
     void takeFocusBack() override { focusBacks += QApplication::activeModalWidget() == nullptr ? 1 : 0; }
 
     [[nodiscard]] bool isHeldOpen() const { return hold.use_count() > 1; }
@@ -41,7 +41,7 @@ protected:
         showActive(host);
     }
 
-    /// Opens the window and lets folder and thumbnails come.
+    /// Opens the window and lets folder and thumbnails load.
     void open() {
         controller.present("Logo auswählen",
                            [this](std::string bytes) { chosen.push_back(std::move(bytes)); });

@@ -41,7 +41,7 @@ TEST_F(LogoPickerChoice, whateverIsChosenAPngOfAtMostEightHundredIsKept) {
         {encoded(opaque, "JPEG"), {800, 200}},
         {encoded(opaque.scaled(300, 75), "JPEG"), {300, 75}},
         {encoded(wide, "TIFF"), {800, 200}},
-        // A camera held sideways: what counts is how it is seen.
+        // From a camera held sideways: the size as displayed counts.
         {turnedJpeg(opaque, 6), {200, 800}},
         {smallGif(), {2, 2}},
     };

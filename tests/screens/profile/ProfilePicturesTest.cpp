@@ -44,7 +44,7 @@ protected:
         return encoded(logo, "PNG");
     }
 
-    /// All of it at once, as if the window were as high as the form.
+    /// Shows the whole form, as if the window were that high.
     void openWhole() {
         open();
         constexpr int wholeHeight = 1043;

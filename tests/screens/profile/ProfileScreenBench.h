@@ -20,7 +20,7 @@ namespace brisklog::test {
 /// The profile section as the popover shows it, over a real profile and its files.
 class ProfileScreenBench : public ScreenTest {
 protected:
-    /// The popover's inside under its navigation bar.
+    /// The inside of the popover below its navigation bar.
     static constexpr QSize sectionSize{370, 592};
 
     void open() {
@@ -29,7 +29,7 @@ protected:
         showActive(*screen);
     }
 
-    /// The field a screen reader calls by that name, and describes by that example where it says so.
+    /// The field with that accessible name and, if given, that example as its accessible description.
     [[nodiscard]] QLineEdit& field(const QString& name, const QString& example = {}) {
         for (auto* const found : screen->findChildren<QLineEdit*>()) {
             const auto* const spoken = QAccessible::queryAccessibleInterface(found);
@@ -47,7 +47,7 @@ protected:
         return *found;
     }
 
-    /// Key by key; the toolkit's own help knows no umlauts.
+    /// Key by key, because the toolkit's own helper cannot type umlauts.
     static void type(QLineEdit& field, const QString& text) {
         for (const QChar character : text) {
             QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, character);

@@ -50,7 +50,7 @@ const std::vector<Expected>& expectedFields() {
 
 class ProfileScreenTest : public ProfileScreenBench {
 protected:
-    /// The visible labels that are texts, in reading order.
+    /// The texts of the visible labels, in reading order.
     [[nodiscard]] QStringList labels() const {
         QStringList texts;
         for (const QLabel* const label : screen->findChildren<QLabel*>())
@@ -67,7 +67,7 @@ protected:
         std::abort();
     }
 
-    /// How large what is not white is on the plate.
+    /// The size of whatever on the plate is not white.
     [[nodiscard]] QSize sizeOnPlate() {
         const QImage seen = picture(plate());
         QRect coloured;
@@ -216,7 +216,7 @@ TEST_F(ProfileScreenTest, theLogoIsShrunkIntoItsBoxWithoutLosingItsShape) {
                                                      {{200, 800}, {25, 100}},
                                                      {{800, 800}, {100, 100}},
                                                      {{200, 100}, {200, 100}},
-                                                     // An enlarged one would look worse here than on paper.
+                                                     // Enlarged, it would look worse than on paper.
                                                      {{30, 20}, {30, 20}}};
     for (const auto& [kept, seen] : sizes) {
         keepLogo(kept.width(), kept.height());

@@ -1,5 +1,5 @@
-// The two ways to the customers: the project screen's button, and the invoice sheet where there is nobody to
-// choose.
+// The two ways to the customers: the project screen's button, and the invoice sheet when there is no customer
+// to choose.
 
 #include "invoice/screens/InvoiceScreen.h"
 #include "platform/documents/CairoPdfFacility.h"
@@ -33,7 +33,7 @@ protected:
         open();
     }
 
-    /// Titles of all sheets that are open.
+    /// Titles of all open sheets.
     static QStringList openSheets() {
         QStringList titles;
         for (const QWidget* const window : QApplication::topLevelWidgets())

@@ -167,7 +167,7 @@ TEST_F(ProjectEntries, twentyFiveThousandOpenAndScrollWithoutAPause) {
     RecordProperty("openMilliseconds", static_cast<int>(opened));
     RecordProperty("hundredPagesMilliseconds", static_cast<int>(scrolled));
     RecordProperty("hundredTicksMilliseconds", static_cast<int>(ticked));
-    // Far above what it takes, far below what going through all rows would.
+    // Far above what it takes, far below what visiting all rows would take.
     constexpr int slowness = underSanitizer ? 5 : 1;
     EXPECT_LT(opened, 1000 * slowness);
     EXPECT_LT(scrolled, 2000 * slowness);

@@ -15,10 +15,10 @@ namespace brisklog::test {
 /// The time tracking section as the popover shows it, over the real store.
 class ProjectScreenBench : public ScreenTest {
 protected:
-    /// The popover's inside under its navigation bar.
+    /// The inside of the popover below its navigation bar.
     static constexpr QSize sectionSize{370, 592};
 
-    /// Shows the section; what the test put into the store before is there from the start.
+    /// Shows the section with what the test has put into the store by then.
     void open() {
         ProjectServices services = bench.services();
         services.exportReport = exportReport;
@@ -34,7 +34,7 @@ protected:
         settle();
     }
 
-    /// The visible button of that accessible name or caption; fails the test without one.
+    /// The visible button with that accessible name or caption; fails the test when there is none.
     [[nodiscard]] static QAbstractButton& button(QWidget& root, const QString& name) {
         for (auto* found : root.findChildren<QAbstractButton*>())
             if (found->isVisible() && (found->accessibleName() == name || found->text() == name))
@@ -43,7 +43,7 @@ protected:
         std::abort();
     }
 
-    /// The first visible descendant of that class; fails the test without one.
+    /// The first visible descendant of that class; fails the test when there is none.
     template <class T>
     [[nodiscard]] static T& part(QWidget& root) {
         for (auto* child : root.findChildren<QWidget*>())
@@ -60,7 +60,7 @@ protected:
         settle();
     }
 
-    /// The visible field of that accessible name; fails the test without one.
+    /// The visible field with that accessible name; fails the test when there is none.
     [[nodiscard]] static QLineEdit& field(QWidget& root, const QString& name) {
         for (auto* found : root.findChildren<QLineEdit*>())
             if (found->isVisible() && found->accessibleName() == name)
@@ -71,7 +71,7 @@ protected:
 
     [[nodiscard]] QLineEdit& taskField() { return field(*screen, QStringLiteral("Aufgabe eingeben")); }
 
-    /// Whether a label with that text is seen.
+    /// Whether a label with that text is visible.
     [[nodiscard]] bool shows(const QString& text) {
         for (const auto* label : screen->findChildren<QLabel*>())
             if (label->isVisible() && label->text() == text)
@@ -79,7 +79,7 @@ protected:
         return false;
     }
 
-    /// The sheet or alert on top; null without one.
+    /// The sheet or alert on top; null when there is none.
     [[nodiscard]] static QWidget* sheet() { return QApplication::activeModalWidget(); }
 
     ProjectWorkbench bench;

@@ -27,7 +27,7 @@ protected:
         std::abort();
     }
 
-    /// Captions of the tabs that are seen, from left to right.
+    /// Captions of the visible tabs, from left to right.
     [[nodiscard]] QStringList tabsSeen() {
         std::map<int, QString> byPlace;
         for (auto* child : strip().findChildren<QAbstractButton*>())

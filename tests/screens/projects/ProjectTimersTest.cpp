@@ -26,7 +26,7 @@ protected:
     using ProjectScreenBench::button;
     using ProjectScreenBench::click;
 
-    /// The button of the timer with that task.
+    /// The timer's button, found by the timer's task.
     [[nodiscard]] QAbstractButton& button(const QString& name, const QString& taskName) {
         for (auto* row : timerRows())
             if (row->timer().taskName == taskName.toStdString())

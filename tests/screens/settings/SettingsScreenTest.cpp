@@ -28,7 +28,7 @@ namespace {
 
 class SettingsScreenTest : public ScreenTest {
 protected:
-    /// The popover's inside under its navigation bar.
+    /// The inside of the popover below its navigation bar.
     static constexpr QSize sectionSize{370, 592};
 
     SettingsScreenTest() { openOver(settings); }
@@ -80,7 +80,7 @@ protected:
         return fileContent().find('"' + value + '"') != std::string::npos;
     }
 
-    /// What Tab reaches, in its order.
+    /// The names of all tab stops, in order.
     [[nodiscard]] QStringList tabPath() {
         QStringList names;
         part<QAbstractButton>(u"Archiv anzeigen"_s).setFocus();
