@@ -32,7 +32,7 @@ TEST(SettingsOverARealDatabase, whatWasTakenOverIsGoneThereForGood) {
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left[0].key, "timeRounding");
     const AppSettings again({files, defaults, log});
-    EXPECT_TRUE(again.launchAtStartup) << "the file has it now";
+    EXPECT_TRUE(again.launchAtStartup) << "the value is in the file now";
     EXPECT_TRUE(log.lines.empty());
 }
 

@@ -45,14 +45,14 @@ protected:
         EXPECT_EQ(settings.invoiceRounding.get(), InvoiceRoundingOption::roundNearest);
     }
 
-    /// Lays a file down, starts on it, and expects the loading error and nothing else.
+    /// Writes a settings file, loads it, and expects the loading error and nothing else.
     void expectRefused(const std::string& bytes) {
         writeFile(file(), bytes);
         const AppSettings settings(platform());
         expectDefaults(settings);
         ASSERT_EQ(log.lines.size(), 1U) << bytes;
         EXPECT_TRUE(log.lines[0].starts_with("Error loading settings: ")) << log.lines[0];
-        EXPECT_EQ(readFile(file()), bytes) << "loading rewrites nothing it could not read";
+        EXPECT_EQ(readFile(file()), bytes) << "loading must not rewrite what it could not read";
     }
 
     TemporaryHome home;
@@ -147,7 +147,7 @@ TEST_F(Settings, rawValuesAreComparedExactly) {
     EXPECT_EQ(optionCalled<ColorSchemeOption>("Hell "), std::nullopt);
     EXPECT_EQ(optionCalled<ColorSchemeOption>(""), std::nullopt);
     EXPECT_EQ(optionCalled<TimeRoundingOption>("5"), std::nullopt);
-    // The same letter, composed of two characters.
+    // The same letter as two code points.
     EXPECT_EQ(optionCalled<InvoiceRoundingOption>("Auf na\u0308chste Einheit runden"), std::nullopt);
 }
 

@@ -25,7 +25,7 @@ struct Choices {
     InvoiceRoundingOption invoice = InvoiceRoundingOption::none;
 };
 
-/// Every choice that the settings offer.
+/// Every combination of choices that the settings offer.
 std::vector<Choices> allChoices() {
     std::vector<Choices> all;
     for (const auto& time : rawValues<TimeRoundingOption>)
