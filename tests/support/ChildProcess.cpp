@@ -90,9 +90,9 @@ void killWhileWorking(const SharedCounter& progress, long least, const std::func
     while (progress.value() <= least && ::waitpid(child, nullptr, WNOHANG) == 0)
         ::sched_yield();
     passMomentOfChance();
-    EXPECT_EQ(::kill(child, SIGKILL), 0) << "the work ended by itself";
+    EXPECT_EQ(::kill(child, SIGKILL), 0) << "the work ended before it was killed";
     EXPECT_EQ(waitForChild(child).signal, SIGKILL);
-    // The pipe ends once nothing that the child started is left either.
+    // The pipe ends once every process that the child started is gone too.
     char unused = 0;
     EXPECT_EQ(::read(ends[0], &unused, 1), 0);
     ::close(ends[0]);

@@ -10,25 +10,24 @@ namespace brisklog::test {
 
 /// How a child process ended.
 struct ChildEnd {
-    /// The signal that ended it; 0 when it ended by itself.
+    /// The signal that killed it; 0 when it exited by itself.
     int signal = 0;
     /// Whether an expectation failed in it.
     bool failed = false;
 };
 
-/// Starts the work in a process of its own; the answer is its number.
+/// Starts the work in a child process; returns its process id.
 [[nodiscard]] pid_t startInChild(const std::function<void()>& work);
 
-/// Waits until the process has ended.
 [[nodiscard]] ChildEnd waitForChild(pid_t child);
 
-/// Runs the work in a process of its own; expectations in it count.
+/// Runs the work in a child process and waits for it; failed expectations in it are reported.
 [[nodiscard]] ChildEnd runInChild(const std::function<void()>& work);
 
-/// The same as a user without special rights, who owns the folder and everything in it.
+/// The same as an unprivileged user who owns the folder and everything in it.
 [[nodiscard]] ChildEnd runAsNobody(const std::filesystem::path& folder, const std::function<void()>& work);
 
-/// Counts in memory that parent and child share.
+/// A counter in memory that parent and child share.
 class SharedCounter {
 public:
     SharedCounter();
@@ -44,11 +43,11 @@ private:
     std::atomic<long>* m_count;
 };
 
-/// Runs endless work in a process of its own and kills it as soon as the counter is past `least` and a moment
-/// of chance is over. Returns once nothing of it is left.
+/// Runs endless work in a child process and kills it a random moment after the counter has passed `least`.
+/// Returns once everything it started is gone too.
 void killWhileWorking(const SharedCounter& progress, long least, const std::function<void()>& work);
 
-/// Puts a small file system over the folder, for this process alone; false where that is not allowed.
+/// Mounts a small file system on the folder, for this process alone; false where that is not allowed.
 [[nodiscard]] bool mountSmallFileSystem(const std::filesystem::path& folder, const std::string& size);
 
 } // namespace brisklog::test

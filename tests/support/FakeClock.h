@@ -9,8 +9,8 @@ inline constexpr TimeInterval hour = secondsPerHour;
 /// The length of most days.
 inline constexpr TimeInterval fullDay = 24 * hour;
 
-/// A clock that stands still until it is told otherwise. It starts on 15 November 2026, 09:00:00 UTC, in a
-/// place that keeps universal time.
+/// A clock that stands still until it is set. It starts at 15 November 2026, 09:00:00 UTC, in the UTC time
+/// zone.
 class FakeClock final : public Clock {
 public:
     [[nodiscard]] Date now() const override { return m_now; }
@@ -21,7 +21,7 @@ public:
 
     void advance(TimeInterval seconds) { m_now = m_now.addingSeconds(seconds); }
 
-    /// The user travels.
+    /// As when the user travels.
     void setCalendar(const Calendar& calendar) { m_calendar = calendar; }
 
     void setZone(const char* zone) { m_calendar = Calendar(QTimeZone(zone)); }
@@ -31,7 +31,7 @@ private:
     Calendar m_calendar{QTimeZone::utc()};
 };
 
-/// The moment when clocks of the zone show this ("2026-11-15T09:00:00").
+/// The moment at which clocks in the zone show this ("2026-11-15T09:00:00").
 [[nodiscard]] inline Date momentIn(const char* zone, const char* isoTime) {
     QDateTime local = QDateTime::fromString(QString::fromUtf8(isoTime), Qt::ISODate);
     local.setTimeZone(QTimeZone(zone));

@@ -39,7 +39,7 @@ public:
         m_availability = availability;
     }
 
-    /// By identifier; other applications have none.
+    /// By identifier; all other applications have no icon.
     std::map<std::string, std::string> icons;
     bool isWatched = false;
     int timesAsked = 0;

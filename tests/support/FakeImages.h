@@ -7,13 +7,12 @@
 
 namespace brisklog::test {
 
-/// Images that are whatever a test says they are: a file is an image when it begins with "image", its size
-/// stands behind that ("image 1600 400").
+/// A file is an image when it begins with "image", followed by its size ("image 1600 400").
 class FakeImages final : public Images {
 public:
     [[nodiscard]] Result<Bitmap> read(const std::filesystem::path& file, const SizeRule& rule) const override;
     [[nodiscard]] Result<Bitmap> decode(std::string_view bytes, const SizeRule& rule) const override;
-    /// "png 800 200".
+    /// Encodes a picture as "png 800 200".
     [[nodiscard]] Result<std::string> encodePng(const Bitmap& picture) const override;
 
     bool encodingFails = false;

@@ -7,7 +7,7 @@
 
 namespace brisklog::test {
 
-/// A window server whose buttons and trays the test moves.
+/// A window server whose buttons and trays the test controls.
 class FakeWindowServer final : public WindowServer {
 public:
     Subscription watchPointer(std::function<void()> pressed) override {
@@ -24,13 +24,11 @@ public:
 
     void keepOutOfTaskBar(std::uint32_t window) override { keptOutOfTaskBar.push_back(window); }
 
-    /// A button goes down.
     void press() const {
         if (const auto pressed = m_pressed)
             pressed();
     }
 
-    /// A tray comes.
     void addTray() {
         m_hasTray = true;
         if (const auto appeared = m_trayAppeared)

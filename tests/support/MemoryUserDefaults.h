@@ -87,12 +87,12 @@ public:
 
     [[nodiscard]] bool holds(std::string_view key) const { return m_values.contains(key); }
 
-    /// Keys removed, in order; tries to remove what was not there do not count.
+    /// Keys removed, in order; attempts to remove missing ones do not count.
     std::vector<std::string> removed;
     /// Key and length of every tail replaced, in order.
     std::vector<std::pair<std::string, std::size_t>> tailsReplaced;
     int synchronisations = 0;
-    /// Data values cannot be written, as on a full disk.
+    /// Makes writing data values fail, as on a full disk.
     bool writesFail = false;
 
 private:

@@ -28,7 +28,7 @@ std::string bigEndian(std::uint32_t number) {
     return bytes;
 }
 
-/// The checksum that ends every part of a PNG file.
+/// The checksum that ends every chunk of a PNG file.
 std::uint32_t checksum(std::string_view bytes) {
     std::uint32_t sum = 0xFFFFFFFF;
     for (const char byte : bytes) {
@@ -70,7 +70,7 @@ std::string hugeJpeg() {
 
 std::string hugePng() {
     constexpr int side = 20000;
-    constexpr int bytesPerRow = 1 + side / 8; // one bit a pixel, behind the row's filter
+    constexpr int bytesPerRow = 1 + side / 8; // the row's filter byte, then one bit per pixel
     const QByteArray rows(qsizetype{side} * bytesPerRow, '\0');
     constexpr int lengthPrefix = 4;
     const std::string data = qCompress(rows).mid(lengthPrefix).toStdString();

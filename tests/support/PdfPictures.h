@@ -9,13 +9,13 @@ namespace brisklog::test {
 [[nodiscard]] std::string pngImage(int width, int height, const QColor& colour = Qt::blue);
 [[nodiscard]] std::string jpegImage(int width, int height, const QColor& colour = Qt::blue);
 
-/// The JPEG with the note a camera makes when it is held sideways: to be turned by a quarter.
+/// The JPEG with the Exif note of a camera held sideways: to be rotated by 90°.
 [[nodiscard]] std::string turnedByAQuarter(const std::string& jpeg);
 
-/// A sound PNG of few bytes with 400 million pixels.
+/// A valid PNG of a few bytes with 400 million pixels.
 [[nodiscard]] std::string hugePng();
 
-/// A sound JPEG with 36 million pixels.
+/// A valid JPEG with 36 million pixels.
 [[nodiscard]] std::string hugeJpeg();
 
 } // namespace brisklog::test

@@ -9,13 +9,13 @@
 namespace brisklog::test {
 namespace {
 
-/// Letters of one line are set a little closer than their boxes where their shapes allow it.
+/// Kerning may set letters on one line a little closer than their boxes.
 double kerningOf(const PdfBox& a, const PdfBox& b) {
     const double narrower = std::min(a.right - a.left, b.right - b.left);
     return std::max(0.5, narrower / 3);
 }
 
-/// Boxes of scripts with tall letters reach a little into the line above, their letters do not.
+/// In scripts with tall letters the boxes reach a little into the line above, the letters do not.
 double tallnessOf(const PdfBox& a, const PdfBox& b) {
     return std::min(a.bottom - a.top, b.bottom - b.top) / 5;
 }

@@ -15,7 +15,7 @@ namespace brisklog::test {
 namespace {
 
 constexpr double pointsPerInch = 72;
-/// Words whose tops differ by less stand on one line.
+/// Words whose tops differ by no more than this are on one line.
 constexpr double sameLine = 1;
 constexpr int white = 255;
 
@@ -24,7 +24,7 @@ struct Output {
     std::string text;
 };
 
-/// Runs a command of the shell to its end.
+/// Runs a shell command to its end.
 Output run(const std::string& command) {
     Output output;
     FILE* const pipe = ::popen(command.c_str(), "r");
@@ -36,7 +36,7 @@ Output run(const std::string& command) {
 }
 
 std::string runSuccessfully(const std::string& command) {
-    // What the tool remarks, for example on an empty page, is not to end up between what it reads.
+    // Keeps the tool's warnings, for example about an empty page, out of its output.
     const Output output = run(command + " 2>/dev/null");
     EXPECT_EQ(output.status, 0) << command << "\n" << output.text.substr(0, 1000);
     return output.text;
@@ -73,7 +73,7 @@ double attribute(const std::string& element, const std::string& name) {
     return std::stod(element.substr(value, element.find('"', value) - value));
 }
 
-/// Line by line, each from left to right; words of one line may differ a little in height.
+/// Sorts line by line, each from left to right; the tops of words on one line may differ a little.
 void sortIntoLines(std::vector<PdfWord>& words) {
     std::ranges::stable_sort(words, {},
                              [](const PdfWord& word) { return std::tuple(word.box.page, word.box.top); });
@@ -87,7 +87,7 @@ void sortIntoLines(std::vector<PdfWord>& words) {
     }
 }
 
-/// Where the developer wants to look at what the tests draw, a copy goes there under the test's name.
+/// If BRISKLOG_PICTURES names a folder, keeps a copy there under the test's name for inspection.
 void keepForLooking(const std::filesystem::path& file) {
     const char* const folder = std::getenv("BRISKLOG_PICTURES");
     const auto* const current = testing::UnitTest::GetInstance()->current_test_info();

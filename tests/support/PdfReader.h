@@ -10,7 +10,7 @@
 
 namespace brisklog::test {
 
-/// Where something stands on a page: points from the page's left and top edges.
+/// Where something is on a page, in points from the page's left and top edges.
 struct PdfBox {
     /// Counted from 1.
     int page = 0;
@@ -20,7 +20,7 @@ struct PdfBox {
     double bottom = 0;
 };
 
-/// The first page of A4, in full.
+/// The whole first page of A4.
 inline constexpr PdfBox wholePage{1, 0, 0, a4.width, a4.height};
 
 /// A word as it can be selected and copied.
@@ -39,7 +39,7 @@ struct PdfImage {
     std::string encoding;
 };
 
-/// A page as it is printed.
+/// A rendered page.
 struct PdfPicture {
     double pixelsPerPoint = 1;
     int width = 0;
@@ -47,13 +47,13 @@ struct PdfPicture {
     /// Red, green, blue, row by row from the top.
     std::string pixels;
 
-    /// 0 (black) to 255 (white): the darkest of the three colours.
+    /// 0 (black) to 255 (white): the darkest of the three channels.
     [[nodiscard]] int brightness(int column, int row) const;
-    /// The smallest box, in points, around all that is not white inside `area`; absent when all is white.
+    /// The smallest box, in points, around everything in `area` that is not white; absent when all is white.
     [[nodiscard]] std::optional<PdfBox> inkWithin(const PdfBox& area) const;
 };
 
-/// Reads a document back with the tools a user's viewer is made of.
+/// Reads a document back with command line tools that share their libraries with common viewers.
 class PdfReader {
 public:
     explicit PdfReader(std::string_view bytes);
@@ -61,21 +61,21 @@ public:
     PdfReader(const PdfReader&) = delete;
     PdfReader& operator=(const PdfReader&) = delete;
 
-    /// What a thorough check complains about; empty for a sound document.
+    /// What a thorough check complains about; empty for a valid document.
     [[nodiscard]] std::string complaints() const;
-    /// A line of the document's information, for example "Author"; absent when it has none.
+    /// An item of the document's information, for example "Author"; absent when it has none.
     [[nodiscard]] std::optional<std::string> information(std::string_view name) const;
     [[nodiscard]] int pageCount() const;
     /// All text in the order in which it was drawn, without blanks and line breaks.
     [[nodiscard]] std::string copiedText() const;
 
-    /// All text as one reads it, from the top of a page to its bottom; the one way in which this reader gives
-    /// back words written from right to left.
+    /// All text in reading order, from the top of each page to its bottom; only this gets right-to-left words
+    /// right.
     [[nodiscard]] std::string readText() const;
 
     [[nodiscard]] const std::vector<PdfWord>& words() const { return m_words; }
 
-    /// Words that follow each other on one line. The first place on a page counts.
+    /// The first place on the page where these words follow each other on one line.
     [[nodiscard]] std::optional<PdfBox> find(std::string_view phrase, int page = 1) const;
     [[nodiscard]] std::vector<PdfImage> images() const;
     [[nodiscard]] PdfPicture picture(int page, int dotsPerInch = 144) const;

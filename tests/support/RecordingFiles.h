@@ -81,7 +81,7 @@ public:
         return m_files.remove(path);
     }
 
-    /// Names of the files written, in order, failed tries included; daily copies as "backups/DAY/NAME".
+    /// Names of the files written, in order, including failed attempts; daily copies as "backups/DAY/NAME".
     std::vector<std::string> written;
     bool writesFail = false;
     bool hasHome = true;

@@ -7,7 +7,7 @@
 
 namespace brisklog::test {
 
-/// Remembers what was asked; the test answers when it likes.
+/// Records the requests; the test answers when it likes.
 class RecordingSavePanel final : public SavePanel {
 public:
     void present(const SaveRequest& request, Completion completed) override {

@@ -13,10 +13,10 @@ namespace brisklog::test {
 /// encoded.
 [[nodiscard]] std::string encoded(const QImage& picture, const char* format, int quality = -1);
 
-/// A JPEG file that says it must be turned to be upright; orientations as cameras number them, 1 to 8.
+/// A JPEG file with that Exif orientation (1 to 8).
 [[nodiscard]] std::string turnedJpeg(const QImage& picture, int orientation);
 
-/// A sound JPEG file that comes in a dozen goes, and then goes over the whole picture so many times more.
+/// A valid progressive JPEG file, its last scan repeated that many times more.
 [[nodiscard]] std::string jpegInGoes(int more);
 
 /// A GIF file of 2 × 2 pixels: red, green, blue, transparent.

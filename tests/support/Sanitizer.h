@@ -2,8 +2,8 @@
 
 namespace brisklog::test {
 
-/// Under the address sanitizer freed memory is kept and everything takes several times as long, so that
-/// figures of memory and time say nothing about the program.
+/// The address sanitizer keeps freed memory and makes everything several times slower, so figures of memory
+/// and time say nothing about the program.
 #if defined(__SANITIZE_ADDRESS__)
 inline constexpr bool underSanitizer = true;
 #else

@@ -7,7 +7,7 @@
 
 namespace brisklog::test {
 
-/// Bytes to be stored, cut as given.
+/// Bytes to be stored, in the given parts.
 class DataInParts final : public DataSource {
 public:
     enum class End { complete, givenUp };
@@ -31,7 +31,7 @@ private:
     std::size_t m_position = 0;
 };
 
-/// Replaces everything from that byte on by a tail that is at hand.
+/// Replaces everything from that byte on with `tail`.
 inline bool replaceTail(LargeValueStore& store, std::string_view key, std::size_t from,
                         std::string_view tail) {
     DataAtHand data(tail);

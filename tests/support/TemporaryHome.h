@@ -5,8 +5,8 @@
 
 namespace brisklog::test {
 
-/// A home of its own, on the real disk, with all XDG folders inside; HOME and the XDG variables point there
-/// until it is removed with everything in it.
+/// A temporary home on the real disk, with all XDG folders inside. HOME and the XDG variables point there; in
+/// the end it is removed with everything in it.
 class TemporaryHome {
 public:
     TemporaryHome();
@@ -28,13 +28,13 @@ private:
     std::filesystem::path m_path;
 };
 
-/// Writes a file, making its folders; for laying out what a test starts from.
+/// Writes a file, making its folders; for setting up what a test starts from.
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 
 /// All bytes of a file; fails the test when it cannot be read.
 [[nodiscard]] std::string readFile(const std::filesystem::path& path);
 
-/// Who may do what with a file, as chmod counts.
+/// A file's permission bits.
 [[nodiscard]] unsigned modeOf(const std::filesystem::path& path);
 
 } // namespace brisklog::test

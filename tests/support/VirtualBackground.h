@@ -13,20 +13,19 @@ public:
     [[nodiscard]] std::unique_ptr<BackgroundTask> run(std::function<void()> work,
                                                       std::function<void()> finished) override;
 
-    /// Does the work that has waited longest, and hands it over unless it is given up meanwhile; false when
-    /// nothing waits.
+    /// Does the oldest waiting work and hands it over; false when none is waiting.
     bool runNext();
 
     void runAll();
 
-    /// Does the work that has waited longest but keeps it back: it is handed over at the next `deliver`.
+    /// Does the oldest waiting work but holds it back until `deliver`.
     void workOnly();
     void deliver();
 
-    /// How much waits that nobody has given up.
+    /// How many assignments are waiting and not given up.
     [[nodiscard]] std::size_t waiting() const;
 
-    /// How much was begun so far.
+    /// How many assignments have been begun so far.
     std::size_t begun = 0;
 
 private:
@@ -39,7 +38,7 @@ private:
 
     [[nodiscard]] std::shared_ptr<Assignment> next();
 
-    /// A task that is destroyed takes its assignment along.
+    /// Owned by their tasks: destroying a task gives up its assignment.
     std::deque<std::weak_ptr<Assignment>> m_waiting;
     std::weak_ptr<Assignment> m_done;
 };

@@ -8,7 +8,7 @@
 
 namespace brisklog::test {
 
-/// A run loop without waiting: `advance` moves the clock and fires what falls due, in the order of time.
+/// A run loop without waiting: `advance` moves the clock and fires what falls due, in chronological order.
 class VirtualRunLoop final : public RunLoop {
 public:
     explicit VirtualRunLoop(FakeClock& clock) : m_clock(clock) {}
@@ -25,7 +25,7 @@ public:
 private:
     struct Entry {
         Date due;
-        /// 0 fires once.
+        /// 0 for a timer that fires once.
         TimeInterval interval;
         std::function<void()> action;
     };

@@ -4,8 +4,7 @@
 
 namespace brisklog {
 
-/// Lets a test put the store into a state straight away, also into one that no operation leads to. Nothing is
-/// saved.
+/// Lets a test set the store's state directly, even to one that no operation leads to. Nothing is saved.
 template <class T>
 Published<T>& writable(TimeTrackingStore::Owned<T>& value) {
     return value;

@@ -6,7 +6,7 @@
 
 namespace brisklog::test {
 
-/// Counts how often a widget is painted while this lives.
+/// Counts how often a widget is painted during this object's lifetime.
 class PaintCounter final : public QObject {
 public:
     explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }

@@ -16,7 +16,7 @@
 namespace brisklog::test {
 namespace {
 
-/// One application for the process, as the toolkit demands. It ends before the toolkit's own globals do.
+/// The one application per process that the toolkit demands. It ends before the toolkit's own globals do.
 class Application final : public ::testing::Environment {
 public:
     static Application& registered() {

@@ -10,34 +10,34 @@
 
 namespace brisklog::test {
 
-/// The ground every test with widgets stands on: an application on the offscreen platform with our look in
-/// the light scheme and without motion. Nothing is read from or written to the user's home.
+/// Base of every test with widgets: an application on the offscreen platform with our look, in the light
+/// scheme and without motion. Nothing is read from or written to the user's home.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest();
 };
 
-/// Shows the widget as the active window and lets everything pending happen.
+/// Shows the widget as the active window and processes everything pending.
 void showActive(QWidget& widget);
 
-/// Lets queued announcements, layouts and paints happen.
+/// Processes queued announcements, layouts and paints.
 void settle();
 
 /// Moves the pointer over the widget, or away from it.
 void hover(QWidget& widget);
 void unhover(QWidget& widget);
 
-/// The name a screen reader says, as the toolkit gives it.
+/// The name a screen reader says, as the toolkit provides it.
 [[nodiscard]] QString accessibleNameOf(const QWidget& widget);
 
-/// What the widget looks like at that pixel ratio, on the ground of its window.
+/// What the widget looks like at that pixel ratio, on its window's background.
 [[nodiscard]] QImage picture(QWidget& widget, qreal devicePixelRatio = 1);
 
 /// Whether two colours differ by no more than the rounding of blended channels.
 [[nodiscard]] bool looksLike(const QColor& first, const QColor& second);
 
-/// The first descendant of that type that a screen reader would call by this name; null without one. Hidden
-/// ones count.
+/// The first descendant of that type that a screen reader would call by this name, hidden ones included; null
+/// when there is none.
 template <class T>
 [[nodiscard]] T* findNamed(QWidget& root, const QString& name) {
     for (QWidget* child : root.findChildren<QWidget*>())

@@ -6,7 +6,7 @@
 
 namespace brisklog::test {
 
-/// The windows of that type on the screen, the oldest first.
+/// The windows of that type on the screen, oldest first.
 template <class Window>
 [[nodiscard]] std::vector<Window*> visibleWindows() {
     std::vector<Window*> windows;
