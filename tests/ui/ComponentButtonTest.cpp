@@ -24,7 +24,7 @@ namespace {
 
 class ComponentButton : public ScreenTest {
 protected:
-    /// The ground of a button, beside its text.
+    /// The background of a button, beside its text.
     static QColor groundOf(QWidget& button) {
         button.resize(button.sizeHint());
         return picture(button).pixelColor(6, button.height() / 2);

@@ -57,7 +57,7 @@ TEST_F(ComponentMenu, startsAtTheCheckedRow) {
     EXPECT_EQ(currentRow(open(content)), 1);
 }
 
-/// The names of everything a screen reader finds from there.
+/// The names of everything a screen reader finds from `root` down.
 QStringList namesUnder(const QAccessibleInterface& root) {
     QStringList names{root.text(QAccessible::Name)};
     for (int i = 0; i < root.childCount(); ++i)

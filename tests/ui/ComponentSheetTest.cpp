@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog::test {
 namespace {
 
-/// Counts who holds it open and how often it got the focus back.
+/// Counts how many hold it open and how often it got the focus back.
 class RecordingHost final : public QWidget, public SheetHost {
 public:
     RecordingHost() { resize(370, 650); }
@@ -69,7 +69,7 @@ protected:
         return shown;
     }
 
-    /// The sheet's own once it is presented.
+    /// The sheet owns these once it is presented.
     void makeControls() {
         first = new TextField(u"Projektname eingeben"_s);
         second = new TextArea;
@@ -115,7 +115,7 @@ TEST_F(ComponentSheet, itsWindowIsGoneBeforeTheFocusComesBackHoweverTheUserClose
 }
 
 TEST_F(ComponentSheet, letsTheProgramEndWhileItIsOpen) {
-    // Quitting closes all windows and is given up when one refuses.
+    // Quitting closes all windows and is aborted when one refuses.
     EXPECT_TRUE(present().close());
 }
 

@@ -14,7 +14,7 @@ namespace {
 constexpr double textContrast = 4.5;
 constexpr double shapeContrast = 3.0;
 
-/// A colour on what it lies on, from the ground upwards.
+/// A colour over the layers below it, listed from the ground upwards.
 struct Pair {
     const char* name;
     QColor above;

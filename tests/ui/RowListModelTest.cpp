@@ -37,8 +37,8 @@ public:
 
 class RowListModelTest : public testing::Test {
 protected:
-    /// Goes from one list to the next, and says what a view would hear: "+1-2" for rows that came, "-0-0" for
-    /// rows that went, "!" for a list to be read anew.
+    /// Replaces one list with the next and returns what a view would be told: "+1-2" for rows inserted,
+    /// "-0-0" for rows removed, "!" for a reset.
     std::string heard(const std::string& before, const std::string& now) {
         Letters model;
         model.take(before);
