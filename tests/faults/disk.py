@@ -1,4 +1,4 @@
-"""The disk is full, or may only be read: the files keep what they had, the program goes on, and saves once it can."""
+"""The disk is full or read-only: the files keep their content, the program keeps running, and saves once it can."""
 
 import os
 import resource
@@ -12,7 +12,7 @@ from tally import PROJECTS, check_kept, main, opened, record_one, run_as_root, w
 
 @contextmanager
 def own_disk(kilobytes):
-    """A disk of its own under the documents folder; gives whether that was allowed here."""
+    """Mounts a separate disk on the documents folder; yields whether that is allowed here."""
     DOCUMENTS.mkdir(parents=True, exist_ok=True)
     mounted = run_as_root("mount", "-t", "tmpfs", "-o", f"size={kilobytes}k", "tmpfs", str(DOCUMENTS))
     try:
@@ -23,14 +23,14 @@ def own_disk(kilobytes):
 
 
 def check_fault(desktop, program, tally, begin, end):
-    """Records entries until one cannot be saved, and another one after the fault: then all of them are there."""
+    """Records entries until one cannot be saved, and one more after the fault: then all of them are in the file."""
     record_one(desktop)
     begin()
     said = len(output())
     recorded = 1
     # What still fits into the file's last block is saved even on a full disk.
     while "Error saving projects: " not in output()[said:]:
-        assert recorded < 25, "the fault must be told"
+        assert recorded < 25, "the fault must be reported"
         whole = PROJECTS.read_bytes()
         record_one(desktop)
         recorded += 1
@@ -88,7 +88,7 @@ def documents_may_only_be_read(path, desktop, tally):
 
 
 def state_folder_may_not_be_written(path, desktop, tally):
-    """Only the safety copies suffer: one line, and the work goes on."""
+    """Only the safety copies fail, with one line; everything else works."""
     write_projects(20)
     copies = HOME / ".local/state/brisklog/backups"
     shutil.rmtree(copies, ignore_errors=True)

@@ -15,13 +15,13 @@ PROFILE = HOME / ".local/share/Pennavo/profile.json"
 
 
 def gesture_into_the_void(action):
-    """Nobody may be left to answer."""
+    """The program may be gone before it answers."""
     with contextlib.suppress(Exception):
         action.doAction(0)
 
 
 def kill_while_stopping(path, desktop, tally, longest):
-    """Stops three timers one after the other; the kill comes up to `longest` seconds after one of the gestures."""
+    """Stops three timers one after another; the kill comes up to `longest` seconds after one of these gestures."""
     before = len(read_entries())
     program = opened(path, desktop)
     start_timers(desktop, 3)
@@ -29,7 +29,7 @@ def kill_while_stopping(path, desktop, tally, longest):
     for stopped in range(acknowledged):
         stop_timer(desktop)
         wait_until(lambda stopped=stopped: len(stop_buttons(desktop)) == 2 - stopped, "the stopped timer to go")
-    # The gesture is on its way when the blow falls.
+    # The gesture is still under way when the program is killed.
     threading.Thread(target=gesture_into_the_void, args=[stop_buttons(desktop)[0].queryAction()], daemon=True).start()
     time.sleep(random.uniform(0, longest))
     program.kill()
@@ -57,7 +57,7 @@ def killed_while_25_megabytes_are_saved(path, desktop, tally):
 
 
 def killed_while_every_keystroke_is_saved(path, desktop, tally):
-    """What the form shows was written before it was shown."""
+    """Whatever the form shows must already be in the file."""
     for round_number in range(100 if is_long() else 4):
         program = opened(path, desktop)
         desktop.press_named("Profil")

@@ -11,7 +11,7 @@ from tally import PROJECTS, check_kept, is_long, main, opened, read_entries, rec
 
 
 def processes_called(name):
-    """Of this desktop alone: all its processes carry its mark."""
+    """Only those of this desktop, which all carry its mark."""
     mark = f"BRISKLOG_DESKTOP={os.environ['BRISKLOG_DESKTOP']}".encode()
     found = []
     for folder in Path("/proc").glob("[0-9]*"):
@@ -24,7 +24,7 @@ def processes_called(name):
 
 
 def second_starts_under_load(path, desktop, tally):
-    """However many start at once while the machine is busy: one runs, the others end well."""
+    """However many start at once while the machine is busy: one runs, the others exit successfully."""
     write_projects(20)
     busy = [subprocess.Popen(["sh", "-c", "while :; do :; done"]) for _ in range(4)]
     try:
@@ -44,7 +44,7 @@ def second_starts_under_load(path, desktop, tally):
 
 
 def first_starts_at_once(path, desktop, tally):
-    """Nobody knows which is first: exactly one stays."""
+    """Whichever is first, exactly one keeps running."""
     write_projects(20)
     for _ in range(20 if is_long() else 2):
         starts = [subprocess.Popen([path], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) for _ in range(6)]
@@ -58,7 +58,7 @@ def first_starts_at_once(path, desktop, tally):
 
 
 def killed_one_still_has_the_lock(path, desktop, tally):
-    """A killed process finishes its last write, and nobody reads the files before; the next start waits for that."""
+    """A killed process holds the lock until its last write is done; the next start waits for that before it reads the files."""
     write_projects(20)
     opened(path, desktop).kill()
     held = subprocess.Popen(["flock", "--exclusive", LOCK, "sleep", "1"])
@@ -90,7 +90,7 @@ def panel_restarts(path, desktop, tally):
 
 
 def toggled(desktop):
-    """Opens the popover by its icon; the panel may not have drawn that yet."""
+    """Clicks the icon while the popover is closed; whether it is open then. The panel may not have drawn the icon yet."""
     if not desktop.popover_is_open():
         desktop.click_icon()
         time.sleep(0.5)
@@ -98,7 +98,7 @@ def toggled(desktop):
 
 
 def session_bus_dies(path, desktop, tally):
-    """The popover is open; whoever types in it goes on working. Nothing else can be asked then, so the file tells."""
+    """Typing in the open popover still works. Without a bus the screen cannot be queried, so the file is checked."""
     write_projects(20)
     program = opened(path, desktop)
     record_one(desktop)
@@ -112,7 +112,7 @@ def session_bus_dies(path, desktop, tally):
     desktop.press("Return")
     wait_until(lambda: PROJECTS.stat().st_mtime_ns != before, "the save without a bus")
     check_kept(tally, 21)
-    assert subprocess.run([path], capture_output=True, timeout=20).returncode != 0, "the second start says that it failed"
+    assert subprocess.run([path], capture_output=True, timeout=20).returncode != 0, "the second start must report that it failed"
     assert program.is_running()
 
 

@@ -1,4 +1,4 @@
-"""What the fault tests have in common: counting, a home with a past, gestures that change something."""
+"""Shared by the fault tests: counting, a home with recorded entries, gestures that change something."""
 
 import json
 import os
@@ -38,14 +38,14 @@ def entry(number):
 
 
 def write_projects(entry_count):
-    """A project with so many entries; 85,000 of them are a file of 25 MB."""
+    """Writes a project with that many entries; 85,000 of them make a file of 25 MB."""
     DOCUMENTS.mkdir(parents=True, exist_ok=True)
     project = {"id": PROJECT_ID, "name": "Website", "hourlyRate": 85.5, "entries": [entry(n) for n in range(entry_count)]}
     PROJECTS.write_text(json.dumps([project], indent=2), encoding="utf-8")
 
 
 def read_entries():
-    """The recorded entries; none at all when the file is torn."""
+    """The recorded entries; None when the file is torn."""
     try:
         return json.loads(PROJECTS.read_text(encoding="utf-8"))[0]["entries"]
     except ValueError:
@@ -53,7 +53,7 @@ def read_entries():
 
 
 def opened(path, desktop, **environment):
-    """The program with its popover open and the keyboard in the task's field."""
+    """Starts the program and opens its popover, with the focus in the task field."""
     program = Program(path, **environment)
     desktop.wait_for_icon()
     desktop.open_popover()
@@ -66,7 +66,7 @@ def stop_buttons(desktop):
 
 
 def start_timers(desktop, count):
-    """Each is one save of the projects file."""
+    """Each start saves the projects file once."""
     for number in range(count):
         desktop.type(f"Aufgabe {number}")
         desktop.press("Return")
@@ -79,14 +79,14 @@ def stop_timer(desktop):
 
 
 def record_one(desktop):
-    """One more entry; returns once the user sees that it was recorded."""
+    """Records one more entry; returns once the user can see that it was recorded."""
     start_timers(desktop, 1)
     stop_timer(desktop)
     wait_until(lambda: not stop_buttons(desktop), "the stopped timer to go")
 
 
 def check_kept(tally, count):
-    """So many entries must be in a file that can be read."""
+    """Counts a torn file, and the entries missing from the expected number."""
     kept = read_entries()
     tally.torn += kept is None
     tally.lost += count - len(kept or [])

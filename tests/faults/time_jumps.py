@@ -30,7 +30,7 @@ def clock_that_can_be_set(monotonic):
 
 
 def check_jump(desktop, program, tally, jump, hours):
-    """One timer over the jump: exactly one entry more, as long as the clock says, and the others as they were."""
+    """Runs a timer across the jump: exactly one new entry, as long as the clock says, and the others unchanged."""
     before = read_entries()
     start_timers(desktop, 1)
     jump()
@@ -55,7 +55,7 @@ def clock_set(path, desktop, tally):
 
 
 def machine_slept(path, desktop, tally):
-    """All clocks jump at once, as after a night in the bag."""
+    """All clocks jump at once, as after a night of suspension."""
     write_projects(20)
     program = opened(path, desktop, **clock_that_can_be_set(monotonic=True))
     check_jump(desktop, program, tally, lambda: set_clock(8 * HOUR), 8)
@@ -74,18 +74,18 @@ def process_stood_still(path, desktop, tally):
 
 
 def travel_to(zone):
-    """As desktops change the zone of the system."""
+    """Changes the system's time zone as desktops do."""
     link = ETC / "localtime.new"
     link.symlink_to(f"/usr/share/zoneinfo/{zone}")
     link.replace(ETC / "localtime")
 
 
 def traveller(path):
-    """A script that runs the program in a system whose zone can be changed; none where that is not allowed."""
+    """A script that runs the program with its own /etc, where the time zone can be changed; None where that is not allowed."""
     apart = ["unshare", "--user", "--map-root-user", "--mount"]
     if subprocess.run([*apart, "true"], capture_output=True).returncode != 0:
         return None
-    with suppress(shutil.Error):  # what only the administrator may read
+    with suppress(shutil.Error):  # files that only root may read
         shutil.copytree("/etc", ETC, symlinks=True)
     script = HOME / "traveller"
     script.write_text(f"""#!/bin/sh
@@ -103,7 +103,7 @@ def early_in_a_minute():
 
 
 def zone_changed(path, desktop, tally):
-    """Moments already on the screen are shown as clocks of the new place show them."""
+    """Times already on the screen change to the new time zone."""
     script = traveller(path)
     if script is None:
         print("zone changed: a system of its own is not allowed here")
