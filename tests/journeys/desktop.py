@@ -1,5 +1,5 @@
-"""The user of the journeys: starts the program on the desktop this runs on, sees it through the screen reader's
-interface, and acts with the mouse and the keyboard."""
+"""The user of the journeys: starts the program on the current desktop, sees it through the accessibility interface, and
+acts with the mouse and the keyboard."""
 
 import json
 import os
@@ -39,7 +39,7 @@ def read_json(name):
 
 
 def status_items():
-    """What the panel's watcher knows of."""
+    """The status items registered with the panel's watcher."""
     answer = subprocess.run(["dbus-send", "--session", "--print-reply", "--reply-timeout=2000", "--dest=org.kde.StatusNotifierWatcher",
                              "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties.Get",
                              "string:org.kde.StatusNotifierWatcher", "string:RegisteredStatusNotifierItems"],
@@ -71,7 +71,7 @@ class Program:
         return wait_until(lambda: None if self.is_running() else (self.process.returncode,), "the program's end")[0]
 
     def kill(self):
-        """It keeps its lock until the write it had begun is done; whoever reads the files waits for that."""
+        """The killed process keeps its lock until the write it had begun is done; the files must not be read before that."""
         self.process.send_signal(signal.SIGKILL)
         self.process.wait()
         subprocess.run(["flock", "--exclusive", LOCK, "true"], check=True, timeout=10)
@@ -137,7 +137,7 @@ class Desktop:
                 return
             if predicate(node):
                 found.append(node)
-            # Of a long list the first rows are enough: asking for each costs a call.
+            # Of a long list the first rows are enough: each costs a call over the bus.
             for index in range(min(node.childCount, 40)):
                 child = node.getChildAtIndex(index)
                 if child is not None:
@@ -156,7 +156,7 @@ class Desktop:
         return wait_until(look, f"something called {name!r}", seconds)[-1]
 
     def all_anywhere(self, name, role):
-        """All of that name in their order, also what would have to be scrolled into view."""
+        """All controls of that name in order, including those scrolled out of view."""
         return wait_until(lambda: self.all_visible(lambda node: node.name == name and node.getRole() == role),
                           f"something called {name!r}")
 
@@ -180,7 +180,7 @@ class Desktop:
         wait_until(self.popover_is_open, "the popover")
 
     def screenshot(self, name):
-        time.sleep(0.25)  # an arriving sheet has come to rest
+        time.sleep(0.25)  # until an arriving sheet has come to rest
         command("import", "-window", "root", str(self.results / f"{name}.png"))
 
     def wait_for_icon(self):
@@ -190,7 +190,7 @@ class Desktop:
         self.wait_for_drawn_icon()
 
     def wait_for_drawn_icon(self):
-        time.sleep(0.4)  # that of a process just ended goes first
+        time.sleep(0.4)  # until the icon of a process that has just ended is gone
         wait_until(lambda: self.colours_around(self.icon) > 1, "the panel to draw the icon")
 
     @staticmethod
@@ -204,13 +204,13 @@ def describe_failure(desktop):
     print("Runs:", [run.is_running() for run in Program.runs], file=sys.stderr)
     print("The program said:", output(), file=sys.stderr)
     print("Status items:", status_items(), file=sys.stderr)
-    # The shortest and most telling part stands next to what was waited for.
+    # The shortest and most telling part comes last, next to what was waited for.
     print("The popover is open:", desktop.popover_is_open(), file=sys.stderr)
     print("On the screen:", desktop.names(), file=sys.stderr)
 
 
 def main(journey):
-    """Runs the journey; on failure says what the user saw last."""
+    """Runs the journey; on failure prints what the user saw last."""
     program_path, results = sys.argv[1:]
     desktop = Desktop(results)
     try:

@@ -15,14 +15,14 @@ def focused(desktop):
 
 
 def tab_to(desktop, name, key="Tab", most=40):
-    """Presses the key until the control of that name has the focus; says where it came by."""
+    """Presses the key until the control of that name has the focus; fails with the names passed on the way."""
     way = []
     for _ in range(most):
         if focused(desktop) == name:
             return
         desktop.press(key)
         way.append(focused(desktop))
-    raise AssertionError(f"{name!r} is not reached with {key}; the way was {way}")
+    raise AssertionError(f"{name!r} is not reached with {key}, only {way}")
 
 
 def choose_section(desktop, name):

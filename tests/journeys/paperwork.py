@@ -40,7 +40,7 @@ def write_pictures():
 
 
 def give_focus(desktop, name, role):
-    """What gets the focus is scrolled into view. Of several with one name it is the first."""
+    """Focuses the first control of that name, which also scrolls it into view."""
     node = desktop.all_anywhere(name, role)[0]
     node.queryComponent().grabFocus()
     wait_until(lambda: node.getState().contains(pyatspi.STATE_FOCUSED), f"the focus in {name}")
@@ -53,7 +53,7 @@ def fill_in(desktop, field, text):
     desktop.press("ctrl+a")
     if text.isascii():
         desktop.type(text)
-    else:  # the X server has no key for these; a screen reader writes them in one go
+    else:  # the X server has no keys for these; the accessibility interface sets the whole text
         node.queryEditableText().setTextContents(text)
 
 

@@ -1,5 +1,5 @@
-"""What the day was spent on: three windows come to the front, and the day's window tells for how long. Then the
-dashboard over a month of work, and all of it in dark."""
+"""What the day was spent on: three windows come to the front, and the day's window shows for how long. Then the
+dashboard over a month of work, and all of it in the dark scheme."""
 
 import json
 import re
@@ -12,7 +12,7 @@ from desktop import DOCUMENTS, Program, command, main, wait_until
 WINDOWS = {"xfontsel": ["xfontsel"], "viewres": ["viewres"], "xfd": ["xfd", "-fn", "fixed"]}
 
 
-REFERENCE = 978307200  # 1 January 2001, from which the files count
+REFERENCE = 978307200  # 1 January 2001, from which times in the files count
 PROJECT = "5C0E4A44-2B1D-4B0E-9C39-0D5B0B6F0001"
 
 

@@ -31,7 +31,7 @@ def journey(program_path, desktop):
     desktop.press("Escape")
     wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
 
-    assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start ends well"
+    assert subprocess.run([program_path], timeout=10).returncode == 0, "a second start exits successfully"
     wait_until(desktop.popover_is_open, "the second start to open the first one's popover")
     assert program.is_running()
     with_a_frame_misread(desktop)
@@ -39,12 +39,12 @@ def journey(program_path, desktop):
 
 
 def with_a_frame_misread(desktop):
-    """A window manager's frame is 1 × 1 until it is placed, and may be asked for just then: a press in the popover
-    must not count as one outside of it."""
+    """A window manager's frame is 1 × 1 until it is placed, and may be queried at that moment: a press inside the
+    popover must not count as one outside."""
     [window] = desktop.windows()
     smaller = ", ".join(["0", str(2**32 - 369), "0", str(2**32 - 649)])
     command("xprop", "-id", window, "-f", "_NET_FRAME_EXTENTS", "32c", "-set", "_NET_FRAME_EXTENTS", smaller)
-    command("xdotool", "windowmove", "--relative", window, "-4", "0")  # with a move it is read again
+    command("xdotool", "windowmove", "--relative", window, "-4", "0")  # a move makes the program read it again
     time.sleep(0.3)
     desktop.press_named("Profil")
     desktop.find("Kontaktdaten")
@@ -52,7 +52,7 @@ def with_a_frame_misread(desktop):
 
 
 def without_its_panel(program_path, desktop):
-    """Once the panel is gone, a second start gives a window that can end the program."""
+    """Once the panel is gone, a second start opens a window from which the program can be ended."""
     desktop.press("Escape")
     wait_until(lambda: not desktop.popover_is_open(), "Escape to close the popover")
     panel = subprocess.run(["xdotool", "search", "--class", "trayer", "getwindowpid"], capture_output=True, text=True)

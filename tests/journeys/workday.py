@@ -70,7 +70,7 @@ def two_timers(desktop):
     assert entries() == [], "a running timer is no entry"
     time.sleep(1.2)
     desktop.screenshot("04-two-timers")
-    desktop.press_named("Pausieren")  # of the timer found last: the call
+    desktop.press_named("Pausieren")  # of the timer found last, which is the phone call
     desktop.find("Fortsetzen")
     desktop.screenshot("05-paused")
     desktop.press_named("Fortsetzen")
@@ -119,7 +119,7 @@ def quit_with_running_timer(desktop, program):
 
 
 def make_long_entries():
-    """Makes the recorded seconds into the hours of a real day, as a user's file would hold them."""
+    """Stretches the recorded seconds to the hours that a real day would have left in the file."""
     projects = read_json("projects.json")
     begin = 816422400.0  # 15 November 2026, 08:00 UTC
     for project in projects:
@@ -231,7 +231,7 @@ def check_positions(words):
     assert abs(left("Rechnung") - 50) < 0.5 + 1, "side bearing of the title's first letter included"
     assert abs(left("Beschreibung") - 50) < 1.5
     assert abs(left("Rechnungsnummer:") - (50 + content * 0.67)) < 1.5
-    # The columns of figures and their headings end where their columns end.
+    # Figures and their headings are right-aligned in their columns.
     assert abs(right("Dauer") - (50 + content * 0.65)) < 1
     assert abs(right("Stundensatz") - (50 + content * 0.80)) < 1
     assert abs(right("Betrag") - (50 + content * 0.95)) < 1
