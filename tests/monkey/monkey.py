@@ -1,4 +1,4 @@
-"""Somebody who clicks and types without sense: no crash, no hang, not a line on standard error, files that can be read.
+"""A user who clicks and types at random: no crash, no hang, nothing on standard error, and files that can be read.
 
 usage: monkey.py PROGRAM RESULTS SECONDS SEED    (tests/monkey/run calls it on a virtual desktop)"""
 
@@ -78,13 +78,13 @@ class Monkey:
         self.gestures += 1
 
     def check_alive(self):
-        """It may have been asked to end; then it ends well and is started again."""
+        """The program may have been asked to quit; then it must have exited successfully, and is started again."""
         if self.process.poll() is not None:
             assert self.process.returncode == 0, f"ended with {self.process.returncode}"
             self.start()
 
     def check_answers(self):
-        """A second start makes the first one answer and open itself."""
+        """A second start makes the running program answer and open its popover."""
         subprocess.run([self.path], stdout=subprocess.DEVNULL, stderr=self.errors, timeout=10, check=True)
 
     def check_files(self):
