@@ -1,6 +1,6 @@
 // What the archive costs: 2,000 invoices over 20,000 entries, and ten times that.
 // the list            what the sheet knows when it opens: at most 15 times a bare copy of the invoices,
-// all details         the sums of every single invoice, written out: at most 6 times one bare index of the
+// all details         the sums of every invoice, formatted: at most 6 times one bare index of the
 //                     entries and one look-up for every id; going through all entries for each invoice would
 //                     take hundreds of times as long,
 // the sheet           made, shown and painted: at most 50 ms at 2,000 invoices, beside an empty sheet.
@@ -34,7 +34,7 @@ constexpr int entriesPerInvoice = 10;
 constexpr TimeInterval hour = 3600;
 constexpr TimeInterval day = 24 * hour;
 
-/// An archive of so many invoices, one every other day, each over ten entries of several projects.
+/// An archive of that many invoices, one every other day, each for ten entries of several projects.
 struct Archive {
     explicit Archive(std::int64_t invoiceCount) {
         writable(store.projects) = std::vector<Project>(projectCount);

@@ -9,10 +9,11 @@
 
 namespace brisklog::bench {
 
-/// Always the same row of identifiers: the system's random source would take longer than what is measured.
+/// Always the same sequence of identifiers: the system's random source would take longer than what is
+/// measured.
 [[nodiscard]] Uuid nextId();
 
-/// Entries of ten minutes to two hours, one after the other over 20 projects, with names as people give them.
+/// Entries of ten minutes to two hours, one after another across 20 projects, with realistic names.
 [[nodiscard]] std::vector<Project> workHistory(std::int64_t entryCount);
 
 // Applications used

@@ -5,13 +5,13 @@
 
 namespace brisklog::bench {
 
-/// Prints nothing, for the terminal would be measured too.
+/// Prints nothing, because the terminal would be measured too.
 class SilentLog final : public Log {
 public:
     void print(std::string_view /*line*/) override {}
 };
 
-/// Time does not pass while something is measured.
+/// No timer fires while something is measured.
 class IdleRunLoop final : public RunLoop {
 public:
     std::unique_ptr<Timer> repeatEvery(TimeInterval, std::function<void()>) override { return nullptr; }

@@ -1,5 +1,5 @@
-// What writing an invoice costs: 5 ms for an ordinary one, 250 ms and 40 MB for the longest anybody will
-// write. Beside it what the table's cells alone cost when they are drawn the plain way.
+// What writing an invoice costs: at most 5 ms for an ordinary one, 250 ms and 40 MB for the longest anybody
+// will write; compared with the table's cells alone, drawn the plain way.
 
 #include "bench/PlainTable.h"
 #include "invoice/InvoiceTable.h"
@@ -56,7 +56,7 @@ std::vector<TimeEntry> entries(std::int64_t count) {
     return entries;
 }
 
-/// The most memory this process ever held, in megabytes.
+/// This process's peak memory, in megabytes.
 double peakMemory() {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;)
@@ -77,7 +77,7 @@ void writeInvoice(benchmark::State& state) {
                              .invoiceNumber = "RE-2026-0042",
                              .selectedEntries = entries(1),
                              .additionalNotes = "Leistungszeitraum: 1. bis 14. November 2026."};
-    // The fonts are found once in the program's life.
+    // Fonts are looked up only once per process.
     benchmark::DoNotOptimize(invoice.generate(document));
     document.selectedEntries = entries(state.range(0));
     const double before = peakMemory();

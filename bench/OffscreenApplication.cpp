@@ -13,7 +13,7 @@ QApplication& offscreenApplication() {
     static std::string name = "brisklog-bench";
     static std::array<char*, 2> arguments{name.data(), nullptr};
     static int count = 1;
-    // Never destroyed: the toolkit does not like to go after the benchmarks' own globals.
+    // Never destroyed: the toolkit must not be destroyed after the benchmarks' own globals.
     static QApplication* const application = [] {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         auto* const created = new QApplication(count, arguments.data());

@@ -1,5 +1,5 @@
 // What opening the logo picker in a folder of 5,000 photographs costs, from the click to the first screen.
-// listing              at most 10 times reading the bare names; the rest is the German order
+// listing              at most 10 times reading the bare names; the rest is sorting in German order
 // names on the screen  at most 100 ms
 // pictures too         at most as long as decoding the same ones one after another without scaling
 
@@ -28,7 +28,7 @@ using namespace bench;
 namespace fs = std::filesystem;
 
 constexpr int fileCount = 5000;
-/// How many tiles are seen at first, the row at the lower edge included.
+/// How many tiles are visible at first, including the row at the lower edge.
 constexpr int seenAtFirst = 16;
 
 QImage photograph(int number) {

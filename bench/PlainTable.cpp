@@ -60,7 +60,7 @@ std::size_t writeTable(PangoFontMap* fonts, const std::vector<PlainRow>& rows) {
 void timePlainTable(benchmark::State& state, const std::vector<PlainRow>& rows) {
     PangoFontMap* const fonts = pango_cairo_font_map_new();
     pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(fonts), pointsPerInch);
-    // The fonts are found once in a program's life.
+    // Fonts are looked up only once per process.
     benchmark::DoNotOptimize(writeTable(fonts, {{"x"}}));
     for (auto _ : state)
         benchmark::DoNotOptimize(writeTable(fonts, rows));

@@ -8,8 +8,8 @@ namespace brisklog::bench {
 
 using PlainRow = std::vector<std::string>;
 
-/// Times how long these cells take, side by side and row under row, with nothing but Cairo and Pango as their
-/// manuals show it: what a document of these texts costs a program that does no more.
+/// Times drawing a table of these cells with nothing but Cairo and Pango, as their manuals show it: what a
+/// document of these texts costs a program that does no more.
 void timePlainTable(benchmark::State& state, const std::vector<PlainRow>& rows);
 
 } // namespace brisklog::bench

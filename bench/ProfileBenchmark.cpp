@@ -1,7 +1,7 @@
-// What a keystroke in the profile costs: each writes the whole file. Beside it the bare write of the same
-// bytes.
-// keeping a letter    at most 15 times the bare write: encoding, looking after the folder, reserving room
-// typing a letter     at most 1 ms with the form read and painted anew, so that nobody feels it
+// What a keystroke in the profile costs, each of which writes the whole file, compared with the bare write of
+// the same bytes.
+// keeping a letter    at most 15 times the bare write: encoding, checking the folder, reserving space
+// typing a letter     at most 1 ms with the form read and painted anew, too short to be noticed
 
 #include "OffscreenApplication.h"
 #include "bench/IdlePlatform.h"
@@ -26,7 +26,7 @@ namespace {
 using namespace bench;
 namespace fs = std::filesystem;
 
-/// A filled-in profile in a home of its own.
+/// A filled-in profile in a temporary home.
 struct Desk {
     Desk() {
         std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
@@ -77,7 +77,7 @@ void writeSameBytes(benchmark::State& state) {
     }
 }
 
-/// The key goes down, the profile and its file change, the form is read and painted anew.
+/// A key press changes the profile and its file, and the form is read and painted anew.
 void typeLetter(benchmark::State& state) {
     offscreenApplication();
     Desk desk;

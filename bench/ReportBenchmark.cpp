@@ -37,7 +37,7 @@ void writeReport(benchmark::State& state) {
     sender.iban = "DE89 3704 0044 0532 0130 00";
     const InvoiceGenerator report(pdf, sender, Calendar(QTimeZone("Europe/Berlin")), now);
     const Project project = projectOf(state.range(0));
-    // The fonts are found once in the program's life.
+    // Fonts are looked up only once per process.
     benchmark::DoNotOptimize(report.generate(projectOf(1)));
     std::size_t bytes = 0;
     for (auto _ : state)

@@ -1,6 +1,6 @@
-// What keeping everything in whole files costs, each beside the least that the same bytes can cost:
-// reading     at most 1.5 times a pass of the bare reader that keeps nothing,
-// saving      at most 1.5 times the bare writer given the same tokens, and one bare write,
+// What keeping everything in whole files costs, compared with the least that the same bytes can cost:
+// reading     at most 1.5 times one pass of the bare reader, which keeps nothing,
+// saving      at most 1.5 times the bare writer with the same tokens plus one bare write,
 // stopping    a timer among 100,000 entries at most 60 ms where the bare write takes 22.
 
 #include "bench/Histories.h"
@@ -30,7 +30,7 @@ std::string bytesOf(const std::vector<Project>& projects) {
     return std::string(json::encode(projects, json::Layout::pretty).value().bytes());
 }
 
-// A home of our own
+// A temporary home
 
 struct Home {
     fs::path path;

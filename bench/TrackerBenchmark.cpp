@@ -1,7 +1,9 @@
-// What a long record of used applications costs: 100,000 sessions of 40 applications with an icon of 4 KB
-// each are 570 MB as one value. Beside each figure the plain way in the same run: all encoded anew, all
-// written anew, all read at once. change of application  at most 1 ms and 64 KiB written, start at most 400
-// ms and 40 MB more than with nothing on record, on disk                at most 40 MB.
+// What a long record of used applications costs: 100,000 sessions of 40 applications, each with an icon of
+// 4 KB, are 570 MB as one value. Each figure is compared with the plain way in the same run, which encodes
+// and writes everything anew and reads everything at once.
+// change of application  at most 1 ms and 64 KiB written,
+// start                  at most 400 ms and 40 MB more than with nothing on record,
+// on disk                at most 40 MB.
 
 #include "autotrack/AutoTrackingManager.h"
 #include "bench/Histories.h"
@@ -65,7 +67,7 @@ public:
     int application = 0;
 };
 
-/// A machine with so many sessions on record, in a folder of its own.
+/// A machine with that many sessions on record, in a temporary folder.
 struct Machine {
     explicit Machine(std::int64_t sessionCount) {
         std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
@@ -170,14 +172,15 @@ void startReadingAllAtOnce(benchmark::State& state) {
     }
 }
 
-/// Does the work in a process of its own; gives by how many megabytes that grew, at the end and at most.
+/// Does the work in a child process; returns by how many megabytes that has grown when `measure` is called,
+/// and at its peak.
 std::pair<double, double> memoryFor(const std::function<void(const std::function<void()>& measure)>& work) {
     int ends[2] = {};
     if (::pipe(ends) != 0)
         std::abort();
     const pid_t child = ::fork();
     if (child == 0) {
-        // What earlier work left behind would serve this one unseen.
+        // Otherwise memory freed earlier would be reused without being counted.
         ::malloc_trim(0);
         std::ofstream("/proc/self/clear_refs") << "5";
         const double before = megabytesInUse();
@@ -223,7 +226,7 @@ void memoryReadingAllAtOnce(benchmark::State& state) {
     }
 }
 
-// A day less: everything after it is encoded and written anew
+// Clearing a day: everything after it is encoded and written anew
 
 void clearFirstDay(benchmark::State& state) {
     Machine machine(state.range(0));

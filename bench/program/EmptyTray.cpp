@@ -1,4 +1,4 @@
-// The least a program with a status icon can be: the floor for start time and memory.
+// The smallest possible program with a status icon: the floor for start time and memory.
 
 #include <QApplication>
 #include <QIcon>

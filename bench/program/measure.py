@@ -2,8 +2,8 @@
 
 usage: measure.py PROGRAM EMPTY-TRAY STARTS IDLE-SECONDS    (bench/run calls it on a virtual desktop without a panel)
 
-- start: exec to the registration of the status item on the bus, beside a program that is nothing but an icon
-- popover: the panel's call to the icon until the X server has the painted window, the first one of a process and later
+- start: from exec to the registration of the status item on the bus, compared with a program that is only an icon
+- popover: from the panel's call until the X server has painted the window, for a process's first popover and for later ones
 - memory: once the popover was shown
 - idle: processor time with a running timer and the popover closed"""
 
@@ -36,7 +36,7 @@ POPOVER_AREA = 370 * 650
 
 
 class Watcher:
-    """Stands in for a panel: takes the registration of status items, notes when, and clicks on the last one."""
+    """Stands in for a panel: accepts the registration of status items, notes when, and clicks the latest one."""
 
     def __init__(self):
         self.loop = GLib.MainLoop()
@@ -60,7 +60,7 @@ class Watcher:
                 "ProtocolVersion": GLib.Variant("i", 0)}[name]
 
     def start(self, program):
-        """Starts the program; gives it and the milliseconds until its item was registered."""
+        """Starts the program; returns it and the milliseconds until its item was registered."""
         self.registered_at = None
         started = time.perf_counter()
         process = subprocess.Popen([program], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
@@ -75,14 +75,14 @@ class Watcher:
         self.bus.flush_sync()
 
     def pass_time(self, seconds):
-        """Waits while this panel goes on answering."""
+        """Waits while this panel keeps answering."""
         loop = GLib.MainLoop()
         GLib.timeout_add(int(seconds * 1000), loop.quit)
         loop.run()
 
 
 class Screen:
-    """Tells when something as large as the popover has been painted."""
+    """Detects when something as large as the popover has been painted."""
 
     def __init__(self):
         self.display = display.Display()
@@ -101,7 +101,7 @@ class Screen:
             self.display.next_event()
 
     def painted_at(self):
-        """The moment at which the popover stands painted on the screen."""
+        """The moment at which the popover has been painted on the screen."""
         while True:
             if not self.display.pending_events() and not select.select([self.display], [], [], 10)[0]:
                 raise RuntimeError("no popover was painted within 10 s")
@@ -115,7 +115,7 @@ class Screen:
 
 
 def processor_seconds(process):
-    """Of all its threads, also those that have ended, in nanoseconds' precision."""
+    """Of all its threads, including ended ones, with nanosecond precision."""
     process_clock = (~process.pid << 3) | 2  # as clock_getcpuclockid gives it
     return time.clock_gettime(process_clock)
 
@@ -136,7 +136,7 @@ def end(process):
 
 
 def measure_starts(watcher, ours, empty, count):
-    """One after the other, so that both see the same machine."""
+    """Starts both in turn, so that they see the same conditions."""
     figures = {"start": [], "floor": []}
     for _ in range(count):
         for name, program in (("floor", empty), ("start", ours)):
@@ -150,7 +150,7 @@ def measure_starts(watcher, ours, empty, count):
 
 
 def measure_popovers(watcher, screen):
-    """Opens and closes the popover of a process that never showed it."""
+    """Opens and closes the popover of a process that has never shown it."""
     milliseconds = []
     for _ in range(POPOVERS + 1):
         screen.forget()
@@ -164,7 +164,7 @@ def measure_popovers(watcher, screen):
 
 
 def start_timer(watcher):
-    """In the popover, where the keyboard is in the task's field at once."""
+    """In the popover, whose task field has the focus at once."""
     watcher.click()
     watcher.pass_time(0.6)
     subprocess.run(["xdotool", "type", "Entwurf"], check=True)
@@ -193,7 +193,7 @@ def main():
     ours, empty, starts, idle = sys.argv[1], sys.argv[2], int(sys.argv[3]), int(sys.argv[4])
     subprocess.run(["xdotool", "mousemove", "1269", "11"], check=True)
     watcher, screen = Watcher(), Screen()
-    process, first = watcher.start(ours)  # the day's first start keeps copies of the files
+    process, first = watcher.start(ours)  # the day's first start makes copies of the files
     end(process)
     figures = {"firstStartOfDay": first, **measure_starts(watcher, ours, empty, starts), "first": [], "later": []}
     for last in [False] * (PROCESSES - 1) + [True]:

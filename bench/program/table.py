@@ -1,4 +1,4 @@
-"""Turns what bench/run measured into a table: each figure, the floor or the naive way of the same run, and its bar.
+"""Turns what bench/run measured into a table: each figure, the floor or the plain way from the same run, and its bar.
 
 usage: table.py FOLDER"""
 
@@ -48,7 +48,7 @@ class Table:
         self.rows = []
 
     def add(self, what, value, bar, unit, floor="–"):
-        """A bar of None is a figure without one."""
+        """`bar` is None for a figure that has none."""
         verdict = "–" if bar is None else "holds" if value <= bar else "**missed**"
         shown = "–" if bar is None else f"{bar:g} {unit}"
         self.rows.append((what, f"{number(value)} {unit}".strip(), floor, shown, verdict))
