@@ -52,7 +52,7 @@ T* disabled(T* widget) {
     return widget;
 }
 
-/// Shows the focus as the keyboard brings it, without moving it there.
+/// Shows the focus as the keyboard would, without moving it there.
 template <class T>
 T* focused(T* widget) {
     QMetaObject::invokeMethod(
@@ -84,7 +84,7 @@ T* sized(int width, T* widget) {
     return widget;
 }
 
-/// A window of its own as it looks, to be put among the others.
+/// A picture of a separate window, to be shown among the other parts.
 QLabel* portrait(QWidget& window) {
     auto* label = new QLabel;
     label->setPixmap(window.grab());

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-/// A window of its own as it looks, to be put among the others.
+/// A picture of a separate window, to be shown among the other parts.
 QLabel* portrait(QWidget& window) {
     QApplication::processEvents();
     auto* label = new QLabel;
