@@ -7,7 +7,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Without these it would keep nothing that was compiled with precompiled headers.
+    # Without these ccache would not cache anything compiled with precompiled headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
@@ -18,11 +18,11 @@ option(BRISKLOG_FUZZERS "Build the fuzzers; needs clang, sanitizes everything" O
 add_library(brisklog-options INTERFACE)
 target_include_directories(brisklog-options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(brisklog-options INTERFACE
-    # Precompiled headers fit only where all options are the same.
+    # Precompiled headers can be shared only between targets with the same options.
     -pthread
     # Tells the compiler cache which precompiled headers were used.
     $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
-    # g++ 12 sees overlaps in text + text that are not there (its bug 105329).
+    # g++ 12 warns of overlaps in text + text that do not exist (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     $<$<BOOL:${BRISKLOG_WARNINGS_AS_ERRORS}>:-Werror>
@@ -32,14 +32,14 @@ target_compile_options(brisklog-options INTERFACE
 target_link_options(brisklog-options INTERFACE
     $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined>
     $<$<BOOL:${BRISKLOG_FUZZERS}>:-fsanitize=address,undefined>)
-# Looking behind the end of a container is a finding too.
+# Accesses past the end of a container are findings too.
 target_compile_definitions(brisklog-options INTERFACE $<$<BOOL:${BRISKLOG_FUZZERS}>:_GLIBCXX_ASSERTIONS>)
 # Keywords such as "signals" would collide with other libraries' headers.
 target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 
-# Most files are compiled in batches of a box, which takes a third of the time: what stands in a file's unnamed namespace
-# has a name of its own in the box. Screens are the exception, as each has measures of the same names; headers that most
-# of them include are read once instead. The tidy preset does neither, so that a file which includes too little is found.
+# Most boxes are compiled in batches of files (unity builds), which takes a third of the time; names in unnamed namespaces
+# must therefore be unique within a box. Screens are the exception, because their constants share names; they use
+# precompiled headers instead. The tidy preset does neither, so that missing includes are found.
 set(BRISKLOG_SCREEN_HEADERS
     <algorithm> <array> <chrono> <filesystem> <functional> <map> <memory> <optional> <string> <vector>
     <QApplication> <QKeyEvent> <QLabel> <QListView> <QMouseEvent> <QPainter> <QPointer> <QToolTip>)
@@ -59,13 +59,13 @@ function(brisklog_box name)
 endfunction()
 
 # brisklog_tests(NAME libraries…): every .cpp file in and below the calling folder becomes one GoogleTest program;
-# each test case is run in a process of its own. What libraries leak once a process is not counted as ours.
+# each test case runs in its own process. What libraries leak once per process is not counted as ours.
 function(brisklog_tests name)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
     add_executable(test-${name} ${sources})
     target_link_libraries(test-${name} PRIVATE brisklog-test-support ${ARGN})
-    # Its code runs once; to compile it takes longer.
+    # Its code runs only once; compiling it takes longer.
     target_compile_options(test-${name} PRIVATE -O0)
     gtest_discover_tests(test-${name} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
         ENVIRONMENT "LSAN_OPTIONS=print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/support/library-leaks.txt")
