@@ -32,7 +32,7 @@ struct Desk {
         std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
         home = ::mkdtemp(name.data());
         ::setenv("XDG_DATA_HOME", home.c_str(), 1);
-        profile.emplace(ProfilePlatform{files, userDefaults, log, nullptr});
+        profile.emplace(ProfileServices{files, userDefaults, log, nullptr});
         profile->companyName = "Bergström Gestaltung GmbH";
         profile->fullName = "Käthe Bergström";
         profile->address = "Große Elbstraße 145 b";

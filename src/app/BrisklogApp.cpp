@@ -75,7 +75,7 @@ AppSettings& BrisklogApp::settings() {
 
 UserProfile& BrisklogApp::profile() {
     if (!m_profile)
-        m_profile.emplace(ProfilePlatform{.files = m_outside.files,
+        m_profile.emplace(ProfileServices{.files = m_outside.files,
                                           .userDefaults = m_outside.userDefaults,
                                           .log = m_outside.log,
                                           .logoPicker = &m_outside.logoPicker});

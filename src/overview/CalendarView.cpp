@@ -34,22 +34,22 @@ std::string description(Date date) {
 
 } // namespace
 
-CalendarView::CalendarView(CalendarPlatform platform)
-    : currentMonth(*this, platform.clock.now()), m_platform(std::move(platform)) {}
+CalendarView::CalendarView(CalendarServices services)
+    : currentMonth(*this, services.clock.now()), m_services(std::move(services)) {}
 
 std::string CalendarView::monthTitle() const {
-    return format::date(currentMonth, format::DateForm::monthAndYear, m_platform.clock.calendar());
+    return format::date(currentMonth, format::DateForm::monthAndYear, m_services.clock.calendar());
 }
 
 std::string CalendarView::columnHeading(int column) const {
-    const Calendar calendar = m_platform.clock.calendar();
-    // The second row: all of its days belong to this month.
+    const Calendar calendar = m_services.clock.calendar();
+    // The second row: all of its days are of this month.
     const auto date = dateAt(1, column, calendar);
     return date ? format::date(*date, format::DateForm::weekday, calendar) : std::string();
 }
 
 std::optional<Date> CalendarView::getDate(int row, int column) const {
-    return dateAt(row, column, m_platform.clock.calendar());
+    return dateAt(row, column, m_services.clock.calendar());
 }
 
 std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& calendar) const {
@@ -67,7 +67,7 @@ std::optional<Date> CalendarView::dateAt(int row, int column, const Calendar& ca
 }
 
 std::vector<std::optional<CalendarCell>> CalendarView::cells() const {
-    const Calendar calendar = m_platform.clock.calendar();
+    const Calendar calendar = m_services.clock.calendar();
     std::vector<std::optional<CalendarCell>> cells;
     for (int row = 0; row < rows; ++row)
         for (int column = 0; column < columns; ++column) {
@@ -83,7 +83,7 @@ CalendarCell CalendarView::cellOf(Date date, const Calendar& calendar) const {
     return {.date = date,
             .dayNumber = std::to_string(calendar.dayOfMonth(date)),
             .isOfMonth = calendar.monthOf(date) == calendar.monthOf(currentMonth),
-            .isToday = day.contains(m_platform.clock.now()),
+            .isToday = day.contains(m_services.clock.now()),
             .isSelected = isSelected(day),
             .hasData = hasData,
             .name =
@@ -96,11 +96,11 @@ bool CalendarView::isSelected(const Day& day) const {
 }
 
 bool CalendarView::hasDataForDate(Date date) const {
-    return usageOn(m_platform.clock.calendar().dayOf(date)) != nullptr;
+    return usageOn(m_services.clock.calendar().dayOf(date)) != nullptr;
 }
 
 const DailyAppUsage* CalendarView::usageOn(const Day& day) const {
-    const std::vector<DailyAppUsage>& days = m_platform.autoTrackingManager.dailyUsageData;
+    const std::vector<DailyAppUsage>& days = m_services.autoTrackingManager.dailyUsageData;
     const auto found = std::ranges::find_if(
         days, [&day](Date date) { return day.contains(date); }, &DailyAppUsage::date);
     return found == days.end() ? nullptr : &*found;
@@ -108,29 +108,29 @@ const DailyAppUsage* CalendarView::usageOn(const Day& day) const {
 
 void CalendarView::selectDate(Date date) {
     selectedDate = date;
-    if (const DailyAppUsage* const usage = usageOn(m_platform.clock.calendar().dayOf(date)))
+    if (const DailyAppUsage* const usage = usageOn(m_services.clock.calendar().dayOf(date)))
         openDetailWindow(*usage, date);
 }
 
 void CalendarView::openDetailWindow(const DailyAppUsage& usage, Date selected) {
     const DetailWindowContent content{.title = "App-Nutzung: " + formatDate(usage.date),
-                                      .detail = DailyUsageDetailView(usage, m_platform.clock.now())};
+                                      .detail = DailyUsageDetailView(usage, m_services.clock.now())};
     auto delegate = std::make_shared<DetailWindowDelegate>();
-    auto controller = m_platform.showDetailWindow(content, delegate);
-    m_platform.detailWindows.registerWindow(std::move(controller), std::move(delegate),
+    auto controller = m_services.showDetailWindow(content, delegate);
+    m_services.detailWindows.registerWindow(std::move(controller), std::move(delegate),
                                             description(selected));
 }
 
 void CalendarView::showPreviousMonth() {
-    currentMonth = m_platform.clock.calendar().addingMonths(currentMonth, -1);
+    currentMonth = m_services.clock.calendar().addingMonths(currentMonth, -1);
 }
 
 void CalendarView::showNextMonth() {
-    currentMonth = m_platform.clock.calendar().addingMonths(currentMonth, 1);
+    currentMonth = m_services.clock.calendar().addingMonths(currentMonth, 1);
 }
 
 std::string CalendarView::formatDate(Date date) const {
-    return format::date(date, format::DateForm::mediumDate, m_platform.clock.calendar());
+    return format::date(date, format::DateForm::mediumDate, m_services.clock.calendar());
 }
 
 } // namespace brisklog

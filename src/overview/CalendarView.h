@@ -21,8 +21,8 @@ struct DetailWindowContent {
     DailyUsageDetailView detail;
 };
 
-/// What the calendar depends on.
-struct CalendarPlatform {
+/// What the calendar works with.
+struct CalendarServices {
     AutoTrackingManager& autoTrackingManager;
     DetailWindowManager& detailWindows;
     const Clock& clock;
@@ -55,13 +55,13 @@ public:
     static constexpr int rows = 6;
     static constexpr int columns = 7;
 
-    explicit CalendarView(CalendarPlatform platform);
+    explicit CalendarView(CalendarServices services);
 
     Published<std::optional<Date>> selectedDate{*this};
     /// Any moment in the month shown.
     Published<Date> currentMonth;
 
-    [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_platform.autoTrackingManager; }
+    [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_services.autoTrackingManager; }
 
     /// "November 2026"
     [[nodiscard]] std::string monthTitle() const;
@@ -94,7 +94,7 @@ private:
     [[nodiscard]] bool isSelected(const Day& day) const;
     void openDetailWindow(const DailyAppUsage& usage, Date selected);
 
-    CalendarPlatform m_platform;
+    CalendarServices m_services;
 };
 
 } // namespace brisklog

@@ -75,20 +75,20 @@ ChartContent revenueChart(const std::vector<MonthlyRevenueDataPoint>& points) {
 
 } // namespace
 
-DashboardView::DashboardView(DashboardPlatform platform)
-    : refreshID(*this, Uuid::generate()), m_platform(std::move(platform)) {}
+DashboardView::DashboardView(DashboardServices services)
+    : refreshID(*this, Uuid::generate()), m_services(std::move(services)) {}
 
 void DashboardView::appear() {
-    m_tick = m_platform.runLoop.repeatEvery(refreshInterval, [this] { refreshID = Uuid::generate(); });
+    m_tick = m_services.runLoop.repeatEvery(refreshInterval, [this] { refreshID = Uuid::generate(); });
 }
 
 void DashboardView::disappear() { m_tick.reset(); }
 
 DashboardContent DashboardView::content() const {
-    const Date now = m_platform.clock.now();
-    const Calendar calendar = m_platform.clock.calendar();
+    const Date now = m_services.clock.now();
+    const Calendar calendar = m_services.clock.calendar();
     const DashboardFigures figures =
-        dashboardFigures(m_platform.store.projects, m_platform.store.activeEntries, calendar, now);
+        dashboardFigures(m_services.store.projects, m_services.store.activeEntries, calendar, now);
     return {.currentDate = format::date(now, format::DateForm::fullDate, calendar),
             .todaysWork = formatDuration(figures.todaysWork),
             .totalWork = formatDuration(figures.totalWork),
@@ -99,7 +99,7 @@ DashboardContent DashboardView::content() const {
             // Always divided by seven, however many days had work: the average over the week, not over its
             // working days.
             .averagePerDay = formatDuration(figures.weeklyTotal / DashboardFigures::dayCount),
-            .hasTimers = !m_platform.store.activeEntries->empty(),
+            .hasTimers = !m_services.store.activeEntries->empty(),
             .timers = timerRows(calendar, now),
             .revenue = revenueChart(monthlyRevenueData(figures, calendar, now)),
             .currentMonth = formatCurrency(figures.revenue.back())};
@@ -107,7 +107,7 @@ DashboardContent DashboardView::content() const {
 
 std::vector<ProjectOverviewRow> DashboardView::projectRows(const DashboardFigures& figures) const {
     std::vector<ProjectOverviewRow> rows;
-    std::ranges::transform(m_platform.store.projects.get(), figures.projects, std::back_inserter(rows),
+    std::ranges::transform(m_services.store.projects.get(), figures.projects, std::back_inserter(rows),
                            [](const Project& project, const ProjectFigures& line) {
                                ProjectOverviewRow row{.name = text::onOneLine(project.name),
                                                       .workingTime = formatDuration(line.workingTime),
@@ -121,12 +121,12 @@ std::vector<ProjectOverviewRow> DashboardView::projectRows(const DashboardFigure
 
 std::vector<ActiveTimerRow> DashboardView::timerRows(const Calendar& calendar, Date now) const {
     std::vector<const ActiveEntryState*> timers;
-    for (const auto& [id, timer] : m_platform.store.activeEntries.get())
+    for (const auto& [id, timer] : m_services.store.activeEntries.get())
         timers.push_back(&timer);
     std::ranges::sort(timers, {}, [](const ActiveEntryState* timer) {
         return std::tuple(timer->entry.startTime.secondsSinceReference, timer->id);
     });
-    const std::vector<Project>& projects = m_platform.store.projects;
+    const std::vector<Project>& projects = m_services.store.projects;
     std::vector<ActiveTimerRow> rows;
     for (const ActiveEntryState* timer : timers) {
         const auto project = std::ranges::find(projects, timer->projectId, &Project::id);

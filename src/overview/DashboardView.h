@@ -71,8 +71,8 @@ struct DashboardContent {
     bool operator==(const DashboardContent&) const = default;
 };
 
-/// What the dashboard depends on.
-struct DashboardPlatform {
+/// What the dashboard works with.
+struct DashboardServices {
     TimeTrackingStore& store;
     Clock& clock;
     RunLoop& runLoop;
@@ -82,12 +82,12 @@ struct DashboardPlatform {
 /// shown.
 class DashboardView final : public ObservableObject {
 public:
-    explicit DashboardView(DashboardPlatform platform);
+    explicit DashboardView(DashboardServices services);
 
     /// A new value redraws the whole screen.
     Published<Uuid> refreshID;
 
-    [[nodiscard]] TimeTrackingStore& store() const { return m_platform.store; }
+    [[nodiscard]] TimeTrackingStore& store() const { return m_services.store; }
 
     /// Between these calls the screen is refreshed every 30 seconds, in addition to every change of the
     /// store.
@@ -100,7 +100,7 @@ private:
     [[nodiscard]] std::vector<ActiveTimerRow> timerRows(const Calendar& calendar, Date now) const;
     [[nodiscard]] std::vector<ProjectOverviewRow> projectRows(const DashboardFigures& figures) const;
 
-    DashboardPlatform m_platform;
+    DashboardServices m_services;
     std::unique_ptr<Timer> m_tick;
 };
 

@@ -10,7 +10,7 @@
 namespace brisklog {
 
 /// The outside world as the profile needs it.
-struct ProfilePlatform {
+struct ProfileServices {
     Files& files;
     UserDefaults& userDefaults;
     Log& log;
@@ -24,8 +24,8 @@ struct ProfilePlatform {
 /// memory.
 class UserProfile final : public ObservableObject {
 public:
-    /// Loads both files, then migrates what earlier versions kept in the user defaults.
-    explicit UserProfile(const ProfilePlatform& platform);
+    /// Loads both files, then takes over what earlier versions kept in the user defaults.
+    explicit UserProfile(const ProfileServices& services);
 
     Published<std::string> companyName{*this, "", profileHook()};
     Published<std::string> fullName{*this, "", profileHook()};
@@ -69,7 +69,7 @@ private:
     void removeLogo();
     void migrateFromUserDefaults();
 
-    ProfilePlatform m_platform;
+    ProfileServices m_services;
 };
 
 constexpr auto storedProperties(std::type_identity<UserProfile>) {

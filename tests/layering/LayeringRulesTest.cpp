@@ -126,7 +126,7 @@ TEST(LayeringRules, processWideObjectsAreFoundWhereTheyAreMade) {
     for (const char* const line :
          {"    AppSettings& m_settings;", "class UserProfile;", "const UserProfile& profile,",
           "AppSettings::AppSettings(const SettingsPlatform& platform)", "class AppSettings final {",
-          "    explicit UserProfile(const ProfilePlatform& platform);",
+          "    explicit UserProfile(const ProfileServices& services);",
           "constexpr auto storedProperties(std::type_identity<UserProfile>) {",
           "/// The AppSettings one is given."})
         EXPECT_THAT(processWideObjectsMadeIn({{"src/invoice/Sheet.cpp", 7, line}}), IsEmpty()) << line;

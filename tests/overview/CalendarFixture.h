@@ -56,7 +56,7 @@ struct CalendarBench {
         clock.setCalendar(Calendar(QTimeZone(zone), firstWeekday));
     }
 
-    [[nodiscard]] CalendarPlatform platform() {
+    [[nodiscard]] CalendarServices services() {
         return {.autoTrackingManager = manager,
                 .detailWindows = registry,
                 .clock = clock,

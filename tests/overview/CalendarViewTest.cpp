@@ -15,7 +15,7 @@ protected:
     void use(const char* zone, Qt::DayOfWeek firstWeekday, const char* now) {
         bench = std::make_unique<CalendarBench>(zone, firstWeekday);
         bench->clock.set(bench->at(now));
-        view = std::make_unique<CalendarView>(bench->platform());
+        view = std::make_unique<CalendarView>(bench->services());
     }
 
     /// In Berlin, with the week beginning on Monday.

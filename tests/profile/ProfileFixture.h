@@ -14,7 +14,7 @@ namespace brisklog::test {
 /// A temporary home, and fakes around a profile.
 class ProfileFixture : public testing::Test {
 protected:
-    [[nodiscard]] ProfilePlatform platform() { return {files, defaults, log, &picker}; }
+    [[nodiscard]] ProfileServices services() { return {files, defaults, log, &picker}; }
 
     [[nodiscard]] std::filesystem::path folder() const { return home.applicationSupport() / "Pennavo"; }
 

@@ -13,27 +13,27 @@ class ProfileLogo : public ProfileFixture {};
 TEST_F(ProfileLogo, isWrittenAsItIsAndComesBackAtTheNextStart) {
     const std::string logo = "\x89PNG\0not really"s;
     {
-        UserProfile profile(platform());
+        UserProfile profile(services());
         profile.logoData = logo;
     }
     EXPECT_EQ(readFile(logoFile()), logo);
     EXPECT_EQ(log.lines, std::vector<std::string>{"Logo erfolgreich in Datei gespeichert: " +
                                                   logoFile().string() + " (15 Bytes)"});
     files.written.clear();
-    const UserProfile again(platform());
+    const UserProfile again(services());
     EXPECT_EQ(again.logoData.get(), logo);
     EXPECT_EQ(files.written, std::vector<std::string>{"userLogo.png"}) << "loading writes it back";
     EXPECT_EQ(log.lines.size(), 2U);
 }
 
 TEST_F(ProfileLogo, doesNotTouchTheProfileFile) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.logoData = "logo";
     EXPECT_FALSE(fs::exists(profileFile()));
 }
 
 TEST_F(ProfileLogo, exactlyTwoMebibytesIsWritten) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.logoData = std::string(largestLogo, 'x');
     EXPECT_EQ(fs::file_size(logoFile()), largestLogo);
     ASSERT_EQ(log.lines.size(), 1U);
@@ -41,7 +41,7 @@ TEST_F(ProfileLogo, exactlyTwoMebibytesIsWritten) {
 }
 
 TEST_F(ProfileLogo, largerLogoIsUsedButNotWrittenAndTheOlderOneStaysOnDisk) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.logoData = "older";
     log.lines.clear();
     profile.logoData = std::string(largestLogo + 1, 'x');
@@ -49,11 +49,11 @@ TEST_F(ProfileLogo, largerLogoIsUsedButNotWrittenAndTheOlderOneStaysOnDisk) {
               std::vector<std::string>{"Logo ist zu groß (2097153 Bytes). Wird nicht gespeichert."});
     EXPECT_EQ(profile.logoData.get()->size(), largestLogo + 1);
     EXPECT_EQ(readFile(logoFile()), "older");
-    EXPECT_EQ(UserProfile(platform()).logoData.get(), "older");
+    EXPECT_EQ(UserProfile(services()).logoData.get(), "older");
 }
 
 TEST_F(ProfileLogo, removingTheLogoDeletesItsFileOnce) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.logoData = "logo";
     log.lines.clear();
     profile.logoData = std::nullopt;
@@ -65,7 +65,7 @@ TEST_F(ProfileLogo, removingTheLogoDeletesItsFileOnce) {
 
 TEST_F(ProfileLogo, everyWriteOfTheLogoClearsTheOlderPlaceWithoutTakingItOver) {
     defaults.setValue("profile_logoData", Data{"older"});
-    UserProfile profile(platform());
+    UserProfile profile(services());
     EXPECT_EQ(profile.logoData.get(), std::nullopt);
     EXPECT_FALSE(defaults.holds("profile_logoData"));
     defaults.setValue("profile_logoData", Data{"older"});
@@ -74,7 +74,7 @@ TEST_F(ProfileLogo, everyWriteOfTheLogoClearsTheOlderPlaceWithoutTakingItOver) {
 }
 
 TEST_F(ProfileLogo, failedWriteOfTheLogoPrintsOneLineAndKeepsItInMemory) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     files.writesFail = true;
     profile.logoData = "logo";
     EXPECT_EQ(profile.logoData.get(), "logo");
@@ -84,7 +84,7 @@ TEST_F(ProfileLogo, failedWriteOfTheLogoPrintsOneLineAndKeepsItInMemory) {
 
 TEST_F(ProfileLogo, unreadableLogoIsReportedAndLeftBehindOnlyWhenItCannotBeDeleted) {
     fs::create_directories(logoFile() / "in the way");
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(profile.logoData.get(), std::nullopt);
     ASSERT_EQ(log.lines.size(), 2U);
     EXPECT_TRUE(log.lines[0].starts_with("Fehler beim Laden des Logos: ")) << log.lines[0];
@@ -94,12 +94,12 @@ TEST_F(ProfileLogo, unreadableLogoIsReportedAndLeftBehindOnlyWhenItCannotBeDelet
 TEST_F(ProfileLogo, isLoadedBeforeOlderValuesAreTakenOver) {
     writeFile(logoFile(), "logo");
     defaults.setValue("profile_city", "Pirna");
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(files.written, (std::vector<std::string>{"userLogo.png", "profile.json", "profile.json"}));
 }
 
 TEST_F(ProfileLogo, chosenImageBecomesTheLogoAndClosesThePicker) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.loadLogoFromFile();
     EXPECT_EQ(picker.titles, std::vector<std::string>{"Logo auswählen"});
     EXPECT_EQ(picker.closings, 0);

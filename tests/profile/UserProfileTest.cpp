@@ -78,7 +78,7 @@ protected:
     /// Writes a profile file, loads it, and expects the loading error and nothing else.
     void expectRefused(const std::string& bytes) {
         writeFile(profileFile(), bytes);
-        const UserProfile profile(platform());
+        const UserProfile profile(services());
         expectDefaults(profile);
         ASSERT_EQ(log.lines.size(), 1U);
         EXPECT_TRUE(log.lines[0].starts_with("Error loading profile data: ")) << log.lines[0];
@@ -87,7 +87,7 @@ protected:
 };
 
 TEST_F(Profile, freshStartMakesTheFolderButNoFile) {
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     expectDefaults(profile);
     EXPECT_EQ(profile.logoData.get(), std::nullopt);
     EXPECT_TRUE(fs::is_directory(folder()));
@@ -97,7 +97,7 @@ TEST_F(Profile, freshStartMakesTheFolderButNoFile) {
 }
 
 TEST_F(Profile, everyTextAndFigureSavesTheFileOnEveryWrite) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     std::size_t writes = 0;
     for (const auto text : allTexts) {
         profile.*text = "neu";
@@ -109,14 +109,14 @@ TEST_F(Profile, everyTextAndFigureSavesTheFileOnEveryWrite) {
     }
     profile.city = "neu";
     EXPECT_EQ(files.written, std::vector<std::string>(writes + 1, "profile.json"));
-    const UserProfile again(platform());
+    const UserProfile again(services());
     EXPECT_EQ(textsOf(again), std::vector<std::string>(15, "neu"));
     EXPECT_EQ(figuresOf(again), std::vector<double>(4, 1.5));
 }
 
 TEST_F(Profile, fileHoldsItsKeysInOrderAndIndented) {
     writeFile(profileFile(), filledIn);
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     expectFilledIn(profile);
     EXPECT_EQ(files.written, std::vector<std::string>(19, "profile.json")) << "one write for each value";
     EXPECT_EQ(readFile(profileFile()), filledIn);
@@ -139,7 +139,7 @@ TEST_F(Profile, wrongTypeRefusesTheWholeFile) {
 
 TEST_F(Profile, noiseIsRefusedAndOverwrittenByTheNextChange) {
     expectRefused("\x89PNG");
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.city = "Görlitz";
     EXPECT_NE(readFile(profileFile()).find(R"("city": "Görlitz")"), std::string::npos);
 }
@@ -151,7 +151,7 @@ TEST_F(Profile, refusedFileIsKeptInTheStateFolder) {
 }
 
 TEST_F(Profile, failedWritesKeepTheValueInMemory) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     files.writesFail = true;
     profile.city = "Pirna";
     EXPECT_EQ(profile.city.get(), "Pirna");
@@ -160,7 +160,7 @@ TEST_F(Profile, failedWritesKeepTheValueInMemory) {
 }
 
 TEST_F(Profile, figureThatIsNotFiniteIsNotWritten) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.city = "Pirna";
     const std::string before = readFile(profileFile());
     profile.logoWidth = std::numeric_limits<double>::infinity();
@@ -171,7 +171,7 @@ TEST_F(Profile, figureThatIsNotFiniteIsNotWritten) {
 
 TEST_F(Profile, folderThatCannotBeMadeIsOneLineForEachTry) {
     writeFile(home.applicationSupport() / "Pennavo", "a file in the folder's place");
-    UserProfile profile(platform());
+    UserProfile profile(services());
     expectDefaults(profile);
     ASSERT_EQ(log.lines.size(), 3U);
     EXPECT_TRUE(log.lines[0].starts_with("Error loading profile data: "));
@@ -185,7 +185,7 @@ TEST_F(Profile, folderThatCannotBeMadeIsOneLineForEachTry) {
 
 TEST_F(Profile, withoutAHomeEverythingStaysInMemory) {
     files.hasHome = false;
-    UserProfile profile(platform());
+    UserProfile profile(services());
     profile.city = "Pirna";
     EXPECT_EQ(profile.city.get(), "Pirna");
     EXPECT_EQ(log.countStartingWith("Error saving profile data: no application support folder"), 1U);
@@ -204,7 +204,7 @@ TEST_F(Profile, everyOlderKeyIsTakenOverInOrderAndSavedOnceMore) {
         defaults.setValue(keys[i], "alt " + std::to_string(i));
     for (std::size_t i = 14; i < keys.size(); ++i)
         defaults.setValue(keys[i], static_cast<double>(i));
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(defaults.removed, keys);
     EXPECT_EQ(files.written.size(), keys.size() + 1);
     EXPECT_EQ(textsOf(profile), (std::vector<std::string>{"alt 0", "alt 1", "alt 2", "alt 3", "alt 4",
@@ -215,7 +215,7 @@ TEST_F(Profile, everyOlderKeyIsTakenOverInOrderAndSavedOnceMore) {
 
 TEST_F(Profile, taxOfficeHasNoOlderKey) {
     defaults.setValue("profile_taxOffice", "Pirna");
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(profile.taxOffice.get(), "");
     EXPECT_TRUE(defaults.holds("profile_taxOffice"));
 }
@@ -223,7 +223,7 @@ TEST_F(Profile, taxOfficeHasNoOlderKey) {
 TEST_F(Profile, olderValuesWinOverTheFile) {
     writeFile(profileFile(), filledIn);
     defaults.setValue("profile_city", "Pirna");
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(profile.city.get(), "Pirna");
     EXPECT_EQ(profile.fullName.get(), "Erika Muster");
     EXPECT_NE(readFile(profileFile()).find(R"("city": "Pirna")"), std::string::npos);
@@ -233,20 +233,20 @@ TEST_F(Profile, olderFigureOfAnyTypeIsReadAsANumber) {
     defaults.setValue("profile_logoWidth", "120.5");
     defaults.setValue("profile_logoHeight", std::int64_t{60});
     defaults.setValue("profile_logoPositionX", Data{"noise"});
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(figuresOf(profile), (std::vector<double>{0, 50, 120.5, 60}));
 }
 
 TEST_F(Profile, olderValueThatIsNoTextStaysWhereItIs) {
     defaults.setValue("profile_city", Data{"Pirna"});
-    const UserProfile profile(platform());
+    const UserProfile profile(services());
     EXPECT_EQ(profile.city.get(), "");
     EXPECT_TRUE(defaults.holds("profile_city"));
     EXPECT_TRUE(files.written.empty());
 }
 
 TEST_F(Profile, observersAreToldOfEveryWrite) {
-    UserProfile profile(platform());
+    UserProfile profile(services());
     int told = 0;
     const Subscription subscription = profile.observe([&told] { ++told; });
     profile.city = "Pirna";

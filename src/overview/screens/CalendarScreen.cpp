@@ -29,8 +29,8 @@ SymbolButton* chevron(const QString& symbol, const QString& tooltip) {
 
 } // namespace
 
-CalendarScreen::CalendarScreen(const CalendarPlatform& platform, QWidget* parent)
-    : Screen(parent), m_view(platform), m_title(new Label({}, FontRole::body13Semibold)) {
+CalendarScreen::CalendarScreen(const CalendarServices& services, QWidget* parent)
+    : Screen(parent), m_view(services), m_title(new Label({}, FontRole::body13Semibold)) {
     auto* const previous = chevron(u"chevron.left"_s, u"Voriger Monat"_s);
     auto* const next = chevron(u"chevron.right"_s, u"Nächster Monat"_s);
     previous->onClick([this] { m_view.showPreviousMonth(); });
@@ -41,7 +41,7 @@ CalendarScreen::CalendarScreen(const CalendarPlatform& platform, QWidget* parent
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     observe(m_view);
     observe(m_view.autoTrackingManager());
-    observe(platform.tick);
+    observe(services.tick);
 }
 
 QWidget* CalendarScreen::headings() {

@@ -14,7 +14,7 @@ class Label;
 /// and weeks, Page keys by months, Return chooses.
 class CalendarScreen final : public Screen {
 public:
-    explicit CalendarScreen(const CalendarPlatform& platform, QWidget* parent = nullptr);
+    explicit CalendarScreen(const CalendarServices& services, QWidget* parent = nullptr);
 
 protected:
     void refresh() override;

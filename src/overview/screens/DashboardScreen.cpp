@@ -102,8 +102,8 @@ struct DashboardScreen::SumLook {
     ColorRole captionColor = &Palette::text;
 };
 
-DashboardScreen::DashboardScreen(const DashboardPlatform& platform, QWidget* parent)
-    : Screen(parent), m_view(platform) {
+DashboardScreen::DashboardScreen(const DashboardServices& services, QWidget* parent)
+    : Screen(parent), m_view(services) {
     auto* scrollArea = new ScrollArea(
         asWidget(Column{dailyOverview(), weeklyOverview(), runningTimers(), finance(), stretch()}
                      .spacing(cardGap)

@@ -20,7 +20,7 @@ class PanelColumn;
 /// The dashboard's screen: four cards in one scroll area.
 class DashboardScreen final : public Screen {
 public:
-    explicit DashboardScreen(const DashboardPlatform& platform, QWidget* parent = nullptr);
+    explicit DashboardScreen(const DashboardServices& services, QWidget* parent = nullptr);
 
 protected:
     void refresh() override;

@@ -50,9 +50,9 @@ LogoPickerWindowController::~LogoPickerWindowController() { delete m_window.data
 
 void LogoPickerWindowController::present(const std::string& title, Completion completed) {
     close();
-    QWidget& parent = *m_platform.parentWindow();
+    QWidget& parent = *m_services.parentWindow();
     auto* const screen =
-        new LogoPickerScreen(m_platform.picker, m_platform.pictures,
+        new LogoPickerScreen(m_services.picker, m_services.pictures,
                              {.onImageSelected = std::move(completed), .dismiss = [this] { close(); }});
     m_window = new LogoPickerWindow(screenText(title), screen, &parent);
     SheetHost* const host = sheetHostOf(parent);

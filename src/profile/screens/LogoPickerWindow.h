@@ -27,7 +27,7 @@ private:
 /// Opens and closes the logo picker's window over the popover, which stays open meanwhile.
 class LogoPickerWindowController final : public LogoPickerPresenter {
 public:
-    struct Platform {
+    struct Services {
         LogoPickerPlatform picker;
         /// Makes the thumbnails.
         Background& pictures;
@@ -35,7 +35,7 @@ public:
         std::function<QWidget*()> parentWindow;
     };
 
-    explicit LogoPickerWindowController(Platform platform) : m_platform(std::move(platform)) {}
+    explicit LogoPickerWindowController(Services services) : m_services(std::move(services)) {}
 
     ~LogoPickerWindowController() override;
     LogoPickerWindowController(const LogoPickerWindowController&) = delete;
@@ -45,7 +45,7 @@ public:
     void close() override;
 
 private:
-    Platform m_platform;
+    Services m_services;
     QPointer<LogoPickerWindow> m_window;
 };
 
