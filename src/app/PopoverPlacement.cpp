@@ -19,8 +19,8 @@ QPoint popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& a
         return {kept(available.right(), popover.width(), available.left(), available.right()),
                 available.top()};
     const QPoint middle(anchor->x + anchor->width / 2, anchor->y + anchor->height / 2);
-    const bool hangsDown = middle.y() <= available.center().y();
-    const int y = hangsDown ? anchor->y + anchor->height : anchor->y - popover.height();
+    const bool opensDownwards = middle.y() <= available.center().y();
+    const int y = opensDownwards ? anchor->y + anchor->height : anchor->y - popover.height();
     return {kept(middle.x() - popover.width() / 2, popover.width(), available.left(), available.right()),
             kept(y, popover.height(), available.top(), available.bottom())};
 }

@@ -55,11 +55,11 @@ bool TimeTrackingStore::changeProject(const Uuid& projectId, const std::function
 
 const Project& TimeTrackingStore::currentProject() {
     if (!isProjectIndex(selectedProjectIndex)) {
-        const bool hadNone = projects->empty();
-        if (hadNone)
+        const bool wasEmpty = projects->empty();
+        if (wasEmpty)
             projects = {defaultProject()};
         selectedProjectIndex = 0;
-        if (hadNone)
+        if (wasEmpty)
             saveProjects();
     }
     return projects.get()[static_cast<std::size_t>(selectedProjectIndex.get())];

@@ -215,8 +215,8 @@ bool InvoiceDrawing::hasRoomForEnding(double y) const {
 }
 
 bool InvoiceDrawing::closingMeetsFooterLines(double bottom) const {
-    const bool isAsLow = bottom < footerTop && !m_texts.footerLines.empty();
-    return isAsLow && left + m_closingSize.width + notesGap > rightColumnX;
+    const bool reachesFooter = bottom < footerTop && !m_texts.footerLines.empty();
+    return reachesFooter && left + m_closingSize.width + notesGap > rightColumnX;
 }
 
 bool InvoiceDrawing::notesFitBlock(double bottom) const {

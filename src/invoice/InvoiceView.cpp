@@ -82,9 +82,9 @@ InvoiceSummary InvoiceView::summary() const {
 }
 
 bool InvoiceView::canCreateInvoice() const {
-    // A customer deleted after having been chosen counts as none.
-    const bool knowsForWhom = selectedCustomer().has_value() || m_timeStore.customers->empty();
-    return knowsForWhom && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
+    // A customer deleted since the choice is nobody.
+    const bool isCustomerSettled = selectedCustomer().has_value() || m_timeStore.customers->empty();
+    return isCustomerSettled && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
 }
 
 void InvoiceView::initializeEntryStatuses() {

@@ -81,7 +81,7 @@ CalendarCell CalendarView::cellOf(Date date, const Calendar& calendar) const {
     const Day day = calendar.dayOf(date);
     const bool hasData = usageOn(day) != nullptr;
     return {.date = date,
-            .dayNumber = std::to_string(calendar.dayOfMonth(date)),
+            .dayOfMonth = std::to_string(calendar.dayOfMonth(date)),
             .isOfMonth = calendar.monthOf(date) == calendar.monthOf(currentMonth),
             .isToday = day.contains(m_services.clock.now()),
             .isSelected = isSelected(day),

@@ -37,7 +37,7 @@ struct CalendarServices {
 /// One day as the grid shows it.
 struct CalendarCell {
     Date date;
-    std::string dayNumber;
+    std::string dayOfMonth;
     bool isOfMonth = false;
     bool isToday = false;
     bool isSelected = false;

@@ -9,7 +9,7 @@ namespace brisklog {
 namespace {
 
 constexpr std::string_view ending = ".pdf";
-constexpr std::string_view nameForNothing = "Dokument";
+constexpr std::string_view substituteName = "Dokument";
 
 /// The longest name that file systems allow, in bytes.
 constexpr std::size_t longestName = 255;
@@ -70,7 +70,7 @@ std::string named(std::string_view stem, std::string_view addition) {
 std::string pdfFileName(std::string_view suggestion) {
     const std::string name = withoutForbidden(suggestion);
     const std::string stem = withoutSpecialBeginning(withoutEnding(text::trimmed(name)));
-    return named(stem.empty() ? nameForNothing : stem, "");
+    return named(stem.empty() ? substituteName : stem, "");
 }
 
 std::filesystem::path withPdfEnding(const std::filesystem::path& chosen,

@@ -28,12 +28,12 @@ void LogoPickerView::moveToParentFolder() {
     if (folder == folder.parent_path())
         return;
     currentDirectory = folder.parent_path();
-    m_cameFrom = folder;
+    m_previousDirectory = folder;
 }
 
 void LogoPickerView::loadDirectoryContents() {
     using Contents = Result<std::vector<FileItem>>;
-    m_cameFrom.clear();
+    m_previousDirectory.clear();
     errorText = "";
     items = {};
     isLoading = true;
@@ -85,9 +85,9 @@ std::optional<std::string> LogoPickerView::processImage(const Bitmap& image, con
     return std::nullopt;
 }
 
-std::optional<std::size_t> LogoPickerView::rowCameFrom() const {
-    const auto found = std::ranges::find(items.get(), m_cameFrom, &FileItem::path);
-    if (m_cameFrom.empty() || found == items->end())
+std::optional<std::size_t> LogoPickerView::rowOfPreviousDirectory() const {
+    const auto found = std::ranges::find(items.get(), m_previousDirectory, &FileItem::path);
+    if (m_previousDirectory.empty() || found == items->end())
         return std::nullopt;
     return static_cast<std::size_t>(found - items->begin());
 }

@@ -46,8 +46,8 @@ public:
     /// Opens a folder, or takes an image and closes the picker.
     void handleSelection(const FileItem& item);
 
-    /// The row of the subfolder the user has just come up from; none otherwise.
-    [[nodiscard]] std::optional<std::size_t> rowCameFrom() const;
+    /// The row of the folder the user has just come up from; none otherwise.
+    [[nodiscard]] std::optional<std::size_t> rowOfPreviousDirectory() const;
 
 private:
     [[nodiscard]] std::filesystem::path startFolder() const;
@@ -58,7 +58,7 @@ private:
 
     LogoPickerPlatform m_platform;
     Actions m_actions;
-    std::filesystem::path m_cameFrom;
+    std::filesystem::path m_previousDirectory;
     std::unique_ptr<BackgroundTask> m_loading;
 };
 

@@ -187,7 +187,7 @@ TEST_F(CalendarTest, cellsSayWhatTheyAre) {
     EXPECT_EQ(cellOn("15. November 2026").name, "15. November 2026, mit Daten");
     EXPECT_TRUE(cellOn("15. November 2026").hasData);
     EXPECT_EQ(cellOn("16. November 2026").name, "16. November 2026");
-    EXPECT_EQ(cellOn("16. November 2026").dayNumber, "16");
+    EXPECT_EQ(cellOn("16. November 2026").dayOfMonth, "16");
     EXPECT_TRUE(cellOn("20. November 2026").isToday);
     EXPECT_FALSE(cellOn("19. November 2026").isToday);
     EXPECT_TRUE(cellOn("1. November 2026").isOfMonth);

@@ -121,12 +121,12 @@ TEST_F(LogoPickerViewTest, entersAFolderAndComesBackUp) {
     choose("Kunden");
     EXPECT_EQ(view->currentDirectory.get(), pictures() / "Kunden");
     EXPECT_THAT(names(), ElementsAre("Blau.png"));
-    EXPECT_EQ(view->rowCameFrom(), std::nullopt);
+    EXPECT_EQ(view->rowOfPreviousDirectory(), std::nullopt);
     view->moveToParentFolder();
     background.runAll();
     EXPECT_EQ(view->currentDirectory.get(), pictures());
     EXPECT_THAT(names(), ElementsAre("Akten", "Kunden"));
-    EXPECT_EQ(view->rowCameFrom(), 1U);
+    EXPECT_EQ(view->rowOfPreviousDirectory(), 1U);
     EXPECT_THAT(chosen, IsEmpty());
     EXPECT_EQ(dismissals, 0);
 }

@@ -58,7 +58,7 @@ void CalendarDayButton::paintEvent(QPaintEvent*) {
         fillRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.2));
     else if (isHovered())
         fillRounded(painter, rect(), radius, withOpacity(palette.control, 0.5));
-    paintFigures(painter, QRect(0, numberTop, width(), numberHeight), screenText(m_cell->dayNumber),
+    paintFigures(painter, QRect(0, numberTop, width(), numberHeight), screenText(m_cell->dayOfMonth),
                  fontOf(*m_cell), m_cell->isOfMonth ? palette.text : palette.secondary, Qt::AlignCenter);
     if (m_cell->hasData)
         fillRounded(painter,

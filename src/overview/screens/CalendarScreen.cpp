@@ -116,14 +116,14 @@ int CalendarScreen::cellNamed(const std::string& name) const {
     return static_cast<int>(found - m_cells.begin());
 }
 
-int CalendarScreen::cellOfMonthDay(const std::string& dayNumber) const {
+int CalendarScreen::cellOfDay(const std::string& dayOfMonth) const {
     int last = 0;
     for (int cell = 0; cell < cellCount; ++cell) {
         const auto& content = m_cells[static_cast<std::size_t>(cell)];
         if (!content || !content->isOfMonth)
             continue;
         last = cell;
-        if (content->dayNumber == dayNumber)
+        if (content->dayOfMonth == dayOfMonth)
             break;
     }
     return last;
@@ -183,10 +183,10 @@ void CalendarScreen::moveBy(int days) {
 }
 
 void CalendarScreen::moveByMonth(int months) {
-    const std::string number = m_cells[static_cast<std::size_t>(m_currentCell)]->dayNumber;
+    const std::string number = m_cells[static_cast<std::size_t>(m_currentCell)]->dayOfMonth;
     months < 0 ? m_view.showPreviousMonth() : m_view.showNextMonth();
     refresh();
-    moveTo(cellOfMonthDay(number));
+    moveTo(cellOfDay(number));
 }
 
 bool CalendarScreen::hasDay(int cell) const {

@@ -49,8 +49,8 @@ private:
     void reclaimSpace();
 
     SqliteDatabase& m_database;
-    /// Whether chunks that refer to pieces have been removed.
-    bool m_hasLetGoOfPieces = false;
+    /// Whether chunks were removed that named pieces.
+    bool m_hasReleasedPieces = false;
 };
 
 } // namespace brisklog

@@ -87,7 +87,7 @@ PortalSaveRequest::PortalSaveRequest(QDBusConnection bus, SaveQuestion question,
     : m_bus(std::move(bus)), m_question(std::move(question)), m_parentWindow(std::move(parentWindow)),
       m_answered(std::move(answered)),
       m_service(portalService, m_bus, QDBusServiceWatcher::WatchForUnregistration),
-      m_busGone(m_bus, {{}, localPath, localInterface, u"Disconnected"_s}, [this](const QDBusMessage&) {
+      m_busLost(m_bus, {{}, localPath, localInterface, u"Disconnected"_s}, [this](const QDBusMessage&) {
           finish({Kind::unavailable, {}});
       }) {
     connect(&m_service, &QDBusServiceWatcher::serviceUnregistered, this, [this] {

@@ -48,7 +48,7 @@ private:
     QString m_handle;
     std::unique_ptr<DBusSignal> m_response;
     QDBusServiceWatcher m_service;
-    DBusSignal m_busGone;
+    DBusSignal m_busLost;
 };
 
 } // namespace brisklog

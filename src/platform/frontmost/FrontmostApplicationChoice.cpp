@@ -103,15 +103,15 @@ private:
                 m_givenUp.push_back(std::move(m_way));
             }
             m_way = m_ways[m_nextWay++]();
-            m_subscription = m_way->observe([this] { hearAnnouncement(); });
+            m_subscription = m_way->observe([this] { handleAnnouncement(); });
             if (m_isWatching)
                 m_way->beginWatching();
         }
         m_hasAnswered = availability() == Availability::available;
     }
 
-    /// A way that has worked once is kept, even if it becomes unavailable.
-    void hearAnnouncement() {
+    /// What has answered once is the desktop's way, also when it falls silent.
+    void handleAnnouncement() {
         if (!m_hasAnswered)
             tryNextWays();
         announce();

@@ -17,7 +17,7 @@ const QString scriptName = u"example.brisklog.Brisklog.frontmost"_s;
 
 const QString ownPath = u"/example/brisklog/Brisklog/frontmost"_s;
 const QString ownInterface = u"example.brisklog.Brisklog.Frontmost"_s;
-const QString toldMethod = u"tell"_s;
+const QString tellMethod = u"tell"_s;
 
 /// What the script reports about a window: desktop file, class, instance, process.
 const QString fourTexts = u"ssss"_s;
@@ -93,13 +93,13 @@ KWinScript::~KWinScript() {
 QString KWinScript::introspect(const QString& /*path*/) const { return {}; }
 
 bool KWinScript::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-    if (message.service() != m_kwin || message.interface() != ownInterface || message.member() != toldMethod)
+    if (message.service() != m_kwin || message.interface() != ownInterface || message.member() != tellMethod)
         return false;
     const QVariantList arguments = message.arguments();
     if (!message.signature().isEmpty() && message.signature() != fourTexts)
         return false;
     connection.send(message.createReply());
-    m_wasHeard = true;
+    m_hasCalled = true;
     m_handlers.told(arguments.isEmpty() ? std::nullopt : std::optional(identityFrom(arguments)));
     return true;
 }
@@ -119,7 +119,7 @@ void KWinScript::load() {
 
 /// A running script reports the active window before KWin replies; telling it twice to run does no harm.
 void KWinScript::run(const QList<QDBusMessage>& ways) {
-    if (m_wasHeard)
+    if (m_hasCalled)
         return;
     if (ways.isEmpty())
         return m_handlers.failed();
@@ -149,7 +149,7 @@ QDBusMessage KWinScript::scripting(const QString& method) const {
 }
 
 bool KWinScript::writeFile() {
-    const QByteArray text = scriptText.arg(m_bus.baseService(), ownPath, ownInterface, toldMethod).toUtf8();
+    const QByteArray text = scriptText.arg(m_bus.baseService(), ownPath, ownInterface, tellMethod).toUtf8();
     return m_file.open() && m_file.write(text) == text.size() && m_file.flush();
 }
 

@@ -42,7 +42,7 @@ private:
     Handlers m_handlers;
     /// KWin reads the file some time after it has been told to.
     QTemporaryFile m_file;
-    bool m_wasHeard = false;
+    bool m_hasCalled = false;
 };
 
 } // namespace brisklog

@@ -27,14 +27,14 @@ X11WindowManager::X11WindowManager(std::function<void()> changed) : m_changed(st
 X11WindowManager::~X11WindowManager() = default;
 
 void X11WindowManager::handleEvents() {
-    bool isWorthALook = false;
+    bool hasEvent = false;
     while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
-        // Errors arrive here too: a manager's window may have gone before events could be selected on it.
-        isWorthALook = isWorthALook || event->response_type != errorResponse;
+        // Errors arrive here too: a manager's window may be gone before it can be listened to.
+        hasEvent = hasEvent || event->response_type != errorResponse;
     const bool isGone = !m_server.isOpen();
     if (isGone)
         m_notifier->setEnabled(false);
-    if (!isWorthALook && !isGone)
+    if (!hasEvent && !isGone)
         return;
     const bool before = tellsActiveWindow();
     look();

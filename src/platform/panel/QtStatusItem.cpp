@@ -73,7 +73,7 @@ void QtStatusItem::addMenuEntry(const std::string& caption, std::function<void()
 bool QtStatusItem::isReachable() const { return (m_icon || m_settling) && m_hosts.hasHost(); }
 
 void QtStatusItem::handleHost(StatusItemHostKind host, HostArrival arrival) {
-    if (arrival == HostArrival::wasThere)
+    if (arrival == HostArrival::alreadyThere)
         makeIcon(host);
     else
         m_settling = m_runLoop.runAfter(settlingTime, [this, host] { makeIcon(host); });

@@ -39,11 +39,11 @@ public:
         : m_bus(std::move(bus)), m_hostFound(std::move(hostFound)), m_noHostYet(std::move(noHostYet)),
           m_hostRegistered(m_bus,
                            {watcherService, watcherPath, watcherService, u"StatusNotifierHostRegistered"_s},
-                           [this](const QDBusMessage&) { ask(HostArrival::justCame); }),
+                           [this](const QDBusMessage&) { ask(HostArrival::justArrived); }),
           m_serviceWatcher(watcherService, m_bus, QDBusServiceWatcher::WatchForRegistration) {
         connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this,
-                [this] { ask(HostArrival::justCame); });
-        ask(HostArrival::wasThere);
+                [this] { ask(HostArrival::justArrived); });
+        ask(HostArrival::alreadyThere);
     }
 
     [[nodiscard]] bool hasHost() const {
@@ -73,8 +73,8 @@ StatusItemHosts::StatusItemHosts(WindowServer& windowServer, Found found, QDBusC
       m_busWatch(std::make_unique<BusWatch>(
           std::move(bus),
           [this](HostArrival arrival) { report(StatusItemHostKind::statusNotifier, arrival); },
-          [this] { lookForTray(HostArrival::wasThere); })),
-      m_trays(m_windowServer.watchTrays([this] { lookForTray(HostArrival::justCame); })) {}
+          [this] { lookForTray(HostArrival::alreadyThere); })),
+      m_trays(m_windowServer.watchTrays([this] { lookForTray(HostArrival::justArrived); })) {}
 
 StatusItemHosts::~StatusItemHosts() = default;
 

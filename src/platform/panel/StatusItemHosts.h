@@ -11,8 +11,8 @@ namespace brisklog {
 /// Which kind of panel shows status icons.
 enum class StatusItemHostKind { statusNotifier, xembedTray };
 
-/// A panel that has just appeared needs a moment before it shows an icon properly.
-enum class HostArrival { wasThere, justCame };
+/// A panel that has only just come needs a moment before it shows an icon properly.
+enum class HostArrival { alreadyThere, justArrived };
 
 /// Waits for a panel that shows status icons. The toolkit decides once per process, when the first icon is
 /// created, which kind of panel it uses; the icon must therefore not be created before there is one.

@@ -80,13 +80,13 @@ std::unique_ptr<ImageBytes> ImageBytes::inMemory(std::string_view bytes) {
 void ImageBytes::startOver() {
     seek(0);
     m_ranOut = false;
-    m_cameShort = false;
+    m_gaveTooFew = false;
 }
 
 qint64 ImageBytes::readData(char* target, qint64 count) {
     const qint64 filled = readAt(pos(), target, count);
     m_ranOut |= count > 0 && filled <= 0;
-    m_cameShort |= filled < count;
+    m_gaveTooFew |= filled < count;
     return filled;
 }
 

@@ -22,8 +22,8 @@ public:
     /// Whether a decoder tried to read beyond the end and got nothing.
     [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
-    /// Whether a decoder got less than it asked for, as those that read ahead eventually do.
-    [[nodiscard]] bool cameShort() const { return m_cameShort; }
+    /// A decoder got less than it asked for, as those that read ahead do in the end.
+    [[nodiscard]] bool gaveTooFew() const { return m_gaveTooFew; }
 
     /// Goes back to the beginning, as if nothing had been read.
     void startOver();
@@ -42,7 +42,7 @@ protected:
 
 private:
     bool m_ranOut = false;
-    bool m_cameShort = false;
+    bool m_gaveTooFew = false;
 };
 
 } // namespace brisklog

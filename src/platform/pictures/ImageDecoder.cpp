@@ -71,7 +71,7 @@ QImage readUpright(QImageReader& reader, const ImageHeader& header, const Images
 
 /// Only the BMP decoder reads exactly what it needs, and it never reports missing data.
 bool isCutShort(const ImageBytes& bytes, const ImageHeader& header) {
-    return header.format == "bmp" ? bytes.cameShort() : bytes.ranOut();
+    return header.format == "bmp" ? bytes.gaveTooFew() : bytes.ranOut();
 }
 
 } // namespace

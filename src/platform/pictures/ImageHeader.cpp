@@ -106,8 +106,8 @@ char colourCount(const JpegSegment& frame) {
     return frame.begin.size() > place ? frame.begin[place] : '\0';
 }
 
-/// Whether the first scan holds all colours completely.
-bool comesInOneGo(const JpegBeginning& jpeg) {
+/// Whether all colours come in the first scan, once and for all.
+bool isOfOneScan(const JpegBeginning& jpeg) {
     const bool isSequential = jpeg.frame.marker == 0xC0 || jpeg.frame.marker == 0xC1;
     return isSequential && jpeg.firstScan.begin.startsWith(colourCount(jpeg.frame));
 }
@@ -135,7 +135,7 @@ bool hasTooManyScans(QIODevice& image) {
     return scans > mostScans;
 }
 
-bool claimsMoreThanThereIs(QIODevice& png) {
+bool isPngOverstated(QIODevice& png) {
     constexpr qint64 signatureLength = 8;
     // Length and name, followed by the part's bytes and their checksum.
     constexpr qint64 headLength = 8;
@@ -171,10 +171,10 @@ std::optional<ImageHeader> readImageHeader(QIODevice& image) {
     if (header.format == "gif")
         header.size = gifSize(begin);
     if (header.format == "png")
-        header.isOverstated = claimsMoreThanThereIs(image);
+        header.isOverstated = isPngOverstated(image);
     if (header.format == "jpeg") {
         const auto jpeg = jpegBeginning(image);
-        header.isShrunkInBands = jpeg && comesInOneGo(*jpeg);
+        header.isShrunkInBands = jpeg && isOfOneScan(*jpeg);
         header.isOfCommonKind = jpeg && isOfCommonKind(*jpeg);
         header.isEndless = !header.isShrunkInBands && hasTooManyScans(image);
     }

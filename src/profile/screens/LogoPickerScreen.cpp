@@ -120,9 +120,9 @@ void LogoPickerScreen::showItems() {
     m_thumbnails.clear();
     m_model.setItems(m_view.items);
     m_list->scrollToTop();
-    const auto cameFrom = m_view.rowCameFrom();
-    if (cameFrom || m_list->showsFocusRing())
-        m_list->setCurrentIndex(m_model.index(static_cast<int>(cameFrom.value_or(0))));
+    const auto previous = m_view.rowOfPreviousDirectory();
+    if (previous || m_list->showsFocusRing())
+        m_list->setCurrentIndex(m_model.index(static_cast<int>(previous.value_or(0))));
     m_scrolled->start(0);
 }
 

@@ -63,7 +63,7 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn:
         if (isOurs)
-            focusCame(*static_cast<QFocusEvent*>(event));
+            handleFocusIn(*static_cast<QFocusEvent*>(event));
         break;
     case QEvent::FocusOut:
     case QEvent::Hide:
@@ -81,7 +81,7 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void FocusRing::focusCame(const QFocusEvent& event) {
+void FocusRing::handleFocusIn(const QFocusEvent& event) {
     const Qt::FocusReason reason = event.reason();
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
         m_isKeyboard = true;

@@ -35,7 +35,7 @@ protected:
 private:
     FocusRing(QWidget& widget, int radius);
 
-    void focusCame(const QFocusEvent& event);
+    void handleFocusIn(const QFocusEvent& event);
     void show();
     void hide();
     void place();

@@ -30,7 +30,7 @@ protected:
 TEST_F(StatusItemHostsTest, aTrayThatIsThereIsFound) {
     windowServer.addTray();
     look();
-    EXPECT_EQ(found, (Found{{StatusItemHostKind::xembedTray, HostArrival::wasThere}}));
+    EXPECT_EQ(found, (Found{{StatusItemHostKind::xembedTray, HostArrival::alreadyThere}}));
     EXPECT_TRUE(hosts->hasHost());
 }
 
@@ -39,7 +39,7 @@ TEST_F(StatusItemHostsTest, aTrayThatComesLaterIsFoundThen) {
     EXPECT_EQ(found, Found{});
     EXPECT_FALSE(hosts->hasHost());
     windowServer.addTray();
-    EXPECT_EQ(found, (Found{{StatusItemHostKind::xembedTray, HostArrival::justCame}}));
+    EXPECT_EQ(found, (Found{{StatusItemHostKind::xembedTray, HostArrival::justArrived}}));
     EXPECT_TRUE(hosts->hasHost());
 }
 
