@@ -1,10 +1,7 @@
 #pragma once
 
-#include "core/ActiveEntryState.h"
-#include "core/ArchivedInvoice.h"
 #include "core/Customer.h"
 #include "core/Project.h"
-#include "core/SavedNote.h"
 #include "foundation/Observable.h"
 #include "platform/Clock.h"
 #include "platform/JsonFile.h"
@@ -19,6 +16,43 @@
 #include <vector>
 
 namespace brisklog {
+
+/// A text block kept for the notes of later invoices.
+struct SavedNote {
+    Uuid id;
+    /// The title shown in the menu.
+    std::string name;
+    std::string content;
+
+    bool operator==(const SavedNote&) const = default;
+};
+
+constexpr auto jsonFields(std::type_identity<SavedNote>) {
+    return std::tuple{json::field<&SavedNote::id>("id"), json::field<&SavedNote::name>("name"),
+                      json::field<&SavedNote::content>("content")};
+}
+
+/// What is kept of an invoice once it was issued.
+struct ArchivedInvoice {
+    Uuid id;
+    /// As printed, possibly empty.
+    std::string invoiceNumber;
+    Date date;
+    /// Absent when the invoice was made out to nobody.
+    std::optional<std::string> customerName;
+    /// The time entries it covers.
+    std::vector<Uuid> entryIDs;
+
+    bool operator==(const ArchivedInvoice&) const = default;
+};
+
+constexpr auto jsonFields(std::type_identity<ArchivedInvoice>) {
+    return std::tuple{json::field<&ArchivedInvoice::id>("id"),
+                      json::field<&ArchivedInvoice::invoiceNumber>("invoiceNumber"),
+                      json::field<&ArchivedInvoice::date>("date"),
+                      json::field<&ArchivedInvoice::customerName>("customerName"),
+                      json::field<&ArchivedInvoice::entryIDs>("entryIDs")};
+}
 
 /// The outside world as the store needs it.
 struct StorePlatform {

@@ -1,8 +1,6 @@
-#include "core/ActiveEntryState.h"
-#include "core/ArchivedInvoice.h"
 #include "core/Customer.h"
 #include "core/Project.h"
-#include "core/SavedNote.h"
+#include "core/TimeTrackingStore.h"
 #include "foundation/Calendar.h"
 
 #include <gtest/gtest.h>

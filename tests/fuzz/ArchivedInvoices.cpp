@@ -2,7 +2,7 @@
 
 #include "RoundTrip.h"
 
-#include "core/ArchivedInvoice.h"
+#include "core/TimeTrackingStore.h"
 #include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 

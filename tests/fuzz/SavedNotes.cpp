@@ -2,7 +2,7 @@
 
 #include "RoundTrip.h"
 
-#include "core/SavedNote.h"
+#include "core/TimeTrackingStore.h"
 
 namespace brisklog::fuzz {
 
