@@ -2,7 +2,7 @@
 // will write; compared with the table's cells alone, drawn the plain way.
 
 #include "bench/PlainTable.h"
-#include "invoice/InvoiceTable.h"
+#include "invoice/InvoiceTexts.h"
 #include "invoice/UpdatedInvoiceTemplate.h"
 #include "platform/documents/CairoPdfFacility.h"
 #include "support/ProfileInMemory.h"

@@ -4,7 +4,7 @@
 #include "app/PopoverWindow.h"
 #include "app/projects/screens/MultiProjectScreen.h"
 #include "autotrack/screens/AutoTrackingScreen.h"
-#include "invoice/ReportExport.h"
+#include "invoice/InvoiceGenerator.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
 #include "invoice/screens/InvoiceScreen.h"
 #include "overview/screens/CalendarScreen.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/Project.h"
+#include "core/TimeTrackingStore.h"
 #include "foundation/Calendar.h"
-#include "platform/PdfFacility.h"
+#include "invoice/DocumentExport.h"
 
 #include <string>
 
@@ -26,5 +26,10 @@ private:
     Calendar m_calendar;
     Date m_now;
 };
+
+/// Asks where to save the report of the project's entries and writes it there once the user has chosen. The
+/// project is reported as it is at that moment; one deleted while the panel is up, as it was before.
+void exportReport(const TimeTrackingStore& store, const Project& project,
+                  const DocumentFacilities& facilities);
 
 } // namespace brisklog

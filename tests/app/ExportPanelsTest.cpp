@@ -1,8 +1,8 @@
 #include "app/WholeProgram.h"
 
 #include "foundation/Text.h"
+#include "invoice/InvoiceGenerator.h"
 #include "invoice/InvoiceView.h"
-#include "invoice/ReportExport.h"
 #include "platform/dialogs/QtSavePanel.h"
 #include "profile/UserProfile.h"
 #include "support/WritableStore.h"

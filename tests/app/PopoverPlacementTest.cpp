@@ -1,4 +1,4 @@
-#include "app/PopoverPlacement.h"
+#include "app/PopoverWindow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "invoice/ReportExport.h"
+#include "invoice/InvoiceGenerator.h"
 
 #include "invoice/InvoiceSheet.h"
 #include "support/PdfReader.h"
