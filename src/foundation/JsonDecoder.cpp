@@ -1,7 +1,6 @@
 #include "foundation/JsonDecoder.h"
 
-#include "foundation/JsonDocumentStream.h"
-#include "foundation/JsonPartStream.h"
+#include "foundation/JsonStreams.h"
 #include "foundation/Text.h"
 
 #include <algorithm>

@@ -1,9 +1,74 @@
 #pragma once
 
+#include "platform/Appearance.h"
 #include "platform/StoredProperties.h"
-#include "settings/SettingsOptions.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace brisklog {
+
+// The choices among the settings. An option's raw value is the label shown for it and at the same time what
+// files hold: re-spelling one would make existing files lose it.
+
+template <class Option>
+struct RawValue {
+    Option option;
+    std::string_view text;
+};
+
+template <class Option>
+RawValue(Option, const char*) -> RawValue<Option>;
+
+/// All cases of an option with their raw values, in the order in which they are offered.
+template <class Option>
+inline constexpr std::array<RawValue<Option>, 0> rawValues{};
+
+/// Appearance chosen by the user.
+using ColorSchemeOption = ColorScheme;
+
+template <>
+inline constexpr std::array rawValues<ColorSchemeOption>{RawValue{ColorSchemeOption::light, "Hell"},
+                                                         RawValue{ColorSchemeOption::dark, "Dunkel"}};
+
+/// Grid for recorded times. Kept for a later version: nothing is rounded by it.
+enum class TimeRoundingOption { none, fiveMinutes, tenMinutes, fifteenMinutes };
+
+template <>
+inline constexpr std::array rawValues<TimeRoundingOption>{
+    RawValue{TimeRoundingOption::none, "Keine Rundung"},
+    RawValue{TimeRoundingOption::fiveMinutes, "5 Minuten"},
+    RawValue{TimeRoundingOption::tenMinutes, "10 Minuten"},
+    RawValue{TimeRoundingOption::fifteenMinutes, "15 Minuten"}};
+
+/// Direction of rounding on invoices. Kept for a later version: nothing is rounded by it.
+enum class InvoiceRoundingOption { none, roundUp, roundDown, roundNearest };
+
+template <>
+inline constexpr std::array rawValues<InvoiceRoundingOption>{
+    RawValue{InvoiceRoundingOption::none, "Exakte Zeiten"},
+    RawValue{InvoiceRoundingOption::roundUp, "Aufrunden"},
+    RawValue{InvoiceRoundingOption::roundDown, "Abrunden"},
+    RawValue{InvoiceRoundingOption::roundNearest, "Auf nächste Einheit runden"}};
+
+template <class Option>
+concept SettingsOption = !rawValues<Option>.empty();
+
+template <SettingsOption Option>
+[[nodiscard]] std::string_view jsonText(Option option) {
+    return std::ranges::find(rawValues<Option>, option, &RawValue<Option>::option)->text;
+}
+
+/// Takes the option with that raw value, compared as a whole and exactly; false for any other text.
+template <SettingsOption Option>
+[[nodiscard]] bool fromJsonText(std::string_view text, Option& option) {
+    const auto found = std::ranges::find(rawValues<Option>, text, &RawValue<Option>::text);
+    if (found == rawValues<Option>.end())
+        return false;
+    option = found->option;
+    return true;
+}
 
 /// The outside world as the settings need it.
 struct SettingsPlatform {

@@ -1,4 +1,4 @@
-#include "profile/CustomerRowView.h"
+#include "profile/CustomerView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/TimeTrackingStore.h"
-#include "profile/CustomerRowView.h"
+#include "profile/CustomerView.h"
 #include "ui/lists/RowListModel.h"
 
 #include <optional>

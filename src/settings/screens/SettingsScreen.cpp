@@ -2,7 +2,6 @@
 
 #include "ui/controls/Card.h"
 #include "ui/controls/Clickable.h"
-#include "ui/controls/Link.h"
 #include "ui/controls/Picker.h"
 #include "ui/controls/SectionHeader.h"
 #include "ui/lists/ScrollArea.h"
@@ -43,6 +42,36 @@ constexpr int cardPaddingAcross = 14;
 constexpr int cardPaddingDown = 12;
 /// The lowest pixel row of a card is its shadow, so this looks like 18.
 constexpr int sectionGap = 17;
+constexpr int linkRadius = 4;
+constexpr int linkHeight = 28;
+constexpr int linkPadding = 4;
+constexpr FontRole linkFont = FontRole::caption11Medium;
+
+/// A word that leads out of the program, in small blue underlined letters.
+class Link final : public Clickable {
+public:
+    explicit Link(const QString& caption) : Clickable(linkRadius) {
+        setCaption(caption);
+        setCursor(Qt::PointingHandCursor);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return {textWidth(caption(), linkFont) + 2 * linkPadding, linkHeight};
+    }
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const Palette& palette = Palette::current();
+        QFont underlined = fontFor(linkFont);
+        underlined.setUnderline(true);
+        painter.setFont(underlined);
+        painter.setPen(isHovered() ? palette.text : palette.blue);
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, caption());
+    }
+};
 
 /// A link below the settings.
 struct CreditLink {

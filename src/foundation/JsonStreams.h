@@ -1,11 +1,18 @@
 #pragma once
 
+#include "foundation/DataParts.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
+#include <optional>
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace brisklog::json {
 
@@ -38,6 +45,63 @@ struct DocumentStream : rapidjson::MemoryStream {
                 return;
         }
     }
+};
+
+/// One document that comes in parts, as the reader's input stream. A text that is one repeated part from
+/// quotation mark to quotation mark is not sent through the reader character by character: the reader finds
+/// an empty text, and whoever receives that takes the real one here.
+class PartStream {
+public:
+    // The names are the reader's.
+    using Ch = char;
+
+    explicit PartStream(DataParts& parts);
+
+    Ch Peek() { return m_at != m_end || advance() ? *m_at : '\0'; }
+
+    Ch Take() { return m_at != m_end || advance() ? *m_at++ : '\0'; }
+
+    [[nodiscard]] std::size_t Tell() const {
+        return m_bytesBefore + static_cast<std::size_t>(m_at - m_begin);
+    }
+
+    // Only for reading in place.
+    Ch* PutBegin() { return nullptr; }
+
+    void Put(Ch /*character*/) {}
+
+    void Flush() {}
+
+    std::size_t PutEnd(Ch* /*begin*/) { return 0; }
+
+    /// The text that the reader has just found empty; null when it was as the reader found it.
+    [[nodiscard]] std::shared_ptr<const std::string> takeText() { return std::exchange(m_text, nullptr); }
+
+    [[nodiscard]] bool isAtEnd() { return m_at == m_end && !advance(); }
+
+    /// Passes over the bytes if the document begins with them. Only before anything was taken.
+    void skipAtStart(std::string_view bytes);
+
+private:
+    /// Goes on to the next part that is not empty; false at the end.
+    bool advance();
+    void step();
+    void take(const std::optional<DataPart>& part);
+    void gatherBeginning(std::size_t length);
+    [[nodiscard]] bool endsWithQuote() const;
+
+    DataParts& m_parts;
+    /// The first parts in one, where they are too short to tell how the document begins.
+    std::string m_beginning;
+    DataPart m_part;
+    /// The part after a repeated one, already asked for.
+    std::optional<DataPart> m_following;
+    const char* m_begin = nullptr;
+    const char* m_at = nullptr;
+    const char* m_end = nullptr;
+    std::size_t m_bytesBefore = 0;
+    std::shared_ptr<const std::string> m_text;
+    bool m_isAtEnd = false;
 };
 
 } // namespace brisklog::json

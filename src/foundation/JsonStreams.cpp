@@ -1,4 +1,4 @@
-#include "foundation/JsonPartStream.h"
+#include "foundation/JsonStreams.h"
 
 namespace brisklog::json {
 
