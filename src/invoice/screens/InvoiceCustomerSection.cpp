@@ -1,4 +1,4 @@
-#include "invoice/screens/InvoiceCustomerSection.h"
+#include "invoice/screens/InvoiceSections.h"
 
 #include "invoice/screens/InvoiceFormLayout.h"
 #include "ui/controls/Button.h"

@@ -1,4 +1,4 @@
-#include "invoice/screens/InvoiceEntriesSection.h"
+#include "invoice/screens/InvoiceSections.h"
 
 #include "invoice/screens/InvoiceEntryList.h"
 #include "invoice/screens/InvoiceFormLayout.h"

@@ -1,4 +1,4 @@
-#include "invoice/screens/InvoiceManualEntrySection.h"
+#include "invoice/screens/InvoiceSections.h"
 
 #include "foundation/Calendar.h"
 #include "invoice/screens/InvoiceFormLayout.h"

@@ -1,4 +1,4 @@
-#include "invoice/screens/InvoiceNotesSection.h"
+#include "invoice/screens/InvoiceSections.h"
 
 #include "invoice/screens/InvoiceFormLayout.h"
 #include "invoice/screens/SaveNoteScreen.h"

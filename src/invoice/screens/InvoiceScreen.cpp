@@ -1,10 +1,7 @@
 #include "invoice/screens/InvoiceScreen.h"
 
-#include "invoice/screens/InvoiceCustomerSection.h"
-#include "invoice/screens/InvoiceEntriesSection.h"
 #include "invoice/screens/InvoiceFormLayout.h"
-#include "invoice/screens/InvoiceManualEntrySection.h"
-#include "invoice/screens/InvoiceNotesSection.h"
+#include "invoice/screens/InvoiceSections.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/Card.h"
 #include "ui/controls/TextField.h"

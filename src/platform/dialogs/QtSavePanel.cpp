@@ -1,7 +1,7 @@
 #include "platform/dialogs/QtSavePanel.h"
 
 #include "foundation/Text.h"
-#include "platform/PdfFileName.h"
+#include "platform/dialogs/PdfFileName.h"
 #include "platform/dialogs/PortalSaveRequest.h"
 #include "platform/dialogs/SaveDialog.h"
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/frontmost/ToplevelStates.h"
-#include "platform/frontmost/WaylandGlobal.h"
+#include "platform/frontmost/WaylandConnection.h"
+
+#include <map>
+#include <optional>
 
 namespace brisklog {
 

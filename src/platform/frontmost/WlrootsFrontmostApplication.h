@@ -2,6 +2,7 @@
 
 #include "platform/frontmost/ApplicationCatalogue.h"
 #include "platform/frontmost/ForeignToplevels.h"
+#include "platform/frontmost/WaylandConnection.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "platform/PdfFileName.h"
+#include "platform/dialogs/PdfFileName.h"
 
 #include "foundation/Text.h"
 
