@@ -17,6 +17,7 @@
 #include "platform/x11/X11WindowServer.h"
 #include "profile/screens/LogoPickerWindow.h"
 #include "ui/look/Look.h"
+#include "ui/look/Text.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -83,7 +84,7 @@ std::unique_ptr<WindowServer> chooseWindowServer() {
     return std::make_unique<WindowServer>();
 }
 
-void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(QString::fromUtf8(address))); }
+void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(screenText(address))); }
 
 /// The real implementations for this machine.
 struct Machine {

@@ -113,7 +113,7 @@ ValueDecoder listDecoder() {
 }
 
 template <class T>
-ValueDecoder scalarDecoder() {
+ValueDecoder textDecoder() {
     if constexpr (std::is_same_v<T, std::string>) {
         return {.expected = "text", .readText = [](void* target, std::string_view text) -> Complaint {
                     static_cast<std::string*>(target)->assign(text);
@@ -128,7 +128,17 @@ ValueDecoder scalarDecoder() {
                     *static_cast<Uuid*>(target) = *id;
                     return nullptr;
                 }};
-    } else if constexpr (std::is_same_v<T, SharedData>) {
+    } else {
+        static_assert(TextEnumeration<T>, "this type has no JSON form");
+        return {.expected = "text", .readText = [](void* target, std::string_view text) -> Complaint {
+                    return fromJsonText(text, *static_cast<T*>(target)) ? nullptr : "unknown value";
+                }};
+    }
+}
+
+template <class T>
+ValueDecoder scalarDecoder() {
+    if constexpr (std::is_same_v<T, SharedData>) {
         return {.expected = "Base64 text", .takeData = [](void* target, SharedData data) {
                     *static_cast<SharedData*>(target) = std::move(data);
                 }};
@@ -143,10 +153,7 @@ ValueDecoder scalarDecoder() {
                     return nullptr;
                 }};
     } else {
-        static_assert(TextEnumeration<T>, "this type has no JSON form");
-        return {.expected = "text", .readText = [](void* target, std::string_view text) -> Complaint {
-                    return fromJsonText(text, *static_cast<T*>(target)) ? nullptr : "unknown value";
-                }};
+        return textDecoder<T>();
     }
 }
 

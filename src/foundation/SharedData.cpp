@@ -5,12 +5,12 @@
 namespace brisklog {
 namespace {
 
-QByteArray lookedAt(std::string_view bytes) {
+QByteArray viewOf(std::string_view bytes) {
     return QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
 }
 
 QByteArray::FromBase64Result decoded(const std::string& text) {
-    return QByteArray::fromBase64Encoding(lookedAt(text), QByteArray::AbortOnBase64DecodingErrors);
+    return QByteArray::fromBase64Encoding(viewOf(text), QByteArray::AbortOnBase64DecodingErrors);
 }
 
 /// Whole groups of four from the standard alphabet, padding only at the end. Qt alone would also accept
@@ -25,7 +25,7 @@ SharedData::SharedData() {
 }
 
 SharedData SharedData::of(std::string_view bytes) {
-    return SharedData(std::make_shared<const std::string>(lookedAt(bytes).toBase64().toStdString()));
+    return SharedData(std::make_shared<const std::string>(viewOf(bytes).toBase64().toStdString()));
 }
 
 std::optional<SharedData> SharedData::fromBase64(std::shared_ptr<const std::string> text) {

@@ -29,7 +29,7 @@ char32_t printable(char32_t c, LineBreaks breaks) {
 std::string printable(std::string_view text, LineBreaks breaks) {
     if (isPlainAscii(text))
         return std::string(text);
-    QString decoded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    QString decoded = QString::fromUtf8(text);
     decoded.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     std::u32string characters = decoded.toStdU32String();
     std::ranges::transform(characters, characters.begin(),

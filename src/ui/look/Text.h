@@ -5,9 +5,7 @@
 
 namespace brisklog {
 
-/// Converts a text of the state classes for the toolkit.
-[[nodiscard]] inline QString screenText(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
+/// A text of the state side as the toolkit takes it.
+[[nodiscard]] inline QString screenText(std::string_view utf8) { return QString::fromUtf8(utf8); }
 
 } // namespace brisklog
