@@ -1,6 +1,5 @@
 #include "app/projects/MultiProjectView.h"
-#include "app/projects/NewProjectView.h"
-#include "app/projects/ProjectSettingsView.h"
+#include "app/projects/ProjectSheetViews.h"
 #include "app/projects/ProjectWorkbench.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "app/projects/ProjectSettingsView.h"
+#include "app/projects/ProjectSheetViews.h"
 #include "app/projects/ProjectWorkbench.h"
 
 #include <gtest/gtest.h>

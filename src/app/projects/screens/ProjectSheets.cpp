@@ -1,7 +1,6 @@
 #include "app/projects/screens/ProjectSheets.h"
 
-#include "app/projects/NewProjectView.h"
-#include "app/projects/ProjectSettingsView.h"
+#include "app/projects/ProjectSheetViews.h"
 #include "ui/controls/Button.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/controls/TextField.h"

@@ -6,7 +6,33 @@
 
 namespace brisklog {
 
-/// The logic of the sheet that edits or deletes a project.
+/// What the sheet that creates a project decides.
+class NewProjectView final : public ObservableObject {
+public:
+    explicit NewProjectView(TimeTrackingStore& store);
+
+    /// False once the sheet has done its work or was cancelled: it closes then.
+    Published<bool> isPresented{*this, true};
+    /// As typed.
+    Published<std::string> projectName{*this};
+    /// As typed, in euros per hour; empty for none.
+    Published<std::string> hourlyRateString{*this};
+    /// Set while the project is being created, so that a second press cannot create it twice.
+    Published<bool> isProcessing{*this, false};
+    /// The sheet opens with the keyboard in the name.
+    bool isProjectNameFocused = true;
+
+    /// Adds the project and closes. A name of white space alone does nothing; a rate that is no number gives
+    /// none.
+    void create();
+
+    void cancel();
+
+private:
+    TimeTrackingStore& m_store;
+};
+
+/// What the sheet that edits or deletes a project decides.
 class ProjectSettingsView final : public ObservableObject {
 public:
     /// Fills the texts from the project; they stay empty for an index out of range.

@@ -1,4 +1,4 @@
-#include "app/projects/ProjectSettingsView.h"
+#include "app/projects/ProjectSheetViews.h"
 
 #include "foundation/NumericInput.h"
 #include "foundation/Text.h"
@@ -20,6 +20,19 @@ std::string rateText(double rate) {
 }
 
 } // namespace
+
+NewProjectView::NewProjectView(TimeTrackingStore& store) : m_store(store) {}
+
+void NewProjectView::create() {
+    const std::string name(text::trimmed(*projectName));
+    if (name.empty() || isProcessing)
+        return;
+    isProcessing = true;
+    m_store.addProject(name, parseDecimal(*hourlyRateString));
+    isPresented = false;
+}
+
+void NewProjectView::cancel() { isPresented = false; }
 
 ProjectSettingsView::ProjectSettingsView(TimeTrackingStore& store, int projectIndex)
     : m_store(store), m_projectIndex(projectIndex) {
