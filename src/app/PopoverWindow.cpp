@@ -51,8 +51,8 @@ bool isPointerOn(const QWidget& popover) {
     });
 }
 
-/// Keeps a span of `length` starting at `start` between the two edges; the first edge wins where it is too
-/// long.
+/// Moves a span of `length` starting at `start` between the two edges; where it is too long, it starts at the
+/// first.
 int kept(int start, int length, int firstEdge, int lastEdge) {
     return std::max(firstEdge, std::min(start, lastEdge - length + 1));
 }

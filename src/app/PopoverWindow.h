@@ -14,14 +14,14 @@
 
 namespace brisklog {
 
-/// Where the popover's top left corner goes: centred under an anchor in the upper half of the screen, above
-/// one in the lower half, always inside the available area; at its top right without an anchor. Logical
-/// pixels.
+/// The position of the popover's top left corner, in logical pixels: centred below an anchor in the upper
+/// half of the screen, above one in the lower half, and at the top right without an anchor; always inside the
+/// available area.
 [[nodiscard]] QPoint popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& available,
                                   const QSize& popover);
 
-/// The popover: a frameless window of 370 × 650 that closes when the user turns to something else. Without a
-/// panel to hang from it is an ordinary window with a way to quit.
+/// The popover: a frameless window of 370 × 650 that closes when the user switches to something else. Without
+/// a panel it is an ordinary window with a button to quit.
 class PopoverWindow final : public QWidget, public Popover, public SheetHost {
 public:
     struct Parts {

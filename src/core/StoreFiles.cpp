@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t daysKept = 14;
 
-/// Whether it has the form 2026-11-15; nothing else in the folder is ours to remove.
+/// Whether it has the form 2026-11-15; we remove nothing else from the folder.
 bool isDay(std::string_view name) {
     constexpr std::string_view form = "dddd-dd-dd";
     return std::ranges::equal(name, form, [](char character, char wanted) {
@@ -37,7 +37,7 @@ Result<Done> removeOldDays(Files& files, const std::filesystem::path& backups) {
 
 /// Keeps a copy of a file that has just been loaded as "backups/DAY/NAME" in the program's state folder,
 /// unless that day has one already, and removes all but the last 14 days. The program never reads them; they
-/// are for a user who deleted too much. Failure is one printed line and nothing else.
+/// are for a user who deleted too much. A failure only prints one line.
 void keepDailyCopy(Files& files, Log& log, const Clock& clock, const std::filesystem::path& file) {
     const auto state = files.stateFolder();
     if (!state)

@@ -32,13 +32,13 @@ constexpr auto jsonFields(std::type_identity<SavedNote>) {
                       json::field<&SavedNote::content>("content")};
 }
 
-/// What is kept of an invoice once it was issued.
+/// What is kept of an invoice once it has been issued.
 struct ArchivedInvoice {
     Uuid id;
     /// As printed, possibly empty.
     std::string invoiceNumber;
     Date date;
-    /// Absent when the invoice was made out to nobody.
+    /// Absent when the invoice was issued without a customer.
     std::optional<std::string> customerName;
     /// The time entries it covers.
     std::vector<Uuid> entryIDs;

@@ -47,12 +47,12 @@ struct DocumentStream : rapidjson::MemoryStream {
     }
 };
 
-/// One document that comes in parts, as the reader's input stream. A text that is one repeated part from
-/// quotation mark to quotation mark is not sent through the reader character by character: the reader finds
-/// an empty text, and whoever receives that takes the real one here.
+/// A document that is read in parts, as an input stream for the reader. A text that consists of exactly one
+/// repeated part is not passed to the reader character by character: the reader sees an empty text, and its
+/// handler gets the real one from `takeText()`.
 class PartStream {
 public:
-    // The names are the reader's.
+    // The reader prescribes these names.
     using Ch = char;
 
     explicit PartStream(DataParts& parts);
@@ -65,7 +65,7 @@ public:
         return m_bytesBefore + static_cast<std::size_t>(m_at - m_begin);
     }
 
-    // Only for reading in place.
+    // Only needed for in-situ parsing.
     Ch* PutBegin() { return nullptr; }
 
     void Put(Ch /*character*/) {}
@@ -74,16 +74,16 @@ public:
 
     std::size_t PutEnd(Ch* /*begin*/) { return 0; }
 
-    /// The text that the reader has just found empty; null when it was as the reader found it.
+    /// The text that the reader has just seen as an empty one; null if the reader saw the real one.
     [[nodiscard]] std::shared_ptr<const std::string> takeText() { return std::exchange(m_text, nullptr); }
 
     [[nodiscard]] bool isAtEnd() { return m_at == m_end && !advance(); }
 
-    /// Passes over the bytes if the document begins with them. Only before anything was taken.
+    /// Skips the bytes if the document begins with them. Only before anything has been read.
     void skipAtStart(std::string_view bytes);
 
 private:
-    /// Goes on to the next part that is not empty; false at the end.
+    /// Advances to the next part that is not empty; false at the end.
     bool advance();
     void step();
     void take(const std::optional<DataPart>& part);
@@ -91,10 +91,10 @@ private:
     [[nodiscard]] bool endsWithQuote() const;
 
     DataParts& m_parts;
-    /// The first parts in one, where they are too short to tell how the document begins.
+    /// The first parts joined, if they are too short to tell how the document begins.
     std::string m_beginning;
     DataPart m_part;
-    /// The part after a repeated one, already asked for.
+    /// The part after a repeated one, already fetched.
     std::optional<DataPart> m_following;
     const char* m_begin = nullptr;
     const char* m_at = nullptr;

@@ -28,7 +28,7 @@ private:
 };
 
 /// Asks where to save the report of the project's entries and writes it there once the user has chosen. The
-/// project is reported as it is at that moment; one deleted while the panel is up, as it was before.
+/// report shows the project as it is at that moment, or as it was before if it was deleted meanwhile.
 void exportReport(const TimeTrackingStore& store, const Project& project,
                   const DocumentFacilities& facilities);
 

@@ -102,7 +102,7 @@ InvoiceTable invoiceTable(const std::vector<TimeEntry>& entries, std::optional<d
         InvoiceCells& cells = table.rows.emplace_back();
         for (const InvoiceColumn& column : columns)
             cells.push_back(column.cell({entry, projectRate, now}));
-        // The exact seconds count; rounding is no business of the invoice.
+        // Exact seconds count: the invoice does not round time.
         total += entry.earnings(projectRate, now);
     }
     table.total = money(total);

@@ -17,21 +17,21 @@ class UserProfile;
 struct BilledEntry {
     const TimeEntry& entry;
     std::optional<double> projectRate;
-    /// Where an entry without an end is counted up to.
+    /// Entries without an end count up to this.
     Date now;
 };
 
-/// All there is to a column of an invoice's table.
+/// Everything that defines a column of an invoice's table.
 struct InvoiceColumn {
-    /// Texts stand at the column's left and are shortened, numbers end at its right and never are.
+    /// Texts are left-aligned and may be shortened; numbers are right-aligned and never shortened.
     enum class Content { text, number };
 
     const char* heading;
-    /// Left edge and width as parts of the table's width.
+    /// Left edge and width as fractions of the table's width.
     double left;
     double width;
     Content content;
-    /// What stands in an entry's row.
+    /// The cell's text in an entry's row.
     std::string (*cell)(const BilledEntry& billed);
 };
 
@@ -46,7 +46,7 @@ struct InvoiceTable {
     std::string total;
 };
 
-/// Every text of an invoice as it is printed, in the order from top to bottom.
+/// Every text of an invoice as it is printed, from top to bottom.
 struct InvoiceTexts {
     /// An encoded image.
     std::optional<std::string> logo;
@@ -68,7 +68,7 @@ void addSender(InvoiceTexts& texts, const UserProfile& profile);
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
                    const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate);
 
-/// A row for each entry and their sum. An entry's own rate goes before the project's; without any it is 0.
+/// A row for each entry and their sum. An entry's own rate overrides the project's; without either it is 0.
 [[nodiscard]] InvoiceTable invoiceTable(const std::vector<TimeEntry>& entries,
                                         std::optional<double> projectRate, Date now);
 

@@ -82,7 +82,7 @@ InvoiceSummary InvoiceView::summary() const {
 }
 
 bool InvoiceView::canCreateInvoice() const {
-    // A customer deleted since the choice is nobody.
+    // A customer deleted after having been chosen counts as none.
     const bool isCustomerSettled = selectedCustomer().has_value() || m_timeStore.customers->empty();
     return isCustomerSettled && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
 }

@@ -43,7 +43,7 @@ std::string CalendarView::monthTitle() const {
 
 std::string CalendarView::columnHeading(int column) const {
     const Calendar calendar = m_services.clock.calendar();
-    // The second row: all of its days are of this month.
+    // The second row: all of its days belong to this month.
     const auto date = dateAt(1, column, calendar);
     return date ? format::date(*date, format::DateForm::weekday, calendar) : std::string();
 }

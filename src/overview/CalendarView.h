@@ -21,7 +21,7 @@ struct DetailWindowContent {
     DailyUsageDetailView detail;
 };
 
-/// What the calendar works with.
+/// What the calendar depends on.
 struct CalendarServices {
     AutoTrackingManager& autoTrackingManager;
     DetailWindowManager& detailWindows;

@@ -71,7 +71,7 @@ struct DashboardContent {
     bool operator==(const DashboardContent&) const = default;
 };
 
-/// What the dashboard works with.
+/// What the dashboard depends on.
 struct DashboardServices {
     TimeTrackingStore& store;
     Clock& clock;

@@ -8,10 +8,10 @@
 
 namespace brisklog {
 
-/// What the customer list shows of one customer, from top to bottom. Empty texts give no line. A value in
-/// spite of its name.
+/// What the customer list shows of one customer, from top to bottom; empty texts take no line. A value,
+/// despite its name.
 struct CustomerRowView {
-    /// A line led by a symbol.
+    /// A line with a symbol in front.
     struct Detail {
         std::string symbol;
         std::string text;
@@ -27,11 +27,11 @@ struct CustomerRowView {
 
     explicit CustomerRowView(const Customer& customer);
 
-    /// All lines as one text, for whoever cannot see them.
+    /// All lines as one text, for screen readers.
     [[nodiscard]] std::string spokenText() const;
 };
 
-/// The list of customers: which form is open over it.
+/// The state of the customer list: which form is open over it.
 class CustomerView final : public ObservableObject {
 public:
     explicit CustomerView(TimeTrackingStore& timeStore) : m_timeStore(timeStore) {}

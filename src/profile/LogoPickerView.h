@@ -46,7 +46,7 @@ public:
     /// Opens a folder, or takes an image and closes the picker.
     void handleSelection(const FileItem& item);
 
-    /// The row of the folder the user has just come up from; none otherwise.
+    /// The row of the subfolder the user has just come up from; none otherwise.
     [[nodiscard]] std::optional<std::size_t> rowOfPreviousDirectory() const;
 
 private:

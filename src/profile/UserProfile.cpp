@@ -62,7 +62,7 @@ void UserProfile::loadLogoData() {
     auto bytes = path.failed() ? Result<std::string>(path.error()) : m_services.files.read(path.value());
     if (bytes.failed()) {
         m_services.log.print("Fehler beim Laden des Logos: " + bytes.error().description);
-        // Deliberately like removing the logo: what cannot be read does not stay behind.
+        // Deliberately removes the logo: an unreadable file is not kept.
         logoData = std::nullopt;
         return;
     }
@@ -70,7 +70,7 @@ void UserProfile::loadLogoData() {
 }
 
 void UserProfile::saveLogoData() {
-    // Earlier versions kept the logo here. It is deliberately dropped, not taken over.
+    // Earlier versions kept the logo here. It is deliberately dropped, not migrated.
     m_services.userDefaults.removeValue("profile_logoData");
     if (!logoData.get())
         return removeLogo();

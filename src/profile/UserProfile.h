@@ -24,7 +24,7 @@ struct ProfileServices {
 /// memory.
 class UserProfile final : public ObservableObject {
 public:
-    /// Loads both files, then takes over what earlier versions kept in the user defaults.
+    /// Loads both files, then migrates what earlier versions kept in the user defaults.
     explicit UserProfile(const ProfileServices& services);
 
     Published<std::string> companyName{*this, "", profileHook()};

@@ -9,8 +9,8 @@
 
 namespace brisklog {
 
-// The choices among the settings. An option's raw value is the label shown for it and at the same time what
-// files hold: re-spelling one would make existing files lose it.
+// The choices among the settings. An option's raw value is both the label shown for it and what files hold:
+// existing files would lose an option whose spelling changed.
 
 template <class Option>
 struct RawValue {
@@ -32,7 +32,7 @@ template <>
 inline constexpr std::array rawValues<ColorSchemeOption>{RawValue{ColorSchemeOption::light, "Hell"},
                                                          RawValue{ColorSchemeOption::dark, "Dunkel"}};
 
-/// Grid for recorded times. Kept for a later version: nothing is rounded by it.
+/// Grid for recorded times. Kept for a later version: it has no effect yet.
 enum class TimeRoundingOption { none, fiveMinutes, tenMinutes, fifteenMinutes };
 
 template <>
@@ -42,7 +42,7 @@ inline constexpr std::array rawValues<TimeRoundingOption>{
     RawValue{TimeRoundingOption::tenMinutes, "10 Minuten"},
     RawValue{TimeRoundingOption::fifteenMinutes, "15 Minuten"}};
 
-/// Direction of rounding on invoices. Kept for a later version: nothing is rounded by it.
+/// Direction of rounding on invoices. Kept for a later version: it has no effect yet.
 enum class InvoiceRoundingOption { none, roundUp, roundDown, roundNearest };
 
 template <>
@@ -60,7 +60,7 @@ template <SettingsOption Option>
     return std::ranges::find(rawValues<Option>, option, &RawValue<Option>::option)->text;
 }
 
-/// Takes the option with that raw value, compared as a whole and exactly; false for any other text.
+/// Sets the option with exactly that raw value; false for any other text.
 template <SettingsOption Option>
 [[nodiscard]] bool fromJsonText(std::string_view text, Option& option) {
     const auto found = std::ranges::find(rawValues<Option>, text, &RawValue<Option>::text);

@@ -6,12 +6,12 @@
 
 namespace brisklog {
 
-/// What the sheet that creates a project decides.
+/// The logic of the sheet that creates a project.
 class NewProjectView final : public ObservableObject {
 public:
     explicit NewProjectView(TimeTrackingStore& store);
 
-    /// False once the sheet has done its work or was cancelled: it closes then.
+    /// Becomes false once the sheet is done or cancelled; it then closes.
     Published<bool> isPresented{*this, true};
     /// As typed.
     Published<std::string> projectName{*this};
@@ -19,11 +19,11 @@ public:
     Published<std::string> hourlyRateString{*this};
     /// Set while the project is being created, so that a second press cannot create it twice.
     Published<bool> isProcessing{*this, false};
-    /// The sheet opens with the keyboard in the name.
+    /// The sheet opens with the focus in the name.
     bool isProjectNameFocused = true;
 
-    /// Adds the project and closes. A name of white space alone does nothing; a rate that is no number gives
-    /// none.
+    /// Adds the project and closes. Nothing happens while the name is blank; a rate that is not a number
+    /// counts as none.
     void create();
 
     void cancel();
@@ -32,7 +32,7 @@ private:
     TimeTrackingStore& m_store;
 };
 
-/// What the sheet that edits or deletes a project decides.
+/// The logic of the sheet that edits or deletes a project.
 class ProjectSettingsView final : public ObservableObject {
 public:
     /// Fills the texts from the project; they stay empty for an index out of range.

@@ -23,8 +23,8 @@ class TextField;
 
 // The sections of the invoice sheet that work on their own, from top to bottom.
 
-/// Chooses the customer the invoice is made out to and shows the address; without customers it leads to where
-/// they are made.
+/// Chooses the customer the invoice is made out to and shows the address; without customers it leads to the
+/// screen that creates them.
 class InvoiceCustomerSection final : public Screen {
 public:
     InvoiceCustomerSection(TimeTrackingStore& timeStore, InvoiceView& view);
@@ -46,11 +46,11 @@ private:
     QWidget* m_information;
     QWidget* m_noCustomers;
     QWidget* m_choices;
-    /// Of the customers the picker shows.
+    /// The revision of the customers the picker shows.
     std::optional<std::uint64_t> m_shownRevision;
 };
 
-/// The entries to bill with their sums.
+/// The entries to bill, with their totals.
 class InvoiceEntriesSection final : public Screen {
 public:
     InvoiceEntriesSection(TimeTrackingStore& timeStore, InvoiceView& view, const Clock& clock);
@@ -93,7 +93,7 @@ private:
     Button* m_add;
 };
 
-/// The notes printed on the invoice, and the saved ones to take them from.
+/// The notes printed on the invoice, and the saved notes to choose from.
 class InvoiceNotesSection final : public Screen {
 public:
     InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceView& view);
@@ -104,7 +104,7 @@ protected:
 private:
     void connectButtons();
     void showSavedNotes();
-    /// Shows or takes away the sheet that asks for a note's name, as the view says.
+    /// Opens or closes the sheet that asks for a note's name, according to the view.
     void refreshSaveNoteSheet();
 
     TimeTrackingStore& m_timeStore;

@@ -30,7 +30,7 @@ private:
     [[nodiscard]] bool hasDay(int cell) const;
     /// The cell of the day with that name; one past the last cell when it is not shown.
     [[nodiscard]] int cellNamed(const std::string& name) const;
-    /// The cell of that day of the month shown, or of its last day.
+    /// The cell of that day in the month shown, or else of the month's last day.
     [[nodiscard]] int cellOfDay(const std::string& dayOfMonth) const;
     void choose(int cell);
     bool handleKey(int key);

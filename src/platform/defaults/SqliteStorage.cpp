@@ -34,7 +34,7 @@ SqliteFailure cannotOpen(int systemError) {
     return {SQLITE_CANTOPEN, systemError, std::strerror(systemError)};
 }
 
-/// Whether there is memory enough to open a database, just now.
+/// Whether there is currently enough memory to open a database.
 bool isMemoryAvailable() {
     SqliteDatabase database(":memory:", SqliteDatabase::Locking::shared);
     sqlite_layout::prepare(database);
@@ -97,7 +97,7 @@ SqliteStorage::Failure SqliteStorage::openDatabase(SqliteDatabase::Locking locki
     auto database = std::make_unique<SqliteDatabase>(m_file ? m_file->string() : ":memory:", locking);
     sqlite_layout::prepare(*database);
     auto failure = database->takeFailure();
-    // Taken at its word, a file broken in this way would be in the way at every start.
+    // If this error were believed, a file broken in this way would block every start.
     if (failure && failure->cause() == Cause::memory && isMemoryAvailable())
         failure->code = SQLITE_CORRUPT;
     if (failure)

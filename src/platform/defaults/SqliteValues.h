@@ -49,7 +49,7 @@ private:
     void reclaimSpace();
 
     SqliteDatabase& m_database;
-    /// Whether chunks were removed that named pieces.
+    /// Whether chunks that refer to pieces have been removed.
     bool m_hasReleasedPieces = false;
 };
 

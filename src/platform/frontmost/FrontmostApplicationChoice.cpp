@@ -110,7 +110,7 @@ private:
         m_hasAnswered = availability() == Availability::available;
     }
 
-    /// What has answered once is the desktop's way, also when it falls silent.
+    /// A way that has worked once is kept, even if it becomes unavailable.
     void handleAnnouncement() {
         if (!m_hasAnswered)
             tryNextWays();

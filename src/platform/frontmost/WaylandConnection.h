@@ -60,7 +60,7 @@ private:
     Handler m_handler;
 };
 
-/// One of the things a compositor may offer, asked for over a connection of its own.
+/// A global that a compositor may offer, requested over a separate connection.
 class WaylandGlobal {
 public:
     enum class Presence {
@@ -69,15 +69,15 @@ public:
         missing, ///< not offered, withdrawn, or no compositor is there
     };
 
-    /// `changed` is called whenever the presence has become another, never before this returns.
+    /// `changed` is called whenever the presence has changed, never before this returns.
     WaylandGlobal(const wl_interface& interface, std::function<void()> changed);
 
     [[nodiscard]] Presence presence() const { return m_presence; }
 
-    /// A new object of it; only while it is offered.
+    /// Binds a new object to it; only while it is offered.
     [[nodiscard]] wl_proxy* bind(std::uint32_t version);
 
-    /// Gives an object of this connection back that has such a request.
+    /// Destroys an object of this connection in the compositor, by its request with that number.
     void destroyRemotely(const WaylandObject& object, std::uint32_t request);
 
 private:
@@ -92,7 +92,7 @@ private:
     std::optional<std::uint32_t> m_number;
     WaylandConnection m_connection;
     std::optional<WaylandObject> m_registry;
-    /// Answered after everything that is offered was named.
+    /// Answered once all globals have been announced.
     std::optional<WaylandObject> m_end;
 };
 

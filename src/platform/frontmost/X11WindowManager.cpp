@@ -29,7 +29,7 @@ X11WindowManager::~X11WindowManager() = default;
 void X11WindowManager::handleEvents() {
     bool hasEvent = false;
     while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
-        // Errors arrive here too: a manager's window may be gone before it can be listened to.
+        // Errors arrive here too: a manager's window may have gone before events could be selected on it.
         hasEvent = hasEvent || event->response_type != errorResponse;
     const bool isGone = !m_server.isOpen();
     if (isGone)

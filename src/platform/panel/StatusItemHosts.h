@@ -11,7 +11,7 @@ namespace brisklog {
 /// Which kind of panel shows status icons.
 enum class StatusItemHostKind { statusNotifier, xembedTray };
 
-/// A panel that has only just come needs a moment before it shows an icon properly.
+/// A panel that has just appeared needs a moment before it shows an icon properly.
 enum class HostArrival { alreadyThere, justArrived };
 
 /// Waits for a panel that shows status icons. The toolkit decides once per process, when the first icon is

@@ -22,7 +22,7 @@ public:
     /// Whether a decoder tried to read beyond the end and got nothing.
     [[nodiscard]] bool ranOut() const { return m_ranOut; }
 
-    /// A decoder got less than it asked for, as those that read ahead do in the end.
+    /// Whether a decoder got less than it asked for, as those that read ahead eventually do.
     [[nodiscard]] bool gaveTooFew() const { return m_gaveTooFew; }
 
     /// Goes back to the beginning, as if nothing had been read.

@@ -106,7 +106,7 @@ char colourCount(const JpegSegment& frame) {
     return frame.begin.size() > place ? frame.begin[place] : '\0';
 }
 
-/// Whether all colours come in the first scan, once and for all.
+/// Whether the first scan holds all colours completely.
 bool isOfOneScan(const JpegBeginning& jpeg) {
     const bool isSequential = jpeg.frame.marker == 0xC0 || jpeg.frame.marker == 0xC1;
     return isSequential && jpeg.firstScan.begin.startsWith(colourCount(jpeg.frame));

@@ -47,7 +47,7 @@ constexpr int linkHeight = 28;
 constexpr int linkPadding = 4;
 constexpr FontRole linkFont = FontRole::caption11Medium;
 
-/// A word that leads out of the program, in small blue underlined letters.
+/// A link out of the program, in small blue underlined letters.
 class Link final : public Clickable {
 public:
     explicit Link(const QString& caption) : Clickable(linkRadius) {

@@ -5,7 +5,7 @@
 
 namespace brisklog {
 
-/// A text of the state side as the toolkit takes it.
+/// Converts a text of the state classes for the toolkit.
 [[nodiscard]] inline QString screenText(std::string_view utf8) { return QString::fromUtf8(utf8); }
 
 } // namespace brisklog
