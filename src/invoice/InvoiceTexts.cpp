@@ -1,12 +1,9 @@
 #include "invoice/InvoiceTexts.h"
 
-#include "foundation/Calendar.h"
 #include "foundation/GermanFormat.h"
 #include "foundation/Text.h"
 #include "invoice/SenderLines.h"
 #include "profile/UserProfile.h"
-
-#include <array>
 
 namespace brisklog {
 namespace {
@@ -38,29 +35,6 @@ std::string formOfAddress(const std::optional<Customer>& customer) {
     return {};
 }
 
-using Content = InvoiceColumn::Content;
-
-std::string money(double euros) { return format::money(euros, "0,00\u00A0€"); }
-
-std::string description(const BilledEntry& billed) { return billed.entry.taskName; }
-
-std::string duration(const BilledEntry& billed) {
-    return format::paddedDuration(billed.entry.duration(billed.now), "0\u00A0h 0\u00A0min");
-}
-
-std::string rate(const BilledEntry& billed) {
-    return money(billed.entry.hourlyRate.value_or(billed.projectRate.value_or(0)));
-}
-
-std::string amount(const BilledEntry& billed) {
-    return money(billed.entry.earnings(billed.projectRate, billed.now));
-}
-
-constexpr std::array columns{InvoiceColumn{"Beschreibung", 0, 0.5, Content::text, description},
-                             InvoiceColumn{"Dauer", 0.5, 0.15, Content::number, duration},
-                             InvoiceColumn{"Stundensatz", 0.65, 0.15, Content::number, rate},
-                             InvoiceColumn{"Betrag", 0.8, 0.15, Content::number, amount}};
-
 } // namespace
 
 void addSender(InvoiceTexts& texts, const UserProfile& profile) {
@@ -81,32 +55,15 @@ void addSender(InvoiceTexts& texts, const UserProfile& profile) {
 }
 
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
-                   const std::string& invoiceNumber, const Calendar& calendar, Date invoiceDate) {
-    const auto longDate = [&calendar](Date date) {
-        return format::date(date, format::DateForm::longDate, calendar);
+                   const std::string& invoiceNumber, const InvoiceDate& date) {
+    const auto longDate = [&date](Date day) {
+        return format::date(day, format::DateForm::longDate, date.calendar);
     };
-    texts.invoiceLines = {"Rechnungsnummer: " + invoiceNumber, "Rechnungsdatum: " + longDate(invoiceDate),
-                          "Zahlbar bis: " + longDate(calendar.addingDays(invoiceDate, paymentTermInDays))};
+    texts.invoiceLines = {"Rechnungsnummer: " + invoiceNumber, "Rechnungsdatum: " + longDate(date.now),
+                          "Zahlbar bis: " + longDate(date.calendar.addingDays(date.now, paymentTermInDays))};
     if (customer)
         texts.recipientLines = recipientLines(*customer);
     texts.salutation = "Sehr geehrte" + formOfAddress(customer) + ",";
-}
-
-std::span<const InvoiceColumn> invoiceColumns() { return columns; }
-
-InvoiceTable invoiceTable(const std::vector<TimeEntry>& entries, std::optional<double> projectRate,
-                          Date now) {
-    InvoiceTable table;
-    double total = 0;
-    for (const TimeEntry& entry : entries) {
-        InvoiceCells& cells = table.rows.emplace_back();
-        for (const InvoiceColumn& column : columns)
-            cells.push_back(column.cell({entry, projectRate, now}));
-        // Exact seconds count: the invoice does not round time.
-        total += entry.earnings(projectRate, now);
-    }
-    table.total = money(total);
-    return table;
 }
 
 } // namespace brisklog

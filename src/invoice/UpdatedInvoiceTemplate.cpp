@@ -10,15 +10,15 @@ namespace brisklog {
 
 UpdatedInvoiceTemplate::UpdatedInvoiceTemplate(PdfFacility& pdf, const UserProfile& profile,
                                                Calendar calendar, Date now)
-    : m_pdf(pdf), m_profile(profile), m_calendar(std::move(calendar)), m_now(now) {}
+    : m_pdf(pdf), m_profile(profile), m_date{now, std::move(calendar)} {}
 
 std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
     // Stable: entries that start at the same moment keep their order.
     std::ranges::stable_sort(invoice.selectedEntries, {}, &TimeEntry::startTime);
     InvoiceTexts texts;
     addSender(texts, m_profile);
-    addLetterhead(texts, invoice.customer, invoice.invoiceNumber, m_calendar, m_now);
-    texts.table = invoiceTable(invoice.selectedEntries, invoice.project.hourlyRate, m_now);
+    addLetterhead(texts, invoice.customer, invoice.invoiceNumber, m_date);
+    texts.table = invoiceTable(invoice.selectedEntries, invoice.project.hourlyRate, m_date);
     texts.notes = invoice.additionalNotes;
 
     // The name of the business profile's folder, which invoices have always carried.

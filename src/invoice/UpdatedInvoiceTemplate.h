@@ -2,7 +2,7 @@
 
 #include "core/Customer.h"
 #include "core/Project.h"
-#include "foundation/Calendar.h"
+#include "invoice/InvoiceTable.h"
 #include "platform/PdfFacility.h"
 
 #include <optional>
@@ -34,8 +34,7 @@ public:
 private:
     PdfFacility& m_pdf;
     const UserProfile& m_profile;
-    Calendar m_calendar;
-    Date m_now;
+    InvoiceDate m_date;
 };
 
 /// Kept only as a name; nothing is drawn with it.
