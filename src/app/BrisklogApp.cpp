@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// How long a desktop may take to show its panel.
-constexpr TimeInterval waitForPanel = 3;
+constexpr TimeInterval panelTimeout = 3;
 
 /// Makes the toolkit's own texts (file dialog, menus of fields) and dates German. Without the translations
 /// package its texts stay English.
@@ -60,7 +60,7 @@ BrisklogApp::~BrisklogApp() = default;
 
 void BrisklogApp::launch() {
     m_delegate.applicationDidFinishLaunching();
-    m_waitForPanel = m_outside.runLoop.runAfter(waitForPanel, [this] {
+    m_panelTimeout = m_outside.runLoop.runAfter(panelTimeout, [this] {
         if (!m_statusItem->isReachable())
             m_popover->showAsWindow();
     });

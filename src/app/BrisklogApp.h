@@ -98,7 +98,7 @@ private:
     AppDelegate m_delegate;
     PopoverWindow* m_popover = nullptr;
     StatusItem* m_statusItem = nullptr;
-    std::unique_ptr<Timer> m_waitForPanel;
+    std::unique_ptr<Timer> m_panelTimeout;
     QPointer<SheetWindow> m_quitQuestion;
 };
 

@@ -35,10 +35,10 @@ using namespace std::chrono_literals;
 
 /// The process that holds the lock may still be starting, and a killed one holds it until its last write is
 /// done.
-constexpr std::chrono::seconds waitForOther(5);
+constexpr std::chrono::seconds otherProcessTimeout(5);
 
 /// Long enough for startup to be over.
-constexpr TimeInterval waitBeforeMemoryIsGivenBack = 2;
+constexpr TimeInterval memoryTrimDelay = 2;
 
 /// For each kind of background work.
 constexpr int threads = 2;
@@ -55,7 +55,7 @@ std::unique_ptr<ProcessLock> becomeOnlyProcess(int argumentCount, char** argumen
     const auto folder = files.stateFolder();
     if (!folder || !files.documentsFolder())
         stopProgram("no documents folder: HOME is not set");
-    const auto end = std::chrono::steady_clock::now() + waitForOther;
+    const auto end = std::chrono::steady_clock::now() + otherProcessTimeout;
     for (;;) {
         auto lock = std::make_unique<ProcessLock>(*folder / "lock");
         if (lock->state() == ProcessLock::State::held)
@@ -117,7 +117,7 @@ public:
         m_app.launch();
         // Returns the memory used for reading the files, up to 25 MB: otherwise a program that idles all day
         // would keep it.
-        m_afterStart = m_machine.runLoop.runAfter(waitBeforeMemoryIsGivenBack, [] { ::malloc_trim(0); });
+        m_afterStart = m_machine.runLoop.runAfter(memoryTrimDelay, [] { ::malloc_trim(0); });
     }
 
 private:

@@ -25,9 +25,9 @@ struct Period {
 };
 
 /// Accumulates the figures entry by entry; every boundary is computed only once.
-class Counting {
+class FigureAccumulator {
 public:
-    Counting(const Calendar& calendar, Date now) : m_now(now), m_today(calendar.dayOf(now)) {
+    FigureAccumulator(const Calendar& calendar, Date now) : m_now(now), m_today(calendar.dayOf(now)) {
         m_weekStart = calendar.addingDays(m_today.start, 1 - static_cast<int>(DashboardFigures::dayCount));
         const auto days = dashboardDays(calendar, now);
         std::ranges::transform(days, m_days.begin(), [&calendar](Date date) {
@@ -124,18 +124,18 @@ std::array<Date, DashboardFigures::monthCount> dashboardMonths(const Calendar& c
 DashboardFigures dashboardFigures(const std::vector<Project>& projects,
                                   const TimeTrackingStore::ActiveEntries& timers, const Calendar& calendar,
                                   Date now) {
-    Counting counting(calendar, now);
+    FigureAccumulator accumulator(calendar, now);
     for (const Project& project : projects)
-        counting.addProject(project);
+        accumulator.addProject(project);
     for (const auto& [id, timer] : timers)
-        counting.addTimer(timer);
+        accumulator.addTimer(timer);
     // Where several projects share an id, the timer counts for each of them.
     for (std::size_t i = 0; i < projects.size(); ++i)
         for (const auto& [id, timer] : timers)
             if (timer.projectId == projects[i].id)
-                counting.figures.projects[i].workingTime += timer.currentDuration(now);
-    counting.finish();
-    return std::move(counting.figures);
+                accumulator.figures.projects[i].workingTime += timer.currentDuration(now);
+    accumulator.finish();
+    return std::move(accumulator.figures);
 }
 
 } // namespace brisklog

@@ -24,7 +24,7 @@ struct DesktopApplication {
 class FrontmostApplication : public ObservableObject {
 public:
     enum class Availability {
-        beingFoundOut, ///< the desktop has not answered yet; an announcement follows
+        notYetKnown, ///< the desktop has not answered yet; an announcement follows
         available,
         unavailable, ///< this desktop does not tell ordinary programs
     };

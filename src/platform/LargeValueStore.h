@@ -18,9 +18,9 @@ public:
 };
 
 /// Bytes to be stored that are already in memory.
-class DataAtHand final : public DataSource {
+class InMemoryData final : public DataSource {
 public:
-    explicit DataAtHand(std::string_view bytes) : m_bytes(bytes) {}
+    explicit InMemoryData(std::string_view bytes) : m_bytes(bytes) {}
 
     void rewind() override { m_isGiven = false; }
 

@@ -11,7 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// In addition to those on show.
-constexpr std::size_t mostKept = 200;
+constexpr std::size_t maximumKept = 200;
 
 } // namespace
 
@@ -22,15 +22,15 @@ void Thumbnails::show(const std::vector<fs::path>& files, PixelSize box) {
     if (m_box != box)
         clear();
     m_box = box;
-    giveUpAllBut(files);
+    cancelAllExcept(files);
     for (const fs::path& file : files)
         if (!m_thumbnails.contains(file))
             ask(file, box);
 }
 
-void Thumbnails::giveUpAllBut(const std::vector<fs::path>& files) {
+void Thumbnails::cancelAllExcept(const std::vector<fs::path>& files) {
     const std::set<fs::path> onShow(files.begin(), files.end());
-    const bool isCrowded = m_thumbnails.size() > mostKept + files.size();
+    const bool isCrowded = m_thumbnails.size() > maximumKept + files.size();
     std::erase_if(m_thumbnails, [&](const auto& each) {
         const bool isKept = each.second.result && !isCrowded;
         return !isKept && !onShow.contains(each.first);

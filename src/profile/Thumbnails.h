@@ -38,7 +38,7 @@ private:
         std::unique_ptr<BackgroundTask> task;
     };
 
-    void giveUpAllBut(const std::vector<std::filesystem::path>& files);
+    void cancelAllExcept(const std::vector<std::filesystem::path>& files);
     void ask(const std::filesystem::path& file, PixelSize box);
 
     const Images& m_images;

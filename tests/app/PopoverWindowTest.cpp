@@ -32,7 +32,7 @@ protected:
     }
 
     /// Another program's window becomes active while the pointer is there.
-    static void turnElsewhere(const QPoint& pointer) {
+    static void activateAnotherWindow(const QPoint& pointer) {
         QCursor::setPos(pointer);
         QApplication::setActiveWindow(nullptr);
         QTest::qWait(1);
@@ -81,13 +81,13 @@ TEST_F(PopoverWindowTest, isKeptOutOfTheTaskBarAtEachShowButNotAsAWindow) {
 
 TEST_F(PopoverWindowTest, turningElsewhereClosesIt) {
     open();
-    turnElsewhere(onTheDesktop);
+    activateAnotherWindow(onTheDesktop);
     EXPECT_FALSE(popover.isShown());
 }
 
 TEST_F(PopoverWindowTest, turningElsewhereByAPressOnTheIconIsLeftToTheToggle) {
     open();
-    turnElsewhere(onTheIcon);
+    activateAnotherWindow(onTheIcon);
     EXPECT_TRUE(popover.isShown());
 }
 
@@ -103,7 +103,7 @@ TEST_F(PopoverWindowTest, openedAgainAtOnceItIsNotClosedByWhatTheLastClosingLeft
     QTest::qWait(1);
     EXPECT_TRUE(popover.isShown());
     QApplication::setActiveWindow(&popover);
-    turnElsewhere(onTheDesktop);
+    activateAnotherWindow(onTheDesktop);
     EXPECT_FALSE(popover.isShown());
 }
 
@@ -111,7 +111,7 @@ TEST_F(PopoverWindowTest, staysWhileSomethingHoldsIt) {
     open();
     auto first = popover.holdOpen();
     auto second = popover.holdOpen();
-    turnElsewhere(onTheDesktop);
+    activateAnotherWindow(onTheDesktop);
     pressAt(onTheDesktop);
     EXPECT_TRUE(popover.isShown());
     popover.close();
@@ -127,7 +127,7 @@ TEST_F(PopoverWindowTest, staysWhileSomethingHoldsIt) {
 TEST_F(PopoverWindowTest, asWindowStaysWhateverTheUserTurnsTo) {
     openAsWindow();
     pressAt(onTheDesktop);
-    turnElsewhere(onTheDesktop);
+    activateAnotherWindow(onTheDesktop);
     QTest::keyClick(&popover, Qt::Key_Escape);
     EXPECT_TRUE(popover.isShown());
 }

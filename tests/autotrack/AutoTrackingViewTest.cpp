@@ -93,7 +93,7 @@ TEST_F(AutoTrackingPanel, deletingWhileOffLeavesItOff) {
 TEST_F(AutoTrackingPanel, saysWhereTheDesktopTellsNothing) {
     frontmost.setAvailability(Availability::unavailable);
     EXPECT_EQ(view().unavailability(), "Dieser Desktop teilt nicht mit, welche Anwendung vorn ist.");
-    frontmost.setAvailability(Availability::beingFoundOut);
+    frontmost.setAvailability(Availability::notYetKnown);
     EXPECT_EQ(view().unavailability(), std::nullopt);
 }
 

@@ -46,7 +46,7 @@ public:
     }
 
     /// Stores `beginning`, then `filling` repeated until `size` bytes are reached.
-    void storeMuch(std::size_t size, std::string_view beginning, std::string_view filling) {
+    void storeRepeated(std::size_t size, std::string_view beginning, std::string_view filling) {
         std::string block;
         while (block.size() < megabyte)
             block += filling;
@@ -85,27 +85,27 @@ public:
 };
 
 TEST_F(HostileHistory, halfAGigabyteOfOneText) {
-    storeMuch(halfGigabyte, R"([{"id":")", "abcdefgh");
+    storeRepeated(halfGigabyte, R"([{"id":")", "abcdefgh");
     expectRefusedCheaply();
 }
 
 TEST_F(HostileHistory, aTextWithoutEnd) {
-    storeMuch(muchData, R"([{"unknown":")", "abc defgh");
+    storeRepeated(muchData, R"([{"unknown":")", "abc defgh");
     expectRefusedCheaply();
 }
 
 TEST_F(HostileHistory, bracketsWithoutEnd) {
-    storeMuch(muchData, R"([{"unknown":)", "[[[[[[[[");
+    storeRepeated(muchData, R"([{"unknown":)", "[[[[[[[[");
     expectRefusedCheaply();
 }
 
 TEST_F(HostileHistory, blanksWithoutEnd) {
-    storeMuch(muchData, "[", "        ");
+    storeRepeated(muchData, "[", "        ");
     expectRefusedCheaply();
 }
 
 TEST_F(HostileHistory, unknownKeysWithoutEnd) {
-    storeMuch(muchData, R"([{"a":0)", R"(,"unknown":[1,"text",{}])");
+    storeRepeated(muchData, R"([{"a":0)", R"(,"unknown":[1,"text",{}])");
     expectRefusedCheaply();
 }
 

@@ -14,7 +14,7 @@ from tally import PROJECTS, is_long, main, opened, read_entries, start_timers, s
 PROFILE = HOME / ".local/share/Pennavo/profile.json"
 
 
-def gesture_into_the_void(action):
+def act_ignoring_errors(action):
     """The program may be gone before it answers."""
     with contextlib.suppress(Exception):
         action.doAction(0)
@@ -30,7 +30,7 @@ def kill_while_stopping(path, desktop, tally, longest):
         stop_timer(desktop)
         wait_until(lambda stopped=stopped: len(stop_buttons(desktop)) == 2 - stopped, "the stopped timer to go")
     # The gesture is still under way when the program is killed.
-    threading.Thread(target=gesture_into_the_void, args=[stop_buttons(desktop)[0].queryAction()], daemon=True).start()
+    threading.Thread(target=act_ignoring_errors, args=[stop_buttons(desktop)[0].queryAction()], daemon=True).start()
     time.sleep(random.uniform(0, longest))
     program.kill()
     after = read_entries()

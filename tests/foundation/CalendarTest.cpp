@@ -86,7 +86,7 @@ TEST_F(BerlinCalendar, tellsWhatClocksShow) {
         EXPECT_FALSE(calendar.localTime(Date{seconds}).isValid());
 }
 
-TEST_F(BerlinCalendar, momentIsTheOneWhenClocksShowThat) {
+TEST_F(BerlinCalendar, momentOfIsWhenClocksShowThatTime) {
     EXPECT_EQ(calendar.momentOf(QDate(2026, 11, 15), QTime(18, 20, 8)), Date{816456008});
     EXPECT_EQ(calendar.momentOf(QDate(2026, 7, 1), QTime(0, 0)), at("2026-07-01T00:00:00"));
     const Date skipped = calendar.momentOf(QDate(2026, 3, 29), QTime(2, 30));

@@ -15,7 +15,7 @@ const Calendar calendar(QTimeZone("Europe/Berlin"));
 } // namespace
 
 void tryInput(std::string_view bytes) {
-    const auto invoices = decodedAndBack<std::vector<ArchivedInvoice>>(bytes, json::Layout::compact);
+    const auto invoices = roundTripped<std::vector<ArchivedInvoice>>(bytes, json::Layout::compact);
     if (!invoices)
         return;
     for (const ArchivedInvoice& invoice : *invoices)

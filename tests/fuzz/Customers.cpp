@@ -7,7 +7,7 @@
 namespace brisklog::fuzz {
 
 void tryInput(std::string_view bytes) {
-    const auto customers = decodedAndBack<std::vector<Customer>>(bytes, json::Layout::pretty);
+    const auto customers = roundTripped<std::vector<Customer>>(bytes, json::Layout::pretty);
     if (!customers)
         return;
     for (const Customer& customer : *customers)

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Once for the file itself, once for the fresh file that replaces it.
-constexpr int triesUntilItWorks = 2;
+constexpr int mostAttempts = 2;
 
 const std::string picture(600, 'Q');
 
@@ -81,7 +81,7 @@ void DefaultsFile::use() const {
     for (const auto& entry : entries)
         change(defaults, entry);
     bool works = false;
-    for (int tries = 0; tries < triesUntilItWorks && !works; ++tries)
+    for (int tries = 0; tries < mostAttempts && !works; ++tries)
         works = keepsWhatItIsGiven(defaults);
     require(works, "the store works, at the latest with a fresh file");
     defaults.synchronise();

@@ -65,7 +65,7 @@ void requireDrawable(cairo_surface_t* image) {
 } // namespace
 
 void tryInput(std::string_view bytes) {
-    needApplication();
+    ensureApplication();
     const QtImages images;
     const auto thumbnail = images.decode(bytes, asTile);
     const auto logo = images.decode(bytes, logoSize);

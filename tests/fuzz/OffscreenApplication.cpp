@@ -4,7 +4,7 @@
 
 namespace brisklog::fuzz {
 
-void needApplication() {
+void ensureApplication() {
     static int count = 1;
     static char name[] = "fuzzer";
     static char* arguments[] = {name, nullptr};

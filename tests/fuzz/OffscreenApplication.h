@@ -5,6 +5,6 @@
 namespace brisklog::fuzz {
 
 /// Makes the toolkit's application without a display, once per process.
-void needApplication();
+void ensureApplication();
 
 } // namespace brisklog::fuzz

@@ -39,7 +39,7 @@ void show(TimeInterval seconds) {
 } // namespace
 
 void tryInput(std::string_view bytes) {
-    const auto projects = decodedAndBack<std::vector<Project>>(bytes, json::Layout::pretty, haveSameContent);
+    const auto projects = roundTripped<std::vector<Project>>(bytes, json::Layout::pretty, haveSameContent);
     if (!projects)
         return;
     for (const Project& project : *projects) {

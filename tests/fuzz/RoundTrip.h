@@ -13,7 +13,7 @@ namespace brisklog::fuzz {
 /// Decodes the bytes and requires that the value can be encoded, decodes to an equal value and then has the
 /// same encoding. Absent when the bytes do not decode.
 template <class T, class Same = std::equal_to<T>>
-std::optional<T> decodedAndBack(std::string_view bytes, json::Layout layout, Same same = {}) {
+std::optional<T> roundTripped(std::string_view bytes, json::Layout layout, Same same = {}) {
     const auto decoded = json::decode<T>(bytes);
     if (decoded.failed()) {
         require(!decoded.error().description.empty(), "a refusal says why");

@@ -6,6 +6,6 @@
 
 namespace brisklog::fuzz {
 
-void tryInput(std::string_view bytes) { decodedAndBack<std::vector<SavedNote>>(bytes, json::Layout::pretty); }
+void tryInput(std::string_view bytes) { roundTripped<std::vector<SavedNote>>(bytes, json::Layout::pretty); }
 
 } // namespace brisklog::fuzz

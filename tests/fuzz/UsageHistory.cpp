@@ -80,7 +80,7 @@ void requireSameValue(const Result<Days>& whole, const Result<Days>& inParts) {
         require(inParts.value() == whole.value(), "decoding in parts gives the same value");
 }
 
-void requireSameHoweverCut(std::string_view bytes) {
+void requireSameForEveryPartSize(std::string_view bytes) {
     const auto whole = json::decode<Days>(bytes);
     // An object where no text may be is an error too, but reported at the position after it.
     requireSameValue(whole, decodedInParts(cutAsStored(bytes)));
@@ -135,8 +135,8 @@ void continueHistory(std::string_view bytes) {
 } // namespace
 
 void tryInput(std::string_view bytes) {
-    requireSameHoweverCut(bytes);
-    if (const auto days = decodedAndBack<Days>(bytes, json::Layout::compact))
+    requireSameForEveryPartSize(bytes);
+    if (const auto days = roundTripped<Days>(bytes, json::Layout::compact))
         requireSameStreamed(*days);
     continueHistory(bytes);
 }

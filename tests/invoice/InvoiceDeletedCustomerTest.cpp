@@ -18,7 +18,7 @@ protected:
     }
 
     /// Expects exactly one document, which names no recipient.
-    void expectInvoiceToNobody() {
+    void expectInvoiceWithoutRecipient() {
         EXPECT_EQ(generatedInvoices(), 1U);
         EXPECT_EQ(log.lines.back(),
                   "Generiere Rechnung mit UpdatedInvoiceTemplate für Projekt: Website, Kunde: keiner");
@@ -30,7 +30,7 @@ protected:
     const Customer gone = customerNamed("Müller");
 };
 
-TEST_F(InvoiceDeletedCustomer, isNobodySoAnotherOneMustBeChosen) {
+TEST_F(InvoiceDeletedCustomer, countsAsNoneSoAnotherMustBeChosen) {
     addCustomer(customerNamed("Adler"));
     EXPECT_TRUE(view->canCreateInvoice());
     store.deleteCustomer(0);
@@ -46,14 +46,14 @@ TEST_F(InvoiceDeletedCustomer, needsNoSuccessorWhenNobodyIsLeft) {
     view->createInvoice();
     EXPECT_EQ(store.archivedInvoices->front().customerName, std::nullopt);
     savePanel.answer(home.path() / "Rechnung.pdf");
-    expectInvoiceToNobody();
+    expectInvoiceWithoutRecipient();
 }
 
 TEST_F(InvoiceDeletedCustomer, isLeftOutOfTheDocumentWhenDeletedUnderThePanel) {
     view->createInvoice();
     store.deleteCustomer(0);
     savePanel.answer(home.path() / "Rechnung.pdf");
-    expectInvoiceToNobody();
+    expectInvoiceWithoutRecipient();
     EXPECT_EQ(store.archivedInvoices->front().customerName, "Müller");
 }
 

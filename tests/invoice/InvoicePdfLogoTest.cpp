@@ -57,13 +57,13 @@ void expectLeftOut(const std::string& logo) {
 TEST(InvoicePdfLogo, thatDoesNotDecodeIsLeftOutAndTheRestIsDrawnAsWithoutOne) { expectLeftOut("kein Bild"); }
 
 /// Decoding it would take minutes.
-TEST(InvoicePdfLogo, thatGoesOverItselfHundredsOfTimesIsLeftOutAsThePickerRefusesIt) {
-    const std::string logo = jpegInGoes(500);
+TEST(InvoicePdfLogo, withHundredsOfScansIsLeftOutAsThePickerRefusesIt) {
+    const std::string logo = progressiveJpeg(500);
     const auto picked = QtImages().decode(logo, [](PixelSize size) { return size; });
     ASSERT_TRUE(picked.failed());
     EXPECT_EQ(picked.error().description, "an image without end");
     expectLeftOut(logo);
-    expectLogo(jpegInGoes(0), 64, 64);
+    expectLogo(progressiveJpeg(0), 64, 64);
 }
 
 TEST(InvoicePdfLogo, movesNoText) {

@@ -110,7 +110,7 @@ Complaints circlesIn(const Arrows& arrows) {
     return complaints;
 }
 
-Complaints includesBeside(const Arrows& arrows, const std::vector<Include>& includes) {
+Complaints forbiddenIncludes(const Arrows& arrows, const std::vector<Include>& includes) {
     Complaints complaints;
     for (const Include& include : includes)
         if (!standsOn(arrows, boxOf(include.line.file), boxOf(include.header)))
@@ -118,7 +118,7 @@ Complaints includesBeside(const Arrows& arrows, const std::vector<Include>& incl
     return complaints;
 }
 
-Complaints linksBeside(const Arrows& arrows, const Arrows& links) {
+Complaints forbiddenLinks(const Arrows& arrows, const Arrows& links) {
     Complaints complaints;
     for (const auto& [box, linked] : links)
         for (const std::string& below : linked)

@@ -41,10 +41,10 @@ struct Include {
 [[nodiscard]] Complaints circlesIn(const Arrows& arrows);
 
 /// Includes from a box that the including one does not stand on.
-[[nodiscard]] Complaints includesBeside(const Arrows& arrows, const std::vector<Include>& includes);
+[[nodiscard]] Complaints forbiddenIncludes(const Arrows& arrows, const std::vector<Include>& includes);
 
 /// Links to a box that the linking one does not stand on.
-[[nodiscard]] Complaints linksBeside(const Arrows& arrows, const Arrows& links);
+[[nodiscard]] Complaints forbiddenLinks(const Arrows& arrows, const Arrows& links);
 
 /// Arrows to a box from which nothing is included.
 [[nodiscard]] Complaints unusedArrows(const Arrows& arrows, const std::vector<Include>& includes);

@@ -15,7 +15,7 @@ const QString portalName = u"org.freedesktop.portal.Desktop"_s;
 
 /// Makes the one application per process that the toolkit demands. It is never destroyed, because the
 /// toolkit's own statics would be gone by then.
-void needApplication() {
+void ensureApplication() {
     static const bool isPlatformChosen = qputenv("QT_QPA_PLATFORM", "offscreen");
     static int count = isPlatformChosen ? 1 : 0;
     static char name[] = "brisklog-tests";
@@ -37,7 +37,7 @@ bool waitUntil(const std::function<bool()>& condition) {
 
 Desktop::Desktop() {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-    needApplication();
+    ensureApplication();
 }
 
 void DesktopWithBus::SetUp() {

@@ -23,7 +23,7 @@ public:
     using Numbers = std::vector<double>;
 
     /// Writes a damaged file, last modified at a moment the test knows.
-    void layDamaged(std::string_view bytes) const {
+    void writeDamaged(std::string_view bytes) const {
         writeFile(file.path, bytes);
         fs::last_write_time(file.path, written);
     }
@@ -55,7 +55,7 @@ TEST_F(JsonFileTest, aMissingFileIsAnErrorAndNothingIsRescued) {
 }
 
 TEST_F(JsonFileTest, undecodableBytesAreRescuedUnderTheTimeTheyWereWritten) {
-    layDamaged("[1,2");
+    writeDamaged("[1,2");
     ASSERT_TRUE(file.load(files, log).failed());
     EXPECT_EQ(readFile(file.path), "[1,2") << "the file itself is left alone";
     const auto sinceEpoch = fs::file_time_type::clock::to_sys(written).time_since_epoch();
@@ -67,7 +67,7 @@ TEST_F(JsonFileTest, undecodableBytesAreRescuedUnderTheTimeTheyWereWritten) {
 }
 
 TEST_F(JsonFileTest, theSameBytesAreRescuedOnce) {
-    layDamaged("[1,2");
+    writeDamaged("[1,2");
     (void)file.load(files, log);
     (void)file.load(files, log);
     EXPECT_THAT(rescuedContents(), ElementsAre("[1,2"));
@@ -76,21 +76,21 @@ TEST_F(JsonFileTest, theSameBytesAreRescuedOnce) {
 
 TEST_F(JsonFileTest, twoDamagedVersionsOfTheSameMomentAreBothRescued) {
     for (const char* const bytes : {"[1,2", "[3,4", "[5,6", "[3,4"}) {
-        layDamaged(bytes);
+        writeDamaged(bytes);
         (void)file.load(files, log);
     }
     EXPECT_THAT(rescuedContents(), UnorderedElementsAre("[1,2", "[3,4", "[5,6"));
 }
 
 TEST_F(JsonFileTest, aFailedRescueIsOneLine) {
-    layDamaged("[1,2");
+    writeDamaged("[1,2");
     files.writesFail = true;
     EXPECT_TRUE(file.load(files, log).failed());
     EXPECT_THAT(log.lines, ElementsAre(StartsWith("Error keeping undecodable file: ")));
 }
 
 TEST_F(JsonFileTest, anUnreadableRescueFolderIsOneLineAndNoEndlessSearch) {
-    layDamaged("[1,2");
+    writeDamaged("[1,2");
     fs::create_directories(home.state() / "rescued");
     fs::permissions(home.state() / "rescued", fs::perms::none);
     const auto end = runAsNobody(home.path(), [this] {
@@ -101,7 +101,7 @@ TEST_F(JsonFileTest, anUnreadableRescueFolderIsOneLineAndNoEndlessSearch) {
 }
 
 TEST_F(JsonFileTest, withoutAHomeNothingIsRescuedAndNothingPrinted) {
-    layDamaged("[1,2");
+    writeDamaged("[1,2");
     files.hasHome = false;
     EXPECT_TRUE(file.load(files, log).failed());
     EXPECT_THAT(log.lines, IsEmpty());

@@ -173,7 +173,7 @@ TEST_F(LogoPickerViewTest, goingOnWhileAFolderIsReadShowsTheLastOneOnly) {
     writeFile(home.path() / "Heim.png", "");
     open();
     view->handleSelection({pictures() / "Kunden", true});
-    background.workOnly();
+    background.runWithoutDelivering();
     view->moveToParentFolder();
     view->moveToParentFolder();
     background.deliver();
@@ -187,7 +187,7 @@ TEST_F(LogoPickerViewTest, goingOnWhileAFolderIsReadShowsTheLastOneOnly) {
 TEST_F(LogoPickerViewTest, closedWhileAFolderIsReadItHearsNothingMore) {
     fs::create_directory(pictures());
     start();
-    background.workOnly();
+    background.runWithoutDelivering();
     view.reset();
     background.deliver();
     start();

@@ -103,7 +103,7 @@ TEST_F(ThumbnailsTest, anotherSizeOfTheBoxMakesThemAnew) {
 
 TEST_F(ThumbnailsTest, clearedItForgetsEverythingAndHearsNothingMore) {
     thumbnails.show(files(0, 2), box);
-    background.workOnly();
+    background.runWithoutDelivering();
     thumbnails.clear();
     background.deliver();
     background.runAll();

@@ -29,7 +29,7 @@ void becomeNobody() {
         ADD_FAILURE() << "cannot become nobody";
 }
 
-void passMomentOfChance() {
+void waitRandomMoment() {
     static std::mt19937 chance{std::random_device{}()};
     const auto moment = std::chrono::microseconds(std::uniform_int_distribution(0, 3000)(chance));
     for (const auto end = std::chrono::steady_clock::now() + moment;
@@ -89,7 +89,7 @@ void killWhileWorking(const SharedCounter& progress, long least, const std::func
     ASSERT_GT(child, 0);
     while (progress.value() <= least && ::waitpid(child, nullptr, WNOHANG) == 0)
         ::sched_yield();
-    passMomentOfChance();
+    waitRandomMoment();
     EXPECT_EQ(::kill(child, SIGKILL), 0) << "the work ended before it was killed";
     EXPECT_EQ(waitForChild(child).signal, SIGKILL);
     // The pipe ends once every process that the child started is gone too.

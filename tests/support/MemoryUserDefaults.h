@@ -50,7 +50,7 @@ public:
         const auto* const data = std::get_if<Data>(&found->second);
         if (data == nullptr)
             return Reading::otherType;
-        DataAtHand parts(data->bytes);
+        InMemoryData parts(data->bytes);
         read(parts);
         return Reading::complete;
     }

@@ -54,7 +54,7 @@ std::string jpegImage(int width, int height, const QColor& colour) {
     return encoded(width, height, colour, "JPG");
 }
 
-std::string turnedByAQuarter(const std::string& jpeg) {
+std::string withExifRotation(const std::string& jpeg) {
     using namespace std::string_literals;
     const std::string note = "Exif\0\0II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0\x06\0\0\0\0\0\0\0"s;
     const auto length = static_cast<char>(note.size() + 2);

@@ -10,7 +10,7 @@ namespace brisklog::test {
 [[nodiscard]] std::string jpegImage(int width, int height, const QColor& colour = Qt::blue);
 
 /// The JPEG with the Exif note of a camera held sideways: to be rotated by 90°.
-[[nodiscard]] std::string turnedByAQuarter(const std::string& jpeg);
+[[nodiscard]] std::string withExifRotation(const std::string& jpeg);
 
 /// A valid PNG of a few bytes with 400 million pixels.
 [[nodiscard]] std::string hugePng();

@@ -30,14 +30,14 @@ std::string encoded(const QImage& picture, const char* format, int quality) {
 std::string turnedJpeg(const QImage& picture, int orientation) {
     constexpr std::size_t fromNoteToNumber = 24;
     constexpr char quarter = 6;
-    std::string bytes = turnedByAQuarter(encoded(picture, "JPEG", 100));
+    std::string bytes = withExifRotation(encoded(picture, "JPEG", 100));
     char& number = bytes[bytes.find("Exif") + fromNoteToNumber];
     EXPECT_EQ(number, quarter);
     number = static_cast<char>(orientation);
     return bytes;
 }
 
-std::string jpegInGoes(int more) {
+std::string progressiveJpeg(int more) {
     QBuffer buffer;
     QImageWriter writer(&buffer, "jpeg");
     writer.setProgressiveScanWrite(true);

@@ -17,7 +17,7 @@ namespace brisklog::test {
 [[nodiscard]] std::string turnedJpeg(const QImage& picture, int orientation);
 
 /// A valid progressive JPEG file, its last scan repeated that many times more.
-[[nodiscard]] std::string jpegInGoes(int more);
+[[nodiscard]] std::string progressiveJpeg(int more);
 
 /// A GIF file of 2 × 2 pixels: red, green, blue, transparent.
 [[nodiscard]] std::string smallGif();

@@ -34,7 +34,7 @@ private:
 /// Replaces everything from that byte on with `tail`.
 inline bool replaceTail(LargeValueStore& store, std::string_view key, std::size_t from,
                         std::string_view tail) {
-    DataAtHand data(tail);
+    InMemoryData data(tail);
     return store.replaceData(key, from, data);
 }
 

@@ -43,7 +43,7 @@ void VirtualBackground::runAll() {
     }
 }
 
-void VirtualBackground::workOnly() {
+void VirtualBackground::runWithoutDelivering() {
     if (const auto assignment = next()) {
         assignment->work();
         m_done = assignment;

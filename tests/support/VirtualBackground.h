@@ -19,7 +19,7 @@ public:
     void runAll();
 
     /// Does the oldest waiting work but holds it back until `deliver`.
-    void workOnly();
+    void runWithoutDelivering();
     void deliver();
 
     /// How many assignments are waiting and not given up.

@@ -41,13 +41,13 @@ TEST_F(ComponentButton, primaryFollowsThePointer) {
     button.setDown(true);
     EXPECT_EQ(groundOf(button), palette.primaryPressed);
     button.setEnabled(false);
-    EXPECT_PRED2(looksLike, groundOf(button), laidOver(withOpacity(palette.control, 0.5), palette.ground));
+    EXPECT_PRED2(looksLike, groundOf(button), blendedOver(withOpacity(palette.control, 0.5), palette.ground));
 }
 
 TEST_F(ComponentButton, deletingOnesAreRed) {
     Button quiet(u"Projekt löschen"_s, Button::Kind::destructive);
     Button loud(u"Löschen"_s, Button::Kind::alertDestructive);
-    EXPECT_PRED2(looksLike, groundOf(quiet), laidOver(withOpacity(palette.redFill, 0.10), palette.ground));
+    EXPECT_PRED2(looksLike, groundOf(quiet), blendedOver(withOpacity(palette.redFill, 0.10), palette.ground));
     EXPECT_EQ(groundOf(loud), palette.redFill);
 }
 
@@ -122,9 +122,9 @@ TEST_F(ComponentButton, symbolButtonShowsItsGroundOnlyUnderThePointer) {
         hover(*button);
     }
     EXPECT_PRED2(looksLike, picture(deleting).pixelColor(14, 2),
-                 laidOver(withOpacity(palette.redFill, 0.12), palette.ground));
+                 blendedOver(withOpacity(palette.redFill, 0.12), palette.ground));
     EXPECT_PRED2(looksLike, picture(acting).pixelColor(14, 2),
-                 laidOver(withOpacity(palette.control, 0.7), palette.ground));
+                 blendedOver(withOpacity(palette.control, 0.7), palette.ground));
 }
 
 class ComponentFocusRing : public ScreenTest {

@@ -121,7 +121,7 @@ TEST_F(ComponentField, showsTheLedgerLineAtRestAndABlueFrameWithTheFocus) {
     EXPECT_EQ(picture(*other).pixelColor(60, 30), palette.blue);
     field->setEnabled(false);
     EXPECT_PRED2(looksLike, picture(*field).pixelColor(60, 31),
-                 laidOver(withOpacity(palette.control, 0.5), palette.ground));
+                 blendedOver(withOpacity(palette.control, 0.5), palette.ground));
 }
 
 TEST_F(ComponentField, areaTellsWhatIsTypedAndNothingWhenSet) {

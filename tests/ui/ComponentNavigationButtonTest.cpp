@@ -143,7 +143,7 @@ TEST_F(NavigationButtonTest, paintsTheGroundOfItsState) {
     button.resize(button.sizeHint());
     const Palette& palette = Palette::of(ColorScheme::light);
     EXPECT_PRED2(looksLike, picture(button).pixelColor(42, 2),
-                 laidOver(withOpacity(palette.control, 0.8), palette.ground));
+                 blendedOver(withOpacity(palette.control, 0.8), palette.ground));
 }
 
 TEST_F(NavigationButtonTest, mayBeDestroyedByItsOwnAction) {

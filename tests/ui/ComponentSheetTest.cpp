@@ -235,12 +235,12 @@ TEST_F(ComponentSheet, worksWithoutAHost) {
 TEST_F(ComponentSheet, hasAHeaderOfFiftyTwoAndAFooterOfFiftySix) {
     SheetWindow& shown = present();
     const Palette& palette = Palette::of(ColorScheme::light);
-    const QColor line = laidOver(withOpacity(palette.secondary, 0.2), palette.ground);
+    const QColor line = blendedOver(withOpacity(palette.secondary, 0.2), palette.ground);
     const QImage image = picture(shown);
     EXPECT_PRED2(looksLike, image.pixelColor(200, 51), line);
     EXPECT_PRED2(looksLike, image.pixelColor(200, 252 - 56), line);
     EXPECT_PRED2(looksLike, image.pixelColor(0, 100),
-                 laidOver(withOpacity(palette.secondary, 0.3), palette.ground));
+                 blendedOver(withOpacity(palette.secondary, 0.3), palette.ground));
 }
 
 class ComponentAlert : public ScreenTest {

@@ -23,8 +23,8 @@ struct Pair {
     [[nodiscard]] double measured() const {
         QColor ground = layers.front();
         for (const QColor& layer : layers)
-            ground = laidOver(layer, ground);
-        return contrast(laidOver(above, ground), ground);
+            ground = blendedOver(layer, ground);
+        return contrast(blendedOver(above, ground), ground);
     }
 };
 
@@ -55,7 +55,7 @@ std::vector<Pair> tintedTexts(const Palette& p) {
         pairs.push_back({"text on invoiced row", p.text, {ground, withOpacity(p.greenFill, 0.2)}});
         pairs.push_back({"secondary on control", p.secondary, {ground, withOpacity(p.control, 0.5)}});
     }
-    const QColor dashboardTimer = laidOver(withOpacity(p.secondary, 0.05), p.card);
+    const QColor dashboardTimer = blendedOver(withOpacity(p.secondary, 0.05), p.card);
     pairs.push_back({"paused label", p.orange, {dashboardTimer, withOpacity(p.orangeFill, 0.2)}});
     pairs.push_back({"paused duration", p.orange, {p.card, withOpacity(p.orangeFill, 0.08)}});
     pairs.push_back({"secondary on the selected day", p.secondary, {p.card, withOpacity(p.blueFill, 0.2)}});

@@ -53,14 +53,14 @@ struct Cells {
 };
 
 /// Numbers wider than their columns grow to the left; the name gets the remaining width.
-Cells cellsIn(const QRect& row, int durationNeeds, int amountNeeds) {
+Cells cellsIn(const QRect& row, int durationTextWidth, int amountTextWidth) {
     const auto cell = [&row](int left, int width) { return QRect(left, row.top(), width, row.height()); };
     Cells cells;
     cells.box = cell(row.left() + padding, boxWidth);
     cells.date = cell(cells.box.right() + 1 + gap, dateWidth);
-    const int amount = std::max(amountWidth, amountNeeds);
+    const int amount = std::max(amountWidth, amountTextWidth);
     cells.amount = cell(row.right() + 1 - padding - amount, amount);
-    const int duration = std::max(durationWidth, durationNeeds);
+    const int duration = std::max(durationWidth, durationTextWidth);
     cells.duration = cell(cells.amount.left() - gap - duration, duration);
     const int nameLeft = cells.date.right() + 1 + gap;
     cells.name = cell(nameLeft, std::max(0, cells.duration.left() - gap - nameLeft));

@@ -111,7 +111,7 @@ std::optional<Value> SqliteValues::value(std::string_view key) {
 
 bool SqliteValues::setValue(std::string_view key, const Value& value) {
     if (const auto* const data = std::get_if<Data>(&value)) {
-        DataAtHand bytes(data->bytes);
+        InMemoryData bytes(data->bytes);
         return replaceData(key, 0, bytes);
     }
     if (this->value(key) == value)
@@ -232,7 +232,7 @@ void SqliteValues::removeChunks(std::int64_t id, std::size_t from) {
     SqliteQuery naming = m_database.query("SELECT 1 FROM chunk WHERE place >= ?1 AND place < ?2"
                                           " AND +piece IS NOT NULL LIMIT 1");
     if (naming.bindInteger(1, place(id, from)).bindInteger(2, place(id + 1, 0)).next())
-        m_hasReleasedPieces = true;
+        m_mayHaveUnusedPieces = true;
     m_database.query("DELETE FROM chunk WHERE place >= ?1 AND place < ?2")
         .bindInteger(1, place(id, from))
         .bindInteger(2, place(id + 1, 0))
@@ -247,7 +247,7 @@ void SqliteValues::setSize(std::int64_t id, std::size_t size) {
 }
 
 bool SqliteValues::commit(SqliteTransaction& change, const std::optional<Row>& before, std::size_t keptSize) {
-    if (m_hasReleasedPieces)
+    if (m_mayHaveUnusedPieces)
         m_database
             .query("DELETE FROM piece WHERE NOT EXISTS (SELECT 1 FROM chunk WHERE chunk.piece = piece.id)")
             .run();

@@ -50,7 +50,7 @@ private:
 
     SqliteDatabase& m_database;
     /// Whether chunks that refer to pieces have been removed.
-    bool m_hasReleasedPieces = false;
+    bool m_mayHaveUnusedPieces = false;
 };
 
 } // namespace brisklog

@@ -33,7 +33,7 @@ bool isForbidden(char c) {
 bool isBeyondAscii(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
 /// Replaces the control characters beyond ASCII, U+0080 to U+009F, which are two bytes each.
-void replaceLateControls(std::string& name) {
+void replaceC1Controls(std::string& name) {
     for (std::size_t at = 0; (at = name.find('\xC2', at)) != name.npos; ++at)
         if (at + 1 < name.size() && static_cast<unsigned char>(name[at + 1]) < 0xA0)
             name.replace(at, 2, "-");
@@ -43,7 +43,7 @@ std::string withoutForbidden(std::string_view suggestion) {
     std::string name(suggestion);
     std::ranges::replace_if(name, isForbidden, '-');
     if (text::isValidUtf8(name))
-        replaceLateControls(name);
+        replaceC1Controls(name);
     else
         std::ranges::replace_if(name, isBeyondAscii, '-');
     return name;

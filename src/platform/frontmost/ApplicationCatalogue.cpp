@@ -19,7 +19,7 @@ std::optional<std::string> ApplicationCatalogue::iconPng(const DesktopApplicatio
     return entry != nullptr ? brisklog::iconPng(entry->icon) : std::nullopt;
 }
 
-std::optional<DesktopApplication> FocusGaps::bridged(std::optional<DesktopApplication> seen) {
+std::optional<DesktopApplication> FocusGaps::bridgeGap(std::optional<DesktopApplication> seen) {
     if (seen && *seen != DesktopApplication{}) {
         m_last = seen;
         return seen;
@@ -30,12 +30,12 @@ std::optional<DesktopApplication> FocusGaps::bridged(std::optional<DesktopApplic
 
 std::optional<DesktopApplication> DescribedWindow::answer(const std::optional<WindowIdentity>& window) {
     if (!window)
-        return m_gaps.bridged(std::nullopt);
+        return m_gaps.bridgeGap(std::nullopt);
     if (m_window != window) {
         m_application = m_catalogue.describe(*window);
         m_window = window;
     }
-    return m_gaps.bridged(m_application);
+    return m_gaps.bridgeGap(m_application);
 }
 
 void DescribedWindow::forget() {

@@ -24,7 +24,7 @@ public:
     /// What to report when `seen` has the focus now. When called once a second, the first "none" is taken for
     /// a short gap; the second in a row is believed. The same applies to a window without any name: some
     /// appear only while windows are being switched, and some get their name late.
-    [[nodiscard]] std::optional<DesktopApplication> bridged(std::optional<DesktopApplication> seen);
+    [[nodiscard]] std::optional<DesktopApplication> bridgeGap(std::optional<DesktopApplication> seen);
 
     /// After this, the next "none" is believed at once.
     void forget() { m_last.reset(); }

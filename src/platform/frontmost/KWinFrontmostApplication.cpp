@@ -49,7 +49,7 @@ KWinFrontmostApplication::~KWinFrontmostApplication() = default;
 
 void KWinFrontmostApplication::beginWatching() {
     m_isWatching = true;
-    if (!m_owner.isEmpty() && m_availability != Availability::beingFoundOut)
+    if (!m_owner.isEmpty() && m_availability != Availability::notYetKnown)
         startScript();
 }
 
@@ -70,7 +70,7 @@ std::optional<std::string> KWinFrontmostApplication::iconPng(const DesktopApplic
 
 void KWinFrontmostApplication::askForOwner() {
     callLater(m_bus, ownerQuestion(), m_context, [this](const QDBusMessage& reply) {
-        if (m_availability == Availability::beingFoundOut && m_owner.isEmpty())
+        if (m_availability == Availability::notYetKnown && m_owner.isEmpty())
             setOwner(isReply(reply) ? reply.arguments().value(0).toString() : QString());
     });
 }

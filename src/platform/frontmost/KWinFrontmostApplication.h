@@ -32,7 +32,7 @@ private:
     QDBusConnection m_bus;
     QObject m_context;
     QDBusServiceWatcher m_serviceWatcher;
-    Availability m_availability = Availability::beingFoundOut;
+    Availability m_availability = Availability::notYetKnown;
     /// KWin's unique name on the bus; empty while KWin is not running.
     QString m_owner;
     bool m_isWatching = false;

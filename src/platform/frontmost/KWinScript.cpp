@@ -23,7 +23,7 @@ const QString tellMethod = u"tell"_s;
 const QString fourTexts = u"ssss"_s;
 
 /// In milliseconds.
-constexpr int longestFarewell = 500;
+constexpr int unloadTimeout = 500;
 
 /// KWin 5 and 6 name things differently. The class of a window may become known late. The desktop itself is
 /// not an application.
@@ -87,7 +87,7 @@ KWinScript::~KWinScript() {
     m_bus.send(unloading());
     auto question = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                                    u"org.freedesktop.DBus"_s, u"GetId"_s);
-    (void)m_bus.call(question, QDBus::Block, longestFarewell);
+    (void)m_bus.call(question, QDBus::Block, unloadTimeout);
 }
 
 QString KWinScript::introspect(const QString& /*path*/) const { return {}; }

@@ -8,8 +8,8 @@
 namespace brisklog {
 namespace {
 
-int handEventOn(const void* handler, void* /*proxy*/, std::uint32_t event, const wl_message* /*description*/,
-                wl_argument* arguments) {
+int forwardEvent(const void* handler, void* /*proxy*/, std::uint32_t event, const wl_message* /*description*/,
+                 wl_argument* arguments) {
     (*static_cast<const WaylandObject::Handler*>(handler))(event, arguments);
     return 0;
 }
@@ -58,7 +58,7 @@ bool WaylandConnection::readEvents() {
 
 WaylandObject::WaylandObject(wl_proxy* proxy, Handler handler)
     : m_proxy(proxy), m_handler(std::move(handler)) {
-    wl_proxy_add_dispatcher(m_proxy, handEventOn, &m_handler, nullptr);
+    wl_proxy_add_dispatcher(m_proxy, forwardEvent, &m_handler, nullptr);
 }
 
 WaylandObject::~WaylandObject() { wl_proxy_destroy(m_proxy); }

@@ -21,7 +21,7 @@ WlrootsFrontmostApplication::WlrootsFrontmostApplication()
 
 FrontmostApplication::Availability WlrootsFrontmostApplication::availability() const {
     if (m_global.presence() == WaylandGlobal::Presence::beingAsked)
-        return Availability::beingFoundOut;
+        return Availability::notYetKnown;
     const bool isOffered = m_global.presence() == WaylandGlobal::Presence::offered;
     return isOffered && !m_hasFinished ? Availability::available : Availability::unavailable;
 }

@@ -93,7 +93,7 @@ void X11FrontmostApplication::endWatching() {
 std::optional<DesktopApplication> X11FrontmostApplication::current() {
     if (!m_activeWindow)
         return std::nullopt;
-    return m_gaps.bridged(inFront());
+    return m_gaps.bridgeGap(inFront());
 }
 
 std::optional<DesktopApplication> X11FrontmostApplication::inFront() {

@@ -8,19 +8,19 @@ namespace brisklog {
 namespace {
 
 constexpr int idleMilliseconds = 2000;
-constexpr int patienceMilliseconds = 2000;
+constexpr int shutdownTimeoutMilliseconds = 2000;
 
 struct Assignment {
     std::function<void()> work;
     std::function<void()> finished;
-    std::atomic<bool> isGivenUp = false;
+    std::atomic<bool> isCancelled = false;
 };
 
 class QtBackgroundTask final : public BackgroundTask {
 public:
     explicit QtBackgroundTask(std::shared_ptr<Assignment> assignment) : m_assignment(std::move(assignment)) {}
 
-    ~QtBackgroundTask() override { m_assignment->isGivenUp = true; }
+    ~QtBackgroundTask() override { m_assignment->isCancelled = true; }
 
     QtBackgroundTask(const QtBackgroundTask&) = delete;
     QtBackgroundTask& operator=(const QtBackgroundTask&) = delete;
@@ -44,7 +44,7 @@ QtBackground::QtBackground(int threads) : m_threads(std::make_unique<Threads>())
 
 QtBackground::~QtBackground() {
     m_threads->pool.clear();
-    if (!m_threads->pool.waitForDone(patienceMilliseconds))
+    if (!m_threads->pool.waitForDone(shutdownTimeoutMilliseconds))
         static_cast<void>(m_threads.release());
 }
 
@@ -54,11 +54,11 @@ std::unique_ptr<BackgroundTask> QtBackground::run(std::function<void()> work,
     assignment->work = std::move(work);
     assignment->finished = std::move(finished);
     m_threads->pool.start([assignment, receiver = &m_threads->mainThread] {
-        if (assignment->isGivenUp)
+        if (assignment->isCancelled)
             return;
         assignment->work();
         const auto deliver = [assignment] {
-            if (!assignment->isGivenUp)
+            if (!assignment->isCancelled)
                 assignment->finished();
         };
         QMetaObject::invokeMethod(receiver, deliver, Qt::QueuedConnection);

@@ -79,14 +79,14 @@ std::unique_ptr<ImageBytes> ImageBytes::inMemory(std::string_view bytes) {
 
 void ImageBytes::startOver() {
     seek(0);
-    m_ranOut = false;
-    m_gaveTooFew = false;
+    m_readPastEnd = false;
+    m_hadShortRead = false;
 }
 
 qint64 ImageBytes::readData(char* target, qint64 count) {
     const qint64 filled = readAt(pos(), target, count);
-    m_ranOut |= count > 0 && filled <= 0;
-    m_gaveTooFew |= filled < count;
+    m_readPastEnd |= count > 0 && filled <= 0;
+    m_hadShortRead |= filled < count;
     return filled;
 }
 

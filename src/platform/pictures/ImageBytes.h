@@ -20,10 +20,10 @@ public:
     static std::unique_ptr<ImageBytes> inMemory(std::string_view bytes);
 
     /// Whether a decoder tried to read beyond the end and got nothing.
-    [[nodiscard]] bool ranOut() const { return m_ranOut; }
+    [[nodiscard]] bool readPastEnd() const { return m_readPastEnd; }
 
     /// Whether a decoder got less than it asked for, as those that read ahead eventually do.
-    [[nodiscard]] bool gaveTooFew() const { return m_gaveTooFew; }
+    [[nodiscard]] bool hadShortRead() const { return m_hadShortRead; }
 
     /// Goes back to the beginning, as if nothing had been read.
     void startOver();
@@ -41,8 +41,8 @@ protected:
     qint64 writeData(const char* /*bytes*/, qint64 /*count*/) override { return -1; }
 
 private:
-    bool m_ranOut = false;
-    bool m_gaveTooFew = false;
+    bool m_readPastEnd = false;
+    bool m_hadShortRead = false;
 };
 
 } // namespace brisklog

@@ -47,7 +47,7 @@ QSize wantedSizeAsStored(const QImageReader& reader, const Images::SizeRule& rul
 bool isTooLarge(const ImageBytes& bytes, const ImageHeader& header, const QImageReader& reader,
                 const Images::SizeRule& rule) {
     const QSize stored = header.size ? *header.size : reader.size();
-    const QSize held = header.isShrunkInBands ? wantedSizeAsStored(reader, rule) : stored;
+    const QSize held = header.canScaleInBands ? wantedSizeAsStored(reader, rule) : stored;
     return bytes.size() > largestFile || pixelCount(stored) > mostPixelsInBands ||
            pixelCount(held) > mostPixels;
 }
@@ -55,7 +55,7 @@ bool isTooLarge(const ImageBytes& bytes, const ImageHeader& header, const QImage
 /// The upright picture in the size the rule gives; null when it cannot be decoded.
 QImage readUpright(QImageReader& reader, const ImageHeader& header, const Images::SizeRule& rule) {
     reader.setAutoTransform(true);
-    if (header.isShrunkInBands) {
+    if (header.canScaleInBands) {
         reader.setScaledSize(wantedSizeAsStored(reader, rule));
         return reader.read();
     }
@@ -71,7 +71,7 @@ QImage readUpright(QImageReader& reader, const ImageHeader& header, const Images
 
 /// Only the BMP decoder reads exactly what it needs, and it never reports missing data.
 bool isCutShort(const ImageBytes& bytes, const ImageHeader& header) {
-    return header.format == "bmp" ? bytes.gaveTooFew() : bytes.ranOut();
+    return header.format == "bmp" ? bytes.hadShortRead() : bytes.readPastEnd();
 }
 
 } // namespace
@@ -80,9 +80,9 @@ Result<DecodedImage> decodeImage(ImageBytes& bytes, const Images::SizeRule& rule
     const auto header = readImageHeader(bytes);
     if (!header)
         return Error{"not an image"};
-    if (header->isOverstated)
+    if (header->claimsTooMuchData)
         return Error{"the image is cut short"};
-    if (header->isEndless)
+    if (header->hasTooManyScans)
         return Error{"an image without end"};
     bytes.startOver();
     QImageReader reader(&bytes, header->format);
@@ -96,7 +96,7 @@ Result<DecodedImage> decodeImage(ImageBytes& bytes, const Images::SizeRule& rule
         return Error{"the image is cut short"};
     const bool isStoredUpright = reader.transformation() == QImageIOHandler::TransformationNone;
     return DecodedImage{.picture = inScreenColours(std::move(picture)),
-                        .canGoIntoPdf = header->isOfCommonKind && isStoredUpright};
+                        .canGoIntoPdf = header->isWidelySupportedJpeg && isStoredUpright};
 }
 
 } // namespace brisklog

@@ -59,7 +59,7 @@ bool holdsFrame(uchar marker) {
     return marker >= first && marker <= last && !isTable;
 }
 
-bool standsAlone(uchar marker) { return marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9); }
+bool isStandaloneMarker(uchar marker) { return marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9); }
 
 /// Decoders skip standalone markers and bytes between segments. No program writes them before the picture; a
 /// file that has them is meant to show us a different picture than the decoder.
@@ -73,7 +73,7 @@ std::optional<JpegSegment> nextSegment(QIODevice& image) {
         segment.followsFillBytes = true;
     segment.marker = uchar(byte);
     const QByteArray length = image.read(2);
-    if (standsAlone(segment.marker) || length.size() < 2)
+    if (isStandaloneMarker(segment.marker) || length.size() < 2)
         return std::nullopt;
     const qint64 rest = qFromBigEndian<quint16>(length.data()) - 2;
     const qint64 start = image.pos();
@@ -107,12 +107,12 @@ char colourCount(const JpegSegment& frame) {
 }
 
 /// Whether the first scan holds all colours completely.
-bool isOfOneScan(const JpegBeginning& jpeg) {
+bool isSingleScan(const JpegBeginning& jpeg) {
     const bool isSequential = jpeg.frame.marker == 0xC0 || jpeg.frame.marker == 0xC1;
     return isSequential && jpeg.firstScan.begin.startsWith(colourCount(jpeg.frame));
 }
 
-bool isOfCommonKind(const JpegBeginning& jpeg) {
+bool isWidelySupportedJpeg(const JpegBeginning& jpeg) {
     const bool isHuffmanCoded = jpeg.frame.marker <= 0xC2;
     const char colours = colourCount(jpeg.frame);
     return isHuffmanCoded && jpeg.frame.begin.startsWith('\x08') && (colours == 1 || colours == 3) &&
@@ -135,7 +135,7 @@ bool hasTooManyScans(QIODevice& image) {
     return scans > mostScans;
 }
 
-bool isPngOverstated(QIODevice& png) {
+bool pngClaimsTooMuchData(QIODevice& png) {
     constexpr qint64 signatureLength = 8;
     // Length and name, followed by the part's bytes and their checksum.
     constexpr qint64 headLength = 8;
@@ -171,12 +171,12 @@ std::optional<ImageHeader> readImageHeader(QIODevice& image) {
     if (header.format == "gif")
         header.size = gifSize(begin);
     if (header.format == "png")
-        header.isOverstated = isPngOverstated(image);
+        header.claimsTooMuchData = pngClaimsTooMuchData(image);
     if (header.format == "jpeg") {
         const auto jpeg = jpegBeginning(image);
-        header.isShrunkInBands = jpeg && isOfOneScan(*jpeg);
-        header.isOfCommonKind = jpeg && isOfCommonKind(*jpeg);
-        header.isEndless = !header.isShrunkInBands && hasTooManyScans(image);
+        header.canScaleInBands = jpeg && isSingleScan(*jpeg);
+        header.isWidelySupportedJpeg = jpeg && isWidelySupportedJpeg(*jpeg);
+        header.hasTooManyScans = !header.canScaleInBands && hasTooManyScans(image);
     }
     return header;
 }

@@ -16,16 +16,16 @@ struct ImageHeader {
     std::optional<QSize> size;
     /// Set for a JPEG with all data in one scan, which can be scaled down band by band; everything else is
     /// held in memory as a whole.
-    bool isShrunkInBands = false;
+    bool canScaleInBands = false;
     /// Set for a JPEG with hundreds of scans of the same picture, made to keep its reader busy for minutes.
-    bool isEndless = false;
+    bool hasTooManyScans = false;
     /// Set for a PNG with a part that claims to be longer than the file, or with more parts than any program
     /// writes. The decoder allocates the claimed size before it checks that the data is there.
-    bool isOverstated = false;
+    bool claimsTooMuchData = false;
     /// Set for a Huffman-coded JPEG in grey or three colours of eight bits each, which every PDF viewer can
     /// show as it is. Not set if there are fill bytes before the frame, for which Cairo would draw a black
     /// area.
-    bool isOfCommonKind = false;
+    bool isWidelySupportedJpeg = false;
 };
 
 /// Absent if it is not a PNG, JPEG, GIF, BMP or TIFF. Leaves the device at an unspecified position.

@@ -35,7 +35,7 @@ LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
 }
 
 /// The widget, set to that width.
-QWidget* ofWidth(QWidget* widget, int width) {
+QWidget* withFixedWidth(QWidget* widget, int width) {
     widget->setFixedWidth(width);
     return widget;
 }
@@ -71,7 +71,7 @@ QWidget* CustomerEditScreen::makeBody() {
 
 LayoutItem CustomerEditScreen::basicInformation() {
     QWidget* const firstName = field(u"Vorname"_s, m_view.firstName);
-    QWidget* const gender = ofWidth(genderPicker(), genderWidth);
+    QWidget* const gender = withFixedWidth(genderPicker(), genderWidth);
     // It has the focus first: with the cursor at the end, typing continues the text.
     firstName->findChild<QLineEdit*>()->end(false);
     return group(u"Grundinformationen"_s,
@@ -82,7 +82,7 @@ LayoutItem CustomerEditScreen::basicInformation() {
 
 LayoutItem CustomerEditScreen::address() {
     QWidget* const street = field(u"Straße und Hausnummer"_s, m_view.address);
-    QWidget* const postalCode = ofWidth(field(u"PLZ"_s, m_view.postalCode), postalCodeWidth);
+    QWidget* const postalCode = withFixedWidth(field(u"PLZ"_s, m_view.postalCode), postalCodeWidth);
     return group(u"Adresse"_s, {street, Row{postalCode, field(u"Ort"_s, m_view.city)}.spacing(columnGap)});
 }
 

@@ -34,7 +34,7 @@ QString nameOf(const std::filesystem::path& folder) {
     return onOneLine(screenText(name.string()));
 }
 
-QWidget* nothingHere() {
+QWidget* emptyFolderNotice() {
     return new EmptyState({.symbol = u"photo"_s,
                            .headline = u"Hier liegen keine Bilder"_s,
                            .sentence = u"Mit dem Pfeil in den übergeordneten Ordner wechseln."_s},
@@ -52,7 +52,7 @@ LogoPickerScreen::LogoPickerScreen(const LogoPickerPlatform& platform, Backgroun
       m_error(new Label({}, FontRole::tab12, &Palette::red, Label::Lines::wrapped)),
       m_errorStrip(errorStrip()), m_list(new RowList),
       m_loading(new Label(u"Lade Inhalte..."_s, FontRole::body13, &Palette::secondary)),
-      m_nothing(nothingHere()) {
+      m_nothing(emptyFolderNotice()) {
     m_up->onClick([this] { m_view.moveToParentFolder(); });
     m_cancel->onClick(actions.dismiss);
     makeList();
@@ -136,9 +136,9 @@ void LogoPickerScreen::showThumbnails() {
     const int columns = std::max(1, seen.width() / FileItemView::cell.width());
     const int scrolled = m_list->verticalScrollBar()->value();
     const int first = scrolled / FileItemView::cell.height() * columns;
-    const int behindLast = ((scrolled + seen.height()) / FileItemView::cell.height() + 1) * columns;
+    const int pastLast = ((scrolled + seen.height()) / FileItemView::cell.height() + 1) * columns;
     std::vector<std::filesystem::path> files;
-    for (int row = first; row < std::min(behindLast, m_model.rowCount()); ++row)
+    for (int row = first; row < std::min(pastLast, m_model.rowCount()); ++row)
         if (const FileItem* const item = m_model.item(row); !item->isDirectory)
             files.push_back(item->path);
     const int side = static_cast<int>(std::ceil(FileItemView::pictureSide * devicePixelRatioF()));

@@ -66,7 +66,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         const Palette& palette = Palette::current();
-        fillRounded(painter, rect(), radius, laidOver(withOpacity(palette.blueFill, 0.08), palette.card));
+        fillRounded(painter, rect(), radius, blendedOver(withOpacity(palette.blueFill, 0.08), palette.card));
         frameRounded(painter, rect(), radius, withOpacity(palette.blueFill, 0.16));
         paintTimeEdge(painter, {edgeLeft, edgeInset, edgeWidth, height() - 2 * edgeInset}, palette.blue);
     }

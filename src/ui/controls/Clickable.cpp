@@ -28,7 +28,7 @@ void Clickable::setCaption(const QString& caption) {
 }
 
 void Clickable::focusVisibly() {
-    m_focusRing.countAsKeyboard();
+    m_focusRing.treatAsKeyboardFocus();
     setFocus(Qt::TabFocusReason);
 }
 

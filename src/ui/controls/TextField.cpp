@@ -44,7 +44,7 @@ void TextField::onEdited(std::function<void(const QString&)> edited) {
     // Not textEdited, which is not emitted for text from screen readers or dictation.
     connect(this, &QLineEdit::textChanged, this, [this, edited = std::move(edited)](const QString& text) {
         const bool isClean = text == onOneLine(text);
-        if (!m_isBeingSet && isClean)
+        if (!m_isSettingValue && isClean)
             edited(text);
     });
 }
@@ -55,9 +55,9 @@ void TextField::setValue(const QString& value) {
     const QString line = onOneLine(value);
     if (text() == line)
         return;
-    m_isBeingSet = true;
+    m_isSettingValue = true;
     setText(line);
-    m_isBeingSet = false;
+    m_isSettingValue = false;
 }
 
 QSize TextField::sizeHint() const { return {200, m_size == Size::tall ? 34 : 32}; }

@@ -38,7 +38,7 @@ private:
 
     Size m_size;
     /// Whether `setValue` is running.
-    bool m_isBeingSet = false;
+    bool m_isSettingValue = false;
     bool m_isHovered = false;
     std::function<void()> m_returned;
 };

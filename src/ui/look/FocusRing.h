@@ -25,7 +25,7 @@ public:
     ~FocusRing() override;
 
     /// Treats the focus the widget has or gets next as coming from the keyboard.
-    void countAsKeyboard() { m_isKeyboard = true; }
+    void treatAsKeyboardFocus() { m_isKeyboard = true; }
 
     [[nodiscard]] bool isShown() const { return !m_overlay.isNull(); }
 

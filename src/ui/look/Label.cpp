@@ -16,7 +16,7 @@ namespace {
 constexpr int longTooltip = 80;
 
 /// The lines of the text wrapped at that width; they are left-aligned, one line height apart.
-std::unique_ptr<QTextLayout> brokenIntoLines(QString text, FontRole font, int width) {
+std::unique_ptr<QTextLayout> wrappedLayout(QString text, FontRole font, int width) {
     text.replace(u'\n', QChar::LineSeparator);
     auto layout = std::make_unique<QTextLayout>(text, fontFor(font));
     QTextOption option;
@@ -88,7 +88,7 @@ QSize Label::sizeHint() const {
     if (m_lines == Lines::one)
         return {textWidth(text(), fontRole()), lineHeight(fontRole())};
     constexpr int unlimited = 100000;
-    const auto layout = brokenIntoLines(text(), fontRole(), unlimited);
+    const auto layout = wrappedLayout(text(), fontRole(), unlimited);
     return {static_cast<int>(std::ceil(widestLine(*layout))), lineHeight(fontRole()) * layout->lineCount()};
 }
 
@@ -110,7 +110,7 @@ void Label::paintEvent(QPaintEvent*) {
         return;
     }
     painter.setPen(color());
-    drawLines(painter, rect(), *brokenIntoLines(text(), fontRole(), width()), alignment());
+    drawLines(painter, rect(), *wrappedLayout(text(), fontRole(), width()), alignment());
 }
 
 ElidedLabel::ElidedLabel(const QString& text, FontRole font, ColorRole color, Qt::TextElideMode mode,
@@ -141,13 +141,13 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 }
 
 int wrappedHeight(const QString& text, FontRole font, int width) {
-    return lineHeight(font) * std::max(1, brokenIntoLines(text, font, width)->lineCount());
+    return lineHeight(font) * std::max(1, wrappedLayout(text, font, width)->lineCount());
 }
 
 void paintWrapped(QPainter& painter, const QRect& area, const QString& text, FontRole font,
                   const QColor& color) {
     painter.setPen(color);
-    drawLines(painter, area, *brokenIntoLines(text, font, area.width()), Qt::AlignLeft);
+    drawLines(painter, area, *wrappedLayout(text, font, area.width()), Qt::AlignLeft);
 }
 
 QString textIfElided(const QString& text, FontRole font, int width) {

@@ -57,7 +57,7 @@ void paintCard(QPainter& painter, const QRect& area, const Palette& palette) {
 }
 
 void paintHoveredCard(QPainter& painter, const QRect& area, const Palette& palette) {
-    paintCardIn(laidOver(withOpacity(palette.control, 0.5), palette.ground), painter, area, palette);
+    paintCardIn(blendedOver(withOpacity(palette.control, 0.5), palette.ground), painter, area, palette);
 }
 
 void paintField(QPainter& painter, const QRect& area, const FieldLook& look, const Palette& palette) {

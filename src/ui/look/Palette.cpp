@@ -95,7 +95,7 @@ QColor withOpacity(QColor color, double opacity) {
     return color;
 }
 
-QColor laidOver(const QColor& color, const QColor& ground) {
+QColor blendedOver(const QColor& color, const QColor& ground) {
     const float share = color.alphaF();
     const auto mixed = [share](float above, float below) { return above * share + below * (1 - share); };
     return QColor::fromRgbF(mixed(color.redF(), ground.redF()), mixed(color.greenF(), ground.greenF()),
@@ -111,7 +111,7 @@ double contrast(const QColor& first, const QColor& second) {
 QPalette toolkitPalette(const Palette& palette) {
     QPalette result(palette.text, palette.card, palette.card, palette.rule, palette.line, palette.text,
                     palette.white, palette.field, palette.ground);
-    result.setColor(QPalette::AlternateBase, laidOver(withOpacity(palette.secondary, 0.05), palette.card));
+    result.setColor(QPalette::AlternateBase, blendedOver(withOpacity(palette.secondary, 0.05), palette.card));
     result.setColor(QPalette::PlaceholderText, palette.secondary);
     result.setColor(QPalette::ButtonText, palette.text);
     result.setColor(QPalette::Highlight, palette.blueFill);

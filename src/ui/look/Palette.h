@@ -57,7 +57,7 @@ using ColorRole = QColor Palette::*;
 [[nodiscard]] QColor withOpacity(QColor color, double opacity);
 
 /// The result of blending a translucent colour over an opaque one.
-[[nodiscard]] QColor laidOver(const QColor& color, const QColor& ground);
+[[nodiscard]] QColor blendedOver(const QColor& color, const QColor& ground);
 
 /// The contrast ratio of two opaque colours, from 1 to 21.
 [[nodiscard]] double contrast(const QColor& first, const QColor& second);

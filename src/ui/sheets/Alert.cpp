@@ -22,7 +22,7 @@ constexpr int tileRadius = 10;
 constexpr int symbolSize = 20;
 constexpr int gap = 12;
 constexpr int buttonWidth = 96;
-constexpr int textWide = width - 2 * padding - tileSize - gap;
+constexpr int availableTextWidth = width - 2 * padding - tileSize - gap;
 
 /// The red triangle in its tile.
 class WarningTile final : public QWidget {
@@ -40,7 +40,7 @@ protected:
 
 Label* wrapped(const QString& text, FontRole font, ColorRole color) {
     auto* label = new Label(text, font, color, Label::Lines::wrapped);
-    label->setFixedSize(textWide, label->heightForWidth(textWide));
+    label->setFixedSize(availableTextWidth, label->heightForWidth(availableTextWidth));
     return label;
 }
 

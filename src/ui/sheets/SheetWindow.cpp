@@ -139,11 +139,11 @@ void SheetWindow::keyPressEvent(QKeyEvent* event) {
 
 void SheetWindow::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    if (m_hasArrived)
+    if (m_hasAnimatedIn)
         return;
-    m_hasArrived = true;
+    m_hasAnimatedIn = true;
     arrangeTabOrder();
-    arrive();
+    animateIn();
 }
 
 void SheetWindow::setVisible(bool isVisible) {
@@ -177,7 +177,7 @@ void SheetWindow::focusFirstField() {
     }
 }
 
-void SheetWindow::arrive() {
+void SheetWindow::animateIn() {
     // Only under X can a program move its windows and fade them in.
     if (!motionAllowed() || QGuiApplication::platformName() != "xcb"_L1)
         return;

@@ -71,7 +71,7 @@ protected:
 private:
     void buildHeader();
     void buildFooter();
-    void arrive();
+    void animateIn();
     void end();
     void arrangeTabOrder();
     void focusFirstField();
@@ -89,7 +89,7 @@ private:
     std::function<void()> m_ended;
     std::shared_ptr<void> m_kept;
     int m_leadingCount = 0;
-    bool m_hasArrived = false;
+    bool m_hasAnimatedIn = false;
 };
 
 } // namespace brisklog

@@ -34,7 +34,7 @@ TEST_F(DBusCall, isAnsweredWithTheReply) { EXPECT_EQ(outcome(bus(), u"GetId"_s),
 
 TEST_F(DBusCall, isAnsweredWithTheError) { EXPECT_EQ(outcome(bus(), u"NoSuchMethod"_s), false); }
 
-TEST_F(DBusCall, isNotAnsweredToWhomHasGone) {
+TEST_F(DBusCall, isNotAnsweredOnceTheAskerIsGone) {
     bool isAnswered = false;
     auto asker = std::make_unique<QObject>();
     callLater(bus(), callOfTheBus(u"GetId"_s), *asker,

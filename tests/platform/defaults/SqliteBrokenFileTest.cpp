@@ -142,7 +142,7 @@ TEST_F(SqliteBrokenFile, damageFoundLaterSetsTheFileAsideToo) {
     EXPECT_THAT(log.lines, SizeIs(1));
 }
 
-TEST_F(SqliteBrokenFile, damageFoundWhileWritingLosesNotWhatIsWritten) {
+TEST_F(SqliteBrokenFile, damageFoundWhileWritingDoesNotLoseTheWrittenValue) {
     storeSomething();
     {
         // Every page but the first: the look-ups needed for a write hit damage.

@@ -106,7 +106,7 @@ TEST(CairoPdfImages, wideColoursAreDrawnAsThoseOfAScreen) {
 }
 
 TEST(CairoPdfImages, aPhotographTakenSidewaysStandsUpright) {
-    expectDrawn(turnedByAQuarter(jpegImage(140, 70)), {217.5, 0, 35, 70});
+    expectDrawn(withExifRotation(jpegImage(140, 70)), {217.5, 0, 35, 70});
 }
 
 TEST(CairoPdfImages, whatIsNoImageIsSkipped) {
@@ -143,8 +143,8 @@ TEST(CairoPdfImages, anImageOfMoreThanThirtyTwoMillionPixelsIsSkipped) {
 }
 
 TEST(CairoPdfImages, aPhotographInSeveralGoesIsDrawnButOneInHundredsIsSkipped) {
-    expectDrawn(jpegInGoes(0), {203, 0, 64, 64});
-    expectSkipped(jpegInGoes(200));
+    expectDrawn(progressiveJpeg(0), {203, 0, 64, 64});
+    expectSkipped(progressiveJpeg(200));
 }
 
 TEST(CairoPdfImages, aJpegThatLiesAboutItsSizeIsSkipped) {

@@ -16,28 +16,28 @@ const Seen nothing = std::nullopt;
 
 TEST(FocusGaps, theFirstGapIsBridgedAndTheSecondBelieved) {
     FocusGaps gaps;
-    EXPECT_EQ(gaps.bridged(one), one);
-    EXPECT_EQ(gaps.bridged(nothing), one);
-    EXPECT_EQ(gaps.bridged(nothing), nothing);
-    EXPECT_EQ(gaps.bridged(two), two);
+    EXPECT_EQ(gaps.bridgeGap(one), one);
+    EXPECT_EQ(gaps.bridgeGap(nothing), one);
+    EXPECT_EQ(gaps.bridgeGap(nothing), nothing);
+    EXPECT_EQ(gaps.bridgeGap(two), two);
 }
 
 TEST(FocusGaps, aWindowWithoutNameIsAGapAtFirst) {
     FocusGaps gaps;
-    EXPECT_EQ(gaps.bridged(nameless), nameless);
-    EXPECT_EQ(gaps.bridged(one), one);
-    EXPECT_EQ(gaps.bridged(nameless), one);
-    EXPECT_EQ(gaps.bridged(nameless), nameless);
-    EXPECT_EQ(gaps.bridged(one), one);
-    EXPECT_EQ(gaps.bridged(nameless), one);
-    EXPECT_EQ(gaps.bridged(two), two);
+    EXPECT_EQ(gaps.bridgeGap(nameless), nameless);
+    EXPECT_EQ(gaps.bridgeGap(one), one);
+    EXPECT_EQ(gaps.bridgeGap(nameless), one);
+    EXPECT_EQ(gaps.bridgeGap(nameless), nameless);
+    EXPECT_EQ(gaps.bridgeGap(one), one);
+    EXPECT_EQ(gaps.bridgeGap(nameless), one);
+    EXPECT_EQ(gaps.bridgeGap(two), two);
 }
 
 TEST(FocusGaps, whatIsForgottenBridgesNothing) {
     FocusGaps gaps;
-    EXPECT_EQ(gaps.bridged(one), one);
+    EXPECT_EQ(gaps.bridgeGap(one), one);
     gaps.forget();
-    EXPECT_EQ(gaps.bridged(nothing), nothing);
+    EXPECT_EQ(gaps.bridgeGap(nothing), nothing);
 }
 
 TEST(WindowName, isOneLineOfWellFormedText) {

@@ -65,7 +65,7 @@ void CompositorTest::expectNobodyWaitsWhileItHangs() {
     frontmost().beginWatching();
     EXPECT_EQ(frontmost().current(), std::nullopt);
     const auto other = m_makeFrontmost();
-    EXPECT_EQ(other->availability(), Availability::beingFoundOut);
+    EXPECT_EQ(other->availability(), Availability::notYetKnown);
     EXPECT_LT(elapsed.elapsed(), soon);
     ASSERT_EQ(::kill(static_cast<pid_t>(compositorProcess()), SIGCONT), 0);
     EXPECT_TRUE(becomes(application("one")));

@@ -44,7 +44,7 @@ protected:
 
     void watch() {
         m_frontmost.emplace(bus());
-        EXPECT_EQ(frontmost().availability(), Availability::beingFoundOut);
+        EXPECT_EQ(frontmost().availability(), Availability::notYetKnown);
         frontmost().beginWatching();
     }
 

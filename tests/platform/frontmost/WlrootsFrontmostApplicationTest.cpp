@@ -78,7 +78,7 @@ TEST_F(WlrootsFrontmostApplicationTest, aWindowThatClosesIsGivenBack) {
     EXPECT_TRUE(becomes(application("editor")));
     compositor().tellClosed(editor);
     EXPECT_TRUE(waitUntil([this] { return compositor().heldWindows() == 0; }));
-    EXPECT_EQ(frontmost().current(), application("editor")) << "the gap is bridged once";
+    EXPECT_EQ(frontmost().current(), application("editor")) << "the gap is bridgeGap once";
     EXPECT_EQ(frontmost().current(), std::nullopt);
     open("browser", active);
     EXPECT_TRUE(becomes(application("browser")));
@@ -187,7 +187,7 @@ using OtherCompositors = Desktop;
 TEST_F(OtherCompositors, withoutTheProtocolItIsUnavailable) {
     const FakeCompositor compositor(Offer::nothing);
     WlrootsFrontmostApplication frontmost;
-    EXPECT_EQ(frontmost.availability(), Availability::beingFoundOut);
+    EXPECT_EQ(frontmost.availability(), Availability::notYetKnown);
     int announcements = 0;
     const auto subscription = frontmost.observe([&] { ++announcements; });
     EXPECT_TRUE(waitUntil([&] { return announcements > 0; }));

@@ -264,7 +264,7 @@ TEST_F(X11WithoutWindowManager, underWaylandTheX11WayIsNeverTaken) {
     const X11FrontmostApplication answersHere;
     ASSERT_TRUE(waitUntil([&] { return answersHere.availability() == Availability::available; }));
     const auto chosen = chooseFrontmostApplication();
-    EXPECT_TRUE(waitUntil([&] { return chosen->availability() != Availability::beingFoundOut; }));
+    EXPECT_TRUE(waitUntil([&] { return chosen->availability() != Availability::notYetKnown; }));
     EXPECT_EQ(chosen->availability(), Availability::unavailable);
     qunsetenv("WAYLAND_DISPLAY");
 }

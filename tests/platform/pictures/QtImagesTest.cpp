@@ -204,9 +204,9 @@ TEST_F(QtImagesTest, aPngOfMorePartsThanAnyProgramWritesIsAnError) {
 }
 
 TEST_F(QtImagesTest, aPhotographInSeveralGoesIsAPictureButOneInHundredsIsNot) {
-    EXPECT_GT(QByteArray::fromStdString(jpegInGoes(0)).count("\xFF\xDA"), 5);
-    EXPECT_EQ(complaint(jpegInGoes(0)), "it is a picture");
-    EXPECT_EQ(complaint(jpegInGoes(200)), "an image without end");
+    EXPECT_GT(QByteArray::fromStdString(progressiveJpeg(0)).count("\xFF\xDA"), 5);
+    EXPECT_EQ(complaint(progressiveJpeg(0)), "it is a picture");
+    EXPECT_EQ(complaint(progressiveJpeg(200)), "an image without end");
 }
 
 TEST_F(QtImagesTest, aPhotographInHundredsOfGoesCannotPretendToComeInOne) {
@@ -217,8 +217,8 @@ TEST_F(QtImagesTest, aPhotographInHundredsOfGoesCannotPretendToComeInOne) {
     // finds a JPEG with a single scan.
     const std::string markWithoutLength = "\xFF\xD0\0\x06"s;
     const std::string remark = "\xFF\xFE\0"s + static_cast<char>(oneGo.size() + 2) + oneGo;
-    EXPECT_EQ(complaint(jpegInGoes(0).insert(2, markWithoutLength + remark)), "it is a picture");
-    EXPECT_EQ(complaint(jpegInGoes(200).insert(2, markWithoutLength + remark)), "an image without end");
+    EXPECT_EQ(complaint(progressiveJpeg(0).insert(2, markWithoutLength + remark)), "it is a picture");
+    EXPECT_EQ(complaint(progressiveJpeg(200).insert(2, markWithoutLength + remark)), "an image without end");
 }
 
 TEST_F(QtImagesTest, aLargePhotographIsShrunkWhileItIsRead) {

@@ -223,7 +223,7 @@ TEST_F(CustomerScreenTest, theCardUnderThePointerIsMarked) {
     QCoreApplication::sendEvent(list().viewport(), &hover);
     const Palette& palette = Palette::current();
     EXPECT_TRUE(looksLike(picture(*sheet).pixelColor(onSheet),
-                          laidOver(withOpacity(palette.control, 0.5), palette.ground)));
+                          blendedOver(withOpacity(palette.control, 0.5), palette.ground)));
 }
 
 } // namespace

@@ -25,12 +25,12 @@ public:
     [[nodiscard]] std::shared_ptr<void> holdOpen() override { return hold; }
 
     /// Counted only when it could succeed: a modal window would keep the focus.
-    void takeFocusBack() override { focusBacks += QApplication::activeModalWidget() == nullptr ? 1 : 0; }
+    void takeFocusBack() override { focusReturns += QApplication::activeModalWidget() == nullptr ? 1 : 0; }
 
     [[nodiscard]] bool isHeldOpen() const { return hold.use_count() > 1; }
 
     std::shared_ptr<void> hold = std::make_shared<int>();
-    int focusBacks = 0;
+    int focusReturns = 0;
 };
 
 /// The logo picker over a real home, opened from a window that stands for the popover.

@@ -27,7 +27,7 @@ TEST_F(LogoPickerChoice, aClickOnAnImageChoosesItAndClosesTheWindow) {
     const QImage logo = QImage::fromData(QByteArray::fromStdString(chosen[0]));
     EXPECT_EQ(logo.size(), QSize(800, 200));
     EXPECT_EQ(window(), nullptr);
-    EXPECT_EQ(host.focusBacks, 1);
+    EXPECT_EQ(host.focusReturns, 1);
 }
 
 TEST_F(LogoPickerChoice, whateverIsChosenAPngOfAtMostEightHundredIsKept) {
@@ -90,7 +90,7 @@ TEST_F(LogoPickerChoice, aCompletionMayCloseTheWindowItself) {
     settle();
     EXPECT_EQ(chosen.size(), 1U);
     EXPECT_EQ(window(), nullptr);
-    EXPECT_EQ(host.focusBacks, 1);
+    EXPECT_EQ(host.focusReturns, 1);
 }
 
 TEST_F(LogoPickerChoice, aClickOnAFolderOpensItAndTheArrowLeadsBackToIt) {

@@ -42,7 +42,7 @@ TEST_F(LogoPickerScreenTest, holdsThePopoverOpenAndGivesTheFocusBack) {
     settle();
     EXPECT_EQ(window(), nullptr);
     EXPECT_FALSE(host.isHeldOpen());
-    EXPECT_EQ(host.focusBacks, 1);
+    EXPECT_EQ(host.focusReturns, 1);
     EXPECT_THAT(chosen, IsEmpty());
 }
 
@@ -76,7 +76,7 @@ TEST_F(LogoPickerScreenTest, closedWhileAFolderAndThumbnailsAreUnderWayItEndsCle
     addPicture("a.png");
     controller.present("Logo auswählen", [](const std::string&) { FAIL(); });
     settle();
-    folders.workOnly();
+    folders.runWithoutDelivering();
     controller.close();
     settle();
     folders.deliver();
@@ -92,7 +92,7 @@ TEST_F(LogoPickerScreenTest, closedWhileAFolderAndThumbnailsAreUnderWayItEndsCle
     folders.runAll();
     settle();
     EXPECT_EQ(pictures.waiting(), 2U);
-    pictures.workOnly();
+    pictures.runWithoutDelivering();
     controller.close();
     settle();
     pictures.deliver();

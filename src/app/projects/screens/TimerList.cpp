@@ -11,11 +11,11 @@ namespace {
 constexpr int gapAbove = 6;
 constexpr int gap = 6;
 constexpr int rowHeight = 54;
-constexpr int mostRowsInFull = 3;
+constexpr int maximumFullRows = 3;
 
 int heightOf(std::size_t rows) {
-    if (rows > mostRowsInFull)
-        return mostRowsInFull * (rowHeight + gap) + rowHeight / 2;
+    if (rows > maximumFullRows)
+        return maximumFullRows * (rowHeight + gap) + rowHeight / 2;
     return static_cast<int>(rows) * (rowHeight + gap) - gap;
 }
 

@@ -78,7 +78,7 @@ void TimerPanel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = Palette::current();
     const QColor& hue = m_timer.isPaused ? palette.orangeFill : palette.blueFill;
-    fillRounded(painter, rect(), radius, laidOver(withOpacity(hue, 0.08), palette.card));
+    fillRounded(painter, rect(), radius, blendedOver(withOpacity(hue, 0.08), palette.card));
     frameRounded(painter, rect(), radius, withOpacity(hue, 0.16));
     paintTimeEdge(painter, timeEdge, m_timer.isPaused ? palette.orangeFill : palette.blue);
 }
