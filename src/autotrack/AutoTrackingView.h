@@ -18,8 +18,6 @@ public:
 
     [[nodiscard]] AutoTrackingManager& autoTrackingManager() const { return m_manager; }
 
-    [[nodiscard]] FrontmostApplication& frontmostApplication() const { return m_frontmost; }
-
     [[nodiscard]] bool isTracking() const { return m_manager.isTracking; }
 
     /// What the switch does; does nothing if the state is unchanged.

@@ -1,5 +1,4 @@
 #include "support/screen/ScreenTest.h"
-#include "ui/controls/CheckBox.h"
 #include "ui/controls/DateTimeField.h"
 #include "ui/controls/MonthPopup.h"
 #include "ui/controls/Stepper.h"
@@ -73,27 +72,10 @@ TEST_F(ComponentStepper, isNamedAndReadableForTheScreenReader) {
 
 class ComponentToggle : public ScreenTest {};
 
-TEST_F(ComponentToggle, aCheckBoxIsTickedByClickOnItsCaptionAndByKeyboard) {
-    CheckBox box(u"Rundung anwenden"_s);
-    std::vector<bool> told;
-    box.onToggled([&told](bool isTicked) { told.push_back(isTicked); });
-    showActive(box);
-    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(box.width() - 3, box.height() / 2));
-    QTest::keyClick(&box, Qt::Key_Space);
-    EXPECT_EQ(told, (std::vector{true, false}));
-    box.setTicked(true);
-    EXPECT_EQ(told.size(), 2U);
-    EXPECT_TRUE(box.isTicked());
-}
-
-TEST_F(ComponentToggle, togglesAreCheckBoxesForTheScreenReader) {
-    const CheckBox box(u"Rundung anwenden"_s);
-    const Switch toggle(u"Auto-Tracking"_s);
-    EXPECT_EQ(accessibleNameOf(box), u"Rundung anwenden"_s);
+TEST_F(ComponentToggle, aSwitchIsACheckBoxForTheScreenReader) {
+    Switch toggle(u"Auto-Tracking"_s);
     EXPECT_EQ(accessibleNameOf(toggle), u"Auto-Tracking"_s);
-    for (const QWidget* widget : {static_cast<const QWidget*>(&box), static_cast<const QWidget*>(&toggle)})
-        EXPECT_EQ(QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget))->role(),
-                  QAccessible::CheckBox);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&toggle)->role(), QAccessible::CheckBox);
 }
 
 TEST_F(ComponentToggle, aSwitchMovesItsKnobAndTellsOnlyTheUsersChange) {

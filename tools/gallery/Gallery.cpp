@@ -184,13 +184,18 @@ Switch* toggle(bool isOn) {
     return made;
 }
 
-QWidget* checkBoxes() {
-    auto* group = new QWidget;
-    auto* ticked = new CheckBox({});
-    ticked->setTicked(true);
-    Row{new CheckBox({}), ticked}.spacing(8).applyTo(*group);
-    return group;
-}
+/// As the rows of the invoice sheet paint them.
+class CheckBoxes final : public QWidget {
+public:
+    CheckBoxes() { setFixedSize(40, 28); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        paintCheckBox(painter, {0, 0, 16, height()}, CheckBoxState::empty, Palette::current());
+        paintCheckBox(painter, {24, 0, 16, height()}, CheckBoxState::ticked, Palette::current());
+    }
+};
 
 QWidget* symbolButtons() {
     auto* group = new QWidget;
@@ -270,7 +275,7 @@ Gallery::Gallery() {
                 shown(u"gesperrt"_s, sized(120, disabled(field(u"Köln"_s)))),
                 shown(u"Auswahl"_s, sized(140, picker())), shown(u"Stepper"_s, stepper())}),
         across({shown(u"Schalter aus"_s, toggle(false)), shown(u"an"_s, toggle(true)),
-                shown(u"Kästchen"_s, checkBoxes()), shown(u"Symbolknopf"_s, symbolButtons()),
+                shown(u"Kästchen"_s, new CheckBoxes), shown(u"Symbolknopf"_s, symbolButtons()),
                 shown(u"Sprechblase"_s, tooltip(*this)), shown(u"Zähler"_s, new CountBadge(128)),
                 shown(u"Menü"_s, menu(*this))}),
         across({shown(u"Karte"_s, card()), shown(u"Projekte"_s, projectMenu(*this))}),

@@ -118,7 +118,8 @@ void InvoiceEntryDelegate::paintCells(QPainter& painter, const QRect& row,
         cellsIn(row, figureWidth(duration, FontRole::body13), figureWidth(amount, FontRole::body13Medium));
     constexpr Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;
     constexpr Qt::Alignment right = Qt::AlignRight | Qt::AlignVCenter;
-    paintCheckBox(painter, cells.box, {.isTicked = shown.entryStatus.isSelected}, palette);
+    const auto tick = shown.entryStatus.isSelected ? CheckBoxState::ticked : CheckBoxState::empty;
+    paintCheckBox(painter, cells.box, tick, palette);
     paintFigures(painter, cells.date, screenText(shown.date(m_model.calendar())), FontRole::body13,
                  palette.text, left);
     paintText(painter, cells.name, screenText(shown.entryStatus.entry.taskName), FontRole::body13,
