@@ -61,7 +61,7 @@ void LogoPickerView::handleSelection(const FileItem& item) {
         return;
     }
     errorText = "";
-    // Scaled while it is read, so that a large photograph is never held in memory at full size.
+    // Scaled while it is read, so that a large photograph is rarely held in memory at full size.
     const auto image = m_platform.images.read(item.path, logoSize);
     const auto bytes = image.failed() ? std::nullopt : processImage(image.value(), item.path);
     if (!bytes) {
