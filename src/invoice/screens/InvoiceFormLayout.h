@@ -2,8 +2,6 @@
 
 #include <QString>
 
-class QWidget;
-
 namespace brisklog {
 
 class Card;

@@ -9,7 +9,6 @@ namespace brisklog {
 
 class ActiveTimerPanel;
 class BarChart;
-class FigureLabel;
 class Label;
 class LayoutBox;
 class ProjectOverviewPanel;
