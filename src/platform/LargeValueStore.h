@@ -60,8 +60,9 @@ public:
                                            const std::function<void(DataParts&)>& read) const = 0;
 
     /// Replaces everything from byte `from` on of the data value under the key; the cost is that of the new
-    /// bytes, not of the value. If `from` is 0, a value of any type is replaced or a new one created. False,
-    /// changing nothing, when the value is not data or shorter than `from`, or on failure.
+    /// bytes, not of the value. If `from` is 0, a value of any type is replaced or a new one created. If it
+    /// is greater, there must be a data value of at least that length. False, changing nothing, when there is
+    /// none, or on failure.
     virtual bool replaceData(std::string_view key, std::size_t from, DataSource& data) = 0;
 
     /// Moves the value to another key, at no cost whatever its size; false when there is none, when the other

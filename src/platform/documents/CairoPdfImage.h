@@ -10,9 +10,9 @@ struct DestroyImage {
     void operator()(cairo_surface_t* image) const { cairo_surface_destroy(image); }
 };
 
-/// An encoded image, upright and ready to be drawn; its width and height are never 0. A JPEG that already
-/// stands upright goes into the document byte for byte. Null if it is not a PNG, JPEG, GIF, BMP or TIFF, is
-/// broken or truncated, or has more than 32 million pixels.
+/// An encoded image, upright and ready to be drawn; its width and height are never 0. A JPEG that every PDF
+/// viewer displays correctly as it is goes into the document byte for byte. Null for the reasons for which
+/// `decodeImage` fails; at full size, no image may have more than 32 million pixels.
 [[nodiscard]] std::unique_ptr<cairo_surface_t, DestroyImage> decodedImage(std::string_view encoded);
 
 } // namespace brisklog

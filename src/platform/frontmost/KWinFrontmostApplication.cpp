@@ -35,7 +35,7 @@ QDBusMessage scriptingQuestion(const QString& kwin) {
 
 KWinFrontmostApplication::KWinFrontmostApplication(QDBusConnection bus)
     : m_bus(std::move(bus)), m_serviceWatcher(kwinService, m_bus) {
-    // Without a bus no answer would ever come.
+    // Without a bus the answer is known at once.
     if (!m_bus.isConnected()) {
         m_availability = Availability::unavailable;
         return;

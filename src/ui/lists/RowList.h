@@ -20,7 +20,8 @@ public:
 
     explicit RowList(RowHeights heights = RowHeights::alike, QWidget* parent = nullptr);
 
-    /// The rows and the delegate that paints them; both must outlive the list or be its children.
+    /// The rows, and the delegate that paints them. The list owns neither, and is empty once the model has
+    /// gone.
     void setRows(QAbstractItemModel& model, RowDelegate& delegate);
 
     /// Receives keys before the list does, with the current row; returns whether it handled the key.
