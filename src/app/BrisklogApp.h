@@ -54,8 +54,8 @@ public:
     explicit BrisklogApp(Outside outside);
     ~BrisklogApp();
 
-    /// Call once launching has finished. If no panel shows the icon after a while, the popover opens as a
-    /// window.
+    /// Creates the popover, the main view and the status item; call once. If no panel shows the icon after a
+    /// while, the popover opens as a window.
     void launch();
 
     /// Opens the popover without a click on the icon: at the icon if there is one, else as a window.
