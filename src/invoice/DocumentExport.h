@@ -1,6 +1,5 @@
 #pragma once
 
-#include "foundation/Calendar.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Log.h"

@@ -4,7 +4,6 @@
 #include "foundation/GermanFormat.h"
 #include "invoice/InvoiceView.h"
 
-#include <algorithm>
 #include <unordered_set>
 #include <utility>
 

@@ -138,7 +138,7 @@ std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells,
         const double columnWidth = width * column.width;
         if (column.content == InvoiceColumn::Content::text) {
             boxes[i] = {columnX, m_y, std::min(columnWidth, room - columnX) - textGap, lineHeight};
-            room = columnX;
+            room = columnX - numberGap;
         } else {
             const double right = std::min(columnX + columnWidth, room);
             const double needed = std::min(m_page.widthOfNumber(cells[i], style), columnWidth * 2);
@@ -164,9 +164,10 @@ void InvoiceDrawing::drawTotal() {
     m_page.drawRule(left, left + width, m_y);
     m_y -= 14;
     InvoiceCells cells(invoiceColumns().size());
-    cells.front() = "Gesamtbetrag:";
     cells.back() = m_texts.table.total;
-    drawCells(cells, bold);
+    const PageRectangle total = placeCells(cells, bold).back();
+    m_page.drawLine("Gesamtbetrag:", {left, m_y, total.x - textGap - left, lineHeight}, bold);
+    m_page.drawNumber(m_texts.table.total, total, bold);
 }
 
 double InvoiceDrawing::drawClosing() {

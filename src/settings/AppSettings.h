@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Appearance.h"
+#include "platform/Fatal.h"
 #include "platform/StoredProperties.h"
 
 #include <algorithm>
@@ -57,7 +58,10 @@ concept SettingsOption = !rawValues<Option>.empty();
 
 template <SettingsOption Option>
 [[nodiscard]] std::string_view jsonText(Option option) {
-    return std::ranges::find(rawValues<Option>, option, &RawValue<Option>::option)->text;
+    const auto found = std::ranges::find(rawValues<Option>, option, &RawValue<Option>::option);
+    if (found == rawValues<Option>.end())
+        stopProgram("a setting's option has no text");
+    return found->text;
 }
 
 /// Sets the option with exactly that raw value; false for any other text.

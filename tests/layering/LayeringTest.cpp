@@ -10,7 +10,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 /// What each box of src/ stands on. Arrows point downwards only; everything further below is allowed too.
 const Arrows arrows{
@@ -111,6 +113,16 @@ TEST(Layering, includesPointDownwardsOnly) {
 TEST(Layering, librariesLinkDownwardsOnly) {
     EXPECT_THAT(forbiddenLinks(arrows, ourLinks()), IsEmpty());
     EXPECT_EQ(ourLinks().size(), arrows.size());
+}
+
+TEST(Layering, onlyTheBuildFilesOfBoxesLink) {
+    for (const char* const file : {"CMakeLists.txt", "src/CMakeLists.txt"}) {
+        std::ifstream above(projectFolder() / file);
+        ASSERT_TRUE(above.is_open()) << file;
+        const std::string text((std::istreambuf_iterator<char>(above)), {});
+        EXPECT_THAT(text, Not(HasSubstr("target_link_libraries"))) << file;
+        EXPECT_THAT(text, Not(HasSubstr("brisklog_box("))) << file;
+    }
 }
 
 TEST(Layering, whatIsIncludedIsLinked) {

@@ -27,6 +27,9 @@ OwnedImage passedThrough(std::string_view jpeg, const QSize& size) {
 
 OwnedImage copied(QImage picture) {
     picture.convertTo(QImage::Format_ARGB32_Premultiplied);
+    // Converting fails when memory is short.
+    if (picture.isNull())
+        return nullptr;
     OwnedImage image(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, picture.width(), picture.height()));
     if (cairo_surface_status(image.get()) != CAIRO_STATUS_SUCCESS)
         return nullptr;

@@ -1,12 +1,10 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <pango/pango.h>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace brisklog {
 

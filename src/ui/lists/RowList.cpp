@@ -90,6 +90,8 @@ void RowList::setHovered(const Spot& spot) {
 
 void RowList::pressed(const QPoint& position) {
     m_pressed = spotAt(position);
+    // A finger presses without having moved there before.
+    setHovered(m_pressed);
     viewport()->update();
 }
 
