@@ -63,7 +63,8 @@ std::unique_ptr<FrontmostApplication> make() {
     return std::make_unique<Way>();
 }
 
-/// In the order in which they are tried. Further ways are added here.
+/// In the order in which they are tried. Further ways are added before the last one, which is kept while none
+/// has answered: KWin may start later.
 std::vector<Maker> waysOfAsking() {
     if (isWaylandSession())
         return {make<WlrootsFrontmostApplication>, make<KWinFrontmostApplication>};

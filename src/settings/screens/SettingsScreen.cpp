@@ -160,7 +160,7 @@ QWidget* SettingsScreen::archiveButton() {
     return button;
 }
 
-template <class Option>
+template <SettingsOption Option>
 LayoutItem SettingsScreen::choiceSection(const Choice& choice, Published<Option>& setting) {
     Picker* const picker = pickerFor(setting);
     picker->setAccessibleName(choice.label);
@@ -176,7 +176,7 @@ LayoutItem SettingsScreen::choiceSection(const Choice& choice, Published<Option>
     return section(choice.sectionTitle, choice.symbol, cardWith(rows));
 }
 
-template <class Option>
+template <SettingsOption Option>
 Picker* SettingsScreen::pickerFor(Published<Option>& setting) {
     const auto& values = rawValues<Option>;
     std::vector<QString> labels;

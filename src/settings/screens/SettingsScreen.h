@@ -36,10 +36,10 @@ private:
 
     [[nodiscard]] QWidget* makeContent();
     [[nodiscard]] QWidget* archiveButton();
-    template <class Option>
+    template <SettingsOption Option>
     [[nodiscard]] LayoutItem choiceSection(const Choice& choice, Published<Option>& setting);
     /// Offers all values of that setting; a choice is written at once.
-    template <class Option>
+    template <SettingsOption Option>
     [[nodiscard]] Picker* pickerFor(Published<Option>& setting);
     [[nodiscard]] QWidget* credit();
     void openArchive();
