@@ -57,23 +57,36 @@ int kept(int start, int length, int firstEdge, int lastEdge) {
     return std::max(firstEdge, std::min(start, lastEdge - length + 1));
 }
 
+/// Some panels reserve no space: the strip of one at the upper or lower edge is left out.
+QRect besidePanelOf(const ScreenRectangle& icon, QRect screen) {
+    const int below = icon.y + icon.height;
+    if (icon.y - screen.top() < icon.height)
+        screen.setTop(std::max(screen.top(), below));
+    else if (screen.bottom() + 1 - below < icon.height)
+        screen.setBottom(std::min(screen.bottom(), icon.y - 1));
+    return screen;
+}
+
 } // namespace
 
-QPoint popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& available,
-                    const QSize& popover) {
+QRect popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& screen) {
+    const QRect available = anchor ? besidePanelOf(*anchor, screen) : screen;
+    const QSize popover = popoverSize.boundedTo(available.size());
     if (!anchor)
-        return {kept(available.right(), popover.width(), available.left(), available.right()),
-                available.top()};
+        return {
+            {kept(available.right(), popover.width(), available.left(), available.right()), available.top()},
+            popover};
     const QPoint middle(anchor->x + anchor->width / 2, anchor->y + anchor->height / 2);
     const bool opensDownwards = middle.y() <= available.center().y();
     const int y = opensDownwards ? anchor->y + anchor->height : anchor->y - popover.height();
-    return {kept(middle.x() - popover.width() / 2, popover.width(), available.left(), available.right()),
-            kept(y, popover.height(), available.top(), available.bottom())};
+    return {{kept(middle.x() - popover.width() / 2, popover.width(), available.left(), available.right()),
+             kept(y, popover.height(), available.top(), available.bottom())},
+            popover};
 }
 
 PopoverWindow::PopoverWindow(Parts parts) : m_parts(std::move(parts)), m_hold(std::make_shared<int>()) {
     setWindowTitle(u"Brisklog"_s);
-    setForm(Form::popover);
+    setForm(Form::popover, popoverSize);
     // The popover need not have the focus when the user leaves the program: a day's window may have it.
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
             [this] { QTimer::singleShot(0, this, [this] { closeIfLeft(); }); });
@@ -96,12 +109,12 @@ void PopoverWindow::buildScreen() {
     Column{expanding(m_screen), m_windowStrip}.applyTo(*this);
 }
 
-void PopoverWindow::setForm(Form form) {
+void PopoverWindow::setForm(Form form, const QSize& size) {
     m_form = form;
     // Not Qt::Popup, which closes as soon as a save panel opens.
     setWindowFlags(form == Form::popover ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
                                          : Qt::Window);
-    setFixedSize(form == Form::popover ? popoverSize : popoverSize + QSize(0, stripHeight));
+    setFixedSize(size);
     if (m_windowStrip != nullptr)
         m_windowStrip->setVisible(form == Form::window);
 }
@@ -110,12 +123,13 @@ void PopoverWindow::show(const std::optional<ScreenRectangle>& anchor) {
     if (isVisible())
         return takeFocusBack();
     buildScreen();
-    setForm(Form::popover);
     m_anchor = anchor;
     const QPoint anchorPoint = anchor ? QPoint(anchor->x, anchor->y) : QCursor::pos();
     const QScreen* const anchorScreen = QGuiApplication::screenAt(anchorPoint);
     const QScreen* const shown = anchorScreen != nullptr ? anchorScreen : QGuiApplication::primaryScreen();
-    placeWindow(*this, popoverPlace(anchor, shown->availableGeometry(), popoverSize));
+    const QRect place = popoverPlace(anchor, freeAreaOf(*shown));
+    setForm(Form::popover, place.size());
+    placeWindow(*this, place.topLeft());
     m_parts.windowServer.keepOutOfTaskBar(static_cast<std::uint32_t>(winId()));
     m_pointerPresses = m_parts.windowServer.watchPointer([this] { handlePointerPress(); });
     showInFront();
@@ -125,7 +139,7 @@ void PopoverWindow::showAsWindow() {
     if (isVisible())
         return takeFocusBack();
     buildScreen();
-    setForm(Form::window);
+    setForm(Form::window, fittingInFrame(popoverSize + QSize(0, stripHeight), freeAreaOf(*screen())));
     showInFront();
 }
 

@@ -14,14 +14,13 @@
 
 namespace brisklog {
 
-/// The position of the popover's top left corner, in logical pixels: centred below an anchor in the upper
-/// half of the screen, above one in the lower half, and at the top right without an anchor; always inside the
-/// available area.
-[[nodiscard]] QPoint popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& available,
-                                  const QSize& popover);
+/// Where the popover opens, in logical pixels: centred below an anchor in the upper half of the screen, above
+/// one in the lower half, and at the top right without an anchor. 370 × 650, or as much of that as the
+/// screen has beside its panels, and always inside it.
+[[nodiscard]] QRect popoverPlace(const std::optional<ScreenRectangle>& anchor, const QRect& screen);
 
-/// The popover: a frameless window of 370 × 650 that closes when the user switches to something else. Without
-/// a panel it is an ordinary window with a button to quit.
+/// The popover: a frameless window of 370 × 650, smaller on a low screen, that closes when the user switches
+/// to something else. Without a panel it is an ordinary window with a button to quit.
 class PopoverWindow final : public QWidget, public Popover, public SheetHost {
 public:
     struct Parts {
@@ -63,7 +62,7 @@ private:
     enum class Form { popover, window };
 
     void buildScreen();
-    void setForm(Form form);
+    void setForm(Form form, const QSize& size);
     void showInFront();
     void closeIfLeft();
     /// Called when a button goes down anywhere on the screen.

@@ -89,6 +89,8 @@ class Desktop:
         self.results = Path(results)
         self.width, self.height = map(int, command("xdotool", "getdisplaygeometry").split())
         self.icon = (self.width - 14, 14)
+        # What the accessibility interface calls a pixel has so many of the screen's.
+        self.scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))
         # The first key on a fresh X server makes the window manager read the keyboard again, and it misses
         # the shortcuts pressed meanwhile: so this is not one of them.
         self.press("shift")
@@ -111,7 +113,7 @@ class Desktop:
         """Clicks the middle of the control with that name."""
         thing = self.find(name, role)
         box = thing.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        self.click((box.x + box.width // 2, box.y + box.height // 2))
+        self.click((round((box.x + box.width / 2) * self.scale), round((box.y + box.height / 2) * self.scale)))
         return thing
 
     # Seeing

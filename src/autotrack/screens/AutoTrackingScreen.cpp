@@ -2,6 +2,7 @@
 
 #include "ui/controls/Button.h"
 #include "ui/controls/Switch.h"
+#include "ui/lists/ScrollArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Symbols.h"
@@ -55,17 +56,13 @@ AutoTrackingScreen::AutoTrackingScreen(AutoTrackingManager& manager, FrontmostAp
     clear->setTextColor(&Palette::red);
     clear->onClick([this] { confirmClearing(); });
     m_switch->onToggled([this](bool isOn) { m_view.setTracking(isOn); });
-    Column{Row{new Label(u"Automatische Zeiterfassung"_s, FontRole::title17), stretch(), m_switch},
-           space(10),
-           Row{m_dot, m_status, stretch()}.spacing(dotGap),
-           space(4),
-           statusLines(),
-           space(16),
-           calendar,
-           stretch(),
-           Row{stretch(), clear, stretch()}}
-        .margins({inset, gapUnderTabs, inset, bottomMargin})
-        .applyTo(*this);
+    auto* const content = asWidget(Column{
+        Row{new Label(u"Automatische Zeiterfassung"_s, FontRole::title17), stretch(), m_switch}, space(10),
+        Row{m_dot, m_status, stretch()}.spacing(dotGap), space(4), statusLines(), space(16), calendar,
+        stretch(),
+        Row{stretch(), clear,
+            stretch()}}.margins({inset, gapUnderTabs, inset, bottomMargin}));
+    Column{expanding(new ScrollArea(content))}.applyTo(*this);
     observe(m_view);
     observe(manager);
     observe(frontmost);

@@ -35,7 +35,6 @@ DayDetailWindow::DayDetailWindow(const DetailWindowContent& content, const Image
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(screenText(content.title));
     setMinimumSize(smallestSize);
-    resize(windowSize);
     Column{expanding(new DailyUsageDetailScreen(content.detail, images))}.applyTo(*this);
 }
 
@@ -59,7 +58,8 @@ std::shared_ptr<DetailWindowController> DayDetailWindows::show(const DetailWindo
     m_windows.emplace_back(window);
     const QWidget* const nearby = m_nearby();
     const QScreen& screen = nearby != nullptr ? *nearby->screen() : *QGuiApplication::primaryScreen();
-    window->move(centredOn(screen, windowSize));
+    window->resize(fittingInFrame(windowSize, freeAreaOf(screen)));
+    window->move(centredOn(screen, window->size()));
     window->show();
     window->activateWindow();
     return std::make_shared<Controller>(window);

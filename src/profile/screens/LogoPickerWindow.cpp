@@ -27,7 +27,6 @@ LogoPickerWindow::LogoPickerWindow(const QString& title, LogoPickerScreen* scree
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
     setMinimumSize(smallestSize);
-    resize(windowSize);
     Column{expanding(screen)}.applyTo(*this);
     screen->focusTiles();
 }
@@ -61,7 +60,8 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
         if (host)
             host->takeFocusBack();
     });
-    m_window->move(centredOn(*parent.screen(), windowSize));
+    m_window->resize(fittingInFrame(windowSize, freeAreaOf(*parent.screen())));
+    m_window->move(centredOn(*parent.screen(), m_window->size()));
     m_window->show();
     m_window->activateWindow();
 }

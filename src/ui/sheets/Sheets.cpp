@@ -12,7 +12,7 @@ namespace {
 
 /// Centred over the window, but inside the screen and no larger than it.
 QRect placeOver(const QWidget& window, const QSize& wanted) {
-    const QRect available = window.screen()->availableGeometry();
+    const QRect available = freeAreaOf(*window.screen());
     QRect place(QPoint(), wanted.boundedTo(available.size()));
     place.moveCenter(window.mapToGlobal(window.rect().center()));
     place.moveLeft(std::clamp(place.left(), available.left(), available.right() + 1 - place.width()));

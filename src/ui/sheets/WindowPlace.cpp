@@ -4,10 +4,14 @@
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
+#include <cmath>
 #include <utility>
 
 namespace brisklog {
 namespace {
+
+/// What window managers add to a window, at the most.
+constexpr QSize frame(12, 44);
 
 /// Sets the position again at the first paint and at the activation, after which it is no longer needed.
 class PlaceKeeper final : public QObject {
@@ -36,10 +40,20 @@ private:
 
 } // namespace
 
+QRect freeAreaOf(const QScreen& screen) {
+    const QRect area = screen.availableGeometry();
+    const bool isFractional = std::floor(screen.devicePixelRatio()) != screen.devicePixelRatio();
+    return isFractional ? area.adjusted(0, 0, -1, -1) : area;
+}
+
 QPoint centredOn(const QScreen& screen, const QSize& window) {
     QRect place(QPoint(), window);
-    place.moveCenter(screen.availableGeometry().center());
+    place.moveCenter(freeAreaOf(screen).center());
     return place.topLeft();
+}
+
+QSize fittingInFrame(const QSize& wanted, const QRect& available) {
+    return wanted.boundedTo(available.size() - frame);
 }
 
 void placeWindow(QWidget& window, const QPoint& place) {

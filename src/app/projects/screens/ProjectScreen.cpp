@@ -11,6 +11,7 @@
 #include "ui/controls/SectionHeader.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/controls/TextField.h"
+#include "ui/lists/ScrollArea.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
@@ -34,6 +35,8 @@ namespace {
 constexpr int inset = 4;
 constexpr int headerHeight = 40;
 constexpr int actionBarHeight = 38;
+/// Two rows of entries.
+constexpr int leastEntriesHeight = 110;
 
 QWidget* emptyEntries() {
     auto* content = new EmptyState(
@@ -75,8 +78,8 @@ void ProjectScreen::makeWidgets() {
                        .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
     m_count = new CountBadge;
     m_entriesOrNone = new QStackedWidget;
-    // Many timers may take up its space, but must not make the popover grow.
-    m_entriesOrNone->setMinimumHeight(1);
+    // Many timers may take up the rest of its space; on low screens the whole screen scrolls.
+    m_entriesOrNone->setMinimumHeight(leastEntriesHeight);
     m_entries = new ProjectEntryList(m_services.store, m_services.clock);
     m_noEntries = emptyEntries();
     m_entriesOrNone->addWidget(m_entries);
@@ -98,18 +101,12 @@ void ProjectScreen::makeActions() {
 void ProjectScreen::arrange() {
     auto* timersHeader = new SectionHeader(u"Aktive Zeiterfassung"_s, u"timer"_s);
     auto* entriesHeader = new Label(u"Zeiterfassungen"_s, FontRole::body13Semibold);
-    Column{header(),
-           Row{m_taskField, m_startButton}.spacing(8),
-           space(12),
-           Row{space(inset), timersHeader, stretch(), m_noTimers, space(inset)},
-           m_timers,
-           space(12),
-           actionBar(),
-           space(10),
-           Row{space(inset), entriesHeader, space(6), m_count, stretch()},
-           space(6),
-           expanding(m_entriesOrNone)}
-        .applyTo(*this);
+    auto* const content = asWidget(
+        Column{header(), Row{m_taskField, m_startButton}.spacing(8), space(12),
+               Row{space(inset), timersHeader, stretch(), m_noTimers, space(inset)}, m_timers, space(12),
+               actionBar(), space(10), Row{space(inset), entriesHeader, space(6), m_count, stretch()},
+               space(6), expanding(m_entriesOrNone)});
+    Column{expanding(new ScrollArea(content))}.applyTo(*this);
 }
 
 void ProjectScreen::arrangeTabOrder() {
