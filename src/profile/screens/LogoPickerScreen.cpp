@@ -121,8 +121,10 @@ void LogoPickerScreen::showItems() {
     m_model.setItems(m_view.items);
     m_list->scrollToTop();
     const auto previous = m_view.rowOfPreviousDirectory();
-    if (previous || m_list->showsFocusRing())
+    if (previous || m_list->showsFocusRing()) {
         m_list->setCurrentIndex(m_model.index(static_cast<int>(previous.value_or(0))));
+        m_list->scrollTo(m_list->currentIndex());
+    }
     m_scrolled->start(0);
 }
 

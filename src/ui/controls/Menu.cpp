@@ -166,6 +166,7 @@ QSize MenuPopup::fittingSize(const MenuContent& content, int anchorWidth) const 
 void MenuPopup::takeFocus() {
     m_list->setFocus(Qt::PopupFocusReason);
     setCurrentRow(m_startRow);
+    m_list->scrollTo(m_list->currentIndex());
 }
 
 void MenuPopup::setCurrentRow(int row) {

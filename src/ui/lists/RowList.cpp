@@ -5,6 +5,7 @@
 #include "ui/look/Palette.h"
 
 #include <QFocusEvent>
+#include <QPointer>
 #include <utility>
 
 namespace brisklog {
@@ -17,6 +18,8 @@ RowList::RowList(RowHeights heights, QWidget* parent) : QListView(parent) {
     setSelectionMode(NoSelection);
     setMouseTracking(true);
     setTabKeyNavigation(false);
+    // Would scroll a row into view that has been clicked: 500 ms later another one is under the pointer.
+    setAutoScroll(false);
     viewport()->setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
     clearGround(*this);
@@ -37,15 +40,22 @@ void RowList::focusInEvent(QFocusEvent* event) {
     // The arrow keys and the focus ring need a current row.
     if (m_isFocusFromKeyboard && !currentIndex().isValid() && model() && model()->rowCount() > 0)
         setCurrentIndex(model()->index(0, 0));
+    if (m_isFocusFromKeyboard && reason != Qt::ActiveWindowFocusReason)
+        scrollTo(currentIndex());
     viewport()->update();
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {
-    if (m_handleKey && m_handleKey(currentIndex(), event->key()))
-        return;
-    m_isFocusFromKeyboard = true;
-    QListView::keyPressEvent(event);
-    viewport()->update();
+    const QPointer<QWidget> stillThere(this);
+    const QPersistentModelIndex before = currentIndex();
+    const bool isHandled = m_handleKey && m_handleKey(before, event->key());
+    if (!isHandled) {
+        m_isFocusFromKeyboard = true;
+        QListView::keyPressEvent(event);
+        viewport()->update();
+    }
+    if (stillThere && (isHandled || currentIndex() != before))
+        scrollTo(currentIndex());
 }
 
 bool RowList::viewportEvent(QEvent* event) {

@@ -11,7 +11,7 @@ class RowDelegate;
 enum class RowPart { none, row, trash };
 
 /// A long list with a model and a delegate that paints the rows. It has no background and no frame, and
-/// scrolls by pixels with a floating scroll bar.
+/// scrolls by pixels with a floating scroll bar. Only the keyboard brings rows into view, never the pointer.
 class RowList final : public QListView {
 public:
     /// `alike`: every row is as high as the first, so that only visible rows cost time, even with 25,000 of

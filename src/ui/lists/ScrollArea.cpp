@@ -3,16 +3,78 @@
 #include "ui/lists/FloatingScrollBar.h"
 
 #include <QApplication>
+#include <QFocusEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 namespace brisklog {
 namespace {
 
 constexpr int step = 24;
-/// The focused widget keeps that distance from the edge.
-constexpr int focusMargin = 12;
-/// The room left around the focused widget, so that its ring is visible too.
-constexpr int roomForFocus = 12;
+/// What is brought into view keeps that distance from the edge, so that its focus ring is visible too.
+constexpr int margin = 12;
+
+/// Keeps in view what the keyboard or a screen reader has moved the focus to. The pointer moves no page: what
+/// it is on would be somewhere else at the next click.
+class FocusFollower final : public QObject {
+public:
+    /// The application's only one.
+    static void install() {
+        static QPointer<FocusFollower> installed;
+        if (!installed)
+            installed = new FocusFollower;
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::Shortcut:
+            m_isAtKeyboard = true;
+            break;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseButtonRelease:
+        case QEvent::TouchBegin:
+            m_isAtKeyboard = false;
+            break;
+        case QEvent::FocusIn:
+            if (auto* const focused = qobject_cast<QWidget*>(watched);
+                focused && isFollowed(static_cast<QFocusEvent*>(event)->reason()))
+                follow(*focused);
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    FocusFollower() : QObject(qApp) { qApp->installEventFilter(this); }
+
+    [[nodiscard]] bool isFollowed(Qt::FocusReason reason) const {
+        switch (reason) {
+        case Qt::TabFocusReason:
+        case Qt::BacktabFocusReason:
+        case Qt::ShortcutFocusReason:
+            // A widget that hides when it is clicked also passes its focus on "with Tab".
+            return m_isAtKeyboard;
+        case Qt::OtherFocusReason:
+            // Screen readers give no reason.
+            return QGuiApplication::mouseButtons() == Qt::NoButton;
+        default:
+            return false;
+        }
+    }
+
+    static void follow(const QWidget& focused) {
+        for (QWidget* above = focused.parentWidget(); above; above = above->parentWidget())
+            if (auto* const area = dynamic_cast<ScrollArea*>(above))
+                area->bringIntoView(focused, focused.rect());
+    }
+
+    bool m_isAtKeyboard = true;
+};
 
 } // namespace
 
@@ -23,11 +85,7 @@ ScrollArea::ScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent) 
     viewport()->setAutoFillBackground(false);
     verticalScrollBar()->setSingleStep(step);
     FloatingScrollBar::attach(*this);
-    // The toolkit does so only for the Tab key, but screen readers set the focus directly.
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, QWidget* now) {
-        if (now != nullptr && widget() != nullptr && widget()->isAncestorOf(now))
-            bringIntoView(*now);
-    });
+    FocusFollower::install();
     if (content)
         setContent(content);
 }
@@ -38,23 +96,13 @@ void ScrollArea::setContent(QWidget* content) {
     content->setAutoFillBackground(false);
 }
 
-/// The toolkit stops scrolling once a field's cursor is visible.
-bool ScrollArea::focusNextPrevChild(bool next) {
-    if (!QScrollArea::focusNextPrevChild(next))
-        return false;
-    const QWidget* const focused = focusWidget();
-    if (focused && widget()->isAncestorOf(focused)) {
-        const QPoint middle = focused->mapTo(widget(), focused->rect().center());
-        ensureVisible(middle.x(), middle.y(), 0, focused->height() / 2 + roomForFocus);
-    }
-    return true;
-}
+/// Not the toolkit's, which scrolls whatever has moved the focus.
+bool ScrollArea::focusNextPrevChild(bool next) { return QWidget::focusNextPrevChild(next); }
 
-/// Shows all of it: the toolkit stops scrolling once a field's cursor is visible.
-void ScrollArea::bringIntoView(const QWidget& part) {
-    const QRect place(part.mapTo(widget(), QPoint(0, 0)), part.size());
-    if (place.height() + 2 * focusMargin <= viewport()->height())
-        ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + focusMargin);
+void ScrollArea::bringIntoView(const QWidget& part, const QRect& area) {
+    const QRect place(part.mapTo(widget(), area.topLeft()), area.size());
+    if (place.height() + 2 * margin <= viewport()->height())
+        ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2 + margin);
 }
 
 QSize ScrollArea::sizeHint() const { return widget() ? widget()->sizeHint() : QSize(0, 0); }

@@ -4,8 +4,8 @@
 
 namespace brisklog {
 
-/// Shows a widget at its own width and scrolls it vertically where it is higher. Keeps the focused widget in
-/// view. It has no background and no frame.
+/// Shows a widget at its own width and scrolls it vertically where it is higher. Keeps in view what the
+/// keyboard or a screen reader focuses. It has no background and no frame.
 class ScrollArea final : public QScrollArea {
 public:
     explicit ScrollArea(QWidget* content = nullptr, QWidget* parent = nullptr);
@@ -17,8 +17,8 @@ public:
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
 
-private:
-    void bringIntoView(const QWidget& part);
+    /// Scrolls until that area of a widget in the content is visible, if it is not higher than this.
+    void bringIntoView(const QWidget& part, const QRect& area);
 
 protected:
     bool focusNextPrevChild(bool next) override;
