@@ -106,6 +106,11 @@ def add_screens(table, figures):
     table.add("archive's list, 2,000 invoices over 20,000 entries", figures.milliseconds("listArchive/2000"), None, "ms")
     table.add("archive's sheet, 2,000 invoices over 20,000 entries", figures.milliseconds("openSheet/2000"), 50, "ms",
               f"an empty sheet {number(figures.milliseconds('openEmptySheet'))} ms")
+    table.add("invoice's sheet, 10,000 entries", figures.milliseconds("openInvoiceSheet/10000"), 50, "ms",
+              f"without entries {number(figures.milliseconds('openInvoiceSheet/0'))} ms")
+    for what, name, bar in (("a second passes in it", "refreshInvoiceSheet", 5), ("a row is ticked in it", "tickInvoiceRow", 16),
+                            ("the keyboard goes to its next row", "walkInvoiceRows", 16)):
+        table.add(what, figures.milliseconds(f"{name}/10000"), bar, "ms")
     table.add("logo picker over 5,000 photographs, names on the screen", figures.milliseconds("openPicker"), None, "ms",
               f"decoding what is seen {number(figures.milliseconds('decodeFirstScreenBare'))} ms")
     table.add("a keystroke in the profile, written and painted", figures.milliseconds("typeLetter"), 1, "ms",

@@ -2,15 +2,19 @@
 
 #include "invoice/screens/InvoiceEntryDelegate.h"
 #include "ui/lists/RowList.h"
+#include "ui/lists/ScrollArea.h"
 #include "ui/look/Layout.h"
+
+#include <QScrollBar>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace brisklog {
 namespace {
 
-constexpr int mostRowsWithoutScrolling = 12;
-constexpr int heightWhenScrolling = InvoiceEntryDelegate::rowStep * 23 / 2;
+/// Above that, the toolkit's largest widget is too low for all rows, and the list scrolls by itself.
+constexpr int mostRowsInFull = QWIDGETSIZE_MAX / InvoiceEntryDelegate::rowStep;
 
 } // namespace
 
@@ -33,14 +37,22 @@ void InvoiceEntryList::showRows() {
     fitHeight();
     const bool rowWasAdded = before > 0 && m_model.rowCount() == before + 1;
     if (rowWasAdded)
-        m_list->scrollToBottom();
+        showNewRow();
     m_list->viewport()->update();
 }
 
+/// What is below the list stays where it is: the pointer is still on the button that has added the row.
+void InvoiceEntryList::showNewRow() {
+    layOutNow(*this);
+    if (const auto* const page = ScrollArea::around(*this)) {
+        QScrollBar& bar = *page->verticalScrollBar();
+        bar.setValue(bar.value() + InvoiceEntryDelegate::rowStep);
+    }
+    m_list->scrollTo(m_model.index(m_model.rowCount() - 1));
+}
+
 void InvoiceEntryList::fitHeight() {
-    const int rows = m_model.rowCount();
-    setFixedHeight(rows > mostRowsWithoutScrolling ? heightWhenScrolling
-                                                   : rows * InvoiceEntryDelegate::rowStep);
+    setFixedHeight(std::min(m_model.rowCount(), mostRowsInFull) * InvoiceEntryDelegate::rowStep);
 }
 
 bool InvoiceEntryList::keyPressed(const QModelIndex& index, int key) {

@@ -8,8 +8,7 @@ namespace brisklog {
 
 class RowList;
 
-/// The entries to tick. Up to twelve rows are shown in full; more scroll within a height of eleven and a
-/// half, so that the half row hints at more and the totals below the list stay visible.
+/// The entries to tick. The list is as high as all its rows and scrolls with the sheet.
 class InvoiceEntryList final : public QWidget {
 public:
     InvoiceEntryList(InvoiceView& view, const Clock& clock);
@@ -24,6 +23,7 @@ private:
     void toggle(const QModelIndex& index);
     void deleteEntry(const QModelIndex& index);
     void fitHeight();
+    void showNewRow();
 
     InvoiceEntryModel m_model;
     RowList* m_list;

@@ -2,10 +2,12 @@
 
 #include "ui/lists/FloatingScrollBar.h"
 #include "ui/lists/RowDelegate.h"
+#include "ui/lists/ScrollArea.h"
 #include "ui/look/Palette.h"
 
 #include <QFocusEvent>
 #include <QPointer>
+#include <algorithm>
 #include <utility>
 
 namespace brisklog {
@@ -43,6 +45,25 @@ void RowList::focusInEvent(QFocusEvent* event) {
     if (m_isFocusFromKeyboard && reason != Qt::ActiveWindowFocusReason)
         scrollTo(currentIndex());
     viewport()->update();
+}
+
+void RowList::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QListView::scrollTo(index, hint);
+    auto* const page = ScrollArea::around(*this);
+    if (page && index.isValid())
+        page->bringIntoView(*viewport(), visualRect(index));
+}
+
+/// In a page, the page keys move by what is in view of the list, which is as high as all its rows.
+QModelIndex RowList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const auto* const page = ScrollArea::around(*this);
+    const QModelIndex current = currentIndex();
+    const bool isByPage = action == MovePageUp || action == MovePageDown;
+    if (!page || !isByPage || !current.isValid())
+        return QListView::moveCursor(action, modifiers);
+    const int rows = std::max(1, page->viewport()->height() / visualRect(current).height() - 1);
+    const int wanted = current.row() + (action == MovePageUp ? -rows : rows);
+    return model()->index(std::clamp(wanted, 0, model()->rowCount() - 1), current.column());
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {

@@ -12,6 +12,7 @@ enum class RowPart { none, row, trash };
 
 /// A long list with a model and a delegate that paints the rows. It has no background and no frame, and
 /// scrolls by pixels with a floating scroll bar. Only the keyboard brings rows into view, never the pointer.
+/// In a `ScrollArea` it may be as high as all its rows: still only those in view cost time.
 class RowList final : public QListView {
 public:
     /// `alike`: every row is as high as the first, so that only visible rows cost time, even with 25,000 of
@@ -19,6 +20,9 @@ public:
     enum class RowHeights { alike, different };
 
     explicit RowList(RowHeights heights = RowHeights::alike, QWidget* parent = nullptr);
+
+    /// Scrolls a `ScrollArea` that the list is in, too.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// The rows, and the delegate that paints them. The list owns neither, and is empty once the model has
     /// gone.
@@ -56,6 +60,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     struct Spot {

@@ -68,9 +68,8 @@ private:
     }
 
     static void follow(const QWidget& focused) {
-        for (QWidget* above = focused.parentWidget(); above; above = above->parentWidget())
-            if (auto* const area = dynamic_cast<ScrollArea*>(above))
-                area->bringIntoView(focused, focused.rect());
+        if (auto* const area = ScrollArea::around(focused))
+            area->bringIntoView(focused, focused.rect());
     }
 
     bool m_isAtKeyboard = true;
@@ -98,6 +97,14 @@ void ScrollArea::setContent(QWidget* content) {
 
 /// Not the toolkit's, which scrolls whatever has moved the focus.
 bool ScrollArea::focusNextPrevChild(bool next) { return QWidget::focusNextPrevChild(next); }
+
+ScrollArea* ScrollArea::around(const QWidget& part) {
+    // A menu belongs to its button, but is a window of its own.
+    for (const QWidget* each = &part; each && !each->isWindow(); each = each->parentWidget())
+        if (auto* const area = dynamic_cast<ScrollArea*>(each->parentWidget()))
+            return area;
+    return nullptr;
+}
 
 void ScrollArea::bringIntoView(const QWidget& part, const QRect& area) {
     const QRect place(part.mapTo(widget(), area.topLeft()), area.size());

@@ -17,6 +17,9 @@ public:
 
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
 
+    /// The area that the widget scrolls with; null when there is none.
+    [[nodiscard]] static ScrollArea* around(const QWidget& part);
+
     /// Scrolls until that area of a widget in the content is visible, if it is not higher than this.
     void bringIntoView(const QWidget& part, const QRect& area);
 

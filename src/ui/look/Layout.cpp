@@ -1,6 +1,8 @@
 #include "ui/look/Layout.h"
 
 #include <QBoxLayout>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QWidget>
 
 namespace brisklog {
@@ -39,6 +41,11 @@ void LayoutBox::applyTo(QWidget& widget) const {
 
 LayoutBox::operator LayoutItem() const {
     return LayoutItem([box = *this](QBoxLayout& layout) { layout.addLayout(box.build()); });
+}
+
+void layOutNow(QWidget& widget) {
+    for (QWidget* each = &widget; each; each = each->parentWidget())
+        QCoreApplication::sendPostedEvents(each, QEvent::LayoutRequest);
 }
 
 QWidget* asWidget(const LayoutBox& box) {

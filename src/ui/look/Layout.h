@@ -74,6 +74,10 @@ public:
     Row(std::initializer_list<LayoutItem> items) : LayoutBox(Direction::across, items) {}
 };
 
+/// Gives the widget and all it is in their places now, after a change of size, and not only in the event
+/// loop's next turn.
+void layOutNow(QWidget& widget);
+
 /// Wraps the box in a widget, to show, hide or size it as one.
 [[nodiscard]] QWidget* asWidget(const LayoutBox& box);
 /// The same, with a fixed height.

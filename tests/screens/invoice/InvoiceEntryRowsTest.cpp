@@ -151,24 +151,91 @@ TEST_F(InvoiceEntryRows, aProjectWithoutRateShowsNoTotal) {
                     .contains(u"80,00\u00A0€"_s));
 }
 
-TEST_F(InvoiceEntryRows, twelveRowsAreAllShownAndMoreScroll) {
-    InvoiceSheet twelve(manyEntries(12), 60.0);
-    InvoiceSheetWindow all(twelve);
-    EXPECT_EQ(all.list().verticalScrollBar()->maximum(), 0);
-    InvoiceSheet thirteen(manyEntries(13), 60.0);
-    InvoiceSheetWindow some(thirteen);
-    EXPECT_GT(some.list().verticalScrollBar()->maximum(), 0);
-    EXPECT_LT(some.list().height(), all.list().height());
+TEST_F(InvoiceEntryRows, theSheetScrollsAsAWholeHoweverManyRowsThereAre) {
+    for (const std::size_t count : {1U, 13U, 500U}) {
+        InvoiceSheet content(manyEntries(count), 60.0);
+        InvoiceSheetWindow window(content);
+        EXPECT_EQ(window.list().verticalScrollBar()->maximum(), 0) << count;
+        EXPECT_EQ(window.list().height(), static_cast<int>(count) * 38);
+        EXPECT_EQ(window.page().verticalScrollBar()->maximum(),
+                  window.page().widget()->height() - window.page().viewport()->height());
+    }
 }
 
-TEST_F(InvoiceEntryRows, aNewManualEntryIsScrolledIntoView) {
+TEST_F(InvoiceEntryRows, theLastOfManyRowsIsReachedAndWhatIsBelowTheListToo) {
+    InvoiceSheet content(manyEntries(25000), 60.0);
+    InvoiceSheetWindow window(content);
+    window.clickRow(24999);
+    EXPECT_TRUE(window.view().entryStatuses->back().isSelected);
+    window.page().verticalScrollBar()->setValue(window.page().verticalScrollBar()->maximum());
+    settle();
+    const QWidget& below = window.button(u"Speichern"_s);
+    EXPECT_TRUE(window.isInView(below, below.rect()));
+}
+
+TEST_F(InvoiceEntryRows, theKeyboardKeepsTheCurrentRowInView) {
+    InvoiceSheet content(manyEntries(60), 60.0);
+    InvoiceSheetWindow window(content);
+    window.list().setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(window.isRowInView(0));
+    for (int row = 1; row < 60; ++row) {
+        QTest::keyClick(&window.list(), Qt::Key_Down);
+        EXPECT_EQ(window.list().currentIndex().row(), row);
+        EXPECT_TRUE(window.isRowInView(row)) << row;
+    }
+    QTest::keyClick(&window.list(), Qt::Key_Home);
+    EXPECT_TRUE(window.isRowInView(0));
+    QTest::keyClick(&window.list(), Qt::Key_End);
+    EXPECT_TRUE(window.isRowInView(59));
+}
+
+TEST_F(InvoiceEntryRows, pageKeysMoveByWhatTheSheetShows) {
+    InvoiceSheet content(manyEntries(60), 60.0);
+    InvoiceSheetWindow window(content);
+    window.list().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&window.list(), Qt::Key_PageDown);
+    const int step = window.list().currentIndex().row();
+    EXPECT_GE(step, 10);
+    EXPECT_LE(step, window.page().viewport()->height() / 38);
+    EXPECT_TRUE(window.isRowInView(step));
+    QTest::keyClick(&window.list(), Qt::Key_PageDown);
+    EXPECT_EQ(window.list().currentIndex().row(), 2 * step);
+    QTest::keyClick(&window.list(), Qt::Key_PageUp);
+    EXPECT_EQ(window.list().currentIndex().row(), step);
+    EXPECT_TRUE(window.isRowInView(step));
+}
+
+TEST_F(InvoiceEntryRows, tabIntoTheListBringsItsCurrentRowIntoView) {
+    InvoiceSheet content(manyEntries(60), 60.0);
+    InvoiceSheetWindow window(content);
+    window.list().setCurrentIndex(window.list().model()->index(40, 0));
+    QAbstractButton& before = window.button(u"Alle abwählen"_s);
+    before.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&before, Qt::Key_Tab);
+    EXPECT_TRUE(window.list().hasFocus());
+    EXPECT_TRUE(window.isRowInView(40));
+}
+
+TEST_F(InvoiceEntryRows, aNewManualEntryIsInViewAndItsButtonStillUnderThePointer) {
     InvoiceSheet content(manyEntries(30), 60.0);
     InvoiceSheetWindow window(content);
-    window.button(u"Eintrag hinzufügen"_s).click();
+    QAbstractButton& add = window.button(u"Eintrag hinzufügen"_s);
+    window.page().ensureWidgetVisible(&add, 0, 4);
+    const QPoint place = add.mapTo(window.sheet, QPoint());
+    QTest::mouseClick(window.sheet->windowHandle(), Qt::LeftButton, {}, place + add.rect().center());
     settle();
     ASSERT_EQ(window.list().model()->rowCount(), 31);
-    const QRect last = window.list().visualRect(window.list().model()->index(30, 0));
-    EXPECT_TRUE(window.list().viewport()->rect().contains(last));
+    EXPECT_TRUE(window.isRowInView(30));
+    EXPECT_EQ(add.mapTo(window.sheet, QPoint()), place);
+}
+
+TEST_F(InvoiceEntryRows, aNewManualEntryComesIntoViewEvenIfItsButtonHasToMove) {
+    InvoiceSheet content(manyEntries(30), 60.0);
+    InvoiceSheetWindow window(content);
+    window.page().verticalScrollBar()->setValue(window.page().verticalScrollBar()->maximum());
+    window.button(u"Eintrag hinzufügen"_s).click();
+    settle();
+    EXPECT_TRUE(window.isRowInView(30));
 }
 
 TEST_F(InvoiceEntryRows, looksDifferentWhenTicked) {

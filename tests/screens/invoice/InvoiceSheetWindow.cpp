@@ -29,6 +29,17 @@ QListView& InvoiceSheetWindow::list() {
     std::abort();
 }
 
+QScrollArea& InvoiceSheetWindow::page() { return *sheet->findChild<QScrollArea*>(); }
+
+bool InvoiceSheetWindow::isInView(const QWidget& part, const QRect& area) {
+    const QWidget& seen = *page().viewport();
+    return seen.rect().contains(QRect(part.mapTo(&seen, area.topLeft()), area.size()));
+}
+
+bool InvoiceSheetWindow::isRowInView(int row) {
+    return isInView(*list().viewport(), list().visualRect(list().model()->index(row, 0)));
+}
+
 QAbstractButton& InvoiceSheetWindow::button(const QString& caption) {
     for (auto* button : sheet->findChildren<QAbstractButton*>())
         if (button->text() == caption || button->accessibleName() == caption)

@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QListView>
 #include <QPointer>
+#include <QScrollArea>
 #include <memory>
 
 namespace brisklog::test {
@@ -20,6 +21,11 @@ public:
 
     [[nodiscard]] InvoiceView& view();
     [[nodiscard]] QListView& list();
+    /// What scrolls.
+    [[nodiscard]] QScrollArea& page();
+    /// Whether that area of a widget in the page is wholly visible.
+    [[nodiscard]] bool isInView(const QWidget& part, const QRect& area);
+    [[nodiscard]] bool isRowInView(int row);
     /// The button with that caption, visible or not.
     [[nodiscard]] QAbstractButton& button(const QString& caption);
     /// The label with that text; null when it is not visible.
