@@ -37,6 +37,11 @@ std::string customerChoice(const Customer& customer) {
     return customer.company.empty() ? customer.name : customer.name + " - " + customer.company;
 }
 
+std::string InvoiceSummary::inShort() const {
+    const std::string count = entryCount + (entryCount == "1" ? " Eintrag" : " Einträge");
+    return totalAmount ? count + " · " + *totalAmount : count;
+}
+
 const Project& InvoiceView::project() const {
     const std::vector<Project>& projects = m_timeStore.projects;
     if (m_projectIndex < 0 || std::cmp_greater_equal(m_projectIndex, projects.size()))
@@ -81,10 +86,15 @@ InvoiceSummary InvoiceView::summary() const {
     return summary;
 }
 
-bool InvoiceView::canCreateInvoice() const {
+std::string InvoiceView::missingForInvoice() const {
     // A customer deleted after having been chosen counts as none.
     const bool isCustomerSettled = selectedCustomer().has_value() || m_timeStore.customers->empty();
-    return isCustomerSettled && std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
+    const bool hasEntries = std::ranges::any_of(entryStatuses.get(), &InvoiceEntryStatus::isSelected);
+    if (!isCustomerSettled && !hasEntries)
+        return "Bitte zuerst einen Kunden und mindestens einen Eintrag auswählen.";
+    if (!isCustomerSettled)
+        return "Bitte zuerst einen Kunden auswählen.";
+    return hasEntries ? "" : "Bitte zuerst mindestens einen Eintrag auswählen.";
 }
 
 void InvoiceView::initializeEntryStatuses() {

@@ -35,6 +35,9 @@ struct InvoiceSummary {
     std::string totalTime;
     /// Absent when the project has no hourly rate, even if entries have their own.
     std::optional<std::string> totalAmount;
+
+    /// Count and amount on one line: "3 Einträge · 427.50 €".
+    [[nodiscard]] std::string inShort() const;
 };
 
 /// The customer as the picker shows it and the archive keeps it: "Müller - Müller GmbH".
@@ -83,8 +86,12 @@ public:
     /// Euros, over the ticked rows; an entry's own rate overrides the project's.
     [[nodiscard]] double totalAmount() const;
     [[nodiscard]] InvoiceSummary summary() const;
+
     /// Whether something is ticked and, unless there are no customers at all, a customer is chosen.
-    [[nodiscard]] bool canCreateInvoice() const;
+    [[nodiscard]] bool canCreateInvoice() const { return missingForInvoice().empty(); }
+
+    /// What has to be done before an invoice can be created, as a sentence; empty when nothing has.
+    [[nodiscard]] std::string missingForInvoice() const;
 
     // Entries
 

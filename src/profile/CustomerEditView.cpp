@@ -16,6 +16,10 @@ std::string CustomerEditView::title() const { return isEditing() ? "Kunde bearbe
 
 std::string CustomerEditView::confirmCaption() const { return isEditing() ? "Aktualisieren" : "Hinzufügen"; }
 
+std::string CustomerEditView::missing() const {
+    return canSave() ? "" : "Bitte zuerst den Nachnamen eingeben.";
+}
+
 void CustomerEditView::saveCustomer() {
     if (isEditing()) {
         m_timeStore.updateCustomer(m_customer);

@@ -56,6 +56,9 @@ public:
     /// Whether there is a surname; blanks deliberately count.
     [[nodiscard]] bool canSave() const { return !name->empty(); }
 
+    /// What has to be done before the form can be saved, as a sentence; empty when nothing has.
+    [[nodiscard]] std::string missing() const;
+
     /// Appends the new customer, or replaces the edited one in place, and closes.
     void saveCustomer();
 

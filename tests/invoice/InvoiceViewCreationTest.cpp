@@ -46,6 +46,20 @@ TEST(InvoiceCreation, needsACustomerOnceThereIsOneToChoose) {
     EXPECT_FALSE(sheet.view->canCreateInvoice());
 }
 
+TEST(InvoiceCreation, saysWhatItStillNeeds) {
+    Billing sheet;
+    const Customer customer = customerNamed("Müller");
+    sheet.addCustomer(customer);
+    EXPECT_EQ(sheet.view->missingForInvoice(), "Bitte zuerst einen Kunden auswählen.");
+    sheet.view->deselectAllEntries();
+    EXPECT_EQ(sheet.view->missingForInvoice(),
+              "Bitte zuerst einen Kunden und mindestens einen Eintrag auswählen.");
+    sheet.view->selectedCustomerId = customer.id;
+    EXPECT_EQ(sheet.view->missingForInvoice(), "Bitte zuerst mindestens einen Eintrag auswählen.");
+    sheet.view->selectAllEntries();
+    EXPECT_EQ(sheet.view->missingForInvoice(), "");
+}
+
 TEST(InvoiceCreation, marksTheTickedEntriesInStoreAndSheet) {
     Billing sheet;
     sheet.view->createInvoice();

@@ -102,6 +102,15 @@ TEST(InvoiceView, addsUpTheTickedRowsAtTheirOwnRateFirst) {
     EXPECT_EQ(summary.totalAmount, "110.00 €");
 }
 
+TEST(InvoiceView, sumsUpInShort) {
+    InvoiceSheet sheet({entryOf("Eins", hour), entryOf("Zwei", 2 * hour)}, 57.0);
+    EXPECT_EQ(sheet.view->summary().inShort(), "0 Einträge · 0.00 €");
+    sheet.view->toggleEntry(0);
+    EXPECT_EQ(sheet.view->summary().inShort(), "1 Eintrag · 57.00 €");
+    sheet.view->toggleEntry(1);
+    EXPECT_EQ(sheet.view->summary().inShort(), "2 Einträge · 171.00 €");
+}
+
 TEST(InvoiceView, countsAnUnfinishedEntryUpToNow) {
     InvoiceSheet sheet({entryOf("Läuft", std::nullopt)}, 60.0);
     sheet.clock.set(sheet.projectEntries()[0].startTime.addingSeconds(2 * hour));
@@ -138,6 +147,7 @@ TEST(InvoiceView, showsNoAmountWhenTheProjectHasNoRate) {
     sheet.view->selectAllEntries();
     EXPECT_EQ(sheet.view->summary().totalAmount, std::nullopt);
     EXPECT_EQ(sheet.view->totalAmount(), 80);
+    EXPECT_EQ(sheet.view->summary().inShort(), "1 Eintrag");
 }
 
 TEST(InvoiceView, sumsOfNothingAreZero) {

@@ -124,8 +124,10 @@ TEST_F(CustomerEditViewTest, onlyTheSurnameIsRequiredAndABlankIsEnough) {
     form.company = "Muster GmbH";
     form.firstName = "Erika";
     EXPECT_FALSE(form.canSave());
+    EXPECT_EQ(form.missing(), "Bitte zuerst den Nachnamen eingeben.");
     form.name = " ";
     EXPECT_TRUE(form.canSave());
+    EXPECT_EQ(form.missing(), "");
 }
 
 TEST_F(CustomerEditViewTest, aNewCustomerBecomesTheLastOneExactlyAsTyped) {

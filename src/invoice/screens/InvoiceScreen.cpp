@@ -5,7 +5,7 @@
 #include "ui/controls/Button.h"
 #include "ui/controls/Card.h"
 #include "ui/controls/TextField.h"
-#include "ui/look/Label.h"
+#include "ui/look/Figures.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
@@ -20,6 +20,8 @@ namespace {
 constexpr QSize sheetSize{640, 680};
 constexpr QSize smallestSheet{640, 520};
 constexpr int numberWidth = 200;
+/// In addition to the footer's own gap.
+constexpr int gapBehindSum = 8;
 /// Between sections and below the last one, a card's shadow adds a pixel.
 constexpr int sectionGap = 13;
 constexpr int marginBelow = 19;
@@ -41,6 +43,7 @@ void pressWithControlReturn(Button& button, QWidget& sheet) {
 InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex,
                              const DocumentFacilities& facilities, NotificationCenter& notificationCenter)
     : m_view(timeStore, projectIndex, facilities, notificationCenter), m_number(new TextField),
+      m_sum(new FigureLabel({}, FontRole::body13Semibold)),
       m_create(new Button(u"Rechnung erstellen"_s, Button::Kind::primary)) {
     Column{new InvoiceCustomerSection(timeStore, m_view),
            numberCard(),
@@ -52,7 +55,6 @@ InvoiceScreen::InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex,
         .margins({invoiceForm::margin, marginAbove, invoiceForm::margin, marginBelow})
         .applyTo(*this);
     m_create->setSymbol(u"doc.text"_s);
-    m_create->setToolTip(u"Rechnung erstellen (Strg+Eingabe)"_s);
     m_create->onClick([this] { m_view.createInvoice(); });
     observe(timeStore);
     observe(m_view);
@@ -74,8 +76,18 @@ void InvoiceScreen::showEvent(QShowEvent* event) {
 
 void InvoiceScreen::refresh() {
     m_number->setValue(screenText(*m_view.invoiceNumber));
-    m_create->setEnabled(m_view.canCreateInvoice());
+    m_sum->setValue(screenText(m_view.summary().inShort()));
+    refreshButton();
 }
+
+void InvoiceScreen::refreshButton() {
+    const QString missing = screenText(m_view.missingForInvoice());
+    m_create->setEnabled(missing.isEmpty());
+    m_create->setToolTip(missing.isEmpty() ? u"Rechnung erstellen (Strg+Eingabe)"_s : missing);
+    m_create->setAccessibleDescription(missing);
+}
+
+QWidget& InvoiceScreen::sum() const { return *m_sum; }
 
 std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int projectIndex,
                                               const DocumentFacilities& facilities,
@@ -85,6 +97,7 @@ std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int 
     sheet->setMinimumSize(smallestSheet);
     sheet->addCloseButton(u"Schließen"_s);
     sheet->setBody(screen);
+    sheet->addFooterTrailing(asWidget(Row{screen->sum(), space(gapBehindSum)}));
     sheet->addFooterTrailing(&screen->createButton());
     pressWithControlReturn(screen->createButton(), *sheet);
     screen->view().dismiss = [shown = sheet.get()] { shown->dismiss(); };

@@ -10,10 +10,11 @@ namespace brisklog {
 
 class Button;
 class Card;
+class FigureLabel;
 class SheetWindow;
 class TextField;
 
-/// The invoice sheet's body: a form in sections. The button of its main action belongs in the sheet's footer.
+/// The invoice sheet's body: a form in sections. Its sum and its main action belong in the sheet's footer.
 class InvoiceScreen final : public Screen {
 public:
     InvoiceScreen(TimeTrackingStore& timeStore, int projectIndex, const DocumentFacilities& facilities,
@@ -24,15 +25,20 @@ public:
     /// "Rechnung erstellen"; disabled while there is nothing to bill or no one to bill it to.
     [[nodiscard]] Button& createButton() const { return *m_create; }
 
+    /// How many entries are ticked, and their sum.
+    [[nodiscard]] QWidget& sum() const;
+
 protected:
     void showEvent(QShowEvent* event) override;
     void refresh() override;
 
 private:
     [[nodiscard]] Card* numberCard();
+    void refreshButton();
 
     InvoiceView m_view;
     TextField* m_number;
+    FigureLabel* m_sum;
     Button* m_create;
 };
 

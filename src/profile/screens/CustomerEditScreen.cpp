@@ -98,7 +98,7 @@ QWidget* CustomerEditScreen::field(const QString& label, Published<std::string>&
     field->setCursorPosition(0);
     field->onEdited([this, &value](const QString& typed) {
         value = typed.toStdString();
-        m_confirm->setEnabled(m_view.canSave());
+        refreshConfirm();
     });
     return withLabelAbove(label, field, labelGap);
 }
@@ -132,11 +132,18 @@ void CustomerEditScreen::addFooter() {
     auto* cancelButton = new Button(u"Abbrechen"_s);
     cancelButton->onClick([this] { cancel(); });
     m_confirm->setMinimumWidth(confirmWidth);
-    m_confirm->setEnabled(m_view.canSave());
+    refreshConfirm();
     m_confirm->onClick([this] { save(); });
     addFooterTrailing(cancelButton);
     addFooterTrailing(m_confirm);
     setMainAction(*m_confirm);
+}
+
+void CustomerEditScreen::refreshConfirm() {
+    const QString missing = screenText(m_view.missing());
+    m_confirm->setEnabled(missing.isEmpty());
+    m_confirm->setToolTip(missing);
+    m_confirm->setAccessibleDescription(missing);
 }
 
 void CustomerEditScreen::save() {

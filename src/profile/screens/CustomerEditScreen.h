@@ -25,6 +25,7 @@ private:
     [[nodiscard]] QWidget* genderPicker();
     void addHeader();
     void addFooter();
+    void refreshConfirm();
     void save();
     void cancel();
     void confirmDeleting();

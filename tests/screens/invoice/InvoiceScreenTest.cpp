@@ -9,6 +9,7 @@
 #include <QAbstractSlider>
 #include <QDateTimeEdit>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTest>
 
@@ -170,9 +171,57 @@ TEST_F(InvoiceScreenTest, controlReturnCreatesFromAnywhereAndReturnDoesNot) {
 }
 
 TEST_F(InvoiceScreenTest, theCreateButtonNamesItsShortcut) {
-    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheet content({entryOf("Eins", hour)}, 60.0);
     InvoiceSheetWindow window(content);
+    window.clickRow(0);
     EXPECT_TRUE(window.button(u"Rechnung erstellen"_s).toolTip().contains(u"Strg+Eingabe"_s));
+}
+
+TEST_F(InvoiceScreenTest, theFootShowsCountAndSumBesideTheButton) {
+    InvoiceSheet content({entryOf("Eins", hour), entryOf("Zwei", hour), entryOf("Drei", hour / 2)}, 171.0);
+    InvoiceSheetWindow window(content);
+    EXPECT_NE(window.label(u"0 Einträge · 0.00 €"_s), nullptr);
+    window.clickRow(0);
+    EXPECT_NE(window.label(u"1 Eintrag · 171.00 €"_s), nullptr);
+    window.button(u"Alle auswählen"_s).click();
+    settle();
+    const QWidget* const sum = window.label(u"3 Einträge · 427.50 €"_s);
+    ASSERT_NE(sum, nullptr);
+    const QWidget& create = window.button(u"Rechnung erstellen"_s);
+    const QPoint end = sum->mapTo(window.sheet, sum->rect().bottomRight());
+    const QPoint begin = create.mapTo(window.sheet, QPoint());
+    EXPECT_TRUE(sum->isVisible());
+    EXPECT_GT(end.y(), begin.y());
+    EXPECT_LT(end.x(), begin.x());
+    EXPECT_LT(begin.x() - end.x(), 24);
+}
+
+TEST_F(InvoiceScreenTest, withoutARateTheFootShowsTheCountAlone) {
+    InvoiceSheet content({entryOf("Eins", hour, 80.0)}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    window.clickRow(0);
+    EXPECT_NE(window.label(u"1 Eintrag"_s), nullptr);
+}
+
+TEST_F(InvoiceScreenTest, theDisabledCreateButtonSaysWhatIsMissing) {
+    InvoiceSheet content({entryOf("Eins", hour)}, 60.0);
+    content.addCustomer(erika());
+    InvoiceSheetWindow window(content);
+    const QAbstractButton& create = window.button(u"Rechnung erstellen"_s);
+    const auto expectSaid = [&create](const QString& sentence) {
+        EXPECT_EQ(create.toolTip(), sentence);
+        EXPECT_EQ(create.accessibleDescription(), sentence);
+    };
+    expectSaid(u"Bitte zuerst einen Kunden und mindestens einen Eintrag auswählen."_s);
+    window.clickRow(0);
+    expectSaid(u"Bitte zuerst einen Kunden auswählen."_s);
+    window.view().selectedCustomerId = content.store.customers->front().id;
+    settle();
+    EXPECT_TRUE(create.isEnabled());
+    EXPECT_EQ(create.toolTip(), u"Rechnung erstellen (Strg+Eingabe)"_s);
+    EXPECT_EQ(create.accessibleDescription(), QString());
+    window.clickRow(0);
+    expectSaid(u"Bitte zuerst mindestens einen Eintrag auswählen."_s);
 }
 
 TEST_F(InvoiceScreenTest, staysOpenAfterCreatingWithTheBilledRowsTicked) {
@@ -281,6 +330,22 @@ TEST_F(InvoiceScreenTest, looksAsItShould) {
     InvoiceSheetWindow window(content);
     EXPECT_EQ(window.sheet->size(), QSize(640, 680));
     takePictures(*window.sheet, u"rechnung"_s, QPoint(5, 60));
+}
+
+TEST_F(InvoiceScreenTest, looksAsItShouldWithManyEntriesToo) {
+    std::vector<TimeEntry> entries;
+    for (int i = 0; i < 20; ++i)
+        entries.push_back(entryOf("Abschnitt " + std::to_string(i), (i % 4 + 1) * hour));
+    InvoiceSheet content(entries, 95.0);
+    content.addCustomer(erika());
+    InvoiceSheetWindow window(content);
+    for (const std::size_t row : {3U, 4U, 9U})
+        window.view().toggleEntry(row);
+    settle();
+    takePictures(*window.sheet, u"rechnung-viele"_s, QPoint(5, 60));
+    window.page().verticalScrollBar()->setValue(window.page().verticalScrollBar()->maximum());
+    settle();
+    takePictures(*window.sheet, u"rechnung-viele-unten"_s, QPoint(5, 60));
 }
 
 TEST_F(InvoiceScreenTest, withoutEntriesAndCustomersSaysSo) {

@@ -56,6 +56,19 @@ TEST_F(CustomerForm, aNewCustomersFormIsEmptyStartsAtDiversAndOffersNoDeletion) 
     EXPECT_FALSE(confirm().isEnabled());
 }
 
+TEST_F(CustomerForm, theDisabledButtonSaysWhatIsMissing) {
+    openForNew();
+    EXPECT_EQ(confirm().toolTip(), u"Bitte zuerst den Nachnamen eingeben."_s);
+    EXPECT_EQ(confirm().accessibleDescription(), u"Bitte zuerst den Nachnamen eingeben."_s);
+    QTest::keyClicks(&field(u"Nachname"_s), u"Adler"_s);
+    EXPECT_TRUE(confirm().isEnabled());
+    EXPECT_EQ(confirm().toolTip(), QString());
+    EXPECT_EQ(confirm().accessibleDescription(), QString());
+    field(u"Nachname"_s).selectAll();
+    QTest::keyClick(&field(u"Nachname"_s), Qt::Key_Delete);
+    EXPECT_EQ(confirm().toolTip(), u"Bitte zuerst den Nachnamen eingeben."_s);
+}
+
 TEST_F(CustomerForm, offersTheGendersInTheirOrder) {
     openForNew();
     ASSERT_EQ(gender().count(), 3);
