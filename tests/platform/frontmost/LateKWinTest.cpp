@@ -18,6 +18,7 @@ protected:
         std::filesystem::permissions(std::getenv("XDG_RUNTIME_DIR"), std::filesystem::perms::owner_all);
         qputenv("WAYLAND_DISPLAY", "no-such-compositor");
     }
+
     void TearDown() override {
         qunsetenv("WAYLAND_DISPLAY");
         DesktopWithBus::TearDown();
