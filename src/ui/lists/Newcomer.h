@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+#include <functional>
+
+class QObject;
+
+namespace brisklog {
+
+/// Runs it once no mouse button is down: at once, or after the release. Never after the owner is destroyed.
+void onceNoButtonIsDown(QObject& owner, std::function<void()> action);
+
+/// The ground of something that has just come, which fades away once, so that the eye finds it. With reduced
+/// motion there is none.
+class Newcomer final {
+public:
+    /// Starts to fade; `changed` is called whenever it is to be painted anew. The owner must be what has
+    /// this.
+    void appear(QObject& owner, std::function<void()> changed);
+
+    /// To be painted over the usual ground; transparent in the end.
+    [[nodiscard]] QColor ground() const;
+
+private:
+    double m_strength = 0;
+};
+
+} // namespace brisklog
