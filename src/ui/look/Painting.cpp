@@ -36,6 +36,8 @@ void paintCardIn(const QColor& color, QPainter& painter, const QRect& area, cons
 } // namespace
 
 void fillRounded(QPainter& painter, const QRectF& area, qreal radius, const QColor& color) {
+    if (color.alpha() == 0)
+        return;
     const Saved saved(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -4,6 +4,7 @@
 #include "ui/look/Figures.h"
 #include "ui/look/FocusRing.h"
 #include "ui/look/Label.h"
+#include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
@@ -39,6 +40,10 @@ constexpr int narrowTimesGap = 4;
 constexpr int leastGap = 6;
 /// Keeps the focus ring inside the row, where the list does not clip it.
 constexpr QMargins ringInset{6, 5, 6, 6};
+
+/// Keeps a new row's ground inside the card's corners and off the hairlines.
+constexpr QMargins newGroundInset{4, 3, 4, 4};
+constexpr int newGroundRadius = 6;
 
 /// The row's texts and their rectangles.
 struct RowPlacement {
@@ -106,7 +111,11 @@ void paintNameAndEarnings(QPainter& painter, const RowPlacement& row, const Pale
 /// shortened; its tooltip then has the full name. A delegate, despite its name.
 class ProjectEntryRowView final : public RowDelegate {
 public:
-    ProjectEntryRowView(const ProjectEntryModel& model, RowList& list) : RowDelegate(list), m_model(model) {}
+    /// A new row's ground; transparent for any other row.
+    using GroundOf = std::function<QColor(const QModelIndex& row)>;
+
+    ProjectEntryRowView(const ProjectEntryModel& model, RowList& list, GroundOf groundOf)
+        : RowDelegate(list), m_model(model), m_groundOf(std::move(groundOf)) {}
 
 protected:
     [[nodiscard]] QSize sizeOf(const QModelIndex& /*index*/) const override { return {0, rowHeight}; }
@@ -114,6 +123,7 @@ protected:
     void paintRow(QPainter& painter, const PaintedRow& row) const override {
         const Palette& palette = Palette::current();
         const RowPlacement placed(m_model.row(row.index.row()), row.area);
+        fillRounded(painter, row.area.marginsRemoved(newGroundInset), newGroundRadius, m_groundOf(row.index));
         paintNameAndEarnings(painter, placed, palette);
         paintTimes(painter, placed, palette);
         if (row.index.row() + 1 < m_model.rowCount())
@@ -133,6 +143,7 @@ protected:
 
 private:
     const ProjectEntryModel& m_model;
+    GroundOf m_groundOf;
 };
 
 } // namespace
@@ -140,10 +151,29 @@ private:
 ProjectEntryList::ProjectEntryList(const TimeTrackingStore& store, const Clock& clock, QWidget* parent)
     : QWidget(parent), m_view(new RowList(RowList::RowHeights::alike, this)),
       m_model(new ProjectEntryModel(store, clock, this)) {
-    m_view->setRows(*m_model, *new ProjectEntryRowView(*m_model, *m_view));
+    m_view->setRows(*m_model, *new ProjectEntryRowView(*m_model, *m_view, [this](const QModelIndex& row) {
+        return row == m_newRow ? m_newcomer.ground() : QColor(Qt::transparent);
+    }));
     m_view->setAccessibleName(u"Zeiterfassungen"_s);
     // Another project's list starts at the top.
     connect(m_model, &QAbstractItemModel::modelReset, m_view, &QAbstractItemView::scrollToTop);
+    connect(
+        m_model, &QAbstractItemModel::rowsInserted, this,
+        [this](const QModelIndex&, int, int last) { showIfAwaited(m_model->index(last)); },
+        // Once the screen around it has been refreshed too.
+        Qt::QueuedConnection);
+}
+
+void ProjectEntryList::showIfAwaited(const QModelIndex& row) {
+    if (!m_awaited || m_model->idAt(row.row()) != m_awaited)
+        return;
+    m_awaited.reset();
+    m_newRow = row;
+    m_newcomer.appear(*this, [this] { m_view->viewport()->update(); });
+    onceNoButtonIsDown(*this, [this] {
+        layOutNow(*this);
+        m_view->scrollTo(m_newRow);
+    });
 }
 
 void ProjectEntryList::showProject(int projectIndex) {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "app/projects/screens/ProjectEntryModel.h"
+#include "ui/lists/Newcomer.h"
 
+#include <QPersistentModelIndex>
 #include <QWidget>
+#include <optional>
 
 namespace brisklog {
 
@@ -17,6 +20,10 @@ public:
     /// Does nothing if neither the store's projects nor the time zone have changed since.
     void showProject(int projectIndex);
 
+    /// The entry with that id will be a timer's that has been stopped: when it comes, it is brought into
+    /// view, and its ground fades once. Any other leaves the list where it is.
+    void awaitEntry(const Uuid& id) { m_awaited = id; }
+
     /// The list's tab stop.
     [[nodiscard]] QWidget* tabStop() const;
 
@@ -27,9 +34,13 @@ protected:
 private:
     [[nodiscard]] QRect cardArea() const;
     void place();
+    void showIfAwaited(const QModelIndex& row);
 
     RowList* m_view;
     ProjectEntryModel* m_model;
+    std::optional<Uuid> m_awaited;
+    QPersistentModelIndex m_newRow;
+    Newcomer m_newcomer;
 };
 
 } // namespace brisklog

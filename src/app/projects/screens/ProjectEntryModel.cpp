@@ -75,6 +75,11 @@ ProjectEntryRow ProjectEntryModel::row(int row) const {
                  : ProjectEntryRow{};
 }
 
+std::optional<Uuid> ProjectEntryModel::idAt(int row) const {
+    const TimeEntry* const found = entry(row);
+    return found ? std::optional(found->id) : std::nullopt;
+}
+
 QVariant ProjectEntryModel::data(const QModelIndex& index, int role) const {
     const TimeEntry* const found = entry(index.row());
     if (!found)

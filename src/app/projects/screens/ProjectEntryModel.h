@@ -5,6 +5,7 @@
 #include "foundation/Calendar.h"
 
 #include <QAbstractListModel>
+#include <optional>
 
 namespace brisklog {
 
@@ -27,6 +28,9 @@ public:
 
     /// Empty texts for a row that no longer exists.
     [[nodiscard]] ProjectEntryRow row(int row) const;
+
+    /// The entry's id; none for a row that no longer exists.
+    [[nodiscard]] std::optional<Uuid> idAt(int row) const;
 
 private:
     [[nodiscard]] const Project* project() const;

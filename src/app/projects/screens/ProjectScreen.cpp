@@ -75,7 +75,7 @@ void ProjectScreen::makeWidgets() {
     m_noTimers = new Label(u"Keine aktiven Timer"_s, FontRole::caption11, &Palette::secondary);
     m_timers =
         new TimerList({.pauseOrResume = [this](const TimerRow& timer) { m_view->pauseOrResume(timer); },
-                       .stop = [this](const Uuid& entryId) { m_view->stop(entryId); }});
+                       .stop = [this](const Uuid& entryId) { stop(entryId); }});
     m_count = new CountBadge;
     m_entriesOrNone = new QStackedWidget;
     // Many timers may take up the rest of its space; on low screens the whole screen scrolls.
@@ -158,7 +158,7 @@ void ProjectScreen::refreshInput() {
 void ProjectScreen::refreshTimers() {
     const std::vector<TimerRow> timers = m_view->timers();
     m_noTimers->setVisible(timers.empty());
-    if (m_timers->setTimers(timers))
+    if (m_timers->setTimers(m_view->project().id, timers))
         arrangeTabOrder();
 }
 
@@ -202,6 +202,11 @@ bool ProjectScreen::eventFilter(QObject* watched, QEvent* event) {
 void ProjectScreen::start() {
     m_view->start();
     m_taskField->setFocus();
+}
+
+void ProjectScreen::stop(const Uuid& entryId) {
+    m_entries->awaitEntry(entryId);
+    m_view->stop(entryId);
 }
 
 void ProjectScreen::openSettings() {

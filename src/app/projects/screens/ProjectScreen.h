@@ -50,6 +50,7 @@ private:
     void refreshProject();
 
     void start();
+    void stop(const Uuid& entryId);
     void openSettings();
     void openCustomers();
     void openInvoice();

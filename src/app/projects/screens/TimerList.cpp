@@ -4,6 +4,7 @@
 #include "ui/look/Layout.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace brisklog {
 namespace {
@@ -27,10 +28,16 @@ TimerList::TimerList(const TimerPanel::Actions& actions, QWidget* parent)
     hide();
 }
 
-bool TimerList::setTimers(const std::vector<TimerRow>& timers) {
+bool TimerList::setTimers(const Uuid& projectId, const std::vector<TimerRow>& timers) {
+    const bool isSameProject = std::exchange(m_projectId, projectId) == projectId;
     const bool isRebuilt = !showsTheSameTimers(timers);
-    if (isRebuilt)
+    if (isRebuilt) {
+        const std::vector<TimerPanel*> before = m_rows;
         rebuild(timers);
+        for (TimerPanel* const row : m_rows)
+            if (isSameProject && std::ranges::find(before, row) == before.end())
+                showNewRow(*row);
+    }
     for (std::size_t i = 0; i < timers.size(); ++i)
         m_rows[i]->setTimer(timers[i]);
     return isRebuilt;
@@ -75,6 +82,18 @@ TimerPanel* TimerList::takeRow(const TimerRow& timer) {
     TimerPanel* row = *known;
     m_rows.erase(known);
     return row;
+}
+
+void TimerList::showNewRow(TimerPanel& row) {
+    row.appear();
+    const auto bringIntoView = [&row] {
+        layOutNow(row);
+        if (auto* const area = ScrollArea::around(row))
+            area->bringIntoView(row, row.rect());
+    };
+    // The layout shows it only in the event loop's next turn.
+    QMetaObject::invokeMethod(
+        &row, [&row, bringIntoView] { onceNoButtonIsDown(row, bringIntoView); }, Qt::QueuedConnection);
 }
 
 } // namespace brisklog

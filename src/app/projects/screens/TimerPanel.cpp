@@ -57,6 +57,10 @@ void TimerPanel::setTimer(const TimerRow& timer) {
         showState();
 }
 
+void TimerPanel::appear() {
+    m_newcomer.appear(*this, [this] { update(); });
+}
+
 void TimerPanel::showName() {
     const QString name = screenText(m_timer.taskName);
     m_name->setValue(name);
@@ -79,6 +83,7 @@ void TimerPanel::paintEvent(QPaintEvent*) {
     const Palette& palette = Palette::current();
     const QColor& hue = m_timer.isPaused ? palette.orangeFill : palette.blueFill;
     fillRounded(painter, rect(), radius, blendedOver(withOpacity(hue, 0.08), palette.card));
+    fillRounded(painter, rect(), radius, m_newcomer.ground());
     frameRounded(painter, rect(), radius, withOpacity(hue, 0.16));
     paintTimeEdge(painter, timeEdge, m_timer.isPaused ? palette.orangeFill : palette.blue);
 }

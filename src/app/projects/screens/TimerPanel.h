@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/projects/ProjectView.h"
+#include "ui/lists/Newcomer.h"
 
 #include <QWidget>
 #include <functional>
@@ -27,6 +28,9 @@ public:
     /// In tab order.
     [[nodiscard]] std::vector<QWidget*> tabStops() const;
 
+    /// Lets its ground fade once: it has just come.
+    void appear();
+
     [[nodiscard]] const TimerRow& timer() const { return m_timer; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -40,6 +44,7 @@ private:
     void showState();
 
     TimerRow m_timer;
+    Newcomer m_newcomer;
     ElidedLabel* m_name;
     FigureLabel* m_duration;
     SymbolButton* m_pauseButton;
