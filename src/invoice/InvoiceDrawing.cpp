@@ -1,6 +1,7 @@
 #include "invoice/InvoiceDrawing.h"
 
 #include "foundation/Text.h"
+#include "invoice/LineBlock.h"
 
 #include <algorithm>
 #include <tuple>
@@ -16,7 +17,11 @@ constexpr double pageTop = a4.height - 50;
 constexpr double left = 50;
 constexpr double width = a4.width - 100;
 constexpr double lineHeight = 14;
-constexpr double sideLineWidth = 200;
+/// The height leaves room for at least one row on the first page.
+constexpr PageSize letterheadRoom{200, 250};
+/// The sender's lines may reach this far below the recipient's before they push the title down.
+constexpr double lowestSender = 36;
+constexpr PageSize salutationRoom{width, 34};
 
 constexpr double leftColumnWidth = width * 0.33;
 constexpr double middleColumnX = left + leftColumnWidth;
@@ -34,12 +39,23 @@ constexpr double tableEndToClosing = 7 + 14 + 42;
 
 constexpr double footerTop = 218;
 constexpr double footerBottom = 78;
+constexpr PageSize footerRoom{200, 180};
 constexpr double notesWidth = leftColumnWidth - 10;
 constexpr double notesGap = 12;
 
 /// Cells keep this distance from the next column's text.
 constexpr double textGap = 6;
 constexpr double numberGap = 4;
+
+/// A long name is set smaller rather than cut off.
+TextStyle closingStyle(PdfDocument& page, const std::string& closing) {
+    constexpr double smallest = 0.5;
+    TextStyle style = regular;
+    const auto height = [&] { return page.sizeOfWrapped(closing, width, style).height; };
+    for (double needed = height(); needed > closingHeight && style.pointSize > smallest; needed = height())
+        style.pointSize *= fittingFactor(closingHeight, needed);
+    return style;
+}
 
 /// White space at the end takes no room; leading white space is kept.
 std::string withoutTrailingBlanks(std::string_view notes) {
@@ -51,7 +67,8 @@ std::string withoutTrailingBlanks(std::string_view notes) {
 
 InvoiceDrawing::InvoiceDrawing(PdfDocument& page, const InvoiceTexts& texts)
     : m_page(page), m_texts(texts), m_notes(withoutTrailingBlanks(texts.notes)),
-      m_closingSize(page.sizeOfWrapped(texts.closing, width, regular)) {
+      m_closingStyle(closingStyle(page, texts.closing)),
+      m_closingSize(page.sizeOfWrapped(texts.closing, width, m_closingStyle)) {
     m_closingSize.height = std::min(m_closingSize.height, closingHeight);
     if (!m_notes.empty())
         m_notesHeight = page.sizeOfWrapped(m_notes, notesWidth, regular).height;
@@ -69,26 +86,18 @@ void InvoiceDrawing::draw() {
 void InvoiceDrawing::drawLetterhead() {
     if (m_texts.logo)
         m_page.drawImage(*m_texts.logo, logoBox);
-    m_y = pageTop;
-    drawLines(m_texts.senderLines, left);
-    m_y = pageTop;
-    drawLines(m_texts.invoiceLines, rightColumnX);
-    m_y -= 5;
-    drawLines(m_texts.recipientLines, rightColumnX);
-}
-
-void InvoiceDrawing::drawLines(const std::vector<std::string>& lines, double x) {
-    for (const std::string& line : lines) {
-        m_y -= lineHeight;
-        m_page.drawLine(line, {x, m_y, sideLineWidth, lineHeight}, regular);
-    }
+    const LineBlock sender(m_page, {m_texts.senderLines}, letterheadRoom);
+    sender.draw(left, pageTop);
+    const LineBlock recipient(m_page, {m_texts.invoiceLines, m_texts.recipientLines}, letterheadRoom);
+    recipient.draw(rightColumnX, pageTop);
+    m_y = pageTop - std::max(recipient.height(), sender.height() - lowestSender);
 }
 
 void InvoiceDrawing::drawGreeting() {
     m_y -= 40 + 30;
     m_page.drawLine("Rechnung", {left, m_y, width, 20}, title);
     m_y -= 50;
-    m_page.drawLine(m_texts.salutation, {left, m_y, width, lineHeight}, regular);
+    LineBlock(m_page, {{m_texts.salutation}}, salutationRoom).draw(left, m_y + lineHeight);
     m_y -= 28 + 42;
     std::ignore = m_page.drawWrapped("vielen Dank für Ihren Auftrag und Ihr Vertrauen.\n"
                                      "Für meine Arbeit stelle ich Ihnen folgende Summe in Rechnung:",
@@ -172,8 +181,7 @@ void InvoiceDrawing::drawTotal() {
 
 double InvoiceDrawing::drawClosing() {
     m_y -= 42 + closingHeight;
-    // A name too long for the box is cut off; the document's metadata has it in full.
-    std::ignore = m_page.drawWrapped(m_texts.closing, {left, m_y, width, closingHeight}, regular);
+    std::ignore = m_page.drawWrapped(m_texts.closing, {left, m_y, width, closingHeight}, m_closingStyle);
     return m_y + closingHeight - m_closingSize.height;
 }
 
@@ -204,8 +212,7 @@ void InvoiceDrawing::drawNotesAtFullWidth(double top) {
 }
 
 void InvoiceDrawing::drawFooterLines() {
-    m_y = footerTop;
-    drawLines(m_texts.footerLines, rightColumnX);
+    LineBlock(m_page, {m_texts.footerLines}, footerRoom).draw(rightColumnX, footerTop);
 }
 
 double InvoiceDrawing::closingBottom(double y) const { return y - tableEndToClosing - m_closingSize.height; }

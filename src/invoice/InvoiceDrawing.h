@@ -19,7 +19,6 @@ public:
 
 private:
     void drawLetterhead();
-    void drawLines(const std::vector<std::string>& lines, double x);
     void drawGreeting();
     void drawTableHeader();
     void drawRows();
@@ -47,6 +46,7 @@ private:
     PdfDocument& m_page;
     const InvoiceTexts& m_texts;
     std::string m_notes;
+    TextStyle m_closingStyle;
     /// The size of the closing text, at most that of its box.
     PageSize m_closingSize;
     /// The height of the notes in the left block at the foot; 0 without notes.

@@ -5,7 +5,6 @@
 namespace brisklog {
 namespace {
 
-constexpr TextStyle regular{.pointSize = 10};
 constexpr TextStyle titleStyle{.pointSize = 18, .bold = true};
 constexpr TextStyle subtitle{.pointSize = 12};
 constexpr TextStyle barTitle{.pointSize = 12, .bold = true, .ink = Ink::white};
@@ -23,7 +22,8 @@ constexpr PageRectangle logoBox{(a4.width - logoSize) / 2, top - 50 - logoSize, 
 
 constexpr double senderX = a4.width - 200;
 constexpr double senderWidth = 190;
-constexpr double groupGap = 5;
+/// Down to the bar with the column titles.
+constexpr PageSize senderRoom{senderWidth, 165};
 
 /// Ends a little before the sender's lines.
 constexpr double titleWidth = 335;
@@ -52,12 +52,14 @@ constexpr double pageTop = top - 50;
 constexpr double pageBottom = 50;
 constexpr double bankX = 365;
 constexpr double bankWidth = senderX + senderWidth - bankX;
+constexpr PageSize bankRoom{bankWidth, 250};
 constexpr double totalsWidth = bankX - left - 10;
 
 } // namespace
 
 ReportDrawing::ReportDrawing(PdfDocument& page, const ReportTexts& texts)
-    : m_page(page), m_texts(texts), m_columns(makeColumns(texts)) {}
+    : m_page(page), m_texts(texts), m_columns(makeColumns(texts)),
+      m_bankLines(page, {texts.bankLines}, bankRoom) {}
 
 std::vector<ReportDrawing::Column> ReportDrawing::makeColumns(const ReportTexts& texts) {
     const double taskWidth = width * (texts.hourlyRate ? 0.4 : 0.55);
@@ -86,14 +88,7 @@ void ReportDrawing::drawLogo() {
 }
 
 void ReportDrawing::drawSender() {
-    double y = top - 50;
-    for (const auto& group : m_texts.senderGroups) {
-        for (const std::string& line : group) {
-            y -= lineHeight;
-            m_page.drawLine(line, {senderX, y, senderWidth, lineHeight}, regular);
-        }
-        y -= groupGap;
-    }
+    LineBlock(m_page, m_texts.senderGroups, senderRoom).draw(senderX, top - 50);
 }
 
 void ReportDrawing::drawTitle() {
@@ -168,7 +163,7 @@ void ReportDrawing::drawNumberFrom(double x, double textTop, std::string_view te
 void ReportDrawing::drawTotals() {
     const double height = largeLineHeight * static_cast<double>(m_texts.totals.size());
     double y = m_y - gapOverTotals;
-    if (y - height < pageBottom) {
+    if (y - height < pageBottom || m_y < pageBottom + m_bankLines.height()) {
         m_page.beginPage();
         y = pageTop;
     }
@@ -178,12 +173,6 @@ void ReportDrawing::drawTotals() {
     }
 }
 
-void ReportDrawing::drawBankLines() {
-    double y = pageBottom + lineHeight * static_cast<double>(m_texts.bankLines.size());
-    for (const std::string& line : m_texts.bankLines) {
-        y -= lineHeight;
-        m_page.drawLine(line, {bankX, y, bankWidth, lineHeight}, regular);
-    }
-}
+void ReportDrawing::drawBankLines() { m_bankLines.draw(bankX, pageBottom + m_bankLines.height()); }
 
 } // namespace brisklog

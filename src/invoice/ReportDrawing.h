@@ -1,8 +1,10 @@
 #pragma once
 
+#include "invoice/LineBlock.h"
 #include "invoice/ReportTexts.h"
 #include "platform/PdfDocument.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -46,6 +48,7 @@ private:
     PdfDocument& m_page;
     const ReportTexts& m_texts;
     const std::vector<Column> m_columns;
+    const LineBlock m_bankLines;
     /// The top of the next row.
     double m_y = 0;
 };

@@ -183,38 +183,6 @@ TEST(InvoicePdf, aLongTaskNameEndsInAnEllipsisBeforeTheNextColumn) {
     EXPECT_TRUE(pdf.find("1 h 0 min 80,00 € 80,00 €"));
 }
 
-TEST(InvoicePdf, longLinesOfSenderAndRightColumnEndInAnEllipsisAtTwoHundredPoints) {
-    SampleInvoice invoice;
-    invoice.sender.address = std::string(300, 'a');
-    invoice.customer->company = std::string(300, 'k');
-    invoice.sender.bankName = std::string(300, 'b');
-    const PdfReader pdf(invoice.document());
-    int shortened = 0;
-    for (const PdfWord& word : pdf.words())
-        if (word.text.ends_with("…")) {
-            ++shortened;
-            EXPECT_LE(word.box.right, word.box.left + 200 + 0.5);
-        }
-    EXPECT_EQ(shortened, 3);
-}
-
-TEST(InvoicePdf, aVeryLongSenderNameStaysInTheClosingTextsBox) {
-    SampleInvoice invoice;
-    std::string name = "Anna\nMaria ";
-    for (int i = 0; i < 500; ++i)
-        name += "von und zu ";
-    invoice.sender.fullName = name;
-    const PdfReader pdf(invoice.document());
-    EXPECT_EQ(pdf.complaints(), "");
-    const int page = pdf.pageCount();
-    const auto thanks = pdf.find("Ich danke Ihnen", page);
-    ASSERT_TRUE(thanks && pdf.find("Anna Maria von und zu von und zu von", page));
-    for (const PdfWord& word : pdf.words())
-        if (word.text == "und") {
-            EXPECT_LE(word.box.bottom, thanks->top + 70.5);
-        }
-}
-
 TEST(InvoicePdf, aSenderNameOfTwoLinesIsWrittenOnOne) {
     SampleInvoice invoice;
     invoice.sender.fullName = "Anna\nMaria";

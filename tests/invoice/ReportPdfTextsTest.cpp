@@ -133,8 +133,6 @@ TEST(ReportPdf, numbersTooLongForTheirColumnCoverNoOthers) {
 TEST(ReportPdf, longTextsEndInAnEllipsisInsideTheirPlace) {
     ReportSample report = reportWith({billedEntry(std::string(2000, 't'), 0, 60)});
     report.project.name = std::string(2000, 'p');
-    report.sender.companyName = std::string(2000, 'c');
-    report.sender.bankName = std::string(2000, 'b');
     const PdfReader pdf(report.document());
     std::map<char, double> rights;
     for (const PdfWord& word : pdf.words())
@@ -142,9 +140,7 @@ TEST(ReportPdf, longTextsEndInAnEllipsisInsideTheirPlace) {
             rights[word.text[0]] = word.box.right;
     EXPECT_LE(rights['t'], 50 + 495 * 0.4 - 5 + placeTolerance);
     EXPECT_LE(rights['p'], 50 + 335 + placeTolerance);
-    EXPECT_LE(rights['c'], 395 + 190 + placeTolerance);
-    EXPECT_LE(rights['b'], 365 + 220 + placeTolerance);
-    for (const char first : {'t', 'p', 'c', 'b'})
+    for (const char first : {'t', 'p'})
         EXPECT_GT(rights[first], 0) << first;
     expectNothingPrintedOver(pdf);
 }

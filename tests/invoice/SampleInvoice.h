@@ -4,6 +4,7 @@
 #include "support/FakeClock.h"
 #include "support/ProfileInMemory.h"
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,12 @@ namespace brisklog::test {
 
 /// Left edge of the invoice's right column, in points.
 inline constexpr double rightColumn = 50 + 495 * 0.67;
+
+/// Of the longest countries' accounts, as people write them; wider than a line of 200 points at 10 points.
+inline constexpr std::array longIbans{"FR76 3000 6000 0112 3456 7890 189",
+                                      "IT60 X054 2811 1010 0000 0123 456",
+                                      "PL61 1090 1014 0000 0712 1981 2874", "PT50 0002 0123 1234 5678 9015 4",
+                                      "MT84MALT011000012345MTLCAST001S"};
 
 /// A profile with every text that documents print, without a logo.
 [[nodiscard]] std::unique_ptr<ProfileInMemory> sampleProfile();
