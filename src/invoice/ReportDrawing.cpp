@@ -1,5 +1,7 @@
 #include "invoice/ReportDrawing.h"
 
+#include "foundation/Text.h"
+
 #include <algorithm>
 
 namespace brisklog {
@@ -123,15 +125,24 @@ void ReportDrawing::drawRows() {
 }
 
 void ReportDrawing::drawRow(const ReportRow& row) {
-    const Column& task = m_columns.front();
-    m_page.drawLine(row.taskName,
-                    {task.x + indent, m_y - oneLineInset - lineHeight, task.width - 2 * indent, lineHeight},
-                    cellStyle);
+    drawTaskName(row.taskName);
     drawMoment(row.start, m_columns[1]);
     drawMoment(row.end, m_columns[2]);
     drawCentred(row.duration, m_columns[3]);
     if (row.earnings)
         drawAtRight(*row.earnings, m_columns[4]);
+}
+
+void ReportDrawing::drawTaskName(const std::string& text) {
+    const std::string name = text::onOneLine(std::string(text::trimmed(text)));
+    const Column& task = m_columns.front();
+    PageRectangle line{task.x + indent, m_y - oneLineInset - lineHeight, task.width - 2 * indent, lineHeight};
+    if (m_page.widthOfNumber(name, cellStyle) <= line.width)
+        return m_page.drawLine(name, line, cellStyle);
+    line.y = m_y - twoLinesInset - lineHeight;
+    const std::string rest = m_page.drawWrapped(name, line, cellStyle);
+    line.y -= lineHeight;
+    m_page.drawLine(rest, line, cellStyle);
 }
 
 void ReportDrawing::drawMoment(const ReportMoment& moment, const Column& column) {

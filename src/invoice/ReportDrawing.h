@@ -36,6 +36,8 @@ private:
 
     void drawRows();
     void drawRow(const ReportRow& row);
+    /// In one line in the middle of the row or in two, the second of which may be shortened.
+    void drawTaskName(const std::string& text);
     void drawMoment(const ReportMoment& moment, const Column& column);
     void drawCentred(std::string_view text, const Column& column);
     void drawAtRight(std::string_view text, const Column& column);
