@@ -33,6 +33,9 @@ constexpr PageRectangle logoBox{middleColumnX + (middleColumnWidth - logoSize) /
 
 /// No row starts below this.
 constexpr double lowestRow = 260;
+/// The rule over the rows is drawn this much higher and their text this much lower, which leaves room for
+/// accents between them.
+constexpr double ruleClearance = 0.9;
 constexpr double closingHeight = 70;
 /// From below the last row to the top of the closing text: rule, total and the gaps between them.
 constexpr double tableEndToClosing = 7 + 14 + 42;
@@ -109,9 +112,9 @@ void InvoiceDrawing::drawTableHeader() {
     InvoiceCells headings;
     for (const InvoiceColumn& column : invoiceColumns())
         headings.emplace_back(column.heading);
-    drawCells(headings, bold);
+    drawCells(headings, m_y, bold);
     m_y -= 21;
-    m_page.drawRule(left, left + width, m_y);
+    m_page.drawRule(left, left + width, m_y + ruleClearance);
     m_y -= 14;
 }
 
@@ -122,13 +125,13 @@ void InvoiceDrawing::drawRows() {
             m_y = pageTop;
             drawTableHeader();
         }
-        drawCells(row, regular);
+        drawCells(row, m_y - ruleClearance, regular);
         m_y -= lineHeight;
     }
 }
 
-void InvoiceDrawing::drawCells(const InvoiceCells& cells, const TextStyle& style) {
-    const auto boxes = placeCells(cells, style);
+void InvoiceDrawing::drawCells(const InvoiceCells& cells, double y, const TextStyle& style) {
+    const auto boxes = placeCells(cells, y, style);
     for (std::size_t i = 0; i < cells.size(); ++i)
         if (invoiceColumns()[i].content == InvoiceColumn::Content::text)
             m_page.drawLine(cells[i], boxes[i], style);
@@ -136,7 +139,8 @@ void InvoiceDrawing::drawCells(const InvoiceCells& cells, const TextStyle& style
             m_page.drawNumber(cells[i], boxes[i], style);
 }
 
-std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells, const TextStyle& style) {
+std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells, double y,
+                                                      const TextStyle& style) {
     // From right to left, so that a number too long for its column pushes its neighbours aside instead of
     // covering them.
     std::vector<PageRectangle> boxes(cells.size());
@@ -146,12 +150,12 @@ std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells,
         const double columnX = left + width * column.left;
         const double columnWidth = width * column.width;
         if (column.content == InvoiceColumn::Content::text) {
-            boxes[i] = {columnX, m_y, std::min(columnWidth, room - columnX) - textGap, lineHeight};
+            boxes[i] = {columnX, y, std::min(columnWidth, room - columnX) - textGap, lineHeight};
             room = columnX - numberGap;
         } else {
             const double right = std::min(columnX + columnWidth, room);
             const double needed = std::min(m_page.widthOfNumber(cells[i], style), columnWidth * 2);
-            boxes[i] = {right - needed, m_y, needed, lineHeight};
+            boxes[i] = {right - needed, y, needed, lineHeight};
             room = right - needed - numberGap;
         }
     }
@@ -174,7 +178,7 @@ void InvoiceDrawing::drawTotal() {
     m_y -= 14;
     InvoiceCells cells(invoiceColumns().size());
     cells.back() = m_texts.table.total;
-    const PageRectangle total = placeCells(cells, bold).back();
+    const PageRectangle total = placeCells(cells, m_y, bold).back();
     m_page.drawLine("Gesamtbetrag:", {left, m_y, total.x - textGap - left, lineHeight}, bold);
     m_page.drawNumber(m_texts.table.total, total, bold);
 }

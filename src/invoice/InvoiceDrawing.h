@@ -22,9 +22,10 @@ private:
     void drawGreeting();
     void drawTableHeader();
     void drawRows();
-    void drawCells(const InvoiceCells& cells, const TextStyle& style);
+    void drawCells(const InvoiceCells& cells, double y, const TextStyle& style);
     /// A box for each cell.
-    [[nodiscard]] std::vector<PageRectangle> placeCells(const InvoiceCells& cells, const TextStyle& style);
+    [[nodiscard]] std::vector<PageRectangle> placeCells(const InvoiceCells& cells, double y,
+                                                        const TextStyle& style);
 
     void drawEnding();
     void drawTotal();

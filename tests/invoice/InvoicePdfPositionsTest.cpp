@@ -10,6 +10,9 @@ constexpr double left = 50;
 /// The top of the first line of both columns.
 constexpr double pageTop = 792;
 
+/// The rule under the header is this much higher and the rows' text this much lower, for accents to fit in.
+constexpr double ruleClearance = 0.9;
+
 /// Expects a thin rule across the content at that height.
 void expectRule(const PdfReader& pdf, double y, int page = 1) {
     const auto ink =
@@ -101,15 +104,36 @@ TEST(InvoicePdfPositions, theTableStandsInItsColumns) {
     expectNumber(pdf, "Dauer", 371.75, 443);
     expectNumber(pdf, "Stundensatz", 446, 443);
     expectNumber(pdf, "Betrag", 520.25, 443);
-    expectRule(pdf, 422);
+    expectRule(pdf, 422 + ruleClearance);
     for (int row = 0; row < 3; ++row) {
+        const double y = 408 - row * 14 - ruleClearance;
         const std::string cells = "Aufgabe " + std::to_string(row + 1);
-        expectLine(pdf, cells, left, 408 - row * 14);
-        expectLine(pdf, cells + " 1 h 0 min 80,00 € 80,00 €", left, 408 - row * 14);
-        expectNumber(pdf, cells + " 1 h 0 min", 371.75, 408 - row * 14);
-        expectNumber(pdf, cells + " 1 h 0 min 80,00 €", 446, 408 - row * 14);
-        expectNumber(pdf, cells + " 1 h 0 min 80,00 € 80,00 €", 520.25, 408 - row * 14);
+        expectLine(pdf, cells, left, y);
+        expectLine(pdf, cells + " 1 h 0 min 80,00 € 80,00 €", left, y);
+        expectNumber(pdf, cells + " 1 h 0 min", 371.75, y);
+        expectNumber(pdf, cells + " 1 h 0 min 80,00 €", 446, y);
+        expectNumber(pdf, cells + " 1 h 0 min 80,00 € 80,00 €", 520.25, y);
     }
+}
+
+TEST(InvoicePdfPositions, accentedCapitalsInTheFirstRowKeepClearOfTheRule) {
+    SampleInvoice invoice;
+    invoice.entries = {billedEntry("ÜÅÉǕ", 0, 60)};
+    const PdfPicture picture = PdfReader(invoice.document()).picture(1, 720);
+    // Down through the letters: where ink begins and ends.
+    std::vector<int> edges;
+    bool wasInk = false;
+    for (int row = 4150; row < 4320; ++row) {
+        bool isInk = false;
+        for (int column = 500; column < 760; ++column)
+            isInk = isInk || picture.brightness(column, row) < 250;
+        if (isInk != wasInk)
+            edges.push_back(row);
+        wasInk = isInk;
+    }
+    ASSERT_GE(edges.size(), 4U);
+    EXPECT_NEAR(edges[0], 4200, 13);
+    EXPECT_LE(edges[1] - edges[0], 7) << "the rule and the letters are one";
 }
 
 TEST(InvoicePdfPositions, totalClosingTextAndFooterFollowTheRows) {
@@ -162,7 +186,7 @@ TEST(InvoicePdfPositions, elevenRowsFitUnderAFullLetterhead) {
     invoice.entries = billedEntries(11);
     const PdfReader pdf(invoice.document());
     EXPECT_EQ(pdf.pageCount(), 1);
-    expectLine(pdf, "Aufgabe 11", left, 268);
+    expectLine(pdf, "Aufgabe 11", left, 268 - ruleClearance);
     expectRule(pdf, 247);
     expectLine(pdf, "Gesamtbetrag:", left, 233);
     expectLine(pdf, "Ich danke Ihnen", left, 121, 70);
@@ -178,8 +202,8 @@ TEST(InvoicePdfPositions, aRowBelowTwoHundredSixtyBeginsAPageWithTheHeaderAlone)
     expectNumber(pdf, "Dauer", 371.75, 736, 2);
     expectNumber(pdf, "Stundensatz", 446, 736, 2);
     expectNumber(pdf, "Betrag", 520.25, 736, 2);
-    expectRule(pdf, 715, 2);
-    expectLine(pdf, "Aufgabe 12", left, 701, 14, 2);
+    expectRule(pdf, 715 + ruleClearance, 2);
+    expectLine(pdf, "Aufgabe 12", left, 701 - ruleClearance, 14, 2);
     EXPECT_FALSE(pdf.find("Rechnungsnummer:", 2));
     EXPECT_FALSE(pdf.find("München", 2) && pdf.find("München", 2)->top < 600);
     EXPECT_FALSE(pdf.find("Gesamtbetrag:", 1));
@@ -195,9 +219,9 @@ TEST(InvoicePdfPositions, laterPagesHoldThirtyTwoRows) {
     invoice.entries = billedEntries(11 + 32 + 1);
     const PdfReader pdf(invoice.document());
     ASSERT_EQ(pdf.pageCount(), 3);
-    expectLine(pdf, "Aufgabe 43", left, 267, 14, 2);
-    expectLine(pdf, "Aufgabe 44", left, 701, 14, 3);
-    expectRule(pdf, 715, 3);
+    expectLine(pdf, "Aufgabe 43", left, 267 - ruleClearance, 14, 2);
+    expectLine(pdf, "Aufgabe 44", left, 701 - ruleClearance, 14, 3);
+    expectRule(pdf, 715 + ruleClearance, 3);
     EXPECT_TRUE(pdf.find("Gesamtbetrag: 3.520,00 €", 3));
     EXPECT_FALSE(pdf.find("Gesamtbetrag:", 2));
 }
