@@ -1,10 +1,10 @@
 #include "invoice/InvoiceDrawing.h"
 
 #include "foundation/Text.h"
-#include "invoice/LineBlock.h"
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace brisklog {
 namespace {
@@ -31,6 +31,9 @@ constexpr double logoSize = 70;
 constexpr PageRectangle logoBox{middleColumnX + (middleColumnWidth - logoSize) / 2, pageTop - logoSize,
                                 logoSize, logoSize};
 
+constexpr double gapOverTable = 56;
+constexpr double gapOverRule = 21;
+constexpr double firstRowOnLaterPages = pageTop - gapOverTable - gapOverRule - lineHeight;
 /// No row starts below this.
 constexpr double lowestRow = 260;
 /// The rule over the rows is drawn this much higher and their text this much lower, which leaves room for
@@ -45,6 +48,8 @@ constexpr double footerBottom = 78;
 constexpr PageSize footerRoom{200, 180};
 constexpr double notesWidth = leftColumnWidth - 10;
 constexpr double notesGap = 12;
+constexpr PageSize notesHeadingRoom{width, 60};
+constexpr double gapUnderHeading = 22;
 
 /// Cells keep this distance from the next column's text.
 constexpr double textGap = 6;
@@ -69,8 +74,9 @@ std::string withoutTrailingBlanks(std::string_view notes) {
 } // namespace
 
 InvoiceDrawing::InvoiceDrawing(PdfDocument& page, const InvoiceTexts& texts)
-    : m_page(page), m_texts(texts), m_notes(withoutTrailingBlanks(texts.notes)),
-      m_closingStyle(closingStyle(page, texts.closing)),
+    : m_page(page), m_texts(texts), m_pages(page, texts.name),
+      m_notesHeading(page, {{"Anmerkungen zur " + texts.name}}, notesHeadingRoom, title),
+      m_notes(withoutTrailingBlanks(texts.notes)), m_closingStyle(closingStyle(page, texts.closing)),
       m_closingSize(page.sizeOfWrapped(texts.closing, width, m_closingStyle)) {
     m_closingSize.height = std::min(m_closingSize.height, closingHeight);
     if (!m_notes.empty())
@@ -78,10 +84,11 @@ InvoiceDrawing::InvoiceDrawing(PdfDocument& page, const InvoiceTexts& texts)
 }
 
 void InvoiceDrawing::draw() {
-    m_page.beginPage();
+    m_pages.begin();
     drawLetterhead();
     drawGreeting();
     drawTableHeader();
+    planPages();
     drawRows();
     drawEnding();
 }
@@ -108,20 +115,20 @@ void InvoiceDrawing::drawGreeting() {
 }
 
 void InvoiceDrawing::drawTableHeader() {
-    m_y -= 56;
+    m_y -= gapOverTable;
     InvoiceCells headings;
     for (const InvoiceColumn& column : invoiceColumns())
         headings.emplace_back(column.heading);
     drawCells(headings, m_y, bold);
-    m_y -= 21;
+    m_y -= gapOverRule;
     m_page.drawRule(left, left + width, m_y + ruleClearance);
-    m_y -= 14;
+    m_y -= lineHeight;
 }
 
 void InvoiceDrawing::drawRows() {
     for (const InvoiceCells& row : m_texts.table.rows) {
         if (m_y < lowestRow) {
-            m_page.beginPage();
+            m_pages.begin();
             m_y = pageTop;
             drawTableHeader();
         }
@@ -164,12 +171,15 @@ std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells,
 
 void InvoiceDrawing::drawEnding() {
     if (!hasRoomForEnding(m_y)) {
-        m_page.beginPage();
+        m_pages.begin();
         m_y = pageTop;
     }
     drawTotal();
-    drawNotes(drawClosing());
+    const double bottom = drawClosing();
+    if (m_notesPages.empty())
+        drawNotesInBlock(bottom);
     drawFooterLines();
+    drawNotesPages();
 }
 
 void InvoiceDrawing::drawTotal() {
@@ -189,30 +199,61 @@ double InvoiceDrawing::drawClosing() {
     return m_y + closingHeight - m_closingSize.height;
 }
 
-void InvoiceDrawing::drawNotes(double closingBottom) {
+void InvoiceDrawing::drawNotesInBlock(double closingBottom) {
     if (m_notes.empty())
         return;
-    if (!notesFitBlock(closingBottom)) {
-        drawNotesAtFullWidth(closingBottom - notesGap);
-        return;
-    }
     const double top = std::min(footerTop, closingBottom - notesGap);
     std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, notesWidth, top - footerBottom}, regular);
 }
 
-void InvoiceDrawing::drawNotesAtFullWidth(double top) {
-    double needed = m_page.sizeOfWrapped(m_notes, width, regular).height;
+void InvoiceDrawing::drawNotesPages() {
+    for (const NotesPage& notes : m_notesPages) {
+        m_pages.begin();
+        const bool isFirst = &notes == &m_notesPages.front();
+        if (isFirst)
+            m_notesHeading.draw(left, pageTop);
+        const double top = isFirst ? notesTop() : pageTop;
+        std::ignore =
+            m_page.drawWrapped(notes.text, {left, notes.bottom, width, top - notes.bottom}, regular);
+    }
+    // The tax and bank details stand at the foot of the last page, whatever else is on it.
+    if (!m_notesPages.empty())
+        drawFooterLines();
+}
+
+void InvoiceDrawing::planPages() {
+    int pages = 1;
+    double y = m_y;
+    for (std::size_t row = 0; row < m_texts.table.rows.size(); ++row) {
+        if (y < lowestRow) {
+            ++pages;
+            y = firstRowOnLaterPages;
+        }
+        y -= lineHeight;
+    }
+    if (!hasRoomForEnding(y)) {
+        ++pages;
+        y = pageTop;
+    }
+    if (!notesFitBlock(closingBottom(y)))
+        planNotesPages();
+    m_pages.setCount(pages + static_cast<int>(m_notesPages.size()));
+}
+
+void InvoiceDrawing::planNotesPages() {
+    double top = notesTop();
+    std::string rest = m_notes;
+    double needed = m_page.sizeOfWrapped(rest, width, regular).height;
     while (needed > top - lowestBesideFooter()) {
         // Notes that would only just fill this page leave some lines for the next one, so the footer is never
         // alone on it.
         const bool fillsThePage = needed > top - footerBottom;
-        const double bottom = fillsThePage ? footerBottom : lowestBesideFooter();
-        m_notes = m_page.drawWrapped(m_notes, {left, bottom, width, top - bottom}, regular);
-        m_page.beginPage();
+        m_notesPages.push_back({rest, fillsThePage ? footerBottom : lowestBesideFooter()});
+        rest = m_page.restOfWrapped(rest, {width, top - m_notesPages.back().bottom}, regular);
         top = pageTop;
-        needed = m_page.sizeOfWrapped(m_notes, width, regular).height;
+        needed = m_page.sizeOfWrapped(rest, width, regular).height;
     }
-    std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, width, top - footerBottom}, regular);
+    m_notesPages.push_back({std::move(rest), footerBottom});
 }
 
 void InvoiceDrawing::drawFooterLines() {
@@ -223,7 +264,7 @@ double InvoiceDrawing::closingBottom(double y) const { return y - tableEndToClos
 
 bool InvoiceDrawing::hasRoomForEnding(double y) const {
     const double bottom = closingBottom(y);
-    return bottom >= footerBottom && !closingMeetsFooterLines(bottom) && notesFitBlock(bottom);
+    return bottom >= footerBottom && !closingMeetsFooterLines(bottom);
 }
 
 bool InvoiceDrawing::closingMeetsFooterLines(double bottom) const {
@@ -234,6 +275,8 @@ bool InvoiceDrawing::closingMeetsFooterLines(double bottom) const {
 bool InvoiceDrawing::notesFitBlock(double bottom) const {
     return m_notes.empty() || std::min(footerTop, bottom - notesGap) - m_notesHeight >= footerBottom;
 }
+
+double InvoiceDrawing::notesTop() const { return pageTop - m_notesHeading.height() - gapUnderHeading; }
 
 double InvoiceDrawing::lowestBesideFooter() const {
     return m_texts.footerLines.empty() ? footerBottom : footerTop + notesGap;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "invoice/InvoiceTexts.h"
+#include "invoice/LineBlock.h"
+#include "invoice/NumberedPages.h"
 #include "platform/PdfDocument.h"
 
 #include <string>
@@ -31,27 +33,44 @@ private:
     void drawTotal();
     /// Returns the y of the closing text's bottom.
     double drawClosing();
-    void drawNotes(double closingBottom);
-    void drawNotesAtFullWidth(double top);
+    void drawNotesInBlock(double closingBottom);
+    void drawNotesPages();
     void drawFooterLines();
 
-    /// The y of the closing text's bottom, and whether everything after the table fits, if the table ended at
-    /// `y`.
+    /// Lays out what follows the header of the first table.
+    void planPages();
+    void planNotesPages();
+
+    /// The y of the closing text's bottom, and whether total, closing text and footer fit, if the table ended
+    /// at `y`.
     [[nodiscard]] double closingBottom(double y) const;
     [[nodiscard]] bool hasRoomForEnding(double y) const;
     [[nodiscard]] bool closingMeetsFooterLines(double bottom) const;
     [[nodiscard]] bool notesFitBlock(double bottom) const;
+    /// Where notes at full width begin under their heading.
+    [[nodiscard]] double notesTop() const;
     /// How far down notes at full width may reach on the page with the footer lines.
     [[nodiscard]] double lowestBesideFooter() const;
 
+    /// Notes on a page of their own.
+    struct NotesPage {
+        /// As much of this as fits.
+        std::string text;
+        double bottom = 0;
+    };
+
     PdfDocument& m_page;
     const InvoiceTexts& m_texts;
+    NumberedPages m_pages;
+    LineBlock m_notesHeading;
     std::string m_notes;
     TextStyle m_closingStyle;
     /// The size of the closing text, at most that of its box.
     PageSize m_closingSize;
     /// The height of the notes in the left block at the foot; 0 without notes.
     double m_notesHeight = 0;
+    /// Empty where the notes fit in that block.
+    std::vector<NotesPage> m_notesPages;
     /// Everything is laid out from the top down; this is the bottom edge of what was drawn last.
     double m_y = 0;
 };

@@ -59,6 +59,7 @@ void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
     const auto longDate = [&date](Date day) {
         return format::date(day, format::DateForm::longDate, date.calendar);
     };
+    texts.name = joined("Rechnung", text::onOneLine(invoiceNumber));
     texts.invoiceLines = {"Rechnungsnummer: " + invoiceNumber, "Rechnungsdatum: " + longDate(date.now),
                           "Zahlbar bis: " + longDate(date.calendar.addingDays(date.now, paymentTermInDays))};
     if (customer)

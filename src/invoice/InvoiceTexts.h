@@ -13,6 +13,8 @@ class UserProfile;
 
 /// Every text of an invoice as it is printed, from top to bottom.
 struct InvoiceTexts {
+    /// "Rechnung" and its number.
+    std::string name;
     /// An encoded image.
     std::optional<std::string> logo;
     std::vector<std::string> senderLines;
@@ -29,7 +31,7 @@ struct InvoiceTexts {
 /// Logo, sender, closing text with the sender's name, and the lines at the foot.
 void addSender(InvoiceTexts& texts, const UserProfile& profile);
 
-/// Number, invoice date and due date, recipient and salutation.
+/// Name, number, invoice date and due date, recipient and salutation.
 void addLetterhead(InvoiceTexts& texts, const std::optional<Customer>& customer,
                    const std::string& invoiceNumber, const InvoiceDate& date);
 

@@ -60,7 +60,7 @@ constexpr double totalsWidth = bankX - left - 10;
 } // namespace
 
 ReportDrawing::ReportDrawing(PdfDocument& page, const ReportTexts& texts)
-    : m_page(page), m_texts(texts), m_columns(makeColumns(texts)),
+    : m_page(page), m_texts(texts), m_pages(page, texts.name), m_columns(makeColumns(texts)),
       m_bankLines(page, {texts.bankLines}, bankRoom) {}
 
 std::vector<ReportDrawing::Column> ReportDrawing::makeColumns(const ReportTexts& texts) {
@@ -74,7 +74,8 @@ std::vector<ReportDrawing::Column> ReportDrawing::makeColumns(const ReportTexts&
 }
 
 void ReportDrawing::draw() {
-    m_page.beginPage();
+    m_pages.setCount(countPages());
+    m_pages.begin();
     drawLogo();
     drawSender();
     drawTitle();
@@ -82,6 +83,19 @@ void ReportDrawing::draw() {
     drawRows();
     drawTotals();
     drawBankLines();
+}
+
+int ReportDrawing::countPages() const {
+    int pages = 1;
+    double y = firstBarBottom - gapUnderBar;
+    for (std::size_t row = 0; row < m_texts.rows.size(); ++row) {
+        if (y < lowestRow) {
+            ++pages;
+            y = laterBarBottom - gapUnderBar;
+        }
+        y -= rowHeight;
+    }
+    return hasRoomForEnding(y) ? pages : pages + 1;
 }
 
 void ReportDrawing::drawLogo() {
@@ -113,7 +127,7 @@ void ReportDrawing::drawRows() {
     bool isStriped = false;
     for (const ReportRow& row : m_texts.rows) {
         if (m_y < lowestRow) {
-            m_page.beginPage();
+            m_pages.begin();
             drawHeaderBar(laterBarBottom);
         }
         if (isStriped)
@@ -171,11 +185,15 @@ void ReportDrawing::drawNumberFrom(double x, double textTop, std::string_view te
     m_page.drawNumber(text, {x, textTop - lineHeight, needed, lineHeight}, style);
 }
 
+bool ReportDrawing::hasRoomForEnding(double y) const {
+    const double totals = largeLineHeight * static_cast<double>(m_texts.totals.size());
+    return y - gapOverTotals - totals >= pageBottom && y >= pageBottom + m_bankLines.height();
+}
+
 void ReportDrawing::drawTotals() {
-    const double height = largeLineHeight * static_cast<double>(m_texts.totals.size());
     double y = m_y - gapOverTotals;
-    if (y - height < pageBottom || m_y < pageBottom + m_bankLines.height()) {
-        m_page.beginPage();
+    if (!hasRoomForEnding(m_y)) {
+        m_pages.begin();
         y = pageTop;
     }
     for (const std::string& total : m_texts.totals) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "invoice/LineBlock.h"
+#include "invoice/NumberedPages.h"
 #include "invoice/ReportTexts.h"
 #include "platform/PdfDocument.h"
 
@@ -28,6 +29,10 @@ private:
 
     [[nodiscard]] static std::vector<Column> makeColumns(const ReportTexts& texts);
 
+    [[nodiscard]] int countPages() const;
+    /// Whether totals and bank lines fit under a table that ends at `y`.
+    [[nodiscard]] bool hasRoomForEnding(double y) const;
+
     void drawLogo();
     void drawSender();
     void drawTitle();
@@ -49,6 +54,7 @@ private:
 
     PdfDocument& m_page;
     const ReportTexts& m_texts;
+    NumberedPages m_pages;
     const std::vector<Column> m_columns;
     const LineBlock m_bankLines;
     /// The top of the next row.

@@ -77,6 +77,7 @@ void addRows(ReportTexts& texts, const Project& project, const Calendar& calenda
 ReportTexts reportTexts(const Project& project, const UserProfile& profile, const Calendar& calendar,
                         Date now) {
     ReportTexts texts;
+    texts.name = joined("Bericht", project.name);
     texts.logo = profile.logoData;
     texts.senderGroups = senderGroups(profile);
     texts.title = "Zeiterfassung: " + project.name;

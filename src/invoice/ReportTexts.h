@@ -29,6 +29,8 @@ struct ReportRow {
 
 /// Every text of an entry report as it is printed, from top to bottom.
 struct ReportTexts {
+    /// "Bericht" and the project's name.
+    std::string name;
     /// An encoded image.
     std::optional<std::string> logo;
     /// Groups of lines with a small gap between them, even where a group is empty.

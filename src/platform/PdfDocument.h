@@ -56,6 +56,10 @@ public:
     [[nodiscard]] virtual std::string drawWrapped(std::string_view text, const PageRectangle& box,
                                                   const TextStyle& style) = 0;
 
+    /// What `drawWrapped` would return, without drawing anything.
+    [[nodiscard]] virtual std::string restOfWrapped(std::string_view text, const PageSize& room,
+                                                    const TextStyle& style) = 0;
+
     /// The width and height in points that `drawWrapped` needs for the whole text at this width. Text longer
     /// than any page is not measured to its end: its height is infinite.
     [[nodiscard]] virtual PageSize sizeOfWrapped(std::string_view text, double width,

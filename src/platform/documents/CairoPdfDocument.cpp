@@ -67,6 +67,11 @@ std::string CairoPdfDocument::drawWrapped(std::string_view text, const PageRecta
     return m_text.drawWrapped(text, box.x, topOf(box), {box.width, box.height}, style);
 }
 
+std::string CairoPdfDocument::restOfWrapped(std::string_view text, const PageSize& room,
+                                            const TextStyle& style) {
+    return m_text.restOfWrapped(text, room, style);
+}
+
 PageSize CairoPdfDocument::sizeOfWrapped(std::string_view text, double width, const TextStyle& style) {
     return m_text.sizeOfWrapped(text, width, style);
 }

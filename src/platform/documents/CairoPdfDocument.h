@@ -23,6 +23,8 @@ public:
     [[nodiscard]] double widthOfNumber(std::string_view text, const TextStyle& style) override;
     [[nodiscard]] std::string drawWrapped(std::string_view text, const PageRectangle& box,
                                           const TextStyle& style) override;
+    [[nodiscard]] std::string restOfWrapped(std::string_view text, const PageSize& room,
+                                            const TextStyle& style) override;
     [[nodiscard]] PageSize sizeOfWrapped(std::string_view text, double width,
                                          const TextStyle& style) override;
     void drawRule(double fromX, double toX, double y) override;

@@ -244,16 +244,27 @@ CairoPdfText::WrappedLine CairoPdfText::lineAt(PangoLayoutIter* iterator, double
             baseline + std::max(descent, face.descent), toPoints(extents.width)};
 }
 
-std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,
-                                      const TextStyle& style) {
-    useInk(style.ink);
+std::string CairoPdfText::visitFitting(std::string_view text, const PageSize& room, const TextStyle& style,
+                                       const std::function<void(const WrappedLine&)>& visit) {
     bool isFirst = true;
     return visitLines(text, room.width, style, [&](const WrappedLine& line) {
         if (!std::exchange(isFirst, false) && line.bottom > room.height)
             return false;
-        show(line.layout, line.line, x, top + line.baseline);
+        visit(line);
         return true;
     });
+}
+
+std::string CairoPdfText::drawWrapped(std::string_view text, double x, double top, const PageSize& room,
+                                      const TextStyle& style) {
+    useInk(style.ink);
+    return visitFitting(text, room, style, [&](const WrappedLine& line) {
+        show(line.layout, line.line, x, top + line.baseline);
+    });
+}
+
+std::string CairoPdfText::restOfWrapped(std::string_view text, const PageSize& room, const TextStyle& style) {
+    return visitFitting(text, room, style, [](const WrappedLine&) {});
 }
 
 PageSize CairoPdfText::sizeOfWrapped(std::string_view text, double width, const TextStyle& style) {

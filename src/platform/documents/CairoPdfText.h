@@ -31,6 +31,8 @@ public:
     [[nodiscard]] double widthOfNumber(std::string_view text, const TextStyle& style);
     [[nodiscard]] std::string drawWrapped(std::string_view text, double x, double top, const PageSize& room,
                                           const TextStyle& style);
+    [[nodiscard]] std::string restOfWrapped(std::string_view text, const PageSize& room,
+                                            const TextStyle& style);
     [[nodiscard]] PageSize sizeOfWrapped(std::string_view text, double width, const TextStyle& style);
 
 private:
@@ -95,6 +97,9 @@ private:
     /// from that line on.
     std::string visitLines(std::string_view text, double width, const TextStyle& style,
                            const std::function<bool(const WrappedLine&)>& visit);
+    /// The same for the lines that fit in a room of that height, at least one.
+    std::string visitFitting(std::string_view text, const PageSize& room, const TextStyle& style,
+                             const std::function<void(const WrappedLine&)>& visit);
     void useInk(Ink ink);
     [[nodiscard]] PangoLayout* shortened(const std::string& line, double width, const TextStyle& style);
     void show(const ShapedLine& line, double x, double baseline);

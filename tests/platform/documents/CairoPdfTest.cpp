@@ -255,7 +255,9 @@ TEST(CairoPdf, wrappedTextGivesBackWhatFindsNoRoom) {
     const std::string text = "erste Zeile\n\nzweite Zeile\ndritte Zeile";
     std::string rest;
     const PdfReader pdf(onePage([&](PdfDocument& page) {
+        const std::string expected = page.restOfWrapped(text, {300, 30}, regular);
         rest = page.drawWrapped(text, {100, 700, 300, 30}, regular);
+        EXPECT_EQ(rest, expected);
         rest = page.drawWrapped(rest, {100, 600, 300, 13}, regular);
     }));
     EXPECT_TRUE(pdf.find("erste Zeile"));
