@@ -3,8 +3,6 @@
 #include "foundation/Text.h"
 
 #include <algorithm>
-#include <tuple>
-#include <utility>
 
 namespace brisklog {
 namespace {
@@ -21,6 +19,7 @@ constexpr double lineHeight = 14;
 constexpr PageSize letterheadRoom{200, 250};
 /// The sender's lines may reach this far below the recipient's before they push the title down.
 constexpr double lowestSender = 36;
+constexpr PageSize titleRoom{width, 20};
 constexpr PageSize salutationRoom{width, 34};
 
 constexpr double leftColumnWidth = width * 0.33;
@@ -97,29 +96,38 @@ void InvoiceDrawing::drawLetterhead() {
     if (m_texts.logo)
         m_page.drawImage(*m_texts.logo, logoBox);
     const LineBlock sender(m_page, {m_texts.senderLines}, letterheadRoom);
-    sender.draw(left, pageTop);
+    sender.drawAs(PdfRole::paragraph, left, pageTop);
     const LineBlock recipient(m_page, {m_texts.invoiceLines, m_texts.recipientLines}, letterheadRoom);
-    recipient.draw(rightColumnX, pageTop);
+    recipient.drawAs(PdfRole::paragraph, rightColumnX, pageTop);
     m_y = pageTop - std::max(recipient.height(), sender.height() - lowestSender);
 }
 
 void InvoiceDrawing::drawGreeting() {
     m_y -= 40 + 30;
-    m_page.drawLine("Rechnung", {left, m_y, width, 20}, title);
+    LineBlock(m_page, {{"Rechnung"}}, titleRoom, title)
+        .drawAs(PdfRole::heading, left, m_y + titleRoom.height);
     m_y -= 50;
-    LineBlock(m_page, {{m_texts.salutation}}, salutationRoom).draw(left, m_y + lineHeight);
+    LineBlock(m_page, {{m_texts.salutation}}, salutationRoom)
+        .drawAs(PdfRole::paragraph, left, m_y + lineHeight);
     m_y -= 28 + 42;
-    std::ignore = m_page.drawWrapped("vielen Dank für Ihren Auftrag und Ihr Vertrauen.\n"
-                                     "Für meine Arbeit stelle ich Ihnen folgende Summe in Rechnung:",
-                                     {left, m_y, width, 42}, regular);
+    drawParagraph("vielen Dank für Ihren Auftrag und Ihr Vertrauen.\n"
+                  "Für meine Arbeit stelle ich Ihnen folgende Summe in Rechnung:",
+                  {left, m_y, width, 42}, regular);
+}
+
+std::string InvoiceDrawing::drawParagraph(std::string_view text, const PageRectangle& box,
+                                          const TextStyle& style) {
+    const PdfPart part(m_page, PdfRole::paragraph);
+    return m_page.drawWrapped(text, box, style);
 }
 
 void InvoiceDrawing::drawTableHeader() {
+    m_table.emplace(m_page, PdfRole::table);
     m_y -= gapOverTable;
     InvoiceCells headings;
     for (const InvoiceColumn& column : invoiceColumns())
         headings.emplace_back(column.heading);
-    drawCells(headings, m_y, bold);
+    drawCells(headings, PdfRole::columnTitle, m_y, bold);
     m_y -= gapOverRule;
     m_page.drawRule(left, left + width, m_y + ruleClearance);
     m_y -= lineHeight;
@@ -128,22 +136,30 @@ void InvoiceDrawing::drawTableHeader() {
 void InvoiceDrawing::drawRows() {
     for (const InvoiceCells& row : m_texts.table.rows) {
         if (m_y < lowestRow) {
-            m_pages.begin();
-            m_y = pageTop;
+            beginFurtherPage();
             drawTableHeader();
         }
-        drawCells(row, m_y - ruleClearance, regular);
+        drawCells(row, PdfRole::tableCell, m_y - ruleClearance, regular);
         m_y -= lineHeight;
     }
 }
 
-void InvoiceDrawing::drawCells(const InvoiceCells& cells, double y, const TextStyle& style) {
+void InvoiceDrawing::beginFurtherPage() {
+    m_table.reset();
+    m_pages.begin();
+    m_y = pageTop;
+}
+
+void InvoiceDrawing::drawCells(const InvoiceCells& cells, PdfRole role, double y, const TextStyle& style) {
+    const PdfPart row(m_page, PdfRole::tableRow);
     const auto boxes = placeCells(cells, y, style);
-    for (std::size_t i = 0; i < cells.size(); ++i)
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const PdfPart cell(m_page, role);
         if (invoiceColumns()[i].content == InvoiceColumn::Content::text)
             m_page.drawLine(cells[i], boxes[i], style);
         else
             m_page.drawNumber(cells[i], boxes[i], style);
+    }
 }
 
 std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells, double y,
@@ -171,12 +187,13 @@ std::vector<PageRectangle> InvoiceDrawing::placeCells(const InvoiceCells& cells,
 
 void InvoiceDrawing::drawEnding() {
     if (!hasRoomForEnding(m_y)) {
-        m_pages.begin();
-        m_y = pageTop;
+        beginFurtherPage();
+        m_table.emplace(m_page, PdfRole::table);
     }
     drawTotal();
+    m_table.reset();
     const double bottom = drawClosing();
-    if (m_notesPages.empty())
+    if (m_notesBottoms.empty())
         drawNotesInBlock(bottom);
     drawFooterLines();
     drawNotesPages();
@@ -189,13 +206,19 @@ void InvoiceDrawing::drawTotal() {
     InvoiceCells cells(invoiceColumns().size());
     cells.back() = m_texts.table.total;
     const PageRectangle total = placeCells(cells, m_y, bold).back();
-    m_page.drawLine("Gesamtbetrag:", {left, m_y, total.x - textGap - left, lineHeight}, bold);
-    m_page.drawNumber(m_texts.table.total, total, bold);
+    const PdfPart row(m_page, PdfRole::tableRow);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const PdfPart cell(m_page, PdfRole::tableCell);
+        if (i == 0)
+            m_page.drawLine("Gesamtbetrag:", {left, m_y, total.x - textGap - left, lineHeight}, bold);
+        else if (i + 1 == cells.size())
+            m_page.drawNumber(m_texts.table.total, total, bold);
+    }
 }
 
 double InvoiceDrawing::drawClosing() {
     m_y -= 42 + closingHeight;
-    std::ignore = m_page.drawWrapped(m_texts.closing, {left, m_y, width, closingHeight}, m_closingStyle);
+    drawParagraph(m_texts.closing, {left, m_y, width, closingHeight}, m_closingStyle);
     return m_y + closingHeight - m_closingSize.height;
 }
 
@@ -203,21 +226,21 @@ void InvoiceDrawing::drawNotesInBlock(double closingBottom) {
     if (m_notes.empty())
         return;
     const double top = std::min(footerTop, closingBottom - notesGap);
-    std::ignore = m_page.drawWrapped(m_notes, {left, footerBottom, notesWidth, top - footerBottom}, regular);
+    drawParagraph(m_notes, {left, footerBottom, notesWidth, top - footerBottom}, regular);
 }
 
 void InvoiceDrawing::drawNotesPages() {
-    for (const NotesPage& notes : m_notesPages) {
+    double top = notesTop();
+    for (std::size_t page = 0; page < m_notesBottoms.size(); ++page) {
+        const double bottom = m_notesBottoms[page];
         m_pages.begin();
-        const bool isFirst = &notes == &m_notesPages.front();
-        if (isFirst)
-            m_notesHeading.draw(left, pageTop);
-        const double top = isFirst ? notesTop() : pageTop;
-        std::ignore =
-            m_page.drawWrapped(notes.text, {left, notes.bottom, width, top - notes.bottom}, regular);
+        if (page == 0)
+            m_notesHeading.drawAs(PdfRole::heading, left, pageTop);
+        m_notes = drawParagraph(m_notes, {left, bottom, width, top - bottom}, regular);
+        top = pageTop;
     }
     // The tax and bank details stand at the foot of the last page, whatever else is on it.
-    if (!m_notesPages.empty())
+    if (!m_notesBottoms.empty())
         drawFooterLines();
 }
 
@@ -237,7 +260,7 @@ void InvoiceDrawing::planPages() {
     }
     if (!notesFitBlock(closingBottom(y)))
         planNotesPages();
-    m_pages.setCount(pages + static_cast<int>(m_notesPages.size()));
+    m_pages.setCount(pages + static_cast<int>(m_notesBottoms.size()));
 }
 
 void InvoiceDrawing::planNotesPages() {
@@ -248,16 +271,16 @@ void InvoiceDrawing::planNotesPages() {
         // Notes that would only just fill this page leave some lines for the next one, so the footer is never
         // alone on it.
         const bool fillsThePage = needed > top - footerBottom;
-        m_notesPages.push_back({rest, fillsThePage ? footerBottom : lowestBesideFooter()});
-        rest = m_page.restOfWrapped(rest, {width, top - m_notesPages.back().bottom}, regular);
+        m_notesBottoms.push_back(fillsThePage ? footerBottom : lowestBesideFooter());
+        rest = m_page.restOfWrapped(rest, {width, top - m_notesBottoms.back()}, regular);
         top = pageTop;
         needed = m_page.sizeOfWrapped(rest, width, regular).height;
     }
-    m_notesPages.push_back({std::move(rest), footerBottom});
+    m_notesBottoms.push_back(footerBottom);
 }
 
 void InvoiceDrawing::drawFooterLines() {
-    LineBlock(m_page, {m_texts.footerLines}, footerRoom).draw(rightColumnX, footerTop);
+    LineBlock(m_page, {m_texts.footerLines}, footerRoom).drawAs(PdfRole::paragraph, rightColumnX, footerTop);
 }
 
 double InvoiceDrawing::closingBottom(double y) const { return y - tableEndToClosing - m_closingSize.height; }

@@ -5,7 +5,9 @@
 #include "invoice/NumberedPages.h"
 #include "platform/PdfDocument.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace brisklog {
@@ -22,9 +24,12 @@ public:
 private:
     void drawLetterhead();
     void drawGreeting();
+    /// Returns what finds no room in the box.
+    std::string drawParagraph(std::string_view text, const PageRectangle& box, const TextStyle& style);
+    void beginFurtherPage();
     void drawTableHeader();
     void drawRows();
-    void drawCells(const InvoiceCells& cells, double y, const TextStyle& style);
+    void drawCells(const InvoiceCells& cells, PdfRole role, double y, const TextStyle& style);
     /// A box for each cell.
     [[nodiscard]] std::vector<PageRectangle> placeCells(const InvoiceCells& cells, double y,
                                                         const TextStyle& style);
@@ -37,7 +42,7 @@ private:
     void drawNotesPages();
     void drawFooterLines();
 
-    /// Lays out what follows the header of the first table.
+    /// Finds out what pages there will be below and after the first table's header.
     void planPages();
     void planNotesPages();
 
@@ -52,13 +57,6 @@ private:
     /// How far down notes at full width may reach on the page with the footer lines.
     [[nodiscard]] double lowestBesideFooter() const;
 
-    /// Notes on a page of their own.
-    struct NotesPage {
-        /// As much of this as fits.
-        std::string text;
-        double bottom = 0;
-    };
-
     PdfDocument& m_page;
     const InvoiceTexts& m_texts;
     NumberedPages m_pages;
@@ -69,10 +67,12 @@ private:
     PageSize m_closingSize;
     /// The height of the notes in the left block at the foot; 0 without notes.
     double m_notesHeight = 0;
-    /// Empty where the notes fit in that block.
-    std::vector<NotesPage> m_notesPages;
+    /// How far down the notes reach on each page of their own; empty where they fit in that block.
+    std::vector<double> m_notesBottoms;
     /// Everything is laid out from the top down; this is the bottom edge of what was drawn last.
     double m_y = 0;
+    /// The table on the current page.
+    std::optional<PdfPart> m_table;
 };
 
 } // namespace brisklog

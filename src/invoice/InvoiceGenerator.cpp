@@ -21,7 +21,8 @@ InvoiceGenerator::InvoiceGenerator(PdfFacility& pdf, const UserProfile& profile,
 
 std::string InvoiceGenerator::generate(const Project& project) const {
     const ReportTexts texts = reportTexts(project, m_profile, m_calendar, m_now);
-    const auto document = m_pdf.begin({});
+    const auto document =
+        m_pdf.begin({.creator = {}, .author = {}, .title = texts.title, .tableRows = texts.rows.size()});
     ReportDrawing(*document, texts).draw();
     return document->finish();
 }

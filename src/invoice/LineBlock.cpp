@@ -76,14 +76,24 @@ LineBlock::Line LineBlock::fitted(std::string text, TextStyle style, double smal
 }
 
 void LineBlock::draw(double x, double top) const {
+    for (const Line& line : m_lines)
+        drawLine(line, x, top);
+}
+
+void LineBlock::drawAs(PdfRole role, double x, double top) const {
     for (const Line& line : m_lines) {
-        const auto& [width, height] = line.size;
-        const PageRectangle box{x, top - line.offset - height, width, height};
-        if (line.isWrapped)
-            std::ignore = m_page.drawWrapped(line.text, box, line.style);
-        else
-            m_page.drawNumber(line.text, box, line.style);
+        const PdfPart part(m_page, role);
+        drawLine(line, x, top);
     }
+}
+
+void LineBlock::drawLine(const Line& line, double x, double top) const {
+    const auto& [width, height] = line.size;
+    const PageRectangle box{x, top - line.offset - height, width, height};
+    if (line.isWrapped)
+        std::ignore = m_page.drawWrapped(line.text, box, line.style);
+    else
+        m_page.drawNumber(line.text, box, line.style);
 }
 
 } // namespace brisklog

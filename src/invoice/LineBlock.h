@@ -24,6 +24,8 @@ public:
     [[nodiscard]] double height() const { return m_height; }
 
     void draw(double x, double top) const;
+    /// The same, each line a part with that role.
+    void drawAs(PdfRole role, double x, double top) const;
 
 private:
     struct Line {
@@ -37,6 +39,8 @@ private:
 
     void layOut(const Groups& groups, const TextStyle& style, double smallest);
     [[nodiscard]] Line fitted(std::string text, TextStyle style, double smallest) const;
+
+    void drawLine(const Line& line, double x, double top) const;
 
     PdfDocument& m_page;
     double m_width;

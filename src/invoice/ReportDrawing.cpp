@@ -104,22 +104,35 @@ void ReportDrawing::drawLogo() {
 }
 
 void ReportDrawing::drawSender() {
-    LineBlock(m_page, m_texts.senderGroups, senderRoom).draw(senderX, top - 50);
+    LineBlock(m_page, m_texts.senderGroups, senderRoom).drawAs(PdfRole::paragraph, senderX, top - 50);
 }
 
 void ReportDrawing::drawTitle() {
-    m_page.drawLine(m_texts.title, {left, top - 150, titleWidth, 25}, titleStyle);
-    m_page.drawLine(m_texts.creationDate, {left, top - 175, titleWidth, largeLineHeight}, subtitle);
+    {
+        const PdfPart heading(m_page, PdfRole::heading);
+        m_page.drawLine(m_texts.title, {left, top - 150, titleWidth, 25}, titleStyle);
+    }
+    drawParagraph(m_texts.creationDate, top - 175 + largeLineHeight, titleWidth, subtitle);
     if (m_texts.hourlyRate)
-        drawNumberFrom(left, top - 200 + largeLineHeight, *m_texts.hourlyRate, titleWidth, subtitle);
+        drawParagraph(*m_texts.hourlyRate, top - 200 + largeLineHeight, titleWidth, subtitle);
+}
+
+void ReportDrawing::drawParagraph(std::string_view text, double textTop, double room,
+                                  const TextStyle& style) {
+    const PdfPart part(m_page, PdfRole::paragraph);
+    drawNumberFrom(left, textTop, text, room, style);
 }
 
 void ReportDrawing::drawHeaderBar(double barBottom) {
+    m_table.emplace(m_page, PdfRole::table);
     m_page.fillRectangle({left, barBottom, width, barHeight}, barBrightness);
-    for (const Column& column : m_columns)
+    const PdfPart row(m_page, PdfRole::tableRow);
+    for (const Column& column : m_columns) {
+        const PdfPart title(m_page, PdfRole::columnTitle);
         m_page.drawLine(column.header,
                         {column.x + indent, barBottom + barTitleInset, column.width - indent, barTitleHeight},
                         barTitle);
+    }
     m_y = barBottom - gapUnderBar;
 }
 
@@ -127,6 +140,7 @@ void ReportDrawing::drawRows() {
     bool isStriped = false;
     for (const ReportRow& row : m_texts.rows) {
         if (m_y < lowestRow) {
+            m_table.reset();
             m_pages.begin();
             drawHeaderBar(laterBarBottom);
         }
@@ -136,9 +150,11 @@ void ReportDrawing::drawRows() {
         m_y -= rowHeight;
         isStriped = !isStriped;
     }
+    m_table.reset();
 }
 
 void ReportDrawing::drawRow(const ReportRow& row) {
+    const PdfPart part(m_page, PdfRole::tableRow);
     drawTaskName(row.taskName);
     drawMoment(row.start, m_columns[1]);
     drawMoment(row.end, m_columns[2]);
@@ -148,6 +164,7 @@ void ReportDrawing::drawRow(const ReportRow& row) {
 }
 
 void ReportDrawing::drawTaskName(const std::string& text) {
+    const PdfPart cell(m_page, PdfRole::tableCell);
     const std::string name = text::onOneLine(std::string(text::trimmed(text)));
     const Column& task = m_columns.front();
     PageRectangle line{task.x + indent, m_y - oneLineInset - lineHeight, task.width - 2 * indent, lineHeight};
@@ -160,20 +177,24 @@ void ReportDrawing::drawTaskName(const std::string& text) {
 }
 
 void ReportDrawing::drawMoment(const ReportMoment& moment, const Column& column) {
+    const PdfPart cell(m_page, PdfRole::tableCell);
     const double x = column.x + indent;
     const double room = column.width - indent - numberInset;
     const double dayTop = m_y - twoLinesInset;
-    drawNumberFrom(x, dayTop, moment.day, room, cellStyle);
+    // Date and time are read as one word without the space.
+    drawNumberFrom(x, dayTop, moment.day.empty() ? "" : moment.day + " ", room, cellStyle);
     drawNumberFrom(x, dayTop - lineHeight, moment.time, room, cellStyle);
 }
 
 void ReportDrawing::drawCentred(std::string_view text, const Column& column) {
+    const PdfPart cell(m_page, PdfRole::tableCell);
     const double room = column.width - 2 * numberInset;
     const double spare = std::max(0.0, room - m_page.widthOfNumber(text, cellStyle));
     drawNumberFrom(column.x + numberInset + spare / 2, m_y - oneLineInset, text, room, cellStyle);
 }
 
 void ReportDrawing::drawAtRight(std::string_view text, const Column& column) {
+    const PdfPart cell(m_page, PdfRole::tableCell);
     const double room = column.width - indent - numberInset;
     m_page.drawNumber(text, {column.x + numberInset, m_y - oneLineInset - lineHeight, room, lineHeight},
                       cellStyle);
@@ -197,11 +218,13 @@ void ReportDrawing::drawTotals() {
         y = pageTop;
     }
     for (const std::string& total : m_texts.totals) {
-        drawNumberFrom(left, y, total, totalsWidth, totalStyle);
+        drawParagraph(total, y, totalsWidth, totalStyle);
         y -= largeLineHeight;
     }
 }
 
-void ReportDrawing::drawBankLines() { m_bankLines.draw(bankX, pageBottom + m_bankLines.height()); }
+void ReportDrawing::drawBankLines() {
+    m_bankLines.drawAs(PdfRole::paragraph, bankX, pageBottom + m_bankLines.height());
+}
 
 } // namespace brisklog

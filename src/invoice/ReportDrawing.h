@@ -5,6 +5,7 @@
 #include "invoice/ReportTexts.h"
 #include "platform/PdfDocument.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,8 @@ private:
     void drawLogo();
     void drawSender();
     void drawTitle();
+    /// One line from the left margin, in smaller type where it is wider than `room`.
+    void drawParagraph(std::string_view text, double textTop, double room, const TextStyle& style);
     /// The bar with the column titles; rows start below it.
     void drawHeaderBar(double barBottom);
 
@@ -59,6 +62,8 @@ private:
     const LineBlock m_bankLines;
     /// The top of the next row.
     double m_y = 0;
+    /// The table on the current page.
+    std::optional<PdfPart> m_table;
 };
 
 } // namespace brisklog

@@ -22,7 +22,10 @@ std::string UpdatedInvoiceTemplate::generate(InvoiceDocument invoice) const {
     texts.notes = invoice.additionalNotes;
 
     // The name of the business profile's folder, which invoices have always carried.
-    const auto document = m_pdf.begin({.creator = "Pennavo", .author = m_profile.fullName});
+    const auto document = m_pdf.begin({.creator = "Pennavo",
+                                       .author = m_profile.fullName,
+                                       .title = texts.name,
+                                       .tableRows = texts.table.rows.size()});
     InvoiceDrawing(*document, texts).draw();
     return document->finish();
 }

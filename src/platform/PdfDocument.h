@@ -32,14 +32,22 @@ struct TextStyle {
     bool operator==(const TextStyle&) const = default;
 };
 
+/// What a part of a document is to those who have it read aloud.
+enum class PdfRole { heading, paragraph, table, tableRow, columnTitle, tableCell };
+
 /// Draws one document of A4 pages into memory. Texts may contain anything: bytes that are not UTF-8 are
 /// replaced by U+FFFD, control characters by spaces. Every text is aligned to the top of its rectangle.
-/// Everything is drawn on the page begun last.
+/// Everything is drawn on the page begun last. The language is German.
 class PdfDocument {
 public:
     virtual ~PdfDocument() = default;
 
     virtual void beginPage() = 0;
+
+    /// What is drawn until the matching `endPart`, on the same page, has that role; parts are read in the
+    /// order in which they begin. What is in no part is not read aloud.
+    virtual void beginPart(PdfRole role) = 0;
+    virtual void endPart(PdfRole role) = 0;
 
     /// One line from the rectangle's left edge, elided if it is too wide. Line breaks become spaces.
     virtual void drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) = 0;
@@ -79,6 +87,24 @@ public:
     /// Ends the document and returns its bytes; empty when it could not be created. Nothing can be drawn
     /// afterwards.
     [[nodiscard]] virtual std::string finish() = 0;
+};
+
+/// A part of a document: everything drawn while this exists.
+class PdfPart {
+public:
+    /// The document must outlive this.
+    PdfPart(PdfDocument& document, PdfRole role) : m_document(document), m_role(role) {
+        m_document.beginPart(m_role);
+    }
+
+    ~PdfPart() { m_document.endPart(m_role); }
+
+    PdfPart(const PdfPart&) = delete;
+    PdfPart& operator=(const PdfPart&) = delete;
+
+private:
+    PdfDocument& m_document;
+    PdfRole m_role;
 };
 
 } // namespace brisklog

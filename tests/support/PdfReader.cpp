@@ -181,6 +181,17 @@ std::optional<std::string> PdfReader::information(std::string_view name) const {
     return std::nullopt;
 }
 
+std::string PdfReader::language() const {
+    const std::string show = "qpdf " + m_file.string() + " --show-object=";
+    const std::string catalog =
+        runSuccessfully(show + between(runSuccessfully(show + "trailer"), "/Root ", " 0 R"));
+    return catalog.find("/Lang (") == catalog.npos ? "" : between(catalog, "/Lang (", ")");
+}
+
+std::string PdfReader::structure() const {
+    return runSuccessfully("pdfinfo -struct-text " + m_file.string());
+}
+
 int PdfReader::pageCount() const { return std::stoi(information("Pages").value_or("0")); }
 
 std::string PdfReader::copiedText() const {

@@ -65,6 +65,11 @@ public:
     [[nodiscard]] std::string complaints() const;
     /// An item of the document's information, for example "Author"; absent when it has none.
     [[nodiscard]] std::optional<std::string> information(std::string_view name) const;
+    /// The language the document says it is written in; empty when it does not say.
+    [[nodiscard]] std::string language() const;
+    /// What a screen reader is told: the tags line by line, indented by two blanks a level, each followed by
+    /// its texts in quotation marks. Empty for a document without tags.
+    [[nodiscard]] std::string structure() const;
     [[nodiscard]] int pageCount() const;
     /// All text in the order in which it was drawn, without blanks and line breaks.
     [[nodiscard]] std::string copiedText() const;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cairo-pdf.h>
+#include <string_view>
 #include <utility>
 
 namespace brisklog {
@@ -18,6 +19,41 @@ cairo_status_t append(void* bytes, const unsigned char* data, unsigned int lengt
     return CAIRO_STATUS_SUCCESS;
 }
 
+constexpr std::size_t mostTaggedRows = 500;
+constexpr const char* wholeDocument = "Document";
+
+const char* tagOf(PdfRole role) {
+    switch (role) {
+    case PdfRole::heading:
+        return "H1";
+    case PdfRole::paragraph:
+        return "P";
+    case PdfRole::table:
+        return "Table";
+    case PdfRole::tableRow:
+        return "TR";
+    case PdfRole::columnTitle:
+        return "TH";
+    case PdfRole::tableCell:
+        return "TD";
+    }
+    return nullptr;
+}
+
+/// Cairo cannot write a document's language, so it is added to the catalog. That is the last object: only the
+/// table of objects behind it moves, whose place is written at the very end.
+void addLanguage(std::string& bytes) {
+    constexpr std::string_view language = "   /Lang (de-DE)\n";
+    constexpr std::string_view beforePlace = "startxref\n";
+    const std::size_t catalog = bytes.rfind("<< /Type /Catalog\n");
+    const std::size_t place = bytes.rfind(beforePlace);
+    if (catalog == bytes.npos || place == bytes.npos || bytes.find("\nxref\n", catalog) == bytes.npos)
+        return;
+    const std::size_t moved = bytes.find("\nxref\n", catalog) + 1 + language.size();
+    bytes.replace(place + beforePlace.size(), bytes.npos, std::to_string(moved) + "\n%%EOF\n");
+    bytes.insert(bytes.find('\n', catalog) + 1, language);
+}
+
 /// Pages are measured from the bottom; Cairo measures from the top.
 double fromTop(double y) { return a4.height - y; }
 
@@ -29,8 +65,10 @@ CairoPdfDocument::CairoPdfDocument(std::shared_ptr<PangoFontMap> fonts,
                                    const DocumentInformation& information)
     : m_fonts(std::move(fonts)),
       m_surface(cairo_pdf_surface_create_for_stream(append, &m_bytes, a4.width, a4.height)),
-      m_drawing(cairo_create(m_surface.get())), m_text(m_drawing.get(), m_fonts.get()) {
+      m_drawing(cairo_create(m_surface.get())), m_text(m_drawing.get(), m_fonts.get()),
+      m_isTagged(information.tableRows <= mostTaggedRows) {
     setInformation(information);
+    beginTag(wholeDocument);
 }
 
 void CairoPdfDocument::setInformation(const DocumentInformation& information) {
@@ -40,6 +78,21 @@ void CairoPdfDocument::setInformation(const DocumentInformation& information) {
     };
     set(CAIRO_PDF_METADATA_CREATOR, information.creator);
     set(CAIRO_PDF_METADATA_AUTHOR, information.author);
+    set(CAIRO_PDF_METADATA_TITLE, information.title);
+}
+
+void CairoPdfDocument::beginTag(const char* name) {
+    if (!m_isTagged)
+        return;
+    m_text.flush();
+    cairo_tag_begin(m_drawing.get(), name, nullptr);
+}
+
+void CairoPdfDocument::endTag(const char* name) {
+    if (!m_isTagged)
+        return;
+    m_text.flush();
+    cairo_tag_end(m_drawing.get(), name);
 }
 
 void CairoPdfDocument::beginPage() {
@@ -49,6 +102,10 @@ void CairoPdfDocument::beginPage() {
     m_hasPage = true;
     m_text.beginPage();
 }
+
+void CairoPdfDocument::beginPart(PdfRole role) { beginTag(tagOf(role)); }
+
+void CairoPdfDocument::endPart(PdfRole role) { endTag(tagOf(role)); }
 
 void CairoPdfDocument::drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) {
     m_text.drawLine(text, box.x, topOf(box), box.width, style);
@@ -110,13 +167,13 @@ void CairoPdfDocument::drawImage(std::string_view encoded, const PageRectangle& 
     cairo_save(drawing);
     cairo_translate(drawing, box.x + (box.width - width * scale) / 2, topOf(box));
     cairo_scale(drawing, scale, scale);
-    cairo_set_source_surface(drawing, image.get(), 0, 0);
-    cairo_paint(drawing);
+    showImage(drawing, image.get());
     cairo_restore(drawing);
 }
 
 std::string CairoPdfDocument::finish() {
     m_text.flush();
+    endTag(wholeDocument);
     if (m_hasPage)
         cairo_show_page(m_drawing.get());
     const cairo_status_t drawn = cairo_status(m_drawing.get());
@@ -124,6 +181,7 @@ std::string CairoPdfDocument::finish() {
     const cairo_status_t written = cairo_surface_status(m_surface.get());
     if (drawn != CAIRO_STATUS_SUCCESS || written != CAIRO_STATUS_SUCCESS)
         return {};
+    addLanguage(m_bytes);
     return std::move(m_bytes);
 }
 

@@ -18,6 +18,8 @@ public:
     CairoPdfDocument& operator=(const CairoPdfDocument&) = delete;
 
     void beginPage() override;
+    void beginPart(PdfRole role) override;
+    void endPart(PdfRole role) override;
     void drawLine(std::string_view text, const PageRectangle& box, const TextStyle& style) override;
     void drawNumber(std::string_view text, const PageRectangle& box, const TextStyle& style) override;
     [[nodiscard]] double widthOfNumber(std::string_view text, const TextStyle& style) override;
@@ -42,6 +44,8 @@ private:
     };
 
     void setInformation(const DocumentInformation& information);
+    void beginTag(const char* name);
+    void endTag(const char* name);
 
     // The order matters: the bytes must outlive the surface that writes to them.
     std::string m_bytes;
@@ -50,6 +54,7 @@ private:
     std::unique_ptr<cairo_t, DestroyDrawing> m_drawing;
     CairoPdfText m_text;
     bool m_hasPage = false;
+    bool m_isTagged;
 };
 
 } // namespace brisklog

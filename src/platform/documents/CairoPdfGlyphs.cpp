@@ -12,9 +12,20 @@ namespace {
 constexpr std::string_view ellipsis = "…";
 constexpr std::size_t mostGlyphsAtOnce = 1000;
 
-bool isShown(const PangoGlyphInfo& glyph) {
+bool isEllipsis(const PangoGlyphItem& run) {
+    return (run.item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) != 0;
+}
+
+/// Pango takes away the glyph of a space where a line is wrapped; readers need it to tell words apart.
+bool isWrappedSpace(const PangoGlyphItem& run, const char* text, int index) {
+    return run.glyphs->glyphs[index].glyph == PANGO_GLYPH_EMPTY && !isEllipsis(run) &&
+           text[run.item->offset + run.glyphs->log_clusters[index]] == ' ';
+}
+
+bool isShown(const PangoGlyphItem& run, const char* text, int index) {
     constexpr PangoGlyph unknownBlank = PANGO_GET_UNKNOWN_GLYPH(U' ');
-    return glyph.glyph != PANGO_GLYPH_EMPTY && glyph.glyph != unknownBlank;
+    const PangoGlyph glyph = run.glyphs->glyphs[index].glyph;
+    return (glyph != PANGO_GLYPH_EMPTY || isWrappedSpace(run, text, index)) && glyph != unknownBlank;
 }
 
 /// Whether no font has the character.
@@ -24,10 +35,6 @@ unsigned long blankOf(PangoFont* font) {
     hb_codepoint_t index = 0;
     hb_font_get_nominal_glyph(pango_font_get_hb_font(font), U' ', &index);
     return index;
-}
-
-bool isEllipsis(const PangoGlyphItem& run) {
-    return (run.item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) != 0;
 }
 
 std::string_view textOf(const PangoGlyphItem& run, const char* text) {
@@ -41,8 +48,11 @@ cairo_text_cluster_flags_t directionOf(const PangoGlyphItem& run) {
     return static_cast<cairo_text_cluster_flags_t>(isBackward ? CAIRO_TEXT_CLUSTER_FLAG_BACKWARD : 0);
 }
 
-int countShown(const PangoGlyphString& glyphs, int begin, int end) {
-    return static_cast<int>(std::count_if(glyphs.glyphs + begin, glyphs.glyphs + end, isShown));
+int countShown(const PangoGlyphItem& run, const char* text, int begin, int end) {
+    int count = 0;
+    for (int i = begin; i < end; ++i)
+        count += isShown(run, text, i) ? 1 : 0;
+    return count;
 }
 
 /// At a whole point, Cairo considers a glyph without ink to have no extent and leaves it out.
@@ -62,7 +72,7 @@ double CairoPdfGlyphs::show(const PangoGlyphItem& run, const char* text, double 
         Font blanks = CairoPdfPictures::areGlyphsOf(font) ? ordinaryFontLike(font) : nullptr;
         PangoFont* const blanksOrNone = blanks.get();
         use(blanks ? std::move(blanks) : Font(static_cast<PangoFont*>(g_object_ref(font))), directionOf(run));
-        collectGlyphs(run, blanksOrNone, x, baseline);
+        collectGlyphs(run, text, blanksOrNone, x, baseline);
         collectClusters(run, text);
         m_text += textOf(run, text);
     }
@@ -97,23 +107,24 @@ CairoPdfGlyphs::Font CairoPdfGlyphs::ordinaryFontLike(PangoFont* font) const {
     return ordinary;
 }
 
-void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline) {
+void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, const char* text, PangoFont* blanks, double x,
+                                   double baseline) {
     PangoFont* const font = run.item->analysis.font;
     const unsigned long blank = blankOf(blanks != nullptr ? blanks : font);
     for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
         const PangoGlyphInfo& glyph = run.glyphs->glyphs[i];
         const double width = toPoints(glyph.geometry.width);
-        if (isShown(glyph)) {
+        if (isShown(run, text, i)) {
             const double glyphX = x + toPoints(glyph.geometry.x_offset);
             const double glyphY = baseline + toPoints(glyph.geometry.y_offset);
+            const bool isSpace = isWrappedSpace(run, text, i);
             // A character that no font has would be lost as text if Pango drew it. Here it is a space in a
             // box.
             if (isUnknown(glyph))
                 showUnknown(x, baseline, width);
-            else if (blanks != nullptr)
+            else if (blanks != nullptr && !isSpace)
                 m_pictures.show(font, glyph.glyph, glyphX, glyphY);
-            const bool isBlank = isUnknown(glyph) || blanks != nullptr;
-            if (isBlank)
+            if (isUnknown(glyph) || blanks != nullptr || isSpace)
                 m_glyphs.push_back({blank, offWholePoint(glyphX), offWholePoint(glyphY)});
             else
                 m_glyphs.push_back({glyph.glyph, glyphX, glyphY});
@@ -124,7 +135,7 @@ void CairoPdfGlyphs::collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks,
 
 void CairoPdfGlyphs::collectClusters(const PangoGlyphItem& run, const char* text) {
     if (isEllipsis(run)) {
-        const int shown = countShown(*run.glyphs, 0, run.glyphs->num_glyphs);
+        const int shown = countShown(run, text, 0, run.glyphs->num_glyphs);
         m_clusters.push_back({static_cast<int>(ellipsis.size()), shown});
         return;
     }
@@ -135,8 +146,7 @@ void CairoPdfGlyphs::collectClusters(const PangoGlyphItem& run, const char* text
         const bool isForward = cluster.start_glyph < cluster.end_glyph;
         const int first = isForward ? cluster.start_glyph : cluster.end_glyph + 1;
         const int behind = isForward ? cluster.end_glyph : cluster.start_glyph + 1;
-        m_clusters.push_back(
-            {cluster.end_index - cluster.start_index, countShown(*run.glyphs, first, behind)});
+        m_clusters.push_back({cluster.end_index - cluster.start_index, countShown(run, text, first, behind)});
     }
 }
 

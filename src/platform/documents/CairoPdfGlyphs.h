@@ -44,7 +44,8 @@ private:
     void use(Font font, cairo_text_cluster_flags_t direction);
     /// Draws what is not text and collects the glyphs that are; the space of the font `blanks`, if any,
     /// replaces all of them.
-    void collectGlyphs(const PangoGlyphItem& run, PangoFont* blanks, double x, double baseline);
+    void collectGlyphs(const PangoGlyphItem& run, const char* text, PangoFont* blanks, double x,
+                       double baseline);
     void collectClusters(const PangoGlyphItem& run, const char* text);
     void showUnknown(double x, double baseline, double width);
 

@@ -53,4 +53,13 @@ OwnedImage decodedImage(std::string_view encoded) {
     return canGoIntoPdf ? passedThrough(encoded, picture.size()) : copied(std::move(picture));
 }
 
+void showImage(cairo_t* drawing, cairo_surface_t* image) {
+    cairo_set_source_surface(drawing, image, 0, 0);
+    // Not painted: on a page that is still empty, Cairo would take that for the page's beginning and forget
+    // the tags that were begun before.
+    cairo_rectangle(drawing, 0, 0, cairo_image_surface_get_width(image),
+                    cairo_image_surface_get_height(image));
+    cairo_fill(drawing);
+}
+
 } // namespace brisklog

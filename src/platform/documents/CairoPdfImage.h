@@ -15,4 +15,7 @@ struct DestroyImage {
 /// `decodeImage` fails; at full size, no image may have more than 32 million pixels.
 [[nodiscard]] std::unique_ptr<cairo_surface_t, DestroyImage> decodedImage(std::string_view encoded);
 
+/// Draws the image with its upper left corner at the origin, one pixel a unit.
+void showImage(cairo_t* drawing, cairo_surface_t* image);
+
 } // namespace brisklog

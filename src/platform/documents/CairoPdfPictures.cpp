@@ -1,5 +1,7 @@
 #include "platform/documents/CairoPdfPictures.h"
 
+#include "platform/documents/CairoPdfImage.h"
+
 #include <cmath>
 #include <hb-ot.h>
 #include <pango/pangocairo.h>
@@ -53,8 +55,7 @@ void CairoPdfPictures::show(PangoFont* font, PangoGlyph glyph, double x, double 
     cairo_save(m_drawing);
     cairo_translate(m_drawing, x + copies.x, baseline + copies.y);
     cairo_scale(m_drawing, 1 / pixelsPerPoint, 1 / pixelsPerPoint);
-    cairo_set_source_surface(m_drawing, picture, 0, 0);
-    cairo_paint(m_drawing);
+    showImage(m_drawing, picture);
     cairo_restore(m_drawing);
 }
 

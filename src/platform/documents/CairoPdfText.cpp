@@ -207,6 +207,12 @@ void CairoPdfText::drawNumber(std::string_view text, double x, double top, doubl
     show(number, x + width - number.width, baseline);
 }
 
+/// Such a line is followed by a space, so that its last word and the next line's first are not read as one.
+bool CairoPdfText::endsInLineBreak(const WrappedLine& line) {
+    const char* const text = pango_layout_get_text(line.layout);
+    return line.line->runs != nullptr && text[line.line->start_index + line.line->length] == '\n';
+}
+
 std::string CairoPdfText::visitLines(std::string_view text, double width, const TextStyle& style,
                                      const std::function<bool(const WrappedLine&)>& visit) {
     double bottom = 0;
@@ -260,6 +266,8 @@ std::string CairoPdfText::drawWrapped(std::string_view text, double x, double to
     useInk(style.ink);
     return visitFitting(text, room, style, [&](const WrappedLine& line) {
         show(line.layout, line.line, x, top + line.baseline);
+        if (endsInLineBreak(line))
+            show(shaped(" ", face(style)), x + line.width, top + line.baseline);
     });
 }
 

@@ -93,6 +93,7 @@ private:
     [[nodiscard]] PangoLayout* wrapped(const std::string& text, double width, const TextStyle& style);
     /// The iterator's current line, starting at `top`; at least as high as a line of ordinary text.
     [[nodiscard]] static WrappedLine lineAt(PangoLayoutIter* iterator, double top, const Face& face);
+    [[nodiscard]] static bool endsInLineBreak(const WrappedLine& line);
     /// Passes the lines of a wrapped text to `visit` from the top until it returns false; returns the text
     /// from that line on.
     std::string visitLines(std::string_view text, double width, const TextStyle& style,

@@ -4,6 +4,7 @@
 
 #include <fontconfig/fontconfig.h>
 #include <gmock/gmock.h>
+#include <tuple>
 
 namespace brisklog::test {
 namespace {
@@ -56,6 +57,20 @@ TEST_F(CairoPdfColour, picturesCanBeCopiedAsTheCharactersTheyStandFor) {
     const std::string text = "Start " + colouredSquare + colouredSquare + " Ende";
     const PdfReader pdf(documentOf({text, "danach"}));
     EXPECT_EQ(pdf.copiedText(), withoutBlanks(text + "danach"));
+}
+
+TEST_F(CairoPdfColour, wrappedPicturesAreDrawnOnEveryLine) {
+    CairoPdfFacility facility;
+    const auto document = facility.begin({});
+    document->beginPage();
+    const std::string text = colouredSquare + " " + colouredSquare + " " + colouredSquare;
+    std::ignore = document->drawWrapped(text, {50, 700, 11, 80}, ordinary);
+    const PdfReader pdf(document->finish());
+    EXPECT_EQ(pdf.complaints(), "");
+    EXPECT_EQ(pdf.copiedText(), withoutBlanks(text));
+    const auto ink = pdf.picture(1, 288).inkWithin(wholePage);
+    ASSERT_TRUE(ink);
+    EXPECT_GT(ink->bottom - ink->top, 30);
 }
 
 TEST_F(CairoPdfColour, manyOfThemOnManyPagesMakeASoundDocument) {

@@ -30,7 +30,7 @@ double fromTop(double y) { return a4.height - y; }
 
 TEST(CairoPdf, makesASoundDocumentOfA4Pages) {
     CairoPdfFacility facility;
-    const auto document = facility.begin({"Maker", "Someone"});
+    const auto document = facility.begin({.creator = "Maker", .author = "Someone", .title = {}});
     for (const char* text : {"eins", "zwei", "drei"}) {
         document->beginPage();
         document->drawLine(text, line, regular);
@@ -43,7 +43,8 @@ TEST(CairoPdf, makesASoundDocumentOfA4Pages) {
 }
 
 TEST(CairoPdf, saysWhoMadeItAndWhoWroteIt) {
-    const auto bytes = onePage([](PdfDocument&) {}, {"Maker", "Jürgen (Büro) \\ „Söhne“\n\xFF"});
+    const auto bytes = onePage([](PdfDocument&) {},
+                               {.creator = "Maker", .author = "Jürgen (Büro) \\ „Söhne“\n\xFF", .title = {}});
     const PdfReader pdf(bytes);
     EXPECT_EQ(pdf.information("Creator"), "Maker");
     EXPECT_EQ(pdf.information("Author"), "Jürgen (Büro) \\ „Söhne“ \uFFFD");
@@ -51,7 +52,7 @@ TEST(CairoPdf, saysWhoMadeItAndWhoWroteIt) {
 }
 
 TEST(CairoPdf, writesNoAuthorWhenThereIsNone) {
-    const PdfReader pdf(onePage([](PdfDocument&) {}, {"Maker", ""}));
+    const PdfReader pdf(onePage([](PdfDocument&) {}, {.creator = "Maker", .author = {}, .title = {}}));
     EXPECT_EQ(pdf.information("Author"), std::nullopt);
 }
 
