@@ -6,6 +6,7 @@
 #include "ui/lists/RowList.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Look.h"
+#include "ui/look/Pointer.h"
 #include "ui/sheets/Alert.h"
 
 #include <QAccessibleWidget>
@@ -168,7 +169,7 @@ void ArchiveList::movementEnded(const QModelIndex& index) {
     if (!index.isValid())
         return;
     if (m_view.isOpen(m_model.rowAt(index).invoice.id))
-        m_list->scrollTo(index);
+        onceNoButtonIsDown(*this, [this, row = QPersistentModelIndex(index)] { m_list->scrollTo(row); });
     else
         m_list->setIndexWidget(index, nullptr);
 }

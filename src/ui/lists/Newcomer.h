@@ -1,17 +1,15 @@
 #pragma once
 
 #include <QColor>
+#include <QPointer>
 #include <functional>
 
-class QObject;
+class QVariantAnimation;
 
 namespace brisklog {
 
-/// Runs it once no mouse button is down: at once, or after the release. Never after the owner is destroyed.
-void onceNoButtonIsDown(QObject& owner, std::function<void()> action);
-
-/// The ground of something that has just come, which fades away once, so that the eye finds it. With reduced
-/// motion there is none.
+/// The ground of what has just come, which fades away once, so that the eye finds it. With reduced motion
+/// there is none.
 class Newcomer final {
 public:
     /// Starts to fade; `changed` is called whenever it is to be painted anew. The owner must be what has
@@ -23,6 +21,7 @@ public:
 
 private:
     double m_strength = 0;
+    QPointer<QVariantAnimation> m_fading;
 };
 
 } // namespace brisklog

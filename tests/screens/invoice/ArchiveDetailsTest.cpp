@@ -7,7 +7,10 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QScrollBar>
 #include <QTest>
+#include <QVariantAnimation>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -178,6 +181,26 @@ TEST_F(ArchiveDetailsOnScreen, detailsThatAreStillMovingEndWhereTheyShouldWhenOt
     EXPECT_EQ(panel(u"2026-038"_s), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return panel(u"2026-041"_s) == nullptr; }));
     EXPECT_EQ(list().visualRect(row(u"2026-041"_s)).height(), 46);
+}
+
+TEST_F(ArchiveDetailsOnScreen, detailsBelowTheEdgeComeIntoViewButNotUnderAPressedButton) {
+    installLook(*qApp, Motion::full);
+    for (int i = 0; i < 30; ++i)
+        issue("2026-" + std::to_string(100 + i), std::nullopt, i);
+    open();
+    const QPoint lowest(60, list().viewport()->height() - 20);
+    const QModelIndex opened = list().indexAt(lowest);
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, lowest);
+    const QPoint elsewhere = list().viewport()->mapTo(sheet, QPoint(60, 60));
+    QTest::mousePress(sheet->windowHandle(), Qt::LeftButton, {}, elsewhere);
+    auto* const movement = sheet->findChild<QVariantAnimation*>();
+    ASSERT_NE(movement, nullptr);
+    movement->setCurrentTime(movement->duration());
+    settle();
+    EXPECT_EQ(list().verticalScrollBar()->value(), 0);
+    QTest::mouseRelease(sheet->windowHandle(), Qt::LeftButton, {}, QPoint(2, 2));
+    settle();
+    EXPECT_TRUE(list().viewport()->rect().contains(list().visualRect(opened)));
 }
 
 } // namespace

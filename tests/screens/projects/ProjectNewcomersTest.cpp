@@ -121,6 +121,19 @@ TEST_F(ProjectNewcomers, theNewEntrysGroundFadesOnce) {
     EXPECT_EQ(groundOfLastRow(), atLast);
 }
 
+TEST_F(ProjectNewcomers, theLastOfSeveralStoppedInARowFadesFromTheBeginning) {
+    installLook(*qApp, Motion::full);
+    openWith(30, 2);
+    click(u"Stoppen"_s);
+    for (auto* const movement : screen->findChildren<QVariantAnimation*>())
+        movement->setCurrentTime(movement->duration() - 1);
+    click(u"Stoppen"_s);
+    const QColor atFirst = groundOfLastRow();
+    EXPECT_EQ(finishMovements(), 1);
+    EXPECT_NE(atFirst, groundOfLastRow());
+    EXPECT_TRUE(isLastRowInView());
+}
+
 TEST_F(ProjectNewcomers, lookAsTheyShould) {
     installLook(*qApp, Motion::full);
     openWith(30, 4);

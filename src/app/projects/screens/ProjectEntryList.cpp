@@ -6,6 +6,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/Pointer.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 

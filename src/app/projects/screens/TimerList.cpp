@@ -2,6 +2,7 @@
 
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Pointer.h"
 
 #include <algorithm>
 #include <utility>
