@@ -192,6 +192,11 @@ std::string PdfReader::structure() const {
     return runSuccessfully("pdfinfo -struct-text " + m_file.string());
 }
 
+std::string PdfReader::objects() const {
+    return runSuccessfully("qpdf --json --json-stream-data=inline --decode-level=generalized " +
+                           m_file.string());
+}
+
 int PdfReader::pageCount() const { return std::stoi(information("Pages").value_or("0")); }
 
 std::string PdfReader::copiedText() const {

@@ -70,6 +70,8 @@ public:
     /// What a screen reader is told: the tags line by line, indented by two blanks a level, each followed by
     /// its texts in quotation marks. Empty for a document without tags.
     [[nodiscard]] std::string structure() const;
+    /// Its pages and objects with everything that is drawn, in JSON.
+    [[nodiscard]] std::string objects() const;
     [[nodiscard]] int pageCount() const;
     /// All text in the order in which it was drawn, without blanks and line breaks.
     [[nodiscard]] std::string copiedText() const;

@@ -3,6 +3,7 @@
 #include "ui/controls/MonthPopup.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/Switch.h"
+#include "ui/look/Palette.h"
 
 #include <QAccessible>
 #include <QLineEdit>
