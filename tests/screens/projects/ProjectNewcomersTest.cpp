@@ -4,6 +4,7 @@
 #include "screens/Pictures.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "ui/look/Look.h"
+#include "ui/look/Palette.h"
 
 #include <QListView>
 #include <QScrollArea>
