@@ -6,6 +6,32 @@
 #include <cmath>
 
 namespace brisklog {
+namespace {
+
+constexpr int minutesPerHour = 60;
+/// More hours would not be a duration that anybody types.
+constexpr double mostHours = 9999;
+
+/// No digits at all count as zero.
+std::optional<int> parseDigits(std::string_view digits) {
+    int value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [parsedTo, error] = std::from_chars(digits.data(), end, value);
+    if (digits.empty())
+        return 0;
+    if (error != std::errc() || parsedTo != end || value < 0 || value > mostHours)
+        return std::nullopt;
+    return value;
+}
+
+std::optional<int> parseHours(std::string_view typed) {
+    const auto hours = parseDecimal(typed);
+    if (!hours || *hours < 0 || *hours > mostHours)
+        return std::nullopt;
+    return static_cast<int>(std::lround(*hours * minutesPerHour));
+}
+
+} // namespace
 
 std::optional<double> parseDecimal(std::string_view typed) {
     const std::string number = text::replacing(std::string(typed), ',', '.');
@@ -19,6 +45,17 @@ std::optional<double> parseDecimal(std::string_view typed) {
     if (error != std::errc() || parsedTo != end || !std::isfinite(value))
         return std::nullopt;
     return value;
+}
+
+std::optional<int> parseDuration(std::string_view typed) {
+    const auto colon = typed.find(':');
+    if (colon == std::string_view::npos)
+        return typed.find(',') == std::string_view::npos ? std::nullopt : parseHours(typed);
+    const auto hours = parseDigits(typed.substr(0, colon));
+    const auto minutes = parseDigits(typed.substr(colon + 1));
+    if (typed.size() == 1 || !hours || !minutes || *minutes >= minutesPerHour)
+        return std::nullopt;
+    return *hours * minutesPerHour + *minutes;
 }
 
 } // namespace brisklog

@@ -12,6 +12,9 @@
 namespace brisklog {
 namespace {
 
+constexpr int minutesPerHour = 60;
+constexpr int minutesPerDay = 24 * minutesPerHour;
+
 /// Adds up a figure over every ticked row, in one pass and without copying rows.
 template <class Figure>
 double sumOverSelected(const std::vector<InvoiceEntryStatus>& statuses, Figure figure) {
@@ -149,6 +152,15 @@ std::int64_t InvoiceView::manualSeconds() const {
     if (overflows)
         stopProgram("duration of a manual entry out of range");
     return seconds;
+}
+
+bool InvoiceView::typeManualDuration(std::string_view typed) {
+    const auto minutes = parseDuration(typed);
+    if (!minutes || *minutes >= minutesPerDay)
+        return false;
+    manualHours = *minutes / minutesPerHour;
+    manualMinutes = *minutes % minutesPerHour;
+    return true;
 }
 
 void InvoiceView::addManualEntry() {

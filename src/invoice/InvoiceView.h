@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace brisklog {
@@ -103,6 +104,9 @@ public:
     void deselectAllEntries();
     /// Deletes the row's entry from the project at once, without asking.
     void deleteEntry(std::size_t row);
+    /// Sets the manual entry's hours and minutes from what was typed: "1:30" or, in hours, "1,5". Returns
+    /// false and changes nothing where that is no duration below 24 hours.
+    bool typeManualDuration(std::string_view typed);
     /// Adds the manual entry to the project. The new row is deliberately not ticked.
     void addManualEntry();
 

@@ -61,5 +61,27 @@ TEST(NumericInput, desktopsLocaleDoesNotMatter) {
     EXPECT_EQ(parseDecimal("85.50"), 85.5);
 }
 
+TEST(NumericInput, aDurationWithAColonIsHoursAndMinutes) {
+    EXPECT_EQ(parseDuration("1:30"), 90);
+    EXPECT_EQ(parseDuration("07:05"), 425);
+    EXPECT_EQ(parseDuration("23:59"), 1439);
+    EXPECT_EQ(parseDuration(":45"), 45);
+    EXPECT_EQ(parseDuration("2:"), 120);
+}
+
+TEST(NumericInput, aDurationWithACommaIsHoursToTheNearestMinute) {
+    EXPECT_EQ(parseDuration("1,5"), 90);
+    EXPECT_EQ(parseDuration(",25"), 15);
+    EXPECT_EQ(parseDuration("4,35"), 261);
+    EXPECT_EQ(parseDuration("0,999"), 60);
+}
+
+TEST(NumericInput, otherTextsAreNoDuration) {
+    for (const std::string_view text :
+         {"", ":", ",", "1:60", "24", "-1:30", "1:-5", "-1,5", "1.30", "1.5", "1:2:3", "1,5:30", "1e1,",
+          " 1:30", "1:3 ", "99999:00", "99999999999:00", "1e9,"})
+        EXPECT_EQ(parseDuration(text), std::nullopt) << text;
+}
+
 } // namespace
 } // namespace brisklog::test

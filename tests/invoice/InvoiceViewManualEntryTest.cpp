@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string_view>
 
 namespace brisklog::test {
 namespace {
@@ -105,6 +106,25 @@ TEST(InvoiceManualEntry, canBeBilledOnceTicked) {
     EXPECT_TRUE(sheet.view->canCreateInvoice());
     sheet.view->createInvoice();
     EXPECT_TRUE(sheet.projectEntries().at(0).isInvoiced);
+}
+
+TEST(InvoiceManualEntry, aTypedDurationSetsHoursAndMinutes) {
+    InvoiceSheet sheet({}, 60.0);
+    EXPECT_TRUE(sheet.view->typeManualDuration("23:59"));
+    EXPECT_EQ(sheet.view->manualHours, 23);
+    EXPECT_EQ(sheet.view->manualMinutes, 59);
+    EXPECT_TRUE(sheet.view->typeManualDuration("1,5"));
+    EXPECT_EQ(sheet.view->manualHours, 1);
+    EXPECT_EQ(sheet.view->manualMinutes, 30);
+}
+
+TEST(InvoiceManualEntry, aTypedDurationOfADayOrMoreChangesNothing) {
+    InvoiceSheet sheet({}, 60.0);
+    sheet.view->manualHours = 1;
+    for (const std::string_view text : {"24:00", "23,995", "abc", ""})
+        EXPECT_FALSE(sheet.view->typeManualDuration(text)) << text;
+    EXPECT_EQ(sheet.view->manualHours, 1);
+    EXPECT_EQ(sheet.view->manualMinutes, 0);
 }
 
 } // namespace

@@ -5,6 +5,7 @@ import subprocess
 
 import pyatspi
 from desktop import HOME, Program, main, read_json, wait_until
+from gi.repository import GLib
 
 PROFILE = HOME / ".local/share/Pennavo/profile.json"
 
@@ -55,6 +56,49 @@ def keep_a_customer(desktop):
     wait_until(lambda: not desktop.is_there("Kundenverwaltung"), "the customers to close")
 
 
+class AnnouncedValues:
+    """The new values a screen reader is told while this is open, by the control's name."""
+
+    def __enter__(self):
+        self.values = []
+        pyatspi.Registry.registerEventListener(self.hear, "object:property-change:accessible-value")
+        return self
+
+    def __exit__(self, *_):
+        pyatspi.Registry.deregisterEventListener(self.hear, "object:property-change:accessible-value")
+
+    def hear(self, event):
+        self.values.append((event.source.name, event.source.queryValue().currentValue))
+
+    def heard(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.values
+
+
+def add_a_manual_entry(desktop):
+    tab_to(desktop, "Rechnung")
+    desktop.press("space")
+    desktop.find("Rechnung erstellen: Standardprojekt")
+    tab_to(desktop, "Stunden")
+    hours = desktop.find("Stunden", pyatspi.ROLE_SPIN_BUTTON)
+    with AnnouncedValues() as announced:
+        desktop.type("1:30")
+        desktop.press("Return")
+        wait_until(lambda: announced.heard() == [("Stunden", 1), ("Minuten", 30)], "the screen reader to be told")
+    assert (hours.queryValue().minimumValue, hours.queryValue().maximumValue) == (0, 23)
+    assert hours.queryText().getText(0, -1) == "1h"
+    desktop.press("Up")
+    wait_until(lambda: hours.queryValue().currentValue == 2, "the arrow key to step")
+    desktop.screenshot("keyboard-duration")
+    tab_to(desktop, "Eintrag hinzufügen")
+    desktop.press("space")
+    entry = wait_until(lambda: read_json("projects.json")[0]["entries"], "the entry in the file")[0]
+    assert entry["endTime"] - entry["startTime"] == 2.5 * 3600, entry
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.is_there("Rechnung erstellen: Standardprojekt"), "the invoice to close")
+
+
 def fill_in_profile(desktop):
     choose_section(desktop, "Profil")
     desktop.find("Firmenlogo")
@@ -91,6 +135,7 @@ def journey(path, desktop):
     wait_until(desktop.popover_is_open, "the popover")
     wait_until(lambda: focused(desktop) == "Aufgabe eingeben", "the focus in the task's name")
     keep_a_customer(desktop)
+    add_a_manual_entry(desktop)
     fill_in_profile(desktop)
     choose_dark(desktop)
     choose_section(desktop, "Zeiterfassung")

@@ -1,7 +1,6 @@
 #include "support/screen/ScreenTest.h"
 #include "ui/controls/DateTimeField.h"
 #include "ui/controls/MonthPopup.h"
-#include "ui/controls/Stepper.h"
 #include "ui/controls/Switch.h"
 #include "ui/look/Palette.h"
 
@@ -13,63 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace brisklog::test {
 namespace {
-
-class ComponentStepper : public ScreenTest {
-protected:
-    ComponentStepper() {
-        stepper.onStepped([this](int number) { told.push_back(number); });
-        stepper.resize(stepper.sizeHint());
-    }
-
-    void clickMinus() { QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(62, 16)); }
-
-    void clickPlus() { QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(90, 16)); }
-
-    Stepper stepper{0, 23, u"h"_s, u"Stunden"_s};
-    std::vector<int> told;
-};
-
-TEST_F(ComponentStepper, stepsWithItsButtonsAndTheArrowKeys) {
-    showActive(stepper);
-    clickPlus();
-    clickPlus();
-    clickMinus();
-    QTest::keyClick(&stepper, Qt::Key_Up);
-    QTest::keyClick(&stepper, Qt::Key_Down);
-    EXPECT_EQ(told, (std::vector{1, 2, 1, 2, 1}));
-    EXPECT_EQ(stepper.value(), 1);
-}
-
-TEST_F(ComponentStepper, staysInItsRange) {
-    showActive(stepper);
-    clickMinus();
-    EXPECT_EQ(stepper.value(), 0);
-    stepper.setNumber(23);
-    clickPlus();
-    QTest::keyClick(&stepper, Qt::Key_Up);
-    EXPECT_EQ(stepper.value(), 23);
-    EXPECT_TRUE(told.empty());
-}
-
-TEST_F(ComponentStepper, settingItTellsNobody) {
-    stepper.setNumber(7);
-    EXPECT_EQ(stepper.value(), 7);
-    EXPECT_TRUE(told.empty());
-}
-
-TEST_F(ComponentStepper, aClickOnTheNumberChangesNothing) {
-    showActive(stepper);
-    QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(20, 16));
-    EXPECT_TRUE(told.empty());
-}
-
-TEST_F(ComponentStepper, isNamedAndReadableForTheScreenReader) {
-    stepper.setNumber(5);
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&stepper);
-    EXPECT_EQ(accessibleNameOf(stepper), u"Stunden"_s);
-    ASSERT_NE(interface->valueInterface(), nullptr);
-    EXPECT_EQ(interface->valueInterface()->currentValue().toInt(), 5);
-}
 
 class ComponentToggle : public ScreenTest {};
 

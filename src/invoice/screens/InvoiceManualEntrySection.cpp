@@ -51,8 +51,22 @@ void InvoiceManualEntrySection::connectFields() {
     m_description->onEdited([this](const QString& typed) { m_view.manualDescription = typed.toStdString(); });
     m_hours->onStepped([this](int hours) { m_view.manualHours = hours; });
     m_minutes->onStepped([this](int minutes) { m_view.manualMinutes = minutes; });
+    for (Stepper* const stepper : {m_hours, m_minutes})
+        stepper->onTypedText([this](const QString& typed) { typeDuration(typed); });
     m_rate->onEdited([this](const QString& typed) { m_view.manualRate = typed.toStdString(); });
-    m_add->onClick([this] { m_view.addManualEntry(); });
+    m_add->onClick([this] { add(); });
+}
+
+void InvoiceManualEntrySection::typeDuration(const QString& typed) {
+    // At once: the stepper may go on stepping from the new number.
+    if (m_view.typeManualDuration(typed.toStdString()))
+        refresh();
+}
+
+void InvoiceManualEntrySection::add() {
+    m_hours->takeOver();
+    m_minutes->takeOver();
+    m_view.addManualEntry();
 }
 
 void InvoiceManualEntrySection::refresh() {

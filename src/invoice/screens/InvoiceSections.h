@@ -82,6 +82,9 @@ protected:
 
 private:
     void connectFields();
+    /// Reads a duration typed into either of the two steppers.
+    void typeDuration(const QString& typed);
+    void add();
 
     InvoiceView& m_view;
     const Clock& m_clock;

@@ -19,8 +19,10 @@ namespace {
 
 constexpr int tooltipDelay = 600;
 constexpr int tooltipRadius = 4;
+/// Minus and plus of a stepper.
+constexpr int stepButtonWidth = 28;
 
-/// Our changes to the toolkit's style: tooltips and style hints.
+/// Our changes to the toolkit's style: tooltips, steppers and style hints.
 class ComponentStyle final : public QProxyStyle {
 public:
     explicit ComponentStyle(Motion motion) : QProxyStyle(u"fusion"_s), m_motion(motion) {}
@@ -61,6 +63,14 @@ public:
         return metric == PM_ToolTipLabelFrameWidth ? 3 : QProxyStyle::pixelMetric(metric, option, widget);
     }
 
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override {
+        const auto* stepper = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+        if (stepper == nullptr || stepper->buttonSymbols == QAbstractSpinBox::NoButtons)
+            return QProxyStyle::subControlRect(control, option, part, widget);
+        return partOfStepper(stepper->rect, part);
+    }
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         if (element == PE_PanelTipLabel)
@@ -71,6 +81,14 @@ public:
 
 private:
     static bool isTooltip(const QWidget* widget) { return widget->inherits("QTipLabel"); }
+
+    /// From left to right: the number, minus, plus.
+    static QRect partOfStepper(QRect area, SubControl part) {
+        const QRect plus = area.adjusted(area.width() - stepButtonWidth, 0, 0, 0);
+        if (part == SC_SpinBoxUp || part == SC_SpinBoxDown)
+            return part == SC_SpinBoxUp ? plus : plus.translated(-stepButtonWidth, 0);
+        return part == SC_SpinBoxEditField ? area.adjusted(0, 0, -2 * stepButtonWidth, 0) : area;
+    }
 
     Motion m_motion;
 };

@@ -6,7 +6,6 @@
 #include "ui/controls/Picker.h"
 #include "ui/controls/Stepper.h"
 
-#include <QAbstractSlider>
 #include <QDateTimeEdit>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -272,7 +271,8 @@ TEST_F(InvoiceScreenTest, aManualEntryIsAtMost23HoursAnd59MinutesLong) {
         Stepper expected(0, most, unit, name);
         expected.resize(stepper->size());
         EXPECT_EQ(picture(*stepper), picture(expected));
-        QTest::keyClick(stepper, Qt::Key_End);
+        QTest::keyClicks(stepper, u"99"_s);
+        QTest::keyClick(stepper, Qt::Key_Return);
         QTest::keyClick(stepper, Qt::Key_Up);
         EXPECT_EQ(stepper->value(), most);
     };
@@ -282,18 +282,46 @@ TEST_F(InvoiceScreenTest, aManualEntryIsAtMost23HoursAnd59MinutesLong) {
     EXPECT_EQ(window.view().manualMinutes, 59);
 }
 
+TEST_F(InvoiceScreenTest, aDurationTypedIntoEitherStepperSetsBoth) {
+    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    auto* const hours = findNamed<Stepper>(*window.sheet, u"Stunden"_s);
+    auto* const minutes = findNamed<Stepper>(*window.sheet, u"Minuten"_s);
+    const auto type = [](Stepper* stepper, const QString& text) {
+        stepper->selectAll();
+        QTest::keyClicks(stepper, text);
+        QTest::keyClick(stepper, Qt::Key_Return);
+        settle();
+    };
+    type(hours, u"1:30"_s);
+    EXPECT_EQ(hours->text() + minutes->text(), u"1h30m"_s);
+    type(minutes, u"2:05"_s);
+    EXPECT_EQ(hours->text() + minutes->text(), u"2h5m"_s);
+    type(hours, u"25:00"_s);
+    EXPECT_EQ(hours->text() + minutes->text(), u"2h5m"_s);
+}
+
+TEST_F(InvoiceScreenTest, whatIsStillBeingTypedIntoAStepperIsAdded) {
+    InvoiceSheet content({}, std::nullopt);
+    InvoiceSheetWindow window(content);
+    auto* const hours = findNamed<Stepper>(*window.sheet, u"Stunden"_s);
+    hours->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(hours, u"1:30"_s);
+    QTest::mouseClick(&window.button(u"Eintrag hinzufügen"_s), Qt::LeftButton);
+    settle();
+    ASSERT_EQ(content.projectEntries().size(), 1U);
+    const TimeEntry& entry = content.projectEntries()[0];
+    EXPECT_EQ(entry.endTime, entry.startTime.addingSeconds(5400));
+    EXPECT_EQ(hours->text(), u"0h"_s);
+}
+
 TEST_F(InvoiceScreenTest, addsWhatWasTypedAsManualEntry) {
     InvoiceSheet content({}, 60.0);
     InvoiceSheetWindow window(content);
     QTest::keyClicks(&field(window, u"Beschreibung"_s), u"Vor-Ort-Termin"_s);
     QTest::keyClicks(&field(window, u"Stundenlohn"_s), u"85,50"_s);
-    const auto steppers = window.sheet->findChildren<QAbstractSlider*>();
-    for (auto* stepper : steppers) {
-        if (stepper->accessibleName() == u"Stunden"_s)
-            QTest::keyClick(stepper, Qt::Key_Up);
-        if (stepper->accessibleName() == u"Minuten"_s)
-            QTest::keyClick(stepper, Qt::Key_Up);
-    }
+    for (const QString& name : {u"Stunden"_s, u"Minuten"_s})
+        QTest::keyClick(findNamed<Stepper>(*window.sheet, name), Qt::Key_Up);
     const QDateTime moment(QDate(2026, 11, 3), QTime(8, 15), Qt::UTC);
     auto* date = window.sheet->findChild<QDateTimeEdit*>();
     date->setDateTime(moment);
