@@ -87,6 +87,7 @@ std::unique_ptr<Popover> BrisklogApp::makePopover() {
         std::make_unique<PopoverWindow>(PopoverWindow::Parts{.loadContent = [this] { loadContent(); },
                                                              .makeScreen = [this] { return makeScreen(); },
                                                              .quit = [this] { quit(); },
+                                                             .leaveWindow = [this] { leaveWindow(); },
                                                              .windowServer = m_outside.windowServer});
     m_popover = popover.get();
     return popover;
@@ -197,17 +198,37 @@ void BrisklogApp::open() {
         m_popover->showAsWindow();
 }
 
-void BrisklogApp::quit() {
-    if (m_content->timeStore.activeEntries->empty())
+QString BrisklogApp::lostTimers() const {
+    return m_content->timeStore.activeEntries->empty() ? QString()
+                                                       : u"Laufende Timer gehen beim Beenden verloren."_s;
+}
+
+QString BrisklogApp::restingTracking() const {
+    const bool isRecording =
+        m_projects->autoTrackingManager.isTracking &&
+        m_outside.frontmost.availability() != FrontmostApplication::Availability::unavailable;
+    return isRecording ? u"Die automatische Zeiterfassung ruht, bis Brisklog wieder gestartet wird."_s
+                       : QString();
+}
+
+void BrisklogApp::quit() { quitUnlessLosing(lostTimers()); }
+
+void BrisklogApp::leaveWindow() {
+    if (m_statusItem->isReachable())
+        return m_popover->close();
+    quitUnlessLosing((lostTimers() + u' ' + restingTracking()).trimmed());
+}
+
+void BrisklogApp::quitUnlessLosing(const QString& loss) {
+    if (loss.isEmpty())
         return m_outside.terminate();
     open();
     if (m_quitQuestion && m_quitQuestion->isVisible())
         return;
-    m_quitQuestion = &presentAlert(m_popover->frontWindow(),
-                                   {.title = u"Brisklog beenden?"_s,
-                                    .message = u"Laufende Timer gehen beim Beenden verloren."_s,
-                                    .actionCaption = u"Beenden"_s},
-                                   m_outside.terminate);
+    m_quitQuestion =
+        &presentAlert(m_popover->frontWindow(),
+                      {.title = u"Brisklog beenden?"_s, .message = loss, .actionCaption = u"Beenden"_s},
+                      m_outside.terminate);
 }
 
 } // namespace brisklog

@@ -83,6 +83,14 @@ private:
     [[nodiscard]] QWidget* makeAutoTrackingPanel();
     [[nodiscard]] QWidget* makeSettingsSection();
     void followColorScheme();
+    /// The user closes the window that stands in for the popover: without an icon, nothing of the program
+    /// would be left to see, so it ends. It asks first if timers or automatic tracking are running.
+    void leaveWindow();
+    /// What quitting would lose or leave undone, as a sentence; empty when nothing.
+    [[nodiscard]] QString lostTimers() const;
+    [[nodiscard]] QString restingTracking() const;
+    /// Quits at once if the loss is empty, else asks with it.
+    void quitUnlessLosing(const QString& loss);
 
     Outside m_outside;
     std::optional<AppSettings> m_settings;

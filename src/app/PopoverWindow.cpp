@@ -8,6 +8,7 @@
 #include "ui/sheets/WindowPlace.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPainter>
@@ -160,6 +161,13 @@ void PopoverWindow::hideEvent(QHideEvent* event) {
     m_pointerPresses = {};
     m_isEntered = false;
     QWidget::hideEvent(event);
+}
+
+void PopoverWindow::closeEvent(QCloseEvent* event) {
+    if (m_form == Form::popover)
+        return QWidget::closeEvent(event);
+    event->ignore();
+    m_parts.leaveWindow();
 }
 
 std::shared_ptr<void> PopoverWindow::holdOpen() { return m_hold; }

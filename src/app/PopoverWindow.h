@@ -29,6 +29,8 @@ public:
         /// Creates the widget that shows the main view; called once, before the first show.
         std::function<QWidget*()> makeScreen;
         std::function<void()> quit;
+        /// Runs when the user closes the window form, which stays open.
+        std::function<void()> leaveWindow;
         WindowServer& windowServer;
     };
 
@@ -57,6 +59,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     enum class Form { popover, window };

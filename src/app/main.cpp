@@ -144,7 +144,8 @@ private:
                        .systemAppearance = m_machine.appearance,
                        .windowServer = *m_machine.windowServer,
                        .makeStatusItem = [this] { return m_machine.makeStatusItem(); },
-                       .terminate = [] { QApplication::quit(); },
+                       // Not `quit`, which the window that stands in for the popover would refuse.
+                       .terminate = [] { QApplication::exit(); },
                        .openLink = openLink}};
     std::unique_ptr<Timer> m_afterStart;
     RunningInstance m_instance{[this] { m_app.open(); }};

@@ -42,6 +42,7 @@ protected:
     PopoverWindow popover{{.loadContent = [] {},
                            .makeScreen = [] { return new QWidget; },
                            .quit = [] {},
+                           .leaveWindow = [] {},
                            .windowServer = server}};
 };
 

@@ -1,0 +1,85 @@
+#include "app/WholeProgram.h"
+
+#include <QWindow>
+
+namespace brisklog::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class WindowWithoutPanel : public WholeProgram {
+protected:
+    WindowWithoutPanel() {
+        hasStatusItem = false;
+        app.open();
+        settle();
+    }
+
+    /// As the window manager's button or Alt-F4 does.
+    void closeWindow() {
+        app.popover()->windowHandle()->close();
+        settle();
+    }
+
+    void switchTrackingOn() {
+        click(u"Auto-Tracking"_s);
+        click(u"Automatische Zeiterfassung"_s);
+    }
+
+    static QString question() {
+        const QWidget* const alert = QApplication::activeModalWidget();
+        return alert == nullptr ? QString() : alert->accessibleDescription();
+    }
+};
+
+TEST_F(WindowWithoutPanel, closingItEndsTheProgramWhichNobodyWouldSeeAnyMore) {
+    closeWindow();
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(WindowWithoutPanel, closingItAsksWhileTimersRun) {
+    startTimer(u"Entwurf"_s);
+    closeWindow();
+    EXPECT_EQ(terminations, 0);
+    EXPECT_TRUE(app.popover()->isShown());
+    EXPECT_EQ(question(), u"Laufende Timer gehen beim Beenden verloren."_s);
+    click(u"Abbrechen"_s);
+    EXPECT_TRUE(app.popover()->isShown());
+    closeWindow();
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(WindowWithoutPanel, closingItAsksWhileTrackingRecords) {
+    switchTrackingOn();
+    closeWindow();
+    EXPECT_EQ(terminations, 0);
+    EXPECT_EQ(question(), u"Die automatische Zeiterfassung ruht, bis Brisklog wieder gestartet wird."_s);
+    click(u"Beenden"_s);
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(WindowWithoutPanel, closingItNamesBothTimersAndTracking) {
+    startTimer(u"Entwurf"_s);
+    switchTrackingOn();
+    closeWindow();
+    EXPECT_EQ(question(), u"Laufende Timer gehen beim Beenden verloren. Die automatische Zeiterfassung ruht, "
+                          "bis Brisklog wieder gestartet wird."_s);
+}
+
+TEST_F(WindowWithoutPanel, closingItEndsTheProgramWhereTheDesktopTellsTrackingNothing) {
+    switchTrackingOn();
+    frontmost.setAvailability(FrontmostApplication::Availability::unavailable);
+    closeWindow();
+    EXPECT_EQ(terminations, 1);
+}
+
+TEST_F(WindowWithoutPanel, closingItOnlyHidesItOnceAPanelShowsTheIcon) {
+    hasStatusItem = true;
+    closeWindow();
+    EXPECT_EQ(terminations, 0);
+    EXPECT_FALSE(app.popover()->isShown());
+}
+
+} // namespace
+} // namespace brisklog::test
