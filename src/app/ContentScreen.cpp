@@ -29,7 +29,7 @@ public:
 protected:
     void refresh() override {
         for (std::size_t i = 0; i < m_buttons.size(); ++i)
-            m_buttons[i]->setSelected(m_content.shownSection() == sections[i].number);
+            m_buttons[i]->setSelected(m_content.selectedSection == sections[i].number);
     }
 
 private:

@@ -26,6 +26,13 @@ protected:
         click(u"Automatische Zeiterfassung"_s);
     }
 
+    /// The window has a button of that name too.
+    static void confirm() {
+        QTest::mouseClick(findNamed<QAbstractButton>(*QApplication::activeModalWidget(), u"Beenden"_s),
+                          Qt::LeftButton);
+        settle();
+    }
+
     static QString question() {
         const QWidget* const alert = QApplication::activeModalWidget();
         return alert == nullptr ? QString() : alert->accessibleDescription();
@@ -46,7 +53,7 @@ TEST_F(WindowWithoutPanel, closingItAsksWhileTimersRun) {
     click(u"Abbrechen"_s);
     EXPECT_TRUE(app.popover()->isShown());
     closeWindow();
-    click(u"Beenden"_s);
+    confirm();
     EXPECT_EQ(terminations, 1);
 }
 
@@ -55,7 +62,7 @@ TEST_F(WindowWithoutPanel, closingItAsksWhileTrackingRecords) {
     closeWindow();
     EXPECT_EQ(terminations, 0);
     EXPECT_EQ(question(), u"Die automatische Zeiterfassung ruht, bis Brisklog wieder gestartet wird."_s);
-    click(u"Beenden"_s);
+    confirm();
     EXPECT_EQ(terminations, 1);
 }
 

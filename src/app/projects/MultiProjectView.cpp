@@ -44,13 +44,16 @@ bool MultiProjectView::isAutoTrackingSelected() const {
 }
 
 int MultiProjectView::selectedTab() const {
-    return isAutoTrackingSelected() ? autoTrackingTab() : m_services.store.selectedProjectIndex.get();
+    if (isAutoTrackingSelected())
+        return autoTrackingTab();
+    const int index = m_services.store.selectedProjectIndex;
+    return isProject(index) ? index : noTab;
 }
 
 void MultiProjectView::selectTab(int tab) {
     if (tab == autoTrackingTab())
         selectAutoTracking();
-    else if (tab >= 0 && tab < projectCount() && tab != selectedTab())
+    else if (isProject(tab) && tab != selectedTab())
         m_services.store.selectedProjectIndex = tab;
 }
 
@@ -60,14 +63,19 @@ void MultiProjectView::selectAutoTracking() {
 }
 
 void MultiProjectView::stepTabs(int steps) {
-    selectTab(std::clamp(selectedTab() + steps, 0, autoTrackingTab()));
+    const int first = projectCount() == 0 ? noTab : 0;
+    const int tab = std::clamp(selectedTab() + steps, first, autoTrackingTab());
+    if (tab == noTab)
+        m_services.store.selectedProjectIndex = m_services.store.selectedProjectIndex.get();
+    else
+        selectTab(tab);
 }
 
 std::shared_ptr<ProjectView> MultiProjectView::projectView() {
     forgetDeletedProjects();
     const int index = m_services.store.selectedProjectIndex;
-    const bool exists = index >= 0 && index < projectCount();
-    const Uuid id = exists ? m_services.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
+    const Uuid id =
+        isProject(index) ? m_services.store.projects.get()[static_cast<std::size_t>(index)].id : Uuid();
     std::shared_ptr<ProjectView>& view = m_projectViews[id];
     if (!view)
         view = std::make_shared<ProjectView>(m_services, index);

@@ -19,6 +19,9 @@ enum class TimerActivity {
     running, ///< at least one of them
 };
 
+/// Instead of a tab's position: the store's selection is no project, and the substitute is shown.
+inline constexpr int noTab = -1;
+
 /// One project's tab.
 struct ProjectTab {
     std::string name;
@@ -46,8 +49,7 @@ public:
     /// The position of the "Auto-Tracking" tab: after the last project's.
     [[nodiscard]] int autoTrackingTab() const { return projectCount(); }
 
-    /// The tab shown: a project's position, or that of "Auto-Tracking". An invalid selection is returned as
-    /// is.
+    /// The tab shown: a project's position, that of "Auto-Tracking", or `noTab`.
     [[nodiscard]] int selectedTab() const;
 
     [[nodiscard]] bool isAutoTrackingSelected() const;
@@ -59,7 +61,8 @@ public:
     void selectTab(int tab);
     void selectAutoTracking();
 
-    /// Moves the selection by a number of tabs, stopping at both ends.
+    /// Moves the selection by a number of tabs, stopping at both ends. Without projects the substitute is
+    /// before "Auto-Tracking".
     void stepTabs(int steps);
 
     /// The view of the selected project. What is typed there stays with its project as long as the project
@@ -70,6 +73,8 @@ public:
     void resetAllData();
 
 private:
+    [[nodiscard]] bool isProject(int tab) const { return tab >= 0 && tab < projectCount(); }
+
     void forgetDeletedProjects();
 
     ProjectServices m_services;

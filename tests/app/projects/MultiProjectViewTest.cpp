@@ -138,6 +138,26 @@ TEST_F(ProjectTabs, deletingTheOnlyProjectShowsTheSubstitute) {
     EXPECT_EQ(view.projectView()->project().name, "Fehler");
 }
 
+TEST_F(ProjectTabs, noneIsSelectedWhereTheSubstituteIsShown) {
+    bench.store.selectedProjectIndex = 3;
+    EXPECT_EQ(view.selectedTab(), noTab);
+    EXPECT_EQ(view.projectView()->project().name, "Fehler");
+    for (int count = 0; count < 3; ++count)
+        bench.store.deleteProject(0);
+    EXPECT_EQ(view.selectedTab(), noTab);
+}
+
+TEST_F(ProjectTabs, stepLeadsFromTheSubstituteToAutoTrackingAndBack) {
+    for (int count = 0; count < 3; ++count)
+        bench.store.deleteProject(0);
+    view.stepTabs(1);
+    EXPECT_TRUE(view.isAutoTrackingSelected());
+    EXPECT_EQ(view.selectedTab(), view.autoTrackingTab());
+    view.stepTabs(-1);
+    EXPECT_EQ(view.selectedTab(), noTab);
+    EXPECT_TRUE(bench.store.projects->empty());
+}
+
 TEST_F(ProjectTabs, startingWithoutAnyProjectCreatesTheDefaultOne) {
     for (int count = 0; count < 3; ++count)
         bench.store.deleteProject(0);

@@ -163,6 +163,18 @@ TEST_F(ProjectSheets, deletingTheOnlyProjectShowsTheSubstitute) {
     EXPECT_TRUE(bench.store.projects->empty());
 }
 
+TEST_F(ProjectSheets, noTabIsMarkedOverTheSubstituteUntilOneIsChosen) {
+    open();
+    bench.store.deleteProject(0);
+    settle();
+    const auto isMarked = [this] { return button(u"Auto-Tracking"_s).isChecked(); };
+    EXPECT_TRUE(shows(u"Fehler"_s));
+    EXPECT_FALSE(isMarked());
+    click(u"Auto-Tracking"_s);
+    EXPECT_TRUE(isMarked());
+    EXPECT_FALSE(shows(u"Fehler"_s));
+}
+
 TEST_F(ProjectSheets, keyboardReturnsToTheTaskField) {
     openNewProject();
     press(u"Abbrechen"_s);

@@ -190,9 +190,10 @@ void ProjectTabStrip::placeTab(std::size_t slot, const TabPlacement& placement) 
                        .symbolColor = symbolColor(timers),
                        .state = stateText(timers),
                        .isSelected = isSelected});
-    // The project tabs are a single tab stop: the selected tab, or the first while "Auto-Tracking" is
+    // The project tabs are a single tab stop: the selected tab, or the first while "Auto-Tracking" or none is
     // selected.
-    const bool isStop = isSelected || (isAutoTrackingSelected() && slot == 0);
+    const bool hasSelected = !isAutoTrackingSelected() && m_content.selectedTab != noTab;
+    const bool isStop = isSelected || (!hasSelected && slot == 0);
     button.setFocusPolicy(isStop ? Qt::TabFocus : Qt::NoFocus);
     button.setGeometry(placement.x, 0, placement.width, stripHeight);
     button.show();
