@@ -3,10 +3,13 @@
 #include "ui/controls/NavigationButton.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QStackedWidget>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace brisklog {
 namespace {
@@ -15,6 +18,8 @@ namespace {
 class TopNavigationBar final : public Screen {
 public:
     explicit TopNavigationBar(ContentView& content) : m_content(content) {
+        setAccessibleRole(*this, QAccessible::PageTabList);
+        setAccessibleName(u"Bereiche"_s);
         observe(m_content);
         Row row{stretch()};
         for (const Section& section : sections) {

@@ -5,6 +5,7 @@
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/Alert.h"
@@ -57,9 +58,9 @@ AutoTrackingScreen::AutoTrackingScreen(AutoTrackingManager& manager, FrontmostAp
     clear->onClick([this] { confirmClearing(); });
     m_switch->onToggled([this](bool isOn) { m_view.setTracking(isOn); });
     auto* const content = asWidget(Column{
-        Row{new Label(u"Automatische Zeiterfassung"_s, FontRole::title17), stretch(), m_switch}, space(10),
-        Row{m_dot, m_status, stretch()}.spacing(dotGap), space(4), statusLines(), space(16), calendar,
-        stretch(),
+        Row{asHeading(new Label(u"Automatische Zeiterfassung"_s, FontRole::title17)), stretch(), m_switch},
+        space(10), Row{m_dot, m_status, stretch()}.spacing(dotGap), space(4), statusLines(), space(16),
+        calendar, stretch(),
         Row{stretch(), clear,
             stretch()}}.margins({inset, gapUnderTabs, inset, bottomMargin}));
     Column{expanding(new ScrollArea(content))}.applyTo(*this);

@@ -10,6 +10,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 
@@ -159,8 +160,9 @@ protected:
 };
 
 QWidget* header(const QString& text) {
-    return asBar(Row{new Label(text, FontRole::heading15), stretch()}.margins({margin, 0, margin, 0}),
-                 headerHeight);
+    return asBar(
+        Row{asHeading(new Label(text, FontRole::heading15)), stretch()}.margins({margin, 0, margin, 0}),
+        headerHeight);
 }
 
 Label* heading(const QString& text) { return new Label(text, FontRole::body13, &Palette::secondary); }

@@ -1,6 +1,9 @@
 #include "invoice/screens/ArchiveModel.h"
 
+#include "ui/lists/RowList.h"
 #include "ui/look/Text.h"
+
+#include <QAccessible>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +22,18 @@ void append(std::vector<ArchiveRow>& rows, ArchiveGroup group) {
     }
     rows.at(first).isFirst = true;
     rows.back().isLast = true;
+}
+
+QVariant roleOf(ArchiveRow::Kind kind) {
+    switch (kind) {
+    case ArchiveRow::Kind::explanation:
+        return QAccessible::StaticText;
+    case ArchiveRow::Kind::month:
+        return QAccessible::Heading;
+    case ArchiveRow::Kind::invoice:
+        break;
+    }
+    return {};
 }
 
 } // namespace
@@ -72,6 +87,10 @@ QVariant ArchiveModel::data(const QModelIndex& index, int role) const {
         return screenText(rowAt(index).title);
     if (role == Qt::AccessibleTextRole)
         return spokenText(rowAt(index));
+    if (role == RowList::accessibleRole)
+        return roleOf(rowAt(index).kind);
+    if (role == RowList::isOpenRole && rowAt(index).kind == ArchiveRow::Kind::invoice)
+        return m_view.isOpen(rowAt(index).invoice.id);
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "ui/controls/Card.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 
 namespace brisklog::invoiceForm {
 namespace {
@@ -15,7 +16,7 @@ constexpr int labelWidth = 144;
 } // namespace
 
 LayoutItem heading(const QString& title, const LayoutBox& buttons) {
-    auto* label = new Label(title, FontRole::body13Semibold);
+    auto* label = asHeading(new Label(title, FontRole::body13Semibold));
     label->setMinimumHeight(headingHeight);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return Row{label, stretch(), buttons}.margins({headingInset, 0, headingInset, headingGap});

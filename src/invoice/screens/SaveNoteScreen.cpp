@@ -4,6 +4,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
 
@@ -23,7 +24,7 @@ SaveNoteScreen::SaveNoteScreen(TimeTrackingStore& timeStore, InvoiceView& invoic
     m_name->onEdited([this](const QString& typed) { m_view.setNoteName(typed.toStdString()); });
     m_cancel->onClick([this] { m_view.cancel(); });
     m_save->onClick([this] { m_view.save(); });
-    Column{new Label(u"Notiz speichern"_s, FontRole::heading15),
+    Column{asHeading(new Label(u"Notiz speichern"_s, FontRole::heading15)),
            new Label(u"Geben Sie einen Namen für die Notiz ein:"_s, FontRole::tab12, &Palette::secondary),
            space(9),
            m_name,

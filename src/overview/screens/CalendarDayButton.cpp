@@ -42,11 +42,18 @@ CalendarDayButton::CalendarDayButton(QWidget* parent) : Clickable(radius, parent
 void CalendarDayButton::setCell(const std::optional<CalendarCell>& cell) {
     if (m_cell == cell)
         return;
+    const bool wasChosen = isChosen().value_or(false);
     m_cell = cell;
+    if (isChosen().value_or(false) != wasChosen)
+        announceChoice();
     setEnabled(cell.has_value());
     setAccessibleName(cell ? screenText(cell->name) : QString());
     setAccessibleDescription(cell ? description(*cell) : QString());
     update();
+}
+
+std::optional<bool> CalendarDayButton::isChosen() const {
+    return m_cell ? std::optional(m_cell->isSelected) : std::nullopt;
 }
 
 void CalendarDayButton::paintEvent(QPaintEvent*) {

@@ -19,6 +19,8 @@ public:
     /// Receives keys, to move through the calendar; returns whether it handled the key.
     void onKey(std::function<bool(int key)> handle) { m_handleKey = std::move(handle); }
 
+    [[nodiscard]] std::optional<bool> isChosen() const override;
+
     [[nodiscard]] QSize sizeHint() const override { return {44, 44}; }
 
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

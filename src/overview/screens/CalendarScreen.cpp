@@ -5,6 +5,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QGridLayout>
@@ -30,7 +31,7 @@ SymbolButton* chevron(const QString& symbol, const QString& tooltip) {
 } // namespace
 
 CalendarScreen::CalendarScreen(const CalendarServices& services, QWidget* parent)
-    : Screen(parent), m_view(services), m_title(new Label({}, FontRole::body13Semibold)) {
+    : Screen(parent), m_view(services), m_title(asHeading(new Label({}, FontRole::body13Semibold))) {
     auto* const previous = chevron(u"chevron.left"_s, u"Voriger Monat"_s);
     auto* const next = chevron(u"chevron.right"_s, u"Nächster Monat"_s);
     previous->onClick([this] { m_view.showPreviousMonth(); });

@@ -7,6 +7,7 @@
 #include "ui/look/Figures.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 using namespace Qt::StringLiterals;
@@ -23,7 +24,9 @@ constexpr BarChart::Look weekLook{
 constexpr BarChart::Look revenueLook{
     .barColor = &Palette::greenFill, .height = 120, .barWidth = 44, .gutter = 58};
 
-Label* heading(const QString& text) { return new Label(text, FontRole::heading15); }
+Label* heading(const QString& text, FontRole font = FontRole::heading15) {
+    return asHeading(new Label(text, font));
+}
 
 QWidget* card(const Column& content) { return new Card(content, cardPadding); }
 
@@ -125,7 +128,7 @@ QWidget* DashboardScreen::dailyOverview() {
          showing(&DashboardContent::currentDate, new Label({}, FontRole::caption11, &Palette::secondary)),
          space(4), largeSum(u"Arbeitszeit heute:"_s, &DashboardContent::todaysWork), hairline(),
          largeSum(u"Gesamtarbeitszeit:"_s, &DashboardContent::totalWork), space(8),
-         new Label(u"Projekte Übersicht"_s, FontRole::body13Semibold), space(2), m_projects, space(12),
+         heading(u"Projekte Übersicht"_s, FontRole::body13Semibold), space(2), m_projects, space(12),
          sum(u"Gesamtverdienst"_s, &DashboardContent::totalEarnings, total)});
 }
 
@@ -148,7 +151,7 @@ QWidget* DashboardScreen::finance() {
     constexpr SumLook money{.figure = FontRole::title17, .figureColor = &Palette::green};
     m_revenue = new BarChart(revenueLook);
     return card({heading(u"Finanzen & Abrechnung"_s), space(8),
-                 new Label(u"Monatlicher Umsatz"_s, FontRole::body13Semibold), space(4), m_revenue, space(10),
+                 heading(u"Monatlicher Umsatz"_s, FontRole::body13Semibold), space(4), m_revenue, space(10),
                  hairline(), space(8), sum(u"Aktueller Monat:"_s, &DashboardContent::currentMonth, money),
                  space(2), sum(u"Gesamt:"_s, &DashboardContent::totalEarnings, money)});
 }

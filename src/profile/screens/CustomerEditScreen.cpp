@@ -6,6 +6,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/Alert.h"
 #include "ui/sheets/SheetWindow.h"
@@ -31,7 +32,7 @@ LayoutItem group(const QString& title, const std::vector<LayoutItem>& rows) {
     for (const LayoutItem& row : rows)
         column.add(row);
     auto* card = new Card(column.spacing(rowGap), {14, 10, 14, 12});
-    return Column{Row{space(2), new Label(title, FontRole::body13Semibold)}, space(4), card};
+    return Column{Row{space(2), asHeading(new Label(title, FontRole::body13Semibold))}, space(4), card};
 }
 
 /// The widget, set to that width.

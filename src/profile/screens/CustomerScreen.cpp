@@ -52,7 +52,7 @@ void CustomerScreen::makeList() {
             editCustomer(current);
         return chooses;
     });
-    connect(m_list, &QAbstractItemView::clicked, this, [this](const QModelIndex& i) { editCustomer(i); });
+    m_list->onClicked([this](const QModelIndex& clicked) { editCustomer(clicked); });
 }
 
 void CustomerScreen::editCustomer(const QModelIndex& index) {

@@ -93,7 +93,7 @@ void LogoPickerScreen::makeList() {
         return isReturn(key);
     });
     m_list->viewport()->installEventFilter(this);
-    connect(m_list, &QListView::clicked, this, [this](const QModelIndex& index) { choose(index); });
+    m_list->onClicked([this](const QModelIndex& index) { choose(index); });
     m_scrolled->setSingleShot(true);
     connect(m_scrolled, &QTimer::timeout, this, [this] { showThumbnails(); });
     connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, m_scrolled,

@@ -9,6 +9,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QPainter>
@@ -56,7 +57,7 @@ void showValue(TextField& field, const QString& value) {
 class NoteBox final : public QWidget {
 public:
     NoteBox(const QString& heading, const QString& text) {
-        Column{new Label(heading, FontRole::body13Semibold), space(1),
+        Column{asHeading(new Label(heading, FontRole::body13Semibold)), space(1),
                new Label(text, FontRole::tab12, &Palette::secondary, Label::Lines::wrapped)}
             .margins({17, 9, 16, 11})
             .applyTo(*this);
@@ -89,7 +90,7 @@ QWidget* note() {
 ProfileScreen::ProfileScreen(UserProfile& profile, const Images& images, QWidget* parent)
     : Screen(parent), m_profile(profile), m_logo(new LogoPlate(images)) {
     auto* const content = new QWidget;
-    auto* const title = new Label(u"Profil"_s, FontRole::title17);
+    auto* const title = asHeading(new Label(u"Profil"_s, FontRole::title17));
     Column{Row{title}.margins({titleInset, 0, titleInset, 0}),
            space(margin),
            logoSection(),

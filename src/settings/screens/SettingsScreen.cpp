@@ -8,6 +8,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/Sheets.h"
@@ -53,6 +54,7 @@ public:
     explicit Link(const QString& caption) : Clickable(linkRadius) {
         setCaption(caption);
         setCursor(Qt::PointingHandCursor);
+        setAccessibleRole(*this, QAccessible::Link);
     }
 
     [[nodiscard]] QSize sizeHint() const override {

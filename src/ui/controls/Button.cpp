@@ -1,6 +1,7 @@
 #include "ui/controls/Button.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QPainter>
@@ -98,6 +99,7 @@ void Button::setSymbol(const QString& name) {
 
 void Button::setOpensMenu() {
     m_opensMenu = true;
+    setAccessibleRole(*this, QAccessible::ButtonMenu);
     updateGeometry();
     update();
 }

@@ -2,14 +2,15 @@
 
 #include <QAbstractButton>
 #include <functional>
+#include <optional>
 
 namespace brisklog {
 
 class FocusRing;
 
 /// The base of everything that can be pressed: tracks whether the pointer is over it, reacts to Space and
-/// Return, shows the focus ring for the keyboard and has the press action for screen readers. Its accessible
-/// name is its text.
+/// Return, shows the focus ring for the keyboard and can be pressed by screen readers. Its accessible name is
+/// its text; for screen readers it is a button, or what `setAccessibleRole` says.
 class Clickable : public QAbstractButton {
 public:
     /// The text on it, including any `&`.
@@ -27,8 +28,14 @@ public:
     /// Takes the focus and shows the ring, as if reached with Tab.
     void focusVisibly();
 
+    /// Whether it is the one chosen of several, such as the tab that is shown; nothing for what is no choice.
+    [[nodiscard]] virtual std::optional<bool> isChosen() const { return std::nullopt; }
+
 protected:
     explicit Clickable(int radius, QWidget* parent = nullptr);
+
+    /// Tells screen readers that `isChosen` has changed.
+    void announceChoice();
 
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;

@@ -4,6 +4,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QPainter>
@@ -42,9 +43,10 @@ Label* sentenceLabel(const QString& sentence) {
 
 EmptyState::EmptyState(const Content& content, Place place, QWidget* parent) : QWidget(parent) {
     auto* disc = new Disc(content.symbol, place == Place::sheet ? 88 : 72);
-    Column column{stretch(), aligned(disc, Qt::AlignHCenter),
-                  space(14), aligned(new Label(content.headline, FontRole::heading15), Qt::AlignHCenter),
-                  space(4),  aligned(sentenceLabel(content.sentence), Qt::AlignHCenter)};
+    Column column{
+        stretch(), aligned(disc, Qt::AlignHCenter),
+        space(14), aligned(asHeading(new Label(content.headline, FontRole::heading15)), Qt::AlignHCenter),
+        space(4),  aligned(sentenceLabel(content.sentence), Qt::AlignHCenter)};
     if (!content.buttonCaption.isEmpty()) {
         auto* button = new Button(content.buttonCaption, Button::Kind::primary);
         button->onClick(content.action);

@@ -3,6 +3,7 @@
 #include "ui/lists/RowDelegate.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QAbstractListModel>
@@ -39,7 +40,16 @@ public:
     }
 
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-        return role == Qt::DisplayRole ? QVariant(item(index).text) : QVariant();
+        switch (role) {
+        case Qt::DisplayRole:
+            return item(index).text;
+        case Qt::CheckStateRole:
+            return isChoice() ? QVariant(item(index).isChecked ? Qt::Checked : Qt::Unchecked) : QVariant();
+        case RowList::accessibleRole:
+            return item(index).isDivider ? QAccessible::Separator : QAccessible::MenuItem;
+        default:
+            return {};
+        }
     }
 
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override {
@@ -49,6 +59,11 @@ public:
 private:
     [[nodiscard]] const MenuItem& item(const QModelIndex& index) const {
         return m_items[static_cast<std::size_t>(index.row())];
+    }
+
+    /// Whether the menu shows which of its items is the chosen one.
+    [[nodiscard]] bool isChoice() const {
+        return std::ranges::find(m_items, true, &MenuItem::isChecked) != m_items.end();
     }
 
     const std::vector<MenuItem>& m_items;
@@ -139,14 +154,14 @@ private:
 MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
     : Popup(anchor), m_items(content.items), m_startRow(startRowOf(content)),
       m_list(new RowList(RowList::RowHeights::different)) {
+    setAccessibleRole(*this, QAccessible::PopupMenu);
     setAccessibleName(anchor.accessibleName());
     m_list->setRows(*new MenuModel(m_items, this), *new MenuDelegate(m_items, *m_list));
     m_list->setAccessibleName(anchor.accessibleName());
     m_list->onKey([this](const QModelIndex& current, int key) { return handleKey(current.row(), key); });
     connect(m_list, &QAbstractItemView::entered, this,
             [this](const QModelIndex& index) { setCurrentRow(index.row()); });
-    connect(m_list, &QAbstractItemView::clicked, this,
-            [this](const QModelIndex& index) { choose(index.row()); });
+    m_list->onClicked([this](const QModelIndex& index) { choose(index.row()); });
     Column{m_list}.margins(padding).applyTo(*this);
     setFixedSize(fittingSize(content, anchor.width()));
 }

@@ -4,6 +4,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 
 #include <QKeyEvent>
 #include <QLocale>
@@ -33,7 +34,7 @@ const QLocale& german() {
 MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, Qt::DayOfWeek firstWeekday,
                        std::function<void(const QDate&)> chosen)
     : Popup(anchor), m_selected(selected), m_current(selected), m_firstWeekday(firstWeekday),
-      m_chosen(std::move(chosen)), m_title(new Label({}, FontRole::body13Semibold)) {
+      m_chosen(std::move(chosen)), m_title(asHeading(new Label({}, FontRole::body13Semibold))) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     auto* previous = new SymbolButton(u"chevron.left"_s, u"Voriger Monat"_s);

@@ -1,6 +1,7 @@
 #include "ui/controls/NavigationButton.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QPainter>
@@ -55,13 +56,20 @@ NavigationButton::NavigationButton(const Content& content, Form form, QWidget* p
     setEnabled(!content.isDisabled);
     if (content.action)
         onClick(content.action);
+    if (m_form == Form::bar)
+        setAccessibleRole(*this, QAccessible::PageTab);
 }
 
 void NavigationButton::setSelected(bool isSelected) {
     if (m_isSelected == isSelected)
         return;
     m_isSelected = isSelected;
+    announceChoice();
     update();
+}
+
+std::optional<bool> NavigationButton::isChosen() const {
+    return m_form == Form::bar ? std::optional(m_isSelected) : std::nullopt;
 }
 
 NavigationButtonState NavigationButton::state() const {

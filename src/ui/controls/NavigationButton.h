@@ -47,6 +47,9 @@ public:
 
     [[nodiscard]] bool isSelected() const { return m_isSelected; }
 
+    /// In the navigation bar the buttons are tabs, of which one is chosen.
+    [[nodiscard]] std::optional<bool> isChosen() const override;
+
     [[nodiscard]] NavigationButtonState state() const;
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -24,28 +24,86 @@ constexpr int chevronSize = 14;
 constexpr int chevronEdge = 8;
 constexpr int textRight = chevronEdge + chevronSize + 4;
 
-/// Describes a picker to screen readers: the toolkit would use its current choice as its name.
-class PickerAccessible final : public QAccessibleWidget {
+/// Describes a picker to screen readers. Its name says what is chosen; the choice is its text, all of it
+/// selected as in a field whose text is replaced as a whole. The toolkit has no text at all, and would use
+/// the choice as the name.
+class PickerAccessible final : public QAccessibleWidget, public QAccessibleTextInterface {
 public:
     explicit PickerAccessible(Picker& picker) : QAccessibleWidget(&picker, QAccessible::ComboBox) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? picker().currentText() : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Value ? choice() : QAccessibleWidget::text(kind);
     }
 
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = picker().isOpen();
+        state.collapsed = !picker().isOpen();
+        return state;
+    }
+
+    [[nodiscard]] int childCount() const override { return 0; }
+
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+
     [[nodiscard]] QStringList actionNames() const override {
-        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+        return widget()->isEnabled() ? QStringList{showMenuAction()} + QAccessibleWidget::actionNames()
+                                     : QStringList();
     }
 
     void doAction(const QString& name) override {
-        if (name == showMenuAction() || name == pressAction())
+        if (name == showMenuAction() && widget()->isEnabled())
             picker().showPopup();
         else
             QAccessibleWidget::doAction(name);
     }
 
+    // The text
+
+    [[nodiscard]] QString text(int start, int end) const override { return choice().mid(start, end - start); }
+
+    [[nodiscard]] int characterCount() const override { return static_cast<int>(choice().size()); }
+
+    [[nodiscard]] int cursorPosition() const override { return 0; }
+
+    [[nodiscard]] int selectionCount() const override { return 1; }
+
+    void selection(int /*index*/, int* start, int* end) const override {
+        *start = 0;
+        *end = characterCount();
+    }
+
+    [[nodiscard]] QRect characterRect(int /*offset*/) const override { return rect(); }
+
+    [[nodiscard]] int offsetAtPoint(const QPoint& /*point*/) const override { return 0; }
+
+    [[nodiscard]] QString attributes(int /*offset*/, int* start, int* end) const override {
+        selection(0, start, end);
+        return {};
+    }
+
+    // It can only be chosen.
+    void addSelection(int /*start*/, int /*end*/) override {}
+
+    void removeSelection(int /*index*/) override {}
+
+    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+
+    void setCursorPosition(int /*position*/) override {}
+
+    void scrollToSubstring(int /*start*/, int /*end*/) override {}
+
+protected:
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
+
 private:
     [[nodiscard]] Picker& picker() const { return *static_cast<Picker*>(widget()); }
+
+    [[nodiscard]] QString choice() const { return picker().shownText(); }
 };
 
 QAccessibleInterface* pickerAccessible(const QString&, QObject* object) {
@@ -62,6 +120,14 @@ Picker::Picker(QWidget* parent) : QComboBox(parent) {
     setFont(fontFor(FontRole::body13));
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] { announceChoice(); });
+}
+
+/// The toolkit announces a changed value, which screen readers do not speak for want of a selection to look
+/// up.
+void Picker::announceChoice() {
+    QAccessibleTextInsertEvent chosen(this, 0, shownText());
+    QAccessible::updateAccessibility(&chosen);
 }
 
 void Picker::setOptions(const std::vector<QString>& options) {

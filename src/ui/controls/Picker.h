@@ -21,6 +21,12 @@ public:
 
     [[nodiscard]] int selectedIndex() const { return currentIndex(); }
 
+    /// The selected option, else the placeholder.
+    [[nodiscard]] QString shownText() const;
+
+    /// Whether its menu is open.
+    [[nodiscard]] bool isOpen() const { return !m_menu.isNull(); }
+
     /// Runs when the user has chosen, even the same option again.
     void onChosen(std::function<void(int)> chosen);
 
@@ -39,7 +45,7 @@ protected:
 
 private:
     void choose(int index);
-    [[nodiscard]] QString shownText() const;
+    void announceChoice();
     [[nodiscard]] QRect textRect() const;
 
     QPointer<QWidget> m_menu;

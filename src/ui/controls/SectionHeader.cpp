@@ -1,6 +1,7 @@
 #include "ui/controls/SectionHeader.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QPainter>
@@ -27,6 +28,7 @@ SectionHeader::SectionHeader(const QString& title, const QString& systemImage, Q
     : QLabel(parent), m_systemImage(systemImage) {
     setTextFormat(Qt::PlainText);
     setText(title);
+    setAccessibleRole(*this, QAccessible::Heading);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
 

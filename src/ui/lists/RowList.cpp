@@ -2,6 +2,7 @@
 
 #include "ui/lists/FloatingScrollBar.h"
 #include "ui/lists/RowDelegate.h"
+#include "ui/lists/RowListAccessible.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Palette.h"
 
@@ -11,6 +12,14 @@
 #include <utility>
 
 namespace brisklog {
+namespace {
+
+QAccessibleInterface* rowListAccessible(const QString&, QObject* object) {
+    auto* const list = dynamic_cast<RowList*>(object);
+    return list != nullptr ? new RowListAccessible(*list) : nullptr;
+}
+
+} // namespace
 
 RowList::RowList(RowHeights heights, QWidget* parent) : QListView(parent) {
     setFrameStyle(QFrame::NoFrame);
@@ -26,12 +35,61 @@ RowList::RowList(RowHeights heights, QWidget* parent) : QListView(parent) {
     viewport()->setAutoFillBackground(false);
     clearGround(*this);
     FloatingScrollBar::attach(*this);
+    // Installing it again has no effect.
+    QAccessible::installFactory(rowListAccessible);
 }
 
 void RowList::setRows(QAbstractItemModel& model, RowDelegate& delegate) {
     m_delegate = &delegate;
+    // Before the view itself is told, which asks for the rows' interfaces.
+    const auto rowsChanged = [this] { ++m_rowsRevision; };
+    connect(&model, &QAbstractItemModel::rowsInserted, this, rowsChanged);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, rowsChanged);
+    connect(&model, &QAbstractItemModel::layoutChanged, this, rowsChanged);
+    connect(&model, &QAbstractItemModel::modelReset, this, rowsChanged);
     setModel(&model);
     setItemDelegate(&delegate);
+}
+
+void RowList::onClicked(std::function<void(const QModelIndex&)> clicked) {
+    m_handleClick = std::move(clicked);
+    connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& row) { m_handleClick(row); });
+}
+
+void RowList::pressRow(const QModelIndex& row) {
+    if (!row.flags().testFlag(Qt::ItemIsEnabled))
+        return;
+    if (m_handlePress)
+        m_handlePress(row, RowPart::row);
+    else if (m_handleClick)
+        m_handleClick(row);
+}
+
+void RowList::focusRow(const QModelIndex& row) {
+    m_isFocusFromKeyboard = true;
+    setFocus(Qt::TabFocusReason);
+    setCurrentIndex(row);
+    scrollTo(row);
+    viewport()->update();
+}
+
+void RowList::announceRows() {
+    if (auto* const known = dynamic_cast<RowListAccessible*>(QAccessible::queryAccessibleInterface(this)))
+        known->announceChanges();
+}
+
+void RowList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+    QListView::dataChanged(first, last, roles);
+    announceRows();
+}
+
+/// The toolkit tells screen readers only that the list has the focus.
+void RowList::announceCurrentRow() {
+    if (!hasFocus() || !currentIndex().isValid())
+        return;
+    QAccessibleEvent focused(this, QAccessible::Focus);
+    focused.setChild(currentIndex().row());
+    QAccessible::updateAccessibility(&focused);
 }
 
 void RowList::focusInEvent(QFocusEvent* event) {
@@ -45,6 +103,9 @@ void RowList::focusInEvent(QFocusEvent* event) {
     if (m_isFocusFromKeyboard && reason != Qt::ActiveWindowFocusReason)
         scrollTo(currentIndex());
     viewport()->update();
+    // After the toolkit's own announcement.
+    QMetaObject::invokeMethod(
+        this, [this] { announceCurrentRow(); }, Qt::QueuedConnection);
 }
 
 void RowList::scrollTo(const QModelIndex& index, ScrollHint hint) {

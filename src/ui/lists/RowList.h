@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QListView>
+#include <cstdint>
 #include <functional>
 
 namespace brisklog {
@@ -18,6 +19,12 @@ public:
     /// `alike`: every row is as high as the first, so that only visible rows cost time, even with 25,000 of
     /// them.
     enum class RowHeights { alike, different };
+
+    /// What a model may tell of a row for screen readers, beside the toolkit's roles.
+    enum DataRole {
+        accessibleRole = Qt::UserRole, ///< the `QAccessible::Role` of what is no plain row
+        isOpenRole,                    ///< bool: whether the details of a row that has some are shown
+    };
 
     explicit RowList(RowHeights heights = RowHeights::alike, QWidget* parent = nullptr);
 
@@ -37,6 +44,25 @@ public:
     void onPressed(std::function<void(const QModelIndex& row, RowPart part)> pressed) {
         m_handlePress = std::move(pressed);
     }
+
+    /// Runs when a row was clicked; for lists whose rows have no parts.
+    void onClicked(std::function<void(const QModelIndex& row)> clicked);
+
+    /// Whether a click on an enabled row does anything.
+    [[nodiscard]] bool canPressRows() const { return m_handlePress || m_handleClick; }
+
+    /// What a click on the row does; for screen readers. Nothing if the row has gone or is not enabled.
+    void pressRow(const QModelIndex& row);
+
+    /// Gives the row the focus, as if reached with the keyboard.
+    void focusRow(const QModelIndex& row);
+
+    /// Tells screen readers which rows have been ticked, unticked, opened or closed. The list does so itself
+    /// when its model announces changed data.
+    void announceRows();
+
+    /// Changes whenever rows come, go or move.
+    [[nodiscard]] std::uint64_t rowsRevision() const { return m_rowsRevision; }
 
     /// Whether the pointer is on that part; only in lists whose rows can be pressed.
     [[nodiscard]] bool isHovered(const QModelIndex& row, RowPart part) const {
@@ -61,6 +87,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
 
 private:
     struct Spot {
@@ -74,13 +101,16 @@ private:
     void setHovered(const Spot& spot);
     void pressed(const QPoint& position);
     void released(const QPoint& position);
+    void announceCurrentRow();
 
     RowDelegate* m_delegate = nullptr;
     std::function<bool(const QModelIndex&, int)> m_handleKey;
     std::function<void(const QModelIndex&, RowPart)> m_handlePress;
+    std::function<void(const QModelIndex&)> m_handleClick;
     Spot m_hovered;
     Spot m_pressed;
     bool m_isFocusFromKeyboard = false;
+    std::uint64_t m_rowsRevision = 0;
 };
 
 } // namespace brisklog

@@ -1,16 +1,15 @@
 #include "ui/look/Look.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Typography.h"
 
-#include <QAccessibleWidget>
 #include <QApplication>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOption>
 #include <QToolTip>
 #include <QVariantAnimation>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -93,53 +92,6 @@ private:
     Motion m_motion;
 };
 
-bool isPopup(const QWidget& widget) { return widget.windowType() == Qt::Popup; }
-
-/// A window that also lists the menus and calendars open over it as children. The toolkit omits popups: a
-/// screen reader could follow the focus into a menu, but not navigate it.
-class WindowAccessible final : public QAccessibleWidget {
-public:
-    using QAccessibleWidget::QAccessibleWidget;
-
-    [[nodiscard]] int childCount() const override {
-        return QAccessibleWidget::childCount() + static_cast<int>(popups().size());
-    }
-
-    [[nodiscard]] QAccessibleInterface* child(int index) const override {
-        const int before = QAccessibleWidget::childCount();
-        const auto open = popups();
-        if (index < before || index >= before + static_cast<int>(open.size()))
-            return QAccessibleWidget::child(index);
-        return QAccessible::queryAccessibleInterface(open[static_cast<std::size_t>(index - before)]);
-    }
-
-    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override {
-        const auto open = popups();
-        for (std::size_t i = 0; i < open.size(); ++i)
-            if (child->object() == open[i])
-                return QAccessibleWidget::childCount() + static_cast<int>(i);
-        return QAccessibleWidget::indexOfChild(child);
-    }
-
-private:
-    [[nodiscard]] std::vector<QWidget*> popups() const {
-        std::vector<QWidget*> open;
-        for (QWidget* each : widget()->findChildren<QWidget*>())
-            if (each->isVisible() && isPopup(*each))
-                open.push_back(each);
-        return open;
-    }
-};
-
-QAccessibleInterface* windowAccessible(const QString& className, QObject* object) {
-    if (className != QLatin1String("QWidget"))
-        return nullptr;
-    auto* const widget = qobject_cast<QWidget*>(object);
-    const bool isOurs = widget != nullptr && widget->isWindow() && !isPopup(*widget) &&
-                        qstrcmp(widget->metaObject()->className(), "QWidget") == 0;
-    return isOurs ? new WindowAccessible(widget) : nullptr;
-}
-
 } // namespace
 
 Motion motionFromEnvironment() {
@@ -152,7 +104,7 @@ void installLook(QApplication& application, Motion motion) {
     application.setStyle(new ComponentStyle(motion));
     QApplication::setFont(fontFor(FontRole::body13));
     QToolTip::setFont(fontFor(FontRole::caption11));
-    QAccessible::installFactory(windowAccessible);
+    installScreenReaderSupport();
 }
 
 bool motionAllowed() {

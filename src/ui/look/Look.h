@@ -14,8 +14,8 @@ enum class Motion { full, reduced };
 /// The motion setting from environment variables alone, without asking the desktop.
 [[nodiscard]] Motion motionFromEnvironment();
 
-/// Installs our style, fonts, tooltips (after 600 ms) and window accessibility. Call once, before creating
-/// widgets; `applyColorScheme` then sets the colours.
+/// Installs our style, fonts, tooltips (after 600 ms) and support for screen readers. Call once, before
+/// creating widgets; `applyColorScheme` then sets the colours.
 void installLook(QApplication& application, Motion motion);
 
 /// Whether animations may run; false unless the look is installed.

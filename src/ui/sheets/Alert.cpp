@@ -4,6 +4,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 #include "ui/sheets/Sheets.h"
 
@@ -64,7 +65,7 @@ SheetWindow& presentAlert(QWidget& from, const AlertContent& content, std::funct
     });
     auto* body = asWidget(
         Column{Row{aligned(new WarningTile, Qt::AlignTop),
-                   Column{wrapped(content.title, FontRole::heading15, &Palette::text), space(4),
+                   Column{asHeading(wrapped(content.title, FontRole::heading15, &Palette::text)), space(4),
                           wrapped(content.message, FontRole::body13, &Palette::secondary), stretch()}}
                    .spacing(gap),
                space(18), Row{stretch(), cancel, action}.spacing(8)}

@@ -8,6 +8,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Look.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -79,7 +80,7 @@ void SheetWindow::setTitle(const QString& title) {
 }
 
 void SheetWindow::buildHeader() {
-    m_title = new ElidedLabel({}, FontRole::title17);
+    m_title = asHeading(new ElidedLabel({}, FontRole::title17));
     m_header = new QWidget;
     m_header->setFixedHeight(headerHeight - 1);
     m_headerRow = rowIn(*m_header, {paddingLeft, 0, headerPaddingRight, 0});

@@ -16,6 +16,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/Alert.h"
 #include "ui/sheets/Sheets.h"
@@ -63,7 +64,7 @@ ProjectScreen::ProjectScreen(const ProjectScreenServices& services, std::shared_
 }
 
 void ProjectScreen::makeWidgets() {
-    m_name = new ElidedLabel({}, FontRole::title17);
+    m_name = asHeading(new ElidedLabel({}, FontRole::title17));
     m_settingsButton = new SymbolButton(u"gearshape.fill"_s, u"Projekteinstellungen"_s);
     m_settingsButton->onClick([this] { openSettings(); });
     m_taskField = new TextField(u"Aufgabe eingeben"_s, TextField::Size::tall);
@@ -100,7 +101,7 @@ void ProjectScreen::makeActions() {
 
 void ProjectScreen::arrange() {
     auto* timersHeader = new SectionHeader(u"Aktive Zeiterfassung"_s, u"timer"_s);
-    auto* entriesHeader = new Label(u"Zeiterfassungen"_s, FontRole::body13Semibold);
+    auto* entriesHeader = asHeading(new Label(u"Zeiterfassungen"_s, FontRole::body13Semibold));
     auto* const content = asWidget(
         Column{header(), Row{m_taskField, m_startButton}.spacing(8), space(12),
                Row{space(inset), timersHeader, stretch(), m_noTimers, space(inset)}, m_timers, space(12),

@@ -2,10 +2,12 @@
 
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -25,15 +27,18 @@ constexpr int radius = 6;
 
 } // namespace
 
-ProjectTabButton::ProjectTabButton(QWidget* parent) : Clickable(radius, parent) { setCheckable(true); }
+ProjectTabButton::ProjectTabButton(QWidget* parent) : Clickable(radius, parent) {
+    setAccessibleRole(*this, QAccessible::PageTab);
+}
 
 void ProjectTabButton::setContent(const Content& content) {
     if (m_content == content)
         return;
-    m_content = content;
+    const bool wasSelected = std::exchange(m_content, content).isSelected;
     setCaption(content.label);
     setAccessibleDescription(content.state);
-    setChecked(content.isSelected);
+    if (content.isSelected != wasSelected)
+        announceChoice();
     updateTooltip();
     update();
 }

@@ -36,14 +36,14 @@ public:
     /// The width at which the tab shows its full label, selected or not.
     [[nodiscard]] static int naturalWidth(const QString& label);
 
+    [[nodiscard]] std::optional<bool> isChosen() const override { return m_content.isSelected; }
+
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-
-    void nextCheckState() override {}
 
 private:
     [[nodiscard]] bool showsWholeLabel() const;

@@ -4,6 +4,7 @@
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 #include "ui/look/Text.h"
 
@@ -66,6 +67,7 @@ public:
     explicit TabOverflowButton(QWidget* parent) : Clickable(overflowRadius, parent) {
         setToolTip(u"Alle Projekte"_s);
         setAccessibleName(u"Alle Projekte"_s);
+        setAccessibleRole(*this, QAccessible::ButtonMenu);
     }
 
     void setCount(int count) { setCaption(QString::number(count)); }
@@ -88,12 +90,14 @@ protected:
 };
 
 ProjectTabStrip::ProjectTabStrip(const Actions& actions, QWidget* parent)
-    : QWidget(parent), m_actions(actions) {
+    : QWidget(parent), m_actions(actions), m_tabArea(new QWidget(this)) {
     setFixedHeight(stripHeight);
+    setAccessibleRole(*m_tabArea, QAccessible::PageTabList);
+    m_tabArea->setAccessibleName(u"Projekte"_s);
     addTabButton();
     m_overflowButton = new TabOverflowButton(this);
     m_overflowButton->onClick([this] { openMenu(); });
-    m_autoTrackingButton = new ProjectTabButton(this);
+    m_autoTrackingButton = new ProjectTabButton(m_tabArea);
     m_autoTrackingButton->onClick([this] { selectAutoTracking(); });
     m_autoTrackingButton->onStep(m_actions.step);
     m_newProjectButton = new SymbolButton(u"plus"_s, u"Neues Projekt"_s, SymbolButton::Size::normal,
@@ -105,7 +109,7 @@ ProjectTabStrip::ProjectTabStrip(const Actions& actions, QWidget* parent)
 }
 
 void ProjectTabStrip::addTabButton() {
-    auto* button = new ProjectTabButton(this);
+    auto* button = new ProjectTabButton(m_tabArea);
     const std::size_t slot = m_tabButtons.size();
     button->onClick([this, slot] { m_actions.select(m_layout.projects[slot].projectIndex); });
     button->onStep(m_actions.step);
@@ -154,6 +158,7 @@ void ProjectTabStrip::place() {
                                .currentProject = m_content.currentProject,
                                .isAutoTrackingSelected = isAutoTrackingSelected(),
                                .availableWidth = width() - buttons - gapBeforeButtons});
+    m_tabArea->setGeometry(0, 0, width() - buttons - gapBeforeButtons, stripHeight);
     placeTabs();
     m_overflowButton->setVisible(m_layout.overflow.has_value());
     m_overflowButton->setCount(static_cast<int>(m_content.tabs.size()));
@@ -172,7 +177,7 @@ void ProjectTabStrip::placeTabs() {
         if (slot < m_layout.projects.size())
             placeTab(slot, m_layout.projects[slot]);
         else
-            m_tabButtons[slot]->hide();
+            takeTabAway(*m_tabButtons[slot]);
     m_autoTrackingButton->setContent({.label = autoTrackingLabel(),
                                       .symbol = u"chart.bar.fill"_s,
                                       .isSelected = isAutoTrackingSelected()});
@@ -197,6 +202,11 @@ void ProjectTabStrip::placeTab(std::size_t slot, const TabPlacement& placement) 
     button.setFocusPolicy(isStop ? Qt::TabFocus : Qt::NoFocus);
     button.setGeometry(placement.x, 0, placement.width, stripHeight);
     button.show();
+}
+
+void ProjectTabStrip::takeTabAway(ProjectTabButton& button) {
+    button.setContent({});
+    button.hide();
 }
 
 bool ProjectTabStrip::isTabFocused() const {

@@ -53,6 +53,7 @@ private:
     void place();
     void placeTabs();
     void placeTab(std::size_t slot, const TabPlacement& placement);
+    static void takeTabAway(ProjectTabButton& button);
     void selectAutoTracking();
     void openMenu();
     void focusSelectedTab();
@@ -62,6 +63,8 @@ private:
     QStringList m_names;
     std::vector<int> m_widths;
     TabStripLayout m_layout;
+    /// Holds the tabs alone: a list of tabs for screen readers.
+    QWidget* m_tabArea;
     /// At least as many as are shown; reused for other projects as the selection changes.
     std::vector<ProjectTabButton*> m_tabButtons;
     TabOverflowButton* m_overflowButton;
