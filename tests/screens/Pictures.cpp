@@ -1,5 +1,6 @@
 #include "screens/Pictures.h"
 
+#include "support/screen/Drawing.h"
 #include "support/screen/ScreenTest.h"
 #include "ui/look/Palette.h"
 
@@ -23,7 +24,7 @@ bool isPlain(const QImage& image) {
 
 } // namespace
 
-void takePictures(QWidget& window, const QString& name, const std::optional<QPoint>& groundAt) {
+void takePicturesOnly(QWidget& window, const QString& name, const std::optional<QPoint>& groundAt) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         applyColorScheme(scheme);
         settle();
@@ -40,6 +41,11 @@ void takePictures(QWidget& window, const QString& name, const std::optional<QPoi
         }
     }
     applyColorScheme(ColorScheme::light);
+}
+
+void takePictures(QWidget& window, const QString& name, const std::optional<QPoint>& groundAt) {
+    takePicturesOnly(window, name, groundAt);
+    expectDrawn(window, name);
 }
 
 } // namespace brisklog::test

@@ -140,6 +140,10 @@ TEST_F(ProjectNewcomers, lookAsTheyShould) {
     openWith(30, 4);
     start(u"Telefonat"_s);
     click(u"Stoppen"_s);
+    for (auto* const movement : screen->findChildren<QVariantAnimation*>()) {
+        movement->pause();
+        movement->setCurrentTime(0);
+    }
     takePictures(*screen, u"projekt-neu"_s);
 }
 

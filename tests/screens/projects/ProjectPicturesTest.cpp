@@ -99,8 +99,10 @@ TEST_F(ProjectPictures, fewEntries) {
 TEST_F(ProjectPictures, manyTimersAndLongNames) {
     bench.store.updateProject(0, "Donaudampfschifffahrtsgesellschaft, Abteilung für Fahrplanauskünfte", 95);
     for (const char* name : {"Erste Aufgabe mit einem sehr langen Namen, der nicht in die Zeile passt",
-                             "Zweite", "Dritte", "Vierte", "Fünfte"})
+                             "Zweite", "Dritte", "Vierte", "Fünfte"}) {
         bench.store.startTracking(name);
+        bench.clock.advance(1);
+    }
     bench.clock.advance(100 * 3600 + 61);
     open();
     takePictures(*screen, u"projekt-lang"_s);

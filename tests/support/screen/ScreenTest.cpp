@@ -1,12 +1,15 @@
 #include "support/screen/ScreenTest.h"
 
+#include "support/screen/TestFont.h"
 #include "ui/look/Look.h"
 #include "ui/look/Palette.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QCursor>
 #include <QEnterEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 #include <array>
 #include <cstdlib>
@@ -27,10 +30,16 @@ public:
 
     void SetUp() override {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Pictures are looked at by people.
+        if (!qEnvironmentVariableIsSet("BRISKLOG_PICTURES"))
+            m_font.emplace();
         m_application.emplace(m_count, m_arguments.data());
     }
 
-    void TearDown() override { m_application.reset(); }
+    void TearDown() override {
+        m_application.reset();
+        m_font.reset();
+    }
 
     [[nodiscard]] QApplication& application() { return *m_application; }
 
@@ -38,6 +47,7 @@ private:
     std::string m_name = "brisklog-tests";
     std::array<char*, 2> m_arguments{m_name.data(), nullptr};
     int m_count = 1;
+    std::optional<TestFont> m_font;
     std::optional<QApplication> m_application;
 };
 
@@ -48,6 +58,8 @@ private:
 ScreenTest::ScreenTest() {
     installLook(Application::registered().application(), Motion::reduced);
     applyColorScheme(ColorScheme::light);
+    // Beside every window that opens.
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
 }
 
 void settle() {

@@ -11,7 +11,8 @@
 namespace brisklog::test {
 
 /// Base of every test with widgets: an application on the offscreen platform with our look, in the light
-/// scheme and without motion. Nothing is read from or written to the user's home.
+/// scheme and without motion, the pointer beside every window. Nothing is read from or written to the user's
+/// home.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest();
