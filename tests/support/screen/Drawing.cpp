@@ -129,10 +129,10 @@ QStringList linesOf(const std::vector<Stroke>& light, const std::vector<Stroke>&
     return lines;
 }
 
-void append(QString& text, const DrawnWidget& light, const DrawnWidget& dark, int depth) {
+void append(QString& text, const DrawnWidget& light, const DrawnWidget& dark, int depth);
+
+void appendChildren(QString& text, const DrawnWidget& light, const DrawnWidget& dark, int depth) {
     const QString indent(2 * (depth + 1), u' ');
-    for (const QString& line : linesOf(light.strokes, dark.strokes))
-        text += indent + line + u'\n';
     ASSERT_EQ(light.children.size(), dark.children.size()) << "in " << light.name.toStdString();
     for (std::size_t i = 0; i < light.children.size(); ++i) {
         const DrawnWidget& child = light.children[i];
@@ -146,6 +146,13 @@ void append(QString& text, const DrawnWidget& light, const DrawnWidget& dark, in
     }
 }
 
+void append(QString& text, const DrawnWidget& light, const DrawnWidget& dark, int depth) {
+    const QString indent(2 * (depth + 1), u' ');
+    for (const QString& line : linesOf(light.strokes, dark.strokes))
+        text += indent + line + u'\n';
+    appendChildren(text, light, dark, depth);
+}
+
 QString read(const QString& path) {
     QFile file(path);
     return file.open(QFile::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
@@ -154,6 +161,21 @@ QString read(const QString& path) {
 void write(const QString& path, const QString& text) {
     QFile file(path);
     EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(text.toUtf8()) >= 0) << path.toStdString();
+}
+
+void expectText(const QString& drawing, const QString& name) {
+    // Those have the machine's fonts.
+    if (qEnvironmentVariableIsSet("BRISKLOG_PICTURES"))
+        return;
+    const QString path = QStringLiteral(BRISKLOG_DRAWN "/%1.txt").arg(name);
+    if (qEnvironmentVariableIsSet("BRISKLOG_ACCEPT_DRAWINGS"))
+        return write(path, drawing);
+    const QString accepted = read(path);
+    if (drawing != accepted)
+        ADD_FAILURE() << "tests/drawn/" << name.toStdString()
+                      << ".txt: this is drawn (+) instead of that (-):\n"
+                      << difference(accepted, drawing).toStdString()
+                      << "If it is meant to be so: tools/accept-drawings";
 }
 
 } // namespace
@@ -169,18 +191,15 @@ QString drawingOf(QWidget& widget) {
     return text;
 }
 
-void expectDrawn(QWidget& widget, const QString& name) {
-    if (qEnvironmentVariableIsSet("BRISKLOG_PICTURES"))
-        return;
-    const QString path = QStringLiteral(BRISKLOG_DRAWN "/%1.txt").arg(name);
-    const QString drawing = drawingOf(widget);
-    if (qEnvironmentVariableIsSet("BRISKLOG_ACCEPT_DRAWINGS"))
-        return write(path, drawing);
-    const QString accepted = read(path);
-    EXPECT_TRUE(drawing == accepted) << "tests/drawn/" << name.toStdString()
-                                     << ".txt: this is drawn (+) instead of that (-):\n"
-                                     << difference(accepted, drawing).toStdString()
-                                     << "If it is meant to be so: tools/accept-drawings";
+void expectDrawn(QWidget& widget, const QString& name) { expectText(drawingOf(widget), name); }
+
+void DrawnStates::add(const QString& caption, QWidget& window) {
+    const DrawnWidget dark = drawnIn(ColorScheme::dark, window);
+    const DrawnWidget light = drawnIn(ColorScheme::light, window);
+    m_text += caption + u'\n';
+    appendChildren(m_text, light, dark, 0);
 }
+
+void DrawnStates::expectAccepted(const QString& name) const { expectText(m_text, name); }
 
 } // namespace brisklog::test

@@ -15,4 +15,17 @@ namespace brisklog::test {
 /// are taken, which have the machine's fonts.
 void expectDrawn(QWidget& widget, const QString& name);
 
+/// Several small drawings in one file, each under its caption.
+class DrawnStates {
+public:
+    /// Adds what is drawn in that window, without the window itself.
+    void add(const QString& caption, QWidget& window);
+
+    /// The same as `expectDrawn`.
+    void expectAccepted(const QString& name) const;
+
+private:
+    QString m_text;
+};
+
 } // namespace brisklog::test
