@@ -276,17 +276,17 @@ TEST_F(ControlsDrawn, stepper) {
 }
 
 TEST_F(ControlsDrawn, stepperUnderThePointer) {
-    constexpr QPoint onMinus(60, 16);
-    constexpr QPoint onPlus(90, 16);
+    constexpr QPoint minusButton(60, 16);
+    constexpr QPoint plusButton(90, 16);
     QWidget window;
     auto* const stepper = new Stepper(0, 23, u"h"_s, u"Stunden"_s);
     showIn(window, stepper);
-    movePointer(*stepper, onPlus);
+    movePointer(*stepper, plusButton);
     states.add(u"on plus"_s, window);
-    QTest::mousePress(stepper, Qt::LeftButton, {}, onPlus);
+    QTest::mousePress(stepper, Qt::LeftButton, {}, plusButton);
     states.add(u"plus pressed"_s, window);
-    QTest::mouseRelease(stepper, Qt::LeftButton, {}, onPlus);
-    movePointer(*stepper, onMinus);
+    QTest::mouseRelease(stepper, Qt::LeftButton, {}, plusButton);
+    movePointer(*stepper, minusButton);
     states.add(u"on minus"_s, window);
     stepper->setNumber(0);
     states.add(u"on a minus that cannot"_s, window);

@@ -1,6 +1,7 @@
 // The sheets that create, edit and delete a project.
 
 #include "screens/projects/ProjectScreenBench.h"
+#include "support/screen/ScreenReader.h"
 
 #include <QTest>
 
@@ -167,7 +168,7 @@ TEST_F(ProjectSheets, noTabIsMarkedOverTheSubstituteUntilOneIsChosen) {
     open();
     bench.store.deleteProject(0);
     settle();
-    const auto isMarked = [this] { return button(u"Auto-Tracking"_s).isChecked(); };
+    const auto isMarked = [this] { return ScreenReader::of(button(u"Auto-Tracking"_s)).state().selected; };
     EXPECT_TRUE(shows(u"Fehler"_s));
     EXPECT_FALSE(isMarked());
     click(u"Auto-Tracking"_s);
