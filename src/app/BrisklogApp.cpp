@@ -13,6 +13,8 @@
 #include "profile/screens/ProfileScreen.h"
 #include "settings/screens/SettingsScreen.h"
 #include "ui/look/Palette.h"
+#include "ui/look/ScreenReader.h"
+#include "ui/look/Text.h"
 #include "ui/sheets/Alert.h"
 #include "ui/sheets/SheetWindow.h"
 #include "ui/sheets/Sheets.h"
@@ -121,16 +123,18 @@ void BrisklogApp::loadProjects() {
     const auto exportProject = [this, &store](const Project& project) {
         exportReport(store, project, m_documents);
     };
-    m_projects =
-        std::make_unique<MultiProjectView>(ProjectServices{.store = store,
-                                                           .clock = m_outside.clock,
-                                                           .runLoop = m_outside.runLoop,
-                                                           .exportReport = exportProject},
-                                           AutoTrackingPlatform{.frontmost = m_outside.frontmost,
-                                                                .userDefaults = m_outside.userDefaults,
-                                                                .clock = m_outside.clock,
-                                                                .runLoop = m_outside.runLoop,
-                                                                .log = m_outside.log});
+    m_projects = std::make_unique<MultiProjectView>(
+        ProjectServices{
+            .store = store,
+            .clock = m_outside.clock,
+            .runLoop = m_outside.runLoop,
+            .exportReport = exportProject,
+            .announce = [this](const std::string& text) { announce(*m_popover, screenText(text)); }},
+        AutoTrackingPlatform{.frontmost = m_outside.frontmost,
+                             .userDefaults = m_outside.userDefaults,
+                             .clock = m_outside.clock,
+                             .runLoop = m_outside.runLoop,
+                             .log = m_outside.log});
 }
 
 void BrisklogApp::followColorScheme() { applyColorScheme(m_content->colorScheme()); }

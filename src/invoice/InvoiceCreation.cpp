@@ -81,6 +81,7 @@ void InvoiceView::createInvoice() {
     const auto customer = selectedCustomer();
     m_timeStore.addArchivedInvoice(
         invoiceNumber, customer ? std::optional(customerChoice(*customer)) : std::nullopt, selectedIds());
+    say(invoiceNumber->empty() ? "Rechnung erstellt" : "Rechnung " + *invoiceNumber + " erstellt");
 }
 
 void InvoiceView::exportInvoicePDF() {

@@ -127,6 +127,12 @@ void InvoiceView::setAllSelected(bool isSelected) {
         for (InvoiceEntryStatus& status : statuses)
             status.isSelected = isSelected;
     });
+    say(summary().inShort());
+}
+
+void InvoiceView::say(const std::string& text) const {
+    if (announce)
+        announce(text);
 }
 
 void InvoiceView::selectAllEntries() { setAllSelected(true); }
@@ -140,6 +146,7 @@ void InvoiceView::deleteEntry(std::size_t row) {
     entryStatuses.mutate([row](std::vector<InvoiceEntryStatus>& statuses) {
         statuses.erase(statuses.begin() + static_cast<std::ptrdiff_t>(row));
     });
+    say("Eintrag gelöscht");
 }
 
 std::int64_t InvoiceView::manualSeconds() const {
@@ -179,6 +186,7 @@ void InvoiceView::addManualEntry() {
     manualRate = "";
     manualHours = 0;
     manualMinutes = 0;
+    say("Eintrag hinzugefügt");
 }
 
 void InvoiceView::beginSavingNote() {
@@ -202,6 +210,7 @@ void InvoiceView::deleteSelectedNote() {
         return;
     m_timeStore.deleteSavedNote(*selectedNoteId.get());
     selectedNoteId = std::nullopt;
+    say("Notiz gelöscht");
 }
 
 void InvoiceView::openCustomerManagement() {

@@ -72,6 +72,8 @@ public:
 
     /// Closes the sheet; set by its presenter. May destroy this object.
     std::function<void()> dismiss;
+    /// Makes screen readers say it; set by its presenter, may be empty.
+    std::function<void(const std::string&)> announce;
 
     // What is shown
 
@@ -139,6 +141,7 @@ private:
     [[nodiscard]] std::int64_t manualSeconds() const;
     [[nodiscard]] InvoiceDocument document() const;
     void setAllSelected(bool isSelected);
+    void say(const std::string& text) const;
 
     TimeTrackingStore& m_timeStore;
     const int m_projectIndex;

@@ -60,6 +60,16 @@ TEST(InvoiceCreation, saysWhatItStillNeeds) {
     EXPECT_EQ(sheet.view->missingForInvoice(), "");
 }
 
+TEST(InvoiceCreation, isSaidToScreenReaders) {
+    Billing sheet;
+    std::vector<std::string> said;
+    sheet.view->announce = [&said](const std::string& text) { said.push_back(text); };
+    sheet.view->createInvoice();
+    sheet.view->invoiceNumber = "";
+    sheet.view->createInvoice();
+    EXPECT_EQ(said, (std::vector<std::string>{"Rechnung 2026-041 erstellt", "Rechnung erstellt"}));
+}
+
 TEST(InvoiceCreation, marksTheTickedEntriesInStoreAndSheet) {
     Billing sheet;
     sheet.view->createInvoice();

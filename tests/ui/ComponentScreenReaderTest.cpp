@@ -3,6 +3,7 @@
 #include "support/screen/ScreenReader.h"
 #include "support/screen/ScreenTest.h"
 #include "ui/controls/Button.h"
+#include "ui/controls/DateTimeField.h"
 #include "ui/controls/EmptyState.h"
 #include "ui/controls/Menu.h"
 #include "ui/controls/NavigationButton.h"
@@ -220,6 +221,32 @@ protected:
     [[nodiscard]] QSize sizeOf(const QModelIndex&) const override { return {0, 30}; }
 };
 
+TEST_F(ComponentScreenReader, namesAMenuAfterWhatOpensIt) {
+    QWidget window;
+    auto* const button = new Button(u"Gespeicherte Notizen"_s);
+    Row{button}.applyTo(window);
+    showActive(window);
+    QPointer<QWidget> menu = showMenu(*button, {.items = {{.text = u"Dank"_s}}});
+    EXPECT_EQ(accessibleNameOf(*menu), u"Gespeicherte Notizen"_s);
+    auto& rows = reader.of(*menu->findChild<QListView*>());
+    EXPECT_EQ(rows.text(QAccessible::Name), u"Gespeicherte Notizen"_s);
+    EXPECT_FALSE(rows.child(0)->state().checkable);
+    menu->close();
+}
+
+TEST_F(ComponentScreenReader, stepsTheDayOfADateField) {
+    DateTimeField field(u"Datum:"_s, Qt::Monday);
+    std::vector<QDateTime> edited;
+    field.setMoment(QDateTime(QDate(2026, 11, 20), QTime(14, 30), Qt::UTC));
+    field.onEdited([&edited](const QDateTime& moment) { edited.push_back(moment); });
+    reader.forget();
+    auto& day = *reader.of(field).valueInterface();
+    day.setCurrentValue(day.currentValue().toDouble() + day.minimumStepSize().toDouble());
+    ASSERT_EQ(edited.size(), 1U);
+    EXPECT_EQ(edited[0].toString(u"dd.MM.yyyy HH:mm"_s), u"21.11.2026 14:30"_s);
+    EXPECT_EQ(reader.count(QAccessible::ValueChanged, u"Datum:"_s), 1);
+}
+
 class RowsForScreenReader : public ComponentScreenReader {
 protected:
     RowsForScreenReader() {
@@ -277,6 +304,7 @@ TEST_F(RowsForScreenReader, announceTheirTick) {
     EXPECT_EQ(reader.count(QAccessible::StateChanged, u"Beta"_s), 0);
     model.item(1)->setText(u"Beta 2"_s);
     EXPECT_EQ(reader.count(QAccessible::StateChanged, u"Alpha"_s), 1);
+    EXPECT_EQ(reader.count(QAccessible::NameChanged, u"Beta 2"_s), 1);
 }
 
 TEST_F(RowsForScreenReader, stayTheSameWhileOthersComeAndGo) {

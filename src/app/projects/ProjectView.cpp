@@ -67,6 +67,7 @@ void ProjectView::start() {
         return;
     isProcessing = true;
     m_services.store.startTracking(taskName);
+    announce("Timer gestartet: " + text::onOneLine(taskName));
     m_clearing = m_services.runLoop.runAfter(clearingDelay, [this] { finishStart(); });
 }
 
@@ -80,9 +81,29 @@ void ProjectView::pauseOrResume(const TimerRow& timer) {
         m_services.store.resumeTracking(timer.entryId);
     else
         m_services.store.pauseTracking(timer.entryId);
+    announce((timer.isPaused ? "Timer fortgesetzt: " : "Timer pausiert: ") + timer.taskName);
 }
 
-void ProjectView::stop(const Uuid& entryId) { m_services.store.stopTracking(entryId); }
+void ProjectView::stop(const Uuid& entryId) {
+    const bool isRunning = m_services.store.activeEntries->contains(entryId);
+    m_services.store.stopTracking(entryId);
+    if (isRunning)
+        announce(stopped(entryId));
+}
+
+std::string ProjectView::stopped(const Uuid& entryId) const {
+    const std::vector<TimeEntry>& entries = project().entries;
+    const auto entry = std::ranges::find(entries, entryId, &TimeEntry::id);
+    if (entry == entries.end())
+        return {};
+    return "Timer gestoppt: " + text::onOneLine(entry->taskName) + ", " +
+           format::duration(entry->duration(m_services.clock.now()), "0h 0m");
+}
+
+void ProjectView::announce(const std::string& text) const {
+    if (m_services.announce && !text.empty())
+        m_services.announce(text);
+}
 
 void ProjectView::resetProject() { m_services.store.resetProject(projectIndex); }
 

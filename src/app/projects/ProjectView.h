@@ -46,6 +46,8 @@ struct ProjectServices {
     RunLoop& runLoop;
     /// Writes the report of a project's entries to a file of the user's choice; may be empty.
     std::function<void(const Project&)> exportReport;
+    /// Makes screen readers say it; may be empty.
+    std::function<void(const std::string&)> announce = {};
 };
 
 /// The state and actions of one project's screen.
@@ -88,6 +90,9 @@ public:
 
 private:
     void finishStart();
+    /// What a screen reader says once that timer has been stopped; empty if it is not this project's.
+    [[nodiscard]] std::string stopped(const Uuid& entryId) const;
+    void announce(const std::string& text) const;
 
     ProjectServices m_services;
     const Project m_substitute;

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace brisklog {
 namespace {
 
-constexpr int inset = 4;
+constexpr int sideMargin = 12;
 constexpr int gapUnderTabs = 10;
 constexpr int dotSize = 10;
 constexpr int dotGap = 6;
@@ -62,7 +62,7 @@ AutoTrackingScreen::AutoTrackingScreen(AutoTrackingManager& manager, FrontmostAp
         space(10), Row{m_dot, m_status, stretch()}.spacing(dotGap), space(4), statusLines(), space(16),
         calendar, stretch(),
         Row{stretch(), clear,
-            stretch()}}.margins({inset, gapUnderTabs, inset, bottomMargin}));
+            stretch()}}.margins({sideMargin, gapUnderTabs, sideMargin, bottomMargin}));
     Column{expanding(new ScrollArea(content))}.applyTo(*this);
     observe(m_view);
     observe(manager);
@@ -82,7 +82,10 @@ void AutoTrackingScreen::refresh() {
     m_status->setValue(screenText(m_view.status()));
     m_status->setColor(m_view.isTracking() ? &Palette::text : &Palette::secondary);
     showText(*m_current, m_view.current());
+    const QString before = m_unavailability->text();
     showText(*m_unavailability, m_view.unavailability());
+    if (m_unavailability->text() != before)
+        announce(*this, m_unavailability->text());
 }
 
 void AutoTrackingScreen::confirmClearing() {

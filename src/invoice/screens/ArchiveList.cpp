@@ -7,6 +7,7 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Look.h"
 #include "ui/look/Pointer.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/sheets/Alert.h"
 
 #include <QAccessibleWidget>
@@ -144,10 +145,15 @@ bool ArchiveList::keyPressed(const QModelIndex& index, int key) {
 }
 
 void ArchiveList::toggle(const QModelIndex& index) {
-    m_view.toggle(m_model.rowAt(index).invoice.id);
+    const ArchiveRow& row = m_model.rowAt(index);
+    m_view.toggle(row.invoice.id);
     m_list->setCurrentIndex(index);
     move(index);
     showPanels();
+    m_list->announceRows();
+    // Said as well, because the toolkit keeps it to itself that a row has opened.
+    announce(*this,
+             m_view.isOpen(row.invoice.id) ? m_model.spokenDetails(row) : u"Einzelheiten geschlossen"_s);
 }
 
 void ArchiveList::move(const QModelIndex& index) {

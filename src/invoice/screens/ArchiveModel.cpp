@@ -72,12 +72,14 @@ QModelIndex ArchiveModel::firstInvoice() const {
 QString ArchiveModel::spokenText(const ArchiveRow& row) const {
     if (row.kind != ArchiveRow::Kind::invoice)
         return screenText(row.title);
-    QString closed = screenText(row.title) + u", "_s + screenText(archiveCustomer(row.invoice));
-    if (!m_view.isOpen(row.invoice.id))
-        return closed;
+    const QString closed = screenText(row.title) + u", "_s + screenText(archiveCustomer(row.invoice));
+    return m_view.isOpen(row.invoice.id) ? closed + u", "_s + spokenDetails(row) : closed;
+}
+
+QString ArchiveModel::spokenDetails(const ArchiveRow& row) const {
     const ArchiveDetails details = m_view.details(row.invoice);
-    return u"%1, Datum: %2, Zeit: %3, Betrag: %4"_s.arg(closed, screenText(details.date),
-                                                        screenText(details.time), screenText(details.amount));
+    return u"Datum: %1, Zeit: %2, Betrag: %3"_s.arg(screenText(details.date), screenText(details.time),
+                                                    screenText(details.amount));
 }
 
 QVariant ArchiveModel::data(const QModelIndex& index, int role) const {

@@ -38,6 +38,9 @@ public:
     /// The row of the first invoice listed.
     [[nodiscard]] QModelIndex firstInvoice() const;
 
+    /// The details of an invoice for screen readers.
+    [[nodiscard]] QString spokenDetails(const ArchiveRow& row) const;
+
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     /// Only invoices can be reached with the keyboard.
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;

@@ -7,6 +7,7 @@
 #include "ui/controls/TextField.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Layout.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 #include "ui/sheets/SheetWindow.h"
 
@@ -101,6 +102,9 @@ std::unique_ptr<SheetWindow> makeInvoiceSheet(TimeTrackingStore& timeStore, int 
     sheet->addFooterTrailing(&screen->createButton());
     pressWithControlReturn(screen->createButton(), *sheet);
     screen->view().dismiss = [shown = sheet.get()] { shown->dismiss(); };
+    screen->view().announce = [shown = sheet.get()](const std::string& text) {
+        announce(*shown, screenText(text));
+    };
     return sheet;
 }
 

@@ -4,6 +4,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QPainter>
@@ -46,6 +47,7 @@ ActiveTimerPanel::ActiveTimerPanel(QWidget* parent)
       m_duration(new FigureLabel({}, FontRole::title17, &Palette::blue, Qt::AlignRight | Qt::AlignVCenter)),
       m_paused(new PausedBadge) {
     setFixedHeight(rowHeight);
+    setAccessibleRole(*this, QAccessible::Grouping);
     Row{expanding(Column{stretch(), m_project, m_task, m_started, stretch()}), space(8),
         Column{stretch(), aligned(m_duration, Qt::AlignRight), aligned(m_paused, Qt::AlignRight), stretch()}
             .spacing(3)}
@@ -61,7 +63,16 @@ void ActiveTimerPanel::setRow(const ActiveTimerRow& timer) {
     m_duration->setColor(timer.isPaused ? &Palette::orange : &Palette::blue);
     m_paused->setVisible(timer.isPaused);
     m_isPaused = timer.isPaused;
+    showName();
     update();
+}
+
+void ActiveTimerPanel::showName() {
+    const QString name = u"Timer: %1, %2, %3"_s.arg(m_project->text(), m_task->text(),
+                                                    m_isPaused ? u"pausiert"_s : u"läuft"_s);
+    // Every second there is a new duration, but seldom anything else.
+    if (accessibleName() != name)
+        setAccessibleName(name);
 }
 
 void ActiveTimerPanel::paintEvent(QPaintEvent*) {

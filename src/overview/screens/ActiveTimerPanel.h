@@ -21,6 +21,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void showName();
+
     bool m_isPaused = false;
     ElidedLabel* m_project;
     ElidedLabel* m_task;

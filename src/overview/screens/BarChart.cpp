@@ -2,6 +2,7 @@
 
 #include "ui/look/Figures.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QPainter>
@@ -24,6 +25,7 @@ QRect lineThrough(int y, int left, int width) { return {left, y - labelHeight / 
 
 BarChart::BarChart(const Look& look, QWidget* parent) : QWidget(parent), m_look(look) {
     setFixedHeight(look.height);
+    setAccessibleRole(*this, QAccessible::Chart);
 }
 
 void BarChart::setContent(const ChartContent& content) {
@@ -38,6 +40,7 @@ void BarChart::setContent(const ChartContent& content) {
 void BarChart::describeBars() {
     while (m_columns.size() < m_content.bars.size()) {
         m_columns.push_back(new QWidget(this));
+        setAccessibleRole(*m_columns.back(), QAccessible::StaticText);
         m_columns.back()->show();
     }
     for (std::size_t i = 0; i < m_content.bars.size(); ++i) {

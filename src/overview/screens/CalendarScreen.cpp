@@ -34,8 +34,14 @@ CalendarScreen::CalendarScreen(const CalendarServices& services, QWidget* parent
     : Screen(parent), m_view(services), m_title(asHeading(new Label({}, FontRole::body13Semibold))) {
     auto* const previous = chevron(u"chevron.left"_s, u"Voriger Monat"_s);
     auto* const next = chevron(u"chevron.right"_s, u"Nächster Monat"_s);
-    previous->onClick([this] { m_view.showPreviousMonth(); });
-    next->onClick([this] { m_view.showNextMonth(); });
+    previous->onClick([this] {
+        m_view.showPreviousMonth();
+        announce(*this, screenText(m_view.monthTitle()));
+    });
+    next->onClick([this] {
+        m_view.showNextMonth();
+        announce(*this, screenText(m_view.monthTitle()));
+    });
     Column{Row{previous, stretch(), m_title, stretch(), next}, space(5), headings(), space(6), grid()}
         .margins(cardMargins)
         .applyTo(*this);

@@ -5,6 +5,7 @@
 #include "ui/controls/Card.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Figures.h"
+#include "ui/look/FocusRing.h"
 #include "ui/look/Hairline.h"
 #include "ui/look/Layout.h"
 #include "ui/look/ScreenReader.h"
@@ -18,6 +19,7 @@ namespace {
 constexpr int margin = 12;
 constexpr int cardGap = 20;
 constexpr int largeSumHeight = 44;
+constexpr int ringRadius = 6;
 constexpr QMargins cardPadding{16, 12, 16, 13};
 constexpr BarChart::Look weekLook{
     .barColor = &Palette::chartBar, .height = 200, .barWidth = 26, .gutter = 44};
@@ -76,6 +78,7 @@ public:
           m_earningsCaption(new Label(u"Verdienst:"_s, FontRole::caption11, &Palette::secondary)),
           m_earnings(new FigureLabel({}, FontRole::caption11Semibold, &Palette::green,
                                      Qt::AlignRight | Qt::AlignVCenter)) {
+        setAccessibleRole(*this, QAccessible::Grouping);
         auto* caption = new Label(u"Arbeitszeit:"_s, FontRole::caption11, &Palette::secondary);
         Column{space(8), m_name,
                space(3), Row{caption, m_workingTime, stretch(), m_earningsCaption, m_earnings}.spacing(4),
@@ -85,6 +88,8 @@ public:
 
     void setRow(const ProjectOverviewRow& project) {
         m_name->setValue(screenText(project.name));
+        if (accessibleName() != m_name->text())
+            setAccessibleName(m_name->text());
         m_workingTime->setValue(screenText(project.workingTime));
         m_earnings->setValue(screenText(project.earnings.value_or("")));
         m_earnings->setVisible(project.earnings.has_value());
@@ -114,6 +119,8 @@ DashboardScreen::DashboardScreen(const DashboardServices& services, QWidget* par
     // Has nothing to press, but must be scrollable with the keyboard.
     scrollArea->setFocusPolicy(Qt::TabFocus);
     scrollArea->setAccessibleName(u"Dashboard"_s);
+    setAccessibleRole(*scrollArea, QAccessible::Pane);
+    FocusRing::attach(*scrollArea, ringRadius, FocusRing::Place::inside);
     Column{expanding(scrollArea)}.applyTo(*this);
     observe(m_view);
     observe(m_view.store());
@@ -135,6 +142,7 @@ QWidget* DashboardScreen::dailyOverview() {
 QWidget* DashboardScreen::weeklyOverview() {
     constexpr SumLook quiet{.figure = FontRole::body13Semibold, .captionColor = &Palette::secondary};
     m_week = new BarChart(weekLook);
+    m_week->setAccessibleName(u"Wochenübersicht"_s);
     return card({heading(u"Wochenübersicht"_s), space(8), m_week, space(10), hairline(), space(8),
                  sum(u"Gesamt diese Woche:"_s, &DashboardContent::weeklyTotal, quiet), space(4),
                  sum(u"Durchschnitt pro Tag:"_s, &DashboardContent::averagePerDay, quiet)});
@@ -150,6 +158,7 @@ QWidget* DashboardScreen::runningTimers() {
 QWidget* DashboardScreen::finance() {
     constexpr SumLook money{.figure = FontRole::title17, .figureColor = &Palette::green};
     m_revenue = new BarChart(revenueLook);
+    m_revenue->setAccessibleName(u"Monatlicher Umsatz"_s);
     return card({heading(u"Finanzen & Abrechnung"_s), space(8),
                  heading(u"Monatlicher Umsatz"_s, FontRole::body13Semibold), space(4), m_revenue, space(10),
                  hairline(), space(8), sum(u"Aktueller Monat:"_s, &DashboardContent::currentMonth, money),

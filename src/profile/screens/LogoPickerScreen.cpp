@@ -10,6 +10,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QGridLayout>
@@ -106,11 +107,17 @@ void LogoPickerScreen::refresh() {
     const bool hasError = !m_view.errorText->empty();
     m_folder->setValue(folder);
     m_list->setAccessibleName(folder);
-    m_error->setValue(onOneLine(screenText(*m_view.errorText)));
+    showError(onOneLine(screenText(*m_view.errorText)));
     m_errorStrip->setVisible(hasError);
     m_loading->setVisible(isLoading);
     m_nothing->setVisible(!isLoading && !hasError && m_view.items->empty());
     showItems();
+}
+
+void LogoPickerScreen::showError(const QString& error) {
+    if (m_error->text() != error)
+        announce(*this, error);
+    m_error->setValue(error);
 }
 
 void LogoPickerScreen::showItems() {

@@ -38,6 +38,7 @@ private:
     [[nodiscard]] QWidget* body();
     [[nodiscard]] QWidget* errorStrip();
     void makeList();
+    void showError(const QString& error);
     void showItems();
     void showThumbnails();
     void choose(const QModelIndex& index);

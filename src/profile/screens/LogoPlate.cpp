@@ -3,6 +3,7 @@
 #include "profile/LogoImage.h"
 #include "ui/look/BitmapImage.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
 
 #include <QPainter>
@@ -44,6 +45,7 @@ void LogoPlate::setLogo(const std::optional<std::string>& bytes) {
     }
     setText(m_logo.isNull() ? u"Kein Logo"_s : QString());
     setAccessibleName(m_logo.isNull() ? QString() : u"Firmenlogo"_s);
+    setAccessibleRole(*this, m_logo.isNull() ? QAccessible::StaticText : QAccessible::Graphic);
     update();
 }
 

@@ -22,6 +22,8 @@ struct ProfileScreen::FormField {
     Published<std::string> UserProfile::*property;
     /// The placeholder.
     QString example;
+    /// For screen readers, where the row's label names two fields.
+    QString name = {};
 };
 
 /// A label and the fields next to it.
@@ -118,16 +120,17 @@ QWidget* ProfileScreen::logoSection() {
 }
 
 QWidget* ProfileScreen::contactSection() {
-    return fieldSection(
-        u"Kontaktdaten"_s, u"person.fill"_s,
-        {{u"Firma"_s, {{&UserProfile::companyName, u"Ihre Firma GmbH"_s}}},
-         {u"Name"_s, {{&UserProfile::fullName, u"Max Mustermann"_s}}},
-         {u"Adresse"_s, {{&UserProfile::address, u"Musterstraße 123"_s}}},
-         {u"PLZ & Ort"_s, {{&UserProfile::postalCode, u"12345"_s}, {&UserProfile::city, u"Musterstadt"_s}}},
-         {u"Land"_s, {{&UserProfile::country, u"Deutschland"_s}}},
-         {u"Telefon"_s, {{&UserProfile::phone, u"+49 123 456789"_s}}},
-         {u"E-Mail"_s, {{&UserProfile::email, u"post@beispiel.example"_s}}},
-         {u"Website"_s, {{&UserProfile::website, u"www.beispiel.example"_s}}}});
+    return fieldSection(u"Kontaktdaten"_s, u"person.fill"_s,
+                        {{u"Firma"_s, {{&UserProfile::companyName, u"Ihre Firma GmbH"_s}}},
+                         {u"Name"_s, {{&UserProfile::fullName, u"Max Mustermann"_s}}},
+                         {u"Adresse"_s, {{&UserProfile::address, u"Musterstraße 123"_s}}},
+                         {u"PLZ & Ort"_s,
+                          {{&UserProfile::postalCode, u"12345"_s, u"PLZ"_s},
+                           {&UserProfile::city, u"Musterstadt"_s, u"Ort"_s}}},
+                         {u"Land"_s, {{&UserProfile::country, u"Deutschland"_s}}},
+                         {u"Telefon"_s, {{&UserProfile::phone, u"+49 123 456789"_s}}},
+                         {u"E-Mail"_s, {{&UserProfile::email, u"post@beispiel.example"_s}}},
+                         {u"Website"_s, {{&UserProfile::website, u"www.beispiel.example"_s}}}});
 }
 
 QWidget* ProfileScreen::taxAndBankSection() {
@@ -159,8 +162,7 @@ LayoutItem ProfileScreen::row(const FormRow& row) {
 
 TextField* ProfileScreen::field(const FormRow& row, const FormField& field) {
     auto* const created = new TextField(field.example);
-    // Fields that share a label differ by their placeholders, which the toolkit exposes as descriptions.
-    created->setAccessibleName(row.label);
+    created->setAccessibleName(field.name.isEmpty() ? row.label : field.name);
     if (field.property == &UserProfile::postalCode)
         created->setFixedWidth(narrowFieldWidth);
     Published<std::string>& property = m_profile.*field.property;

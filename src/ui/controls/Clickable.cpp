@@ -42,6 +42,11 @@ public:
         return isRepeated ? QString() : text;
     }
 
+    // The labels on a card that is a button repeat its name.
+    [[nodiscard]] int childCount() const override { return 0; }
+
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+
     [[nodiscard]] QStringList actionNames() const override {
         if (!clickable().isEnabled())
             return {};

@@ -5,6 +5,7 @@
 #include "ui/look/Painting.h"
 #include "ui/look/Symbols.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
@@ -19,6 +20,7 @@ constexpr int padding = 10;
 constexpr int toolkitMargin = 2;
 constexpr int symbolSize = 14;
 constexpr int symbolArea = 30;
+constexpr const char* accessibleValue = "value";
 
 } // namespace
 
@@ -31,9 +33,29 @@ DateTimeField::DateTimeField(const QString& name, Qt::DayOfWeek firstWeekday, QW
     setFrame(false);
     setFont(fontFor(FontRole::body13));
     setAccessibleName(name);
+    setAccessibleDescription(u"Alt und Pfeil nach unten öffnet den Kalender."_s);
+    setProperty("minimum", static_cast<double>(minimumDate().toJulianDay()));
+    setProperty("maximum", static_cast<double>(maximumDate().toJulianDay()));
+    setProperty("stepSize", 1.0);
+    connect(this, &QDateTimeEdit::dateTimeChanged, this, [this] { announceMoment(); });
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     clearGround(*this);
+}
+
+/// To screen readers the field is a number with a text, and they read the number from that property: the day,
+/// so that they can step it.
+void DateTimeField::announceMoment() {
+    setProperty(accessibleValue, static_cast<double>(date().toJulianDay()));
+    QAccessibleValueChangeEvent changed(this, property(accessibleValue));
+    QAccessible::updateAccessibility(&changed);
+}
+
+bool DateTimeField::event(QEvent* event) {
+    if (event->type() == QEvent::DynamicPropertyChange &&
+        static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName() == accessibleValue)
+        setDate(QDate::fromJulianDay(property(accessibleValue).toLongLong()));
+    return QDateTimeEdit::event(event);
 }
 
 void DateTimeField::setMoment(const QDateTime& moment) {

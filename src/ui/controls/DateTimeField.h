@@ -25,6 +25,7 @@ public:
     QWidget* showCalendar();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -38,6 +39,7 @@ protected:
 private:
     [[nodiscard]] QRect symbolRect() const;
     void placeLine();
+    void announceMoment();
 
     Qt::DayOfWeek m_firstWeekday;
     bool m_isSymbolHovered = false;

@@ -155,9 +155,10 @@ MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
     : Popup(anchor), m_items(content.items), m_startRow(startRowOf(content)),
       m_list(new RowList(RowList::RowHeights::different)) {
     setAccessibleRole(*this, QAccessible::PopupMenu);
-    setAccessibleName(anchor.accessibleName());
+    const QString name = QAccessible::queryAccessibleInterface(&anchor)->text(QAccessible::Name);
+    setAccessibleName(name);
     m_list->setRows(*new MenuModel(m_items, this), *new MenuDelegate(m_items, *m_list));
-    m_list->setAccessibleName(anchor.accessibleName());
+    m_list->setAccessibleName(name);
     m_list->onKey([this](const QModelIndex& current, int key) { return handleKey(current.row(), key); });
     connect(m_list, &QAbstractItemView::entered, this,
             [this](const QModelIndex& index) { setCurrentRow(index.row()); });

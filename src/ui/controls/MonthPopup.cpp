@@ -35,6 +35,7 @@ MonthPopup::MonthPopup(QWidget& anchor, const QDate& selected, Qt::DayOfWeek fir
                        std::function<void(const QDate&)> chosen)
     : Popup(anchor), m_selected(selected), m_current(selected), m_firstWeekday(firstWeekday),
       m_chosen(std::move(chosen)), m_title(asHeading(new Label({}, FontRole::body13Semibold))) {
+    setAccessibleRole(*this, QAccessible::Dialog);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     auto* previous = new SymbolButton(u"chevron.left"_s, u"Voriger Monat"_s);
@@ -74,7 +75,10 @@ void MonthPopup::moveTo(const QDate& day) {
         return;
     m_current = day;
     m_title->setValue(german().toString(day, u"MMMM yyyy"_s));
-    setAccessibleName(german().toString(day, QLocale::LongFormat));
+    const QString name = german().toString(day, QLocale::LongFormat);
+    setAccessibleName(name);
+    if (isVisible())
+        announce(*this, name);
     update();
 }
 

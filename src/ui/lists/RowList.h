@@ -57,8 +57,8 @@ public:
     /// Gives the row the focus, as if reached with the keyboard.
     void focusRow(const QModelIndex& row);
 
-    /// Tells screen readers which rows have been ticked, unticked, opened or closed. The list does so itself
-    /// when its model announces changed data.
+    /// Tells screen readers what has changed in the rows they know. The list does so itself when its model
+    /// announces changed data.
     void announceRows();
 
     /// Changes whenever rows come, go or move.

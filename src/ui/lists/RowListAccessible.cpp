@@ -19,7 +19,7 @@ RowAccessible* rowOf(QAccessible::Id id) {
 } // namespace
 
 RowAccessible::RowAccessible(RowList& list, const QModelIndex& index)
-    : m_list(list), m_index(index), m_known(contentState()) {}
+    : m_list(list), m_index(index), m_knownState(contentState()), m_knownName(text(QAccessible::Name)) {}
 
 QAccessible::State RowAccessible::contentState() const {
     QAccessible::State state;
@@ -36,12 +36,16 @@ QAccessible::State RowAccessible::contentState() const {
 void RowAccessible::announceChange() {
     if (!isValid())
         return;
-    const QAccessible::State before = std::exchange(m_known, contentState());
+    const QAccessible::State before = std::exchange(m_knownState, contentState());
     QAccessible::State difference;
-    difference.checked = before.checked != m_known.checked;
-    difference.expanded = before.expanded != m_known.expanded;
+    difference.checked = before.checked != m_knownState.checked;
+    difference.expanded = before.expanded != m_knownState.expanded;
     if (difference.checked || difference.expanded)
         announceState(*this, difference);
+    if (const QString name = text(QAccessible::Name); std::exchange(m_knownName, name) != name) {
+        QAccessibleEvent renamed(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&renamed);
+    }
 }
 
 QAccessible::Role RowAccessible::role() const {

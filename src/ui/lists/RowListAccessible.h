@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] const QPersistentModelIndex& index() const { return m_index; }
 
-    /// Tells screen readers when it has been ticked, unticked, opened or closed since the last call.
+    /// Tells screen readers what has changed since the last call: its text, its tick, whether it is open.
     void announceChange();
 
     [[nodiscard]] bool isValid() const override { return m_index.isValid(); }
@@ -55,7 +55,8 @@ private:
     RowList& m_list;
     const QPersistentModelIndex m_index;
     /// As screen readers know it.
-    QAccessible::State m_known;
+    QAccessible::State m_knownState;
+    QString m_knownName;
 };
 
 /// A list for screen readers, with its rows as children. The toolkit's own would offer an action in each row

@@ -50,9 +50,12 @@ void paintFocusRing(QPainter& painter, const QRectF& around, qreal radius, const
     frameRounded(painter, around.adjusted(-room, -room, room, room), radius + room, palette.blue, 2);
 }
 
-FocusRing& FocusRing::attach(QWidget& widget, int radius) { return *new FocusRing(widget, radius); }
+FocusRing& FocusRing::attach(QWidget& widget, int radius, Place place) {
+    return *new FocusRing(widget, radius, place);
+}
 
-FocusRing::FocusRing(QWidget& widget, int radius) : QObject(&widget), m_widget(widget), m_radius(radius) {
+FocusRing::FocusRing(QWidget& widget, int radius, Place place)
+    : QObject(&widget), m_widget(widget), m_radius(radius), m_place(place) {
     widget.installEventFilter(this);
 }
 
@@ -116,7 +119,8 @@ void FocusRing::place() {
     if (!m_overlay)
         return;
     const QPoint corner = m_widget.mapTo(m_overlay->parentWidget(), QPoint(0, 0));
-    m_overlay->setGeometry(QRect(corner, m_widget.size()).adjusted(-room, -room, room, room));
+    const int margin = m_place == Place::inside ? 0 : room;
+    m_overlay->setGeometry(QRect(corner, m_widget.size()).adjusted(-margin, -margin, margin, margin));
 }
 
 } // namespace brisklog

@@ -15,12 +15,17 @@ struct Palette;
 /// Paints the ring around that shape: 2 pixels wide, blue, 1 pixel away. It needs 3 pixels of room.
 void paintFocusRing(QPainter& painter, const QRectF& around, qreal radius, const Palette& palette);
 
-/// Shows the focus ring around a widget while it has the focus and got it from the keyboard. The ring is
-/// outside the widget, over its surroundings, and is clipped only by the scroll area or window it is in.
+/// Shows the focus ring around a widget while it has the focus and got it from the keyboard. The ring lies
+/// over the widget's surroundings and is clipped only by the scroll area or window it is in.
 class FocusRing final : public QObject {
 public:
+    enum class Place {
+        outside,
+        inside, ///< along the widget's own edge, for what fills its window
+    };
+
     /// Lives as long as the widget.
-    static FocusRing& attach(QWidget& widget, int radius);
+    static FocusRing& attach(QWidget& widget, int radius, Place place = Place::outside);
 
     ~FocusRing() override;
 
@@ -33,7 +38,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    FocusRing(QWidget& widget, int radius);
+    FocusRing(QWidget& widget, int radius, Place place);
 
     void handleFocusIn(const QFocusEvent& event);
     void show();
@@ -42,6 +47,7 @@ private:
 
     QWidget& m_widget;
     int m_radius;
+    Place m_place;
     bool m_isKeyboard = false;
     QPointer<QWidget> m_overlay;
 };

@@ -27,7 +27,10 @@ public:
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
         const QString text = QAccessibleWidget::text(kind);
         const auto* const label = qobject_cast<QLabel*>(widget());
-        return label != nullptr && kind == QAccessible::Name && text.isEmpty() ? label->text() : text;
+        if (kind == QAccessible::Name && text.isEmpty() && label != nullptr)
+            return label->text();
+        const bool isRepeated = kind == QAccessible::Description && text == this->text(QAccessible::Name);
+        return isRepeated ? QString() : text;
     }
 
     [[nodiscard]] QAccessible::State state() const override {
@@ -100,9 +103,9 @@ QAccessibleInterface* accessibleOf(const QString& className, QObject* object) {
     const bool isPlain = className == QLatin1String("QWidget");
     if (widget->isWindow() && (isPlain || className == QLatin1String("QDialog")))
         return new WindowAccessible(widget);
-    const bool isLabel = className == QLatin1String("QLabel");
+    const bool isOther = className == QLatin1String("QLabel") || className == QLatin1String("QScrollArea");
     const bool hasRole = widget->property(roleProperty).isValid();
-    return hasRole && (isPlain || isLabel) ? new RoleAccessible(widget) : nullptr;
+    return hasRole && (isPlain || isOther) ? new RoleAccessible(widget) : nullptr;
 }
 
 } // namespace

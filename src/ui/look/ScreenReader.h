@@ -11,7 +11,8 @@ namespace brisklog {
 /// of them fillers. Part of `installLook`.
 void installScreenReaderSupport();
 
-/// What screen readers take the widget for. For labels and plain widgets; controls know it themselves.
+/// What screen readers take the widget for. For labels, scroll areas and plain widgets, and for buttons that
+/// are something else.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 
 /// The role set for the widget, else that one.

@@ -93,6 +93,9 @@ void SheetWindow::buildFooter() {
     if (m_footer)
         return;
     m_footer = new QWidget;
+    // Tells its buttons from those of the same name in the header.
+    setAccessibleRole(*m_footer, QAccessible::Grouping);
+    m_footer->setAccessibleName(u"Aktionen"_s);
     m_footer->setFixedHeight(footerHeight - 1);
     m_footerRow = rowIn(*m_footer, {paddingLeft, 0, paddingLeft, 0});
     m_footerRow->addStretch();

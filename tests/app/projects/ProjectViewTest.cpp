@@ -215,6 +215,27 @@ TEST_F(ProjectScreenState, theSubstituteIsNeverExported) {
     EXPECT_TRUE(exported.empty());
 }
 
+TEST_F(ProjectScreenState, screenReadersHearWhatBecomesOfATimer) {
+    std::vector<std::string> said;
+    ProjectServices services = bench.services();
+    services.announce = [&](const std::string& text) { said.push_back(text); };
+    ProjectView heard(services, 0);
+    heard.start();
+    EXPECT_TRUE(said.empty());
+    heard.taskName = "Entwurf\nTeil zwei";
+    heard.start();
+    bench.runLoop.advance(5400);
+    heard.pauseOrResume(heard.timers().at(0));
+    heard.pauseOrResume(heard.timers().at(0));
+    const Uuid timer = heard.timers().at(0).entryId;
+    heard.stop(timer);
+    heard.stop(timer);
+    EXPECT_EQ(said, (std::vector<std::string>{"Timer gestartet: Entwurf Teil zwei",
+                                              "Timer pausiert: Entwurf Teil zwei",
+                                              "Timer fortgesetzt: Entwurf Teil zwei",
+                                              "Timer gestoppt: Entwurf Teil zwei, 1\u00A0h 30\u00A0min"}));
+}
+
 TEST_F(ProjectScreenState, taskNameOfSeveralLinesStaysOnOne) {
     bench.store.startTracking("Entwurf\nTeil zwei");
     EXPECT_EQ(timerNames(view), std::vector<std::string>{"Entwurf Teil zwei"});

@@ -1,5 +1,6 @@
 #include "screens/Pictures.h"
 #include "screens/autotrack/AutoTrackingBench.h"
+#include "support/screen/ScreenReader.h"
 #include "ui/controls/Switch.h"
 #include "ui/look/Palette.h"
 
@@ -44,6 +45,36 @@ TEST_F(AutoTrackingScreenTest, switchNamesTheApplicationInFrontAtOnceAndSwitched
     EXPECT_FALSE(shows(u"Aktuell: LibreOffice Writer"_s));
 }
 
+TEST_F(AutoTrackingScreenTest, aScreenReaderSwitchesItOnAndOff) {
+    openPanel();
+    auto& tracking = ScreenReader::of(button(u"Automatische Zeiterfassung"_s));
+    ScreenReader reader;
+    ScreenReader::act(tracking, QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(manager().isTracking);
+    EXPECT_TRUE(tracking.state().checked);
+    ScreenReader::act(tracking, QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(manager().isTracking);
+    EXPECT_FALSE(tracking.state().checked);
+    EXPECT_EQ(reader.count(QAccessible::StateChanged, u"Automatische Zeiterfassung"_s), 2);
+}
+
+TEST_F(AutoTrackingScreenTest, aScreenReaderHearsTheMonthThatAChevronShows) {
+    openPanel();
+    ScreenReader reader;
+    click(u"Voriger Monat"_s);
+    click(u"Nächster Monat"_s);
+    EXPECT_EQ(reader.announced(), (QStringList{u"Oktober 2026"_s, u"November 2026"_s}));
+}
+
+TEST_F(AutoTrackingScreenTest, aScreenReaderIsToldTheSelectedDay) {
+    openPanel();
+    ScreenReader reader;
+    click(u"10. November 2026"_s);
+    EXPECT_TRUE(ScreenReader::of(cell(u"10. November 2026"_s)).state().selected);
+    EXPECT_FALSE(ScreenReader::of(cell(u"11. November 2026"_s)).state().selected);
+    EXPECT_EQ(reader.count(QAccessible::SelectionAdd, u"10. November 2026"_s), 1);
+}
+
 TEST_F(AutoTrackingScreenTest, calendarKeepsItsPlaceWhileNothingIsRecorded) {
     bench.frontmost.show("Editor", "org.editor");
     openPanel();
@@ -66,9 +97,11 @@ TEST_F(AutoTrackingScreenTest, saysWhereTheDesktopTellsNothingAndStopsSayingIt) 
     const QString reason = u"Dieser Desktop teilt nicht mit, welche Anwendung vorn ist."_s;
     openPanel();
     EXPECT_FALSE(shows(reason));
+    ScreenReader reader;
     bench.frontmost.setAvailability(FrontmostApplication::Availability::unavailable);
     settle();
     EXPECT_TRUE(shows(reason));
+    EXPECT_EQ(reader.announced(), QStringList{reason});
     takePictureOf(u"auto-tracking-nicht-verfuegbar"_s);
     bench.frontmost.setAvailability(FrontmostApplication::Availability::available);
     settle();

@@ -2,6 +2,7 @@
 
 #include "screens/Pictures.h"
 #include "screens/invoice/ArchiveSheetWindow.h"
+#include "support/screen/ScreenReader.h"
 #include "ui/look/Look.h"
 #include "ui/look/Palette.h"
 
@@ -113,6 +114,36 @@ TEST_F(ArchiveDetailsOnScreen, tabGoesFromTheListOverTheOpenDetailsToTheCloseBut
     EXPECT_EQ(path[1], &trashOf(u"2026-038"_s));
     EXPECT_EQ(accessibleNameOf(*path[2]), u"Schließen"_s);
     EXPECT_EQ(path[3], &list());
+}
+
+TEST_F(ArchiveDetailsOnScreen, aScreenReaderOpensAnInvoiceAndHearsItsDetails) {
+    issueThree();
+    open();
+    auto& rows = ScreenReader::of(list());
+    QAccessibleInterface& invoice = *rows.child(row(u"2026-038"_s).row());
+    EXPECT_TRUE(invoice.state().expandable);
+    EXPECT_TRUE(invoice.state().collapsed);
+    ScreenReader reader;
+    ScreenReader::act(invoice, QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(isOpen(u"2026-038"_s));
+    EXPECT_TRUE(invoice.state().expanded);
+    EXPECT_EQ(reader.count(QAccessible::StateChanged, invoice.text(QAccessible::Name)), 1);
+    ScreenReader::act(invoice, QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(invoice.state().collapsed);
+    ASSERT_EQ(reader.announced().size(), 2);
+    EXPECT_TRUE(reader.announced()[0].startsWith(u"Datum: "_s)) << reader.announced()[0].toStdString();
+    EXPECT_EQ(reader.announced()[1], u"Einzelheiten geschlossen"_s);
+}
+
+TEST_F(ArchiveDetailsOnScreen, toAScreenReaderMonthsAreHeadingsThatOfferNothing) {
+    issueThree();
+    open();
+    auto& rows = ScreenReader::of(list());
+    QAccessibleInterface& month = *rows.child(row(u"November 2026"_s).row());
+    EXPECT_EQ(month.role(), QAccessible::Heading);
+    EXPECT_FALSE(month.state().disabled);
+    EXPECT_EQ(ScreenReader::actionsOf(month), QStringList());
+    EXPECT_EQ(rows.child(0)->role(), QAccessible::StaticText);
 }
 
 TEST_F(ArchiveDetailsOnScreen, aScreenReaderFindsTheDetailsOfOpenInvoicesBesideTheList) {

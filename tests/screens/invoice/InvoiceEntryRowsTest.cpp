@@ -1,5 +1,7 @@
 #include "screens/invoice/InvoiceSheetWindow.h"
 
+#include "support/screen/ScreenReader.h"
+
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QTest>
@@ -50,6 +52,28 @@ TEST_F(InvoiceEntryRows, anInvoicedRowStaysTickableAndSaysWhy) {
     QHelpEvent help(QEvent::ToolTip, middle, window.list().viewport()->mapToGlobal(middle));
     QCoreApplication::sendEvent(window.list().viewport(), &help);
     EXPECT_EQ(QToolTip::text(), u"Bereits abgerechnet"_s);
+}
+
+TEST_F(InvoiceEntryRows, areTickedByAScreenReaderAndTellIt) {
+    InvoiceSheet content(threeEntries(), 60.0);
+    InvoiceSheetWindow window(content);
+    QAccessibleInterface& row = *ScreenReader::of(window.list()).child(1);
+    EXPECT_TRUE(row.state().checkable);
+    EXPECT_FALSE(row.state().checked);
+    ScreenReader reader;
+    ScreenReader::act(row, QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(window.view().entryStatuses.get()[1].isSelected);
+    EXPECT_TRUE(row.state().checked);
+    EXPECT_EQ(reader.count(QAccessible::StateChanged, row.text(QAccessible::Name)), 1);
+}
+
+TEST_F(InvoiceEntryRows, tellTheScreenReaderTheSumOfAllAndWhatWasDeleted) {
+    InvoiceSheet content(threeEntries(), 60.0);
+    InvoiceSheetWindow window(content);
+    ScreenReader reader;
+    window.button(u"Alle auswählen"_s).click();
+    window.clickTrash(0);
+    EXPECT_EQ(reader.announced(), (QStringList{u"3 Einträge · 180.00 €"_s, u"Eintrag gelöscht"_s}));
 }
 
 TEST_F(InvoiceEntryRows, theTrashDeletesAtOnce) {

@@ -1,10 +1,13 @@
 #include "overview/screens/DashboardScreen.h"
 
 #include "app/projects/ProjectWorkbench.h"
+#include "overview/screens/ActiveTimerPanel.h"
 #include "overview/screens/BarChart.h"
 #include "screens/Pictures.h"
 #include "support/WritableStore.h"
+#include "support/screen/ScreenReader.h"
 #include "support/screen/ScreenTest.h"
+#include "ui/look/Palette.h"
 
 #include <QLabel>
 #include <QScrollArea>
@@ -187,6 +190,40 @@ TEST_F(DashboardScreenTest, barsTellTheirValueToPointerAndScreenReader) {
     EXPECT_EQ(bar->toolTip(), bar->accessibleName());
     EXPECT_TRUE(bar->isVisible());
     EXPECT_GT(bar->height(), 100);
+}
+
+TEST_F(DashboardScreenTest, groupsAreNamedForTheScreenReader) {
+    fill();
+    open();
+    for (
+        const QString& name :
+        {u"Timer: Website-Relaunch Müller & Söhne, Telefonat Druckerei Jäger, pausiert"_s,
+         u"Timer: Website-Relaunch Müller & Söhne, Rückmeldungen aus dem Usability-Test einarbeiten, läuft"_s}) {
+        auto* const timer = findNamed<ActiveTimerPanel>(screen, name);
+        ASSERT_NE(timer, nullptr) << name.toStdString();
+        EXPECT_EQ(ScreenReader::roleOf(*timer), QAccessible::Grouping);
+    }
+    EXPECT_EQ(ScreenReader::roleOf(*findNamed<BarChart>(screen, u"Wochenübersicht"_s)), QAccessible::Chart);
+    EXPECT_EQ(ScreenReader::roleOf(*findNamed<BarChart>(screen, u"Monatlicher Umsatz"_s)),
+              QAccessible::Chart);
+}
+
+TEST_F(DashboardScreenTest, showsTheFocusRingAlongItsEdge) {
+    open();
+    QWidget& area = *screen.findChild<QScrollArea*>();
+    EXPECT_NE(ScreenReader::roleOf(area), QAccessible::Client);
+    area.setFocus(Qt::MouseFocusReason);
+    const QImage without = picture(screen);
+    area.clearFocus();
+    area.setFocus(Qt::TabFocusReason);
+    const QImage with = picture(screen);
+    const QPoint middle = screen.rect().center();
+    for (const QPoint& onRing : {QPoint(1, middle.y()), QPoint(screen.width() - 2, middle.y()),
+                                 QPoint(middle.x(), 1), QPoint(middle.x(), screen.height() - 2)}) {
+        EXPECT_NE(without.pixelColor(onRing), Palette::current().blue);
+        EXPECT_TRUE(looksLike(with.pixelColor(onRing), Palette::current().blue))
+            << onRing.x() << ' ' << onRing.y();
+    }
 }
 
 TEST_F(DashboardScreenTest, timersComeAndGoWithTheStore) {

@@ -2,6 +2,7 @@
 
 #include "screens/profile/LogoPickerBench.h"
 #include "support/PdfPictures.h"
+#include "support/screen/ScreenReader.h"
 
 #include <gmock/gmock.h>
 
@@ -161,11 +162,14 @@ TEST_F(LogoPickerChoice, aFolderThatHasVanishedIsSaid) {
     fs::create_directories(folder() / "Alt");
     open();
     fs::remove_all(folder() / "Alt");
+    ScreenReader reader;
     click(0);
     finish();
-    EXPECT_TRUE(shows(u"Fehler beim Laden des Verzeichnisses: "_s +
-                      QString::fromStdString((folder() / "Alt").string()) +
-                      u": No such file or directory"_s));
+    const QString error = u"Fehler beim Laden des Verzeichnisses: "_s +
+                          QString::fromStdString((folder() / "Alt").string()) +
+                          u": No such file or directory"_s;
+    EXPECT_TRUE(shows(error));
+    EXPECT_EQ(reader.announced(), QStringList{error});
     EXPECT_EQ(tiles().model()->rowCount(), 0);
     EXPECT_FALSE(shows(u"Hier liegen keine Bilder"_s));
     button(u"Übergeordneter Ordner"_s).click();

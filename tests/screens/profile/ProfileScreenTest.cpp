@@ -32,8 +32,8 @@ const std::vector<Expected>& expectedFields() {
         {u"Firma"_s, u"Ihre Firma GmbH"_s, &UserProfile::companyName, "companyName"},
         {u"Name"_s, u"Max Mustermann"_s, &UserProfile::fullName, "fullName"},
         {u"Adresse"_s, u"Musterstraße 123"_s, &UserProfile::address, "address"},
-        {u"PLZ & Ort"_s, u"12345"_s, &UserProfile::postalCode, "postalCode"},
-        {u"PLZ & Ort"_s, u"Musterstadt"_s, &UserProfile::city, "city"},
+        {u"PLZ"_s, u"12345"_s, &UserProfile::postalCode, "postalCode"},
+        {u"Ort"_s, u"Musterstadt"_s, &UserProfile::city, "city"},
         {u"Land"_s, u"Deutschland"_s, &UserProfile::country, "country"},
         {u"Telefon"_s, u"+49 123 456789"_s, &UserProfile::phone, "phone"},
         {u"E-Mail"_s, u"post@beispiel.example"_s, &UserProfile::email, "email"},
@@ -146,7 +146,7 @@ TEST_F(ProfileScreenTest, everyKeystrokeIsInTheFileAtOnce) {
 TEST_F(ProfileScreenTest, whatWasTypedIsThereAtTheNextStart) {
     open();
     type(field(u"IBAN"_s), u"DE89 3704"_s);
-    type(field(u"PLZ & Ort"_s, u"Musterstadt"_s), u"Köln"_s);
+    type(field(u"Ort"_s, u"Musterstadt"_s), u"Köln"_s);
     const UserProfile next({files, defaults, log, nullptr});
     EXPECT_EQ(next.iban.get(), "DE89 3704");
     EXPECT_EQ(next.city.get(), "Köln");
@@ -174,10 +174,10 @@ TEST_F(ProfileScreenTest, aLongTextIsReadFromItsBeginningWhereNobodyWrites) {
 
 TEST_F(ProfileScreenTest, postalCodeAndTownStandSideBySide) {
     open();
-    const QRect code(field(u"PLZ & Ort"_s, u"12345"_s).mapTo(screen.get(), QPoint()),
-                     field(u"PLZ & Ort"_s, u"12345"_s).size());
-    const QRect town(field(u"PLZ & Ort"_s, u"Musterstadt"_s).mapTo(screen.get(), QPoint()),
-                     field(u"PLZ & Ort"_s, u"Musterstadt"_s).size());
+    const QRect code(field(u"PLZ"_s, u"12345"_s).mapTo(screen.get(), QPoint()),
+                     field(u"PLZ"_s, u"12345"_s).size());
+    const QRect town(field(u"Ort"_s, u"Musterstadt"_s).mapTo(screen.get(), QPoint()),
+                     field(u"Ort"_s, u"Musterstadt"_s).size());
     EXPECT_EQ(code.width(), 80);
     EXPECT_EQ(code.top(), town.top());
     EXPECT_GT(town.left(), code.right());

@@ -40,6 +40,8 @@ protected:
         return captions;
     }
 
+    [[nodiscard]] static QString focusedName() { return accessibleNameOf(*QApplication::focusWidget()); }
+
     [[nodiscard]] bool isSelected(const QString& tab) {
         return ScreenReader::of(button(tab)).state().selected;
     }
@@ -84,6 +86,38 @@ TEST_F(ProjectTabsOnScreen, clickShowsTheProject) {
     EXPECT_TRUE(shows(u"Standardprojekt"_s));
     EXPECT_TRUE(isSelected(u"Standardprojekt"_s));
     EXPECT_FALSE(isSelected(u"Web"_s));
+}
+
+TEST_F(ProjectTabsOnScreen, areAListOfTabsForTheScreenReaderOfWhichOneIsSelected) {
+    bench.store.addProject("Web", std::nullopt);
+    open();
+    auto& web = ScreenReader::of(button(u"Web"_s));
+    EXPECT_EQ(web.role(), QAccessible::PageTab);
+    EXPECT_EQ(web.parent()->role(), QAccessible::PageTabList);
+    EXPECT_EQ(web.parent()->text(QAccessible::Name), u"Projekte"_s);
+    EXPECT_FALSE(web.state().checkable);
+    ScreenReader reader;
+    ScreenReader::act(ScreenReader::of(button(u"Standardprojekt"_s)),
+                      QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(bench.store.selectedProjectIndex, 0);
+    EXPECT_TRUE(isSelected(u"Standardprojekt"_s));
+    EXPECT_FALSE(isSelected(u"Web"_s));
+    EXPECT_EQ(reader.count(QAccessible::SelectionAdd, u"Standardprojekt"_s), 1);
+    EXPECT_EQ(reader.count(QAccessible::SelectionRemove, u"Web"_s), 1);
+}
+
+TEST_F(ProjectTabsOnScreen, tellTheScreenReaderOfAnotherProjectUnlessItsTabGetsTheFocus) {
+    bench.store.addProject("Web", std::nullopt);
+    ScreenReader reader;
+    open();
+    EXPECT_EQ(reader.announced(), QStringList());
+    taskField().setFocus();
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(reader.announced(), QStringList{u"Standardprojekt"_s});
+    button(u"Standardprojekt"_s).setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Right);
+    EXPECT_EQ(focusedName(), u"Web"_s);
+    EXPECT_EQ(reader.announced().size(), 1);
 }
 
 TEST_F(ProjectTabsOnScreen, autoTrackingShowsItsPanelAndKeepsTheProject) {

@@ -3,6 +3,7 @@
 #include "app/projects/screens/TimerList.h"
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/screen/PaintCounter.h"
+#include "support/screen/ScreenReader.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"
@@ -21,6 +22,13 @@ protected:
         QTest::keyClicks(&taskField(), text);
         QTest::keyClick(&taskField(), Qt::Key_Return);
         settle();
+    }
+
+    void startBoth() {
+        for (const QString& task : {u"Entwurf"_s, u"Telefonat"_s}) {
+            typeAndReturn(task);
+            advance(0.5);
+        }
     }
 
     using ProjectScreenBench::button;
@@ -76,6 +84,47 @@ TEST_F(ProjectTimers, returnStartsATimerAndKeepsTheKeyboard) {
     EXPECT_TRUE(taskField().hasFocus());
     typeAndReturn(u"Telefonat"_s);
     EXPECT_EQ(timerRows().size(), 2U);
+}
+
+TEST_F(ProjectTimers, stopPressedWithTheKeyboardGivesItToTheTaskField) {
+    open();
+    startBoth();
+    button(u"Stoppen"_s, u"Entwurf"_s).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    settle();
+    ASSERT_EQ(timerRows().size(), 1U);
+    EXPECT_TRUE(taskField().hasFocus());
+}
+
+TEST_F(ProjectTimers, stopPressedByAScreenReaderGivesTheKeyboardToTheTaskField) {
+    open();
+    typeAndReturn(u"Entwurf"_s);
+    advance(0.5);
+    auto& stop = ScreenReader::of(button(u"Stoppen"_s));
+    ScreenReader::act(stop, QAccessibleActionInterface::setFocusAction());
+    ASSERT_FALSE(taskField().hasFocus());
+    ScreenReader::act(stop, QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(timerRows().empty());
+    EXPECT_TRUE(taskField().hasFocus());
+}
+
+TEST_F(ProjectTimers, stopLeavesTheKeyboardWhereItIsOtherwise) {
+    open();
+    startBoth();
+    QAbstractButton& elsewhere = button(u"Pausieren"_s, u"Telefonat"_s);
+    elsewhere.setFocus(Qt::TabFocusReason);
+    QTest::mouseClick(&button(u"Stoppen"_s, u"Entwurf"_s), Qt::LeftButton);
+    settle();
+    EXPECT_TRUE(elsewhere.hasFocus());
+}
+
+TEST_F(ProjectTimers, rowsAreNamedGroupsForTheScreenReader) {
+    open();
+    typeAndReturn(u"Entwurf"_s);
+    EXPECT_EQ(ScreenReader::roleOf(*timerRows()[0]), QAccessible::Grouping);
+    EXPECT_EQ(accessibleNameOf(*timerRows()[0]), u"Timer: Entwurf, läuft"_s);
+    click(u"Pausieren"_s);
+    EXPECT_EQ(accessibleNameOf(*timerRows()[0]), u"Timer: Entwurf, pausiert"_s);
 }
 
 TEST_F(ProjectTimers, startPressedWithTheKeyboardGivesItBackToTheTaskField) {

@@ -7,6 +7,7 @@
 #include "support/RecordingFiles.h"
 #include "support/RecordingLog.h"
 #include "support/TemporaryHome.h"
+#include "support/screen/ScreenReader.h"
 #include "support/screen/ScreenTest.h"
 #include "ui/controls/Picker.h"
 #include "ui/controls/SectionHeader.h"
@@ -137,6 +138,16 @@ TEST_F(SettingsScreenTest, hasNoControlForWhatHappensAtTheStart) {
         pressable.push_back(accessibleNameOf(*button));
     EXPECT_EQ(pressable, (QStringList{u"Archiv anzeigen"_s, u"Website"_s, u"Mail"_s}));
     EXPECT_EQ(screen->findChildren<QComboBox*>().size(), 3);
+}
+
+TEST_F(SettingsScreenTest, linksAreLinksForTheScreenReader) {
+    for (const QString& name : {u"Website"_s, u"Mail"_s}) {
+        auto& link = ScreenReader::of(part<QAbstractButton>(name));
+        EXPECT_EQ(link.role(), QAccessible::Link);
+        ScreenReader::act(link, QAccessibleActionInterface::pressAction());
+    }
+    EXPECT_EQ(opened,
+              (std::vector<std::string>{"https://brisklog.example", "mailto:kontakt@brisklog.example"}));
 }
 
 TEST_F(SettingsScreenTest, openingItWritesNothing) {

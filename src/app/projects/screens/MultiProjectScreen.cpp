@@ -68,9 +68,10 @@ MultiProjectScreen::MultiProjectScreen(MultiProjectView& view, const ProjectScre
                                    .resetAllData = [this] { confirmResetAllData(); }})),
       m_tabs(new QStackedWidget), m_project(new ProjectScreen(services, m_view.projectView())) {
     m_tabs->addWidget(m_project);
-    // No bottom margin: the last card extends to the window's edge.
-    Column{m_strip, space(gapUnderTabs), expanding(m_tabs)}
-        .margins({margin, margin, margin, 0})
+    // The tabs' contents extend to the window's edges: they have their own margins, inside what scrolls, so
+    // that focus rings are whole.
+    Column{Row{expanding(m_strip)}.margins({margin, margin, margin, 0}), space(gapUnderTabs),
+           expanding(m_tabs)}
         .applyTo(*this);
     addShortcuts();
     observe(m_services.store);
@@ -97,14 +98,17 @@ MultiProjectScreen::Revisions MultiProjectScreen::revisions() const {
 void MultiProjectScreen::refresh() {
     if (m_shown == revisions())
         return;
-    m_shown = revisions();
-    if (std::exchange(m_shownTab, m_view.selectedTab()) != m_view.selectedTab())
+    const bool isFirst = !std::exchange(m_shown, revisions()).has_value();
+    const bool isOther = std::exchange(m_shownTab, m_view.selectedTab()) != m_view.selectedTab();
+    if (isOther)
         crossFade(*m_tabs);
     m_project->setView(m_view.projectView());
     m_tabs->setCurrentWidget(selectedScreen());
     m_strip->setContent({.tabs = m_view.tabs(),
                          .selectedTab = m_view.selectedTab(),
                          .currentProject = m_view.lastSelectedIndex()});
+    if (isOther && !isFirst)
+        m_strip->announceSelectedTab();
 }
 
 QWidget* MultiProjectScreen::selectedScreen() {

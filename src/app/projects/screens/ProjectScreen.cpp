@@ -34,6 +34,8 @@ namespace {
 
 /// Texts are a little inside the edges of the cards and fields below them.
 constexpr int inset = 4;
+/// No margin below: the last card extends to the window's edge.
+constexpr int margin = 8;
 constexpr int headerHeight = 40;
 constexpr int actionBarHeight = 38;
 /// Two rows of entries.
@@ -106,7 +108,8 @@ void ProjectScreen::arrange() {
         Column{header(), Row{m_taskField, m_startButton}.spacing(8), space(12),
                Row{space(inset), timersHeader, stretch(), m_noTimers, space(inset)}, m_timers, space(12),
                actionBar(), space(10), Row{space(inset), entriesHeader, space(6), m_count, stretch()},
-               space(6), expanding(m_entriesOrNone)});
+               space(6), expanding(m_entriesOrNone)}
+            .margins({margin, 0, margin, 0}));
     Column{expanding(new ScrollArea(content))}.applyTo(*this);
 }
 
@@ -201,11 +204,15 @@ bool ProjectScreen::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ProjectScreen::start() {
-    m_view->start();
+    // First, because screen readers break off what they are saying when the focus moves.
     m_taskField->setFocus();
+    m_view->start();
 }
 
 void ProjectScreen::stop(const Uuid& entryId) {
+    // The row goes, and the toolkit would pass its focus on to the next button: "PDF Export".
+    if (m_timers->hasFocusInRow(entryId))
+        m_taskField->setFocus(Qt::OtherFocusReason);
     m_entries->awaitEntry(entryId);
     m_view->stop(entryId);
 }

@@ -222,6 +222,12 @@ void ProjectTabStrip::focusSelectedTab() {
             m_tabButtons[slot]->focusVisibly();
 }
 
+void ProjectTabStrip::announceSelectedTab() {
+    if (!isTabFocused())
+        announce(*this,
+                 isAutoTrackingSelected() ? autoTrackingLabel() : m_names.value(m_content.selectedTab));
+}
+
 void ProjectTabStrip::openMenu() {
     MenuContent menu;
     menu.width = menuWidth;

@@ -38,6 +38,9 @@ public:
 
     void setContent(const Content& content);
 
+    /// For screen readers, unless they say it by themselves because the focus has moved to that tab.
+    void announceSelectedTab();
+
     [[nodiscard]] QSize sizeHint() const override { return {0, 34}; }
 
 protected:

@@ -51,6 +51,13 @@ std::vector<QWidget*> TimerList::tabStops() const {
     return stops;
 }
 
+bool TimerList::hasFocusInRow(const Uuid& entryId) const {
+    return std::ranges::any_of(m_rows, [&entryId](const TimerPanel* row) {
+        return row->timer().entryId == entryId &&
+               std::ranges::any_of(row->tabStops(), [](const QWidget* stop) { return stop->hasFocus(); });
+    });
+}
+
 bool TimerList::showsTheSameTimers(const std::vector<TimerRow>& timers) const {
     return std::ranges::equal(timers, m_rows, {}, &TimerRow::entryId,
                               [](const TimerPanel* row) { return row->timer().entryId; });

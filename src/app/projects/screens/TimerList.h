@@ -17,6 +17,9 @@ public:
     /// Shows the project's timers; returns whether rows were added or removed.
     bool setTimers(const Uuid& projectId, const std::vector<TimerRow>& timers);
 
+    /// Whether one of the timer's buttons has the focus.
+    [[nodiscard]] bool hasFocusInRow(const Uuid& entryId) const;
+
     /// The rows' buttons in tab order.
     [[nodiscard]] std::vector<QWidget*> tabStops() const;
 

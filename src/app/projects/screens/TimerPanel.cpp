@@ -4,6 +4,7 @@
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"
 #include "ui/look/Painting.h"
+#include "ui/look/ScreenReader.h"
 #include "ui/look/Text.h"
 
 #include <QPainter>
@@ -40,6 +41,7 @@ TimerPanel::TimerPanel(const TimerRow& timer, const Actions& actions, QWidget* p
     m_stopButton->onClick([this, actions] { actions.stop(m_timer.entryId); });
     m_stopButton->setColor(&Palette::text);
     setFixedHeight(rowHeight);
+    setAccessibleRole(*this, QAccessible::Grouping);
     showName();
     showState();
 }
@@ -75,6 +77,8 @@ void TimerPanel::showState() {
     m_pauseButton->setColor(isPaused ? &Palette::orangeFill : &Palette::blue);
     m_pauseButton->setTooltip(isPaused ? u"Fortsetzen"_s : u"Pausieren"_s);
     m_pauseButton->setAccessibleDescription(screenText(m_timer.taskName));
+    setAccessibleName(
+        u"Timer: %1, %2"_s.arg(screenText(m_timer.taskName), isPaused ? u"pausiert"_s : u"läuft"_s));
     update();
 }
 
