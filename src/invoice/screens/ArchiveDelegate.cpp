@@ -91,6 +91,10 @@ RowPart ArchiveDelegate::partAt(const QRect& area, const QPoint& point, const QM
     return isInvoice && headIn(area).contains(point) ? RowPart::row : RowPart::none;
 }
 
+QRect ArchiveDelegate::pressArea(const QRect& area, const QModelIndex& index) const {
+    return m_model.rowAt(index).kind == ArchiveRow::Kind::invoice ? headIn(area) : area;
+}
+
 void ArchiveDelegate::setMoving(const QModelIndex& index, double shown) {
     m_moving = index;
     m_movingShown = shown;

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] RowPart partAt(const QRect& area, const QPoint& point,
                                  const QModelIndex& index) const override;
 
+    [[nodiscard]] QRect pressArea(const QRect& area, const QModelIndex& index) const override;
+
     /// The row whose details are opening or closing, and how much of them is visible (0 to 1).
     void setMoving(const QModelIndex& index, double shown);
 

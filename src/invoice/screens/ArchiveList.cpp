@@ -27,6 +27,13 @@ class ArchiveListAccessible final : public QAccessibleWidget {
 public:
     explicit ArchiveListAccessible(ArchiveList& list) : QAccessibleWidget(&list, QAccessible::Grouping) {}
 
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        // It is the list that has the focus.
+        state.focused = false;
+        return state;
+    }
+
     [[nodiscard]] int childCount() const override { return static_cast<int>(children().size()); }
 
     [[nodiscard]] QAccessibleInterface* child(int index) const override {
@@ -60,6 +67,7 @@ QAccessibleInterface* archiveListAccessible(const QString&, QObject* object) {
 ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
     : m_view(view), m_model(timeStore, view), m_list(new RowList(RowList::RowHeights::different)),
       m_delegate(new ArchiveDelegate(m_model, view, *m_list)) {
+    setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleDescription(u"Die Leertaste zeigt Einzelheiten, Entf löscht."_s);
     m_list->setRows(m_model, *m_delegate);

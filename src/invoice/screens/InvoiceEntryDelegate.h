@@ -18,6 +18,8 @@ public:
     [[nodiscard]] RowPart partAt(const QRect& area, const QPoint& point,
                                  const QModelIndex& index) const override;
 
+    [[nodiscard]] bool hasTrash() const override { return true; }
+
 protected:
     void paintRow(QPainter& painter, const PaintedRow& row) const override;
     [[nodiscard]] QSize sizeOf(const QModelIndex& index) const override;

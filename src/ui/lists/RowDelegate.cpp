@@ -15,6 +15,8 @@ RowPart RowDelegate::partAt(const QRect& /*area*/, const QPoint& /*point*/,
     return RowPart::row;
 }
 
+QRect RowDelegate::pressArea(const QRect& area, const QModelIndex& /*index*/) const { return area; }
+
 QString RowDelegate::tooltipAt(const QRect& /*area*/, const QPoint& /*point*/,
                                const QModelIndex& /*index*/) const {
     return {};

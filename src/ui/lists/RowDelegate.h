@@ -21,6 +21,12 @@ public:
     [[nodiscard]] virtual RowPart partAt(const QRect& area, const QPoint& point,
                                          const QModelIndex& index) const;
 
+    /// Whether the rows have a trash button, which is then the part `trash`.
+    [[nodiscard]] virtual bool hasTrash() const { return false; }
+
+    /// The part of the row's area where it can be pressed, without what may be shown below it.
+    [[nodiscard]] virtual QRect pressArea(const QRect& area, const QModelIndex& index) const;
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const final;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const final;
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

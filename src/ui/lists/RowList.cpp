@@ -56,21 +56,28 @@ void RowList::onClicked(std::function<void(const QModelIndex&)> clicked) {
     connect(this, &QAbstractItemView::clicked, this, [this](const QModelIndex& row) { m_handleClick(row); });
 }
 
-void RowList::pressRow(const QModelIndex& row) {
+void RowList::pressRow(const QModelIndex& row, RowPart part) {
     if (!row.flags().testFlag(Qt::ItemIsEnabled))
         return;
     if (m_handlePress)
-        m_handlePress(row, RowPart::row);
+        m_handlePress(row, part);
     else if (m_handleClick)
         m_handleClick(row);
 }
 
 void RowList::focusRow(const QModelIndex& row) {
     m_isFocusFromKeyboard = true;
-    setFocus(Qt::TabFocusReason);
     setCurrentIndex(row);
+    setFocus(Qt::TabFocusReason);
     scrollTo(row);
     viewport()->update();
+}
+
+bool RowList::hasTrash() const { return m_delegate != nullptr && m_delegate->hasTrash(); }
+
+QRect RowList::pressArea(const QModelIndex& row) const {
+    const QRect area = visualRect(row);
+    return m_delegate != nullptr ? m_delegate->pressArea(area, row) : area;
 }
 
 void RowList::announceRows() {

@@ -51,8 +51,15 @@ public:
     /// Whether a click on an enabled row does anything.
     [[nodiscard]] bool canPressRows() const { return m_handlePress || m_handleClick; }
 
-    /// What a click on the row does; for screen readers. Nothing if the row has gone or is not enabled.
-    void pressRow(const QModelIndex& row);
+    /// Whether the rows have a trash button.
+    [[nodiscard]] bool hasTrash() const;
+
+    /// What a click on that part of the row does; for screen readers. Nothing if the row has gone or is not
+    /// enabled.
+    void pressRow(const QModelIndex& row, RowPart part = RowPart::row);
+
+    /// Where the row can be pressed, in the viewport.
+    [[nodiscard]] QRect pressArea(const QModelIndex& row) const;
 
     /// Gives the row the focus, as if reached with the keyboard.
     void focusRow(const QModelIndex& row);

@@ -4,8 +4,12 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace brisklog {
 namespace {
+
+QString deleteAction() { return u"Löschen"_s; }
 
 void announceState(QAccessibleInterface& changed, const QAccessible::State& difference) {
     QAccessibleStateChangeEvent event(&changed, difference);
@@ -78,7 +82,7 @@ QString RowAccessible::text(QAccessible::Text kind) const {
 }
 
 QRect RowAccessible::rect() const {
-    const QRect area = m_list.visualRect(m_index);
+    const QRect area = m_list.pressArea(m_index);
     return {m_list.viewport()->mapToGlobal(area.topLeft()), area.size()};
 }
 
@@ -92,18 +96,19 @@ QStringList RowAccessible::actionNames() const {
     QStringList names;
     if (m_list.canPressRows())
         names << (m_index.data(Qt::CheckStateRole).isValid() ? toggleAction() : pressAction());
-    return names << setFocusAction();
+    names << setFocusAction();
+    return m_list.hasTrash() ? names << deleteAction() : names;
 }
 
 void RowAccessible::doAction(const QString& name) {
     if (!actionNames().contains(name))
         return;
     if (name == setFocusAction())
-        m_list.focusRow(m_index);
-    else
-        // Once the screen reader has its answer: it may destroy the list.
-        QMetaObject::invokeMethod(
-            &m_list, [&list = m_list, row = m_index] { list.pressRow(row); }, Qt::QueuedConnection);
+        return m_list.focusRow(m_index);
+    const RowPart part = name == deleteAction() ? RowPart::trash : RowPart::row;
+    // Once the screen reader has its answer: it may destroy the list.
+    QMetaObject::invokeMethod(
+        &m_list, [&list = m_list, row = m_index, part] { list.pressRow(row, part); }, Qt::QueuedConnection);
 }
 
 void* RowAccessible::interface_cast(QAccessible::InterfaceType type) {

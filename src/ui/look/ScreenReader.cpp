@@ -15,7 +15,7 @@ constexpr const char* roleProperty = "accessibleRole";
 
 bool isPopup(const QWidget& widget) { return widget.windowType() == Qt::Popup; }
 
-/// A label or a group with the role that was set for it.
+/// A label or a plain widget, with the role that was set for it.
 class RoleAccessible final : public QAccessibleWidget {
 public:
     using QAccessibleWidget::QAccessibleWidget;
@@ -36,6 +36,8 @@ public:
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.readOnly = qobject_cast<QLabel*>(widget()) != nullptr;
+        // Only one thing at a time: what a proxy has, the proxy says.
+        state.focused = state.focused && widget()->focusProxy() == nullptr;
         return state;
     }
 };
@@ -105,7 +107,7 @@ QAccessibleInterface* accessibleOf(const QString& className, QObject* object) {
         return new WindowAccessible(widget);
     const bool isOther = className == QLatin1String("QLabel") || className == QLatin1String("QScrollArea");
     const bool hasRole = widget->property(roleProperty).isValid();
-    return hasRole && (isPlain || isOther) ? new RoleAccessible(widget) : nullptr;
+    return isPlain || (isOther && hasRole) ? new RoleAccessible(widget) : nullptr;
 }
 
 } // namespace

@@ -127,6 +127,8 @@ TEST_F(ArchiveDetailsOnScreen, aScreenReaderOpensAnInvoiceAndHearsItsDetails) {
     ScreenReader::act(invoice, QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(isOpen(u"2026-038"_s));
     EXPECT_TRUE(invoice.state().expanded);
+    EXPECT_LT(invoice.rect().height(), list().visualRect(row(u"2026-038"_s)).height());
+    EXPECT_FALSE(ScreenReader::of(*list().parentWidget()).state().focused);
     EXPECT_EQ(reader.count(QAccessible::StateChanged, invoice.text(QAccessible::Name)), 1);
     ScreenReader::act(invoice, QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(invoice.state().collapsed);

@@ -67,6 +67,15 @@ TEST_F(InvoiceEntryRows, areTickedByAScreenReaderAndTellIt) {
     EXPECT_EQ(reader.count(QAccessible::StateChanged, row.text(QAccessible::Name)), 1);
 }
 
+TEST_F(InvoiceEntryRows, areDeletedByAScreenReaderToo) {
+    InvoiceSheet content(threeEntries(), 60.0);
+    InvoiceSheetWindow window(content);
+    QAccessibleInterface& row = *ScreenReader::of(window.list()).child(1);
+    ScreenReader::act(row, u"Löschen"_s);
+    ASSERT_EQ(window.list().model()->rowCount(), 2);
+    EXPECT_EQ(content.projectEntries()[1].taskName, "Neuer");
+}
+
 TEST_F(InvoiceEntryRows, tellTheScreenReaderTheSumOfAllAndWhatWasDeleted) {
     InvoiceSheet content(threeEntries(), 60.0);
     InvoiceSheetWindow window(content);
