@@ -32,7 +32,7 @@ QPoint placeFor(const QWidget& anchor, const QSize& size, PopupPlace place) {
 Popup::Popup(QWidget& anchor)
     : QWidget(&anchor, Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint), m_anchor(anchor) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_TranslucentBackground, !areCornersCut());
     // The click that closes it must not reopen it.
     setAttribute(Qt::WA_NoMouseReplay);
 }
@@ -45,13 +45,17 @@ void Popup::open(PopupPlace place) {
 void Popup::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = Palette::current();
+    const QColor frame = withOpacity(palette.secondary, 0.3);
+    if (areCornersCut())
+        painter.fillRect(rect(), blendedOver(frame, palette.card));
     fillRounded(painter, rect(), frameRadius, palette.card);
-    frameRounded(painter, rect(), frameRadius, withOpacity(palette.secondary, 0.3));
+    frameRounded(painter, rect(), frameRadius, frame);
 }
 
 void Popup::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    setMask(roundedShape(rect(), frameRadius));
+    if (areCornersCut())
+        setMask(roundedShape(size(), frameRadius));
 }
 
 } // namespace brisklog

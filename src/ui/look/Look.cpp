@@ -29,7 +29,7 @@ public:
     void polish(QWidget* widget) override {
         QProxyStyle::polish(widget);
         if (isTooltip(widget)) {
-            widget->setAttribute(Qt::WA_TranslucentBackground);
+            widget->setAttribute(Qt::WA_TranslucentBackground, !areCornersCut());
             // Adds to the equal padding on all sides: 4 above and below, 8 at the sides.
             widget->setContentsMargins(3, 0, 3, 0);
         }
@@ -46,8 +46,8 @@ public:
             return 255;
         case SH_ToolTip_Mask:
             if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(returned))
-                mask->region = roundedShape(option->rect, tooltipRadius);
-            return 1;
+                mask->region = roundedShape(option->rect.size(), tooltipRadius);
+            return areCornersCut() ? 1 : 0;
         case SH_Widget_Animation_Duration:
             if (m_motion == Motion::reduced)
                 return 0;
@@ -73,7 +73,8 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         if (element == PE_PanelTipLabel)
-            fillRounded(*painter, option->rect, tooltipRadius, option->palette.color(QPalette::ToolTipBase));
+            fillRounded(*painter, option->rect, areCornersCut() ? 0 : tooltipRadius,
+                        option->palette.color(QPalette::ToolTipBase));
         else
             QProxyStyle::drawPrimitive(element, option, painter, widget);
     }

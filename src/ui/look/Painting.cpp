@@ -1,8 +1,9 @@
 #include "ui/look/Painting.h"
 
+#include <QBitmap>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -114,10 +115,16 @@ int textWidth(const QString& text, FontRole font) {
     return static_cast<int>(std::ceil(QFontMetricsF(fontFor(font)).horizontalAdvance(onOneLine(text))));
 }
 
-QRegion roundedShape(const QRect& area, int radius) {
-    QPainterPath shape;
-    shape.addRoundedRect(area, radius, radius);
-    return QRegion(shape.toFillPolygon().toPolygon());
+bool areCornersCut() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
+QRegion roundedShape(const QSize& size, int radius) {
+    QBitmap shape(size);
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(QRect(QPoint(), size), radius, radius);
+    return QRegion(shape);
 }
 
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette) {

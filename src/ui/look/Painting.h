@@ -49,9 +49,10 @@ bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRo
 /// The width of one line, rounded up.
 [[nodiscard]] int textWidth(const QString& text, FontRole font);
 
-/// The mask of a small window with rounded corners (menu, tooltip). Without a compositor, translucent pixels
-/// outside it would be black.
-[[nodiscard]] QRegion roundedShape(const QRect& area, int radius);
+/// Whether small windows with rounded corners (menu, tooltip) are opaque and cut to `roundedShape`: under X,
+/// where without a compositor every translucent pixel would be partly black. Elsewhere they are translucent.
+[[nodiscard]] bool areCornersCut();
+[[nodiscard]] QRegion roundedShape(const QSize& size, int radius);
 
 /// A frame of one pixel in the secondary colour, inside the edge of a frameless window.
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette);
