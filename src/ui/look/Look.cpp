@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QStyleOption>
 #include <QToolTip>
 #include <QVariantAnimation>
@@ -93,6 +94,15 @@ private:
     Motion m_motion;
 };
 
+/// The same font with its size in points. The toolkit cannot draw texts in the SVG icons of other programs
+/// under a font whose size is in pixels.
+QFont inPoints(QFont font) {
+    constexpr double pointsPerInch = 72;
+    font.setPointSizeF(font.pixelSize() * pointsPerInch /
+                       QGuiApplication::primaryScreen()->logicalDotsPerInchY());
+    return font;
+}
+
 } // namespace
 
 Motion motionFromEnvironment() {
@@ -103,7 +113,7 @@ Motion motionFromEnvironment() {
 
 void installLook(QApplication& application, Motion motion) {
     application.setStyle(new ComponentStyle(motion));
-    QApplication::setFont(fontFor(FontRole::body13));
+    QApplication::setFont(inPoints(fontFor(FontRole::body13)));
     QToolTip::setFont(fontFor(FontRole::caption11));
     installScreenReaderSupport();
 }

@@ -19,6 +19,16 @@
 namespace brisklog::test {
 namespace {
 
+QtMessageHandler printMessage = nullptr;
+
+/// Messages that begin with a function of the toolkit ("QFont::setPixelSize: …") say that it was misused.
+void failOnMisuse(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith(u'Q') && message.section(u' ', 0, 0).contains(QLatin1String("::")))
+        ADD_FAILURE() << message.toStdString();
+    else
+        printMessage(type, context, message);
+}
+
 /// The one application per process that the toolkit demands. It ends before the toolkit's own globals do.
 class Application final : public ::testing::Environment {
 public:
@@ -33,12 +43,14 @@ public:
         // Pictures are looked at by people.
         if (!qEnvironmentVariableIsSet("BRISKLOG_PICTURES"))
             m_font.emplace();
+        printMessage = qInstallMessageHandler(failOnMisuse);
         m_application.emplace(m_count, m_arguments.data());
     }
 
     void TearDown() override {
         m_application.reset();
         m_font.reset();
+        qInstallMessageHandler(nullptr);
     }
 
     [[nodiscard]] QApplication& application() { return *m_application; }
