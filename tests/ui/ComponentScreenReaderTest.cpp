@@ -20,6 +20,7 @@
 #include "ui/sheets/SheetWindow.h"
 
 #include <QPointer>
+#include <QStackedWidget>
 #include <QStandardItemModel>
 #include <QTest>
 
@@ -118,6 +119,20 @@ TEST_F(ComponentScreenReader, windowsAreFramesAndSheetsAreModalDialogs) {
     EXPECT_EQ(reader.roleOf(picker), QAccessible::Dialog);
 }
 
+TEST_F(ComponentScreenReader, stacksAndProxiesAreNothingOfTheirOwn) {
+    QWidget window;
+    EXPECT_EQ(reader.roleOf(*new QStackedWidget(&window)), QAccessible::Client);
+    auto* const around = new QWidget;
+    auto* const field = new TextField;
+    Row{field}.applyTo(*around);
+    around->setFocusProxy(field);
+    Row{around}.applyTo(window);
+    showActive(window);
+    field->setFocus();
+    EXPECT_TRUE(reader.of(*field).state().focused);
+    EXPECT_FALSE(reader.of(*around).state().focused);
+}
+
 TEST_F(ComponentScreenReader, hearsAnnouncementsOneAfterTheOther) {
     QWidget window;
     auto* const part = new QWidget(&window);
@@ -143,6 +158,17 @@ TEST_F(ComponentScreenReader, findsAnnouncementsInTheWindowsStatusBar) {
     EXPECT_EQ(status->indexOfChild(status->child(1)), 1);
     EXPECT_EQ(found.indexOfChild(status), found.childCount() - 1);
     EXPECT_FALSE(status->child(1)->state().invisible);
+}
+
+/// In a dialog, screen readers would say all of it before each announcement.
+TEST_F(ComponentScreenReader, hearsWhatASheetAnnouncesFromTheWindowBelow) {
+    QWidget popover;
+    SheetWindow sheet(u"Rechnung erstellen"_s, {400, 200});
+    sheet.setParent(&popover, sheet.windowFlags());
+    announce(sheet, u"Rechnung erstellt"_s);
+    EXPECT_EQ(reader.announced(), QStringList{u"Rechnung erstellt"_s});
+    auto& found = reader.of(popover);
+    EXPECT_EQ(found.child(found.childCount() - 1)->role(), QAccessible::StatusBar);
 }
 
 TEST_F(ComponentScreenReader, keepsOnlyTheLastAnnouncements) {
@@ -205,7 +231,7 @@ TEST_F(PickerForScreenReader, choosesInTheMenu) {
     EXPECT_EQ(rows.child(0)->role(), QAccessible::MenuItem);
     EXPECT_TRUE(rows.child(0)->state().checked);
     EXPECT_FALSE(rows.child(1)->state().checked);
-    reader.act(*rows.child(1), toggle);
+    reader.act(*rows.child(1), press);
     EXPECT_EQ(picker.selectedIndex(), 1);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }

@@ -67,7 +67,6 @@ QAccessibleInterface* archiveListAccessible(const QString&, QObject* object) {
 ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
     : m_view(view), m_model(timeStore, view), m_list(new RowList(RowList::RowHeights::different)),
       m_delegate(new ArchiveDelegate(m_model, view, *m_list)) {
-    setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleName(u"Archivierte Rechnungen"_s);
     m_list->setAccessibleDescription(u"Die Leertaste zeigt Einzelheiten, Entf löscht."_s);
     m_list->setRows(m_model, *m_delegate);
@@ -77,6 +76,7 @@ ArchiveList::ArchiveList(TimeTrackingStore& timeStore, ArchiveSheetView& view)
     setFocusProxy(m_list);
     // Installing it again has no effect.
     QAccessible::installFactory(archiveListAccessible);
+    setAccessibleName(m_list->accessibleName());
 }
 
 void ArchiveList::showInvoices() {

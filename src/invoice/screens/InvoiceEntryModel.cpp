@@ -1,6 +1,9 @@
 #include "invoice/screens/InvoiceEntryModel.h"
 
+#include "ui/lists/RowList.h"
 #include "ui/look/Text.h"
+
+#include <QAccessible>
 
 namespace brisklog {
 
@@ -60,6 +63,9 @@ QVariant InvoiceEntryModel::data(const QModelIndex& index, int role) const {
         return screenText(shown.entryStatus.entry.taskName);
     case Qt::CheckStateRole:
         return shown.entryStatus.isSelected ? Qt::Checked : Qt::Unchecked;
+    // Screen readers would not speak the tick of a plain row.
+    case RowList::accessibleRole:
+        return QAccessible::CheckBox;
     case Qt::AccessibleTextRole:
         return screenText(shown.spokenText(m_calendar, now()));
     case Qt::AccessibleDescriptionRole:

@@ -95,7 +95,7 @@ QStringList RowAccessible::actionNames() const {
         return {};
     QStringList names;
     if (m_list.canPressRows())
-        names << (m_index.data(Qt::CheckStateRole).isValid() ? toggleAction() : pressAction());
+        names << (role() == QAccessible::CheckBox ? toggleAction() : pressAction());
     names << setFocusAction();
     return m_list.hasTrash() ? names << deleteAction() : names;
 }

@@ -102,7 +102,9 @@ QAccessibleInterface* accessibleOf(const QString& className, QObject* object) {
     auto* const widget = qobject_cast<QWidget*>(object);
     if (widget == nullptr)
         return nullptr;
-    const bool isPlain = className == QLatin1String("QWidget");
+    // A stack shows one of its parts: for screen readers that is no layer of its own.
+    const bool isPlain =
+        className == QLatin1String("QWidget") || className == QLatin1String("QStackedWidget");
     if (widget->isWindow() && (isPlain || className == QLatin1String("QDialog")))
         return new WindowAccessible(widget);
     const bool isOther = className == QLatin1String("QLabel") || className == QLatin1String("QScrollArea");
@@ -130,8 +132,12 @@ QAccessible::Role accessibleRoleOf(const QWidget& widget, QAccessible::Role othe
 }
 
 void announce(QWidget& from, const QString& text) {
+    QWidget* window = from.window();
+    // In a dialog they would say its title and all its texts before each announcement.
+    while (window->parentWidget() != nullptr)
+        window = window->parentWidget()->window();
     if (!text.isEmpty())
-        Announcements::of(*from.window()).say(text);
+        Announcements::of(*window).say(text);
 }
 
 } // namespace brisklog

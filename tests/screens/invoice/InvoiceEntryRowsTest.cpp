@@ -58,6 +58,7 @@ TEST_F(InvoiceEntryRows, areTickedByAScreenReaderAndTellIt) {
     InvoiceSheet content(threeEntries(), 60.0);
     InvoiceSheetWindow window(content);
     QAccessibleInterface& row = *ScreenReader::of(window.list()).child(1);
+    EXPECT_EQ(row.role(), QAccessible::CheckBox);
     EXPECT_TRUE(row.state().checkable);
     EXPECT_FALSE(row.state().checked);
     ScreenReader reader;
