@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSpinBox>
+#include <QStyle>
 #include <functional>
 
 namespace brisklog {
