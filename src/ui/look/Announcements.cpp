@@ -1,6 +1,7 @@
 #include "ui/look/Announcements.h"
 
 #include <QAccessibleObject>
+#include <QTimer>
 #include <QWidget>
 #include <algorithm>
 
@@ -22,8 +23,10 @@ private:
 
 namespace {
 
-/// Screen readers have long asked for the ones before.
-constexpr std::size_t keptNotifications = 8;
+/// Long enough for screen readers to ask for its text; after that nobody should come across it.
+constexpr int shownMilliseconds = 10000;
+/// At once.
+constexpr std::size_t mostNotifications = 8;
 
 class NotificationAccessible final : public QAccessibleObject {
 public:
@@ -120,10 +123,17 @@ Announcements& Announcements::of(QWidget& window) {
     return known != nullptr ? *known : *new Announcements(window);
 }
 
+void Announcements::forgetOldest() {
+    QAccessibleEvent hidden(m_last.front().get(), QAccessible::ObjectHide);
+    QAccessible::updateAccessibility(&hidden);
+    m_last.pop_front();
+}
+
 void Announcements::say(const QString& text) {
-    if (m_last.size() == keptNotifications)
-        m_last.pop_front();
+    if (m_last.size() == mostNotifications)
+        forgetOldest();
     m_last.push_back(std::make_unique<Notification>(*this, text));
+    QTimer::singleShot(shownMilliseconds, m_last.back().get(), [this] { forgetOldest(); });
     QAccessibleEvent shown(m_last.back().get(), QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
 }

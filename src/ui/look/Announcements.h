@@ -34,6 +34,8 @@ public:
 private:
     explicit Announcements(QWidget& window);
 
+    void forgetOldest();
+
     std::deque<std::unique_ptr<Notification>> m_last;
 };
 

@@ -113,7 +113,7 @@ TEST_F(ProjectTabsOnScreen, tellTheScreenReaderOfAnotherProjectUnlessItsTabGetsT
     EXPECT_EQ(reader.announced(), QStringList());
     taskField().setFocus();
     press(Qt::Key_PageUp, Qt::ControlModifier);
-    EXPECT_EQ(reader.announced(), QStringList{u"Standardprojekt"_s});
+    EXPECT_EQ(reader.announced(), QStringList{u"Angezeigt: Standardprojekt"_s});
     button(u"Standardprojekt"_s).setFocus(Qt::TabFocusReason);
     press(Qt::Key_Right);
     EXPECT_EQ(focusedName(), u"Web"_s);

@@ -223,9 +223,10 @@ void ProjectTabStrip::focusSelectedTab() {
 }
 
 void ProjectTabStrip::announceSelectedTab() {
-    if (!isTabFocused())
-        announce(*this,
-                 isAutoTrackingSelected() ? autoTrackingLabel() : m_names.value(m_content.selectedTab));
+    if (isTabFocused())
+        return;
+    const QString tab = isAutoTrackingSelected() ? autoTrackingLabel() : m_names.value(m_content.selectedTab);
+    announce(*this, u"Angezeigt: "_s + tab);
 }
 
 void ProjectTabStrip::openMenu() {
