@@ -62,14 +62,14 @@ TEST_F(SettingsSection, theArchiveHoldsThePopoverOpenAndGivesTheKeyboardBack) {
     open();
     click(u"Archiv anzeigen"_s);
     EXPECT_EQ(sheet()->windowTitle(), u"Archivierte Rechnungen"_s);
-    QEvent left(QEvent::WindowDeactivate);
-    QApplication::sendEvent(app.popover(), &left);
-    QTest::qWait(5);
+    turnElsewhere();
     EXPECT_TRUE(app.popover()->isShown());
+    QApplication::setActiveWindow(sheet());
     QTest::keyClick(sheet(), Qt::Key_Escape);
     settle();
     EXPECT_EQ(sheet(), nullptr);
     EXPECT_TRUE(app.popover()->isShown());
+    EXPECT_EQ(QApplication::activeWindow(), app.popover());
     QTest::keyClick(app.popover(), Qt::Key_Escape);
     EXPECT_FALSE(app.popover()->isShown());
 }

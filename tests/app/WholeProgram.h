@@ -93,6 +93,12 @@ protected:
         settle();
     }
 
+    /// Another program's window becomes active.
+    static void turnElsewhere() {
+        QApplication::setActiveWindow(nullptr);
+        QTest::qWait(1);
+    }
+
     void turn() {
         runLoop.advance(0);
         settle();

@@ -15,9 +15,14 @@ TEST(NotificationCenter, everyObserverOfANameIsTold) {
     EXPECT_EQ(told, "12");
 }
 
-TEST(NotificationCenter, postingWithoutObserversIsNoError) {
+TEST(NotificationCenter, whatIsPostedWithoutObserversReachesNoLaterOne) {
     NotificationCenter center;
+    int told = 0;
     center.post("Open");
+    const Subscription later = center.observe("Open", [&told] { ++told; });
+    EXPECT_EQ(told, 0);
+    center.post("Open");
+    EXPECT_EQ(told, 1);
 }
 
 TEST(NotificationCenter, endedSubscriptionIsNotTold) {

@@ -1,6 +1,8 @@
 #include "foundation/Observable.h"
 
 #include <gtest/gtest.h>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace brisklog::test {
@@ -118,8 +120,13 @@ TEST(Observable, observerMayAnnounceAgain) {
 
 TEST(Observable, subscriptionMayOutliveTheObject) {
     auto thing = std::make_unique<Thing>();
-    const Subscription subscription = thing->observe([] {});
+    const auto captured = std::make_shared<int>();
+    std::optional<Subscription> subscription = thing->observe([captured] {});
+    EXPECT_EQ(captured.use_count(), 2);
     thing.reset();
+    EXPECT_EQ(captured.use_count(), 1) << "the observer outlives the object";
+    subscription.reset();
+    EXPECT_EQ(captured.use_count(), 1);
 }
 
 TEST(Observable, observerMayDestroyTheObjectAndNobodyIsToldAfterwards) {

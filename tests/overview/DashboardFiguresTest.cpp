@@ -201,6 +201,8 @@ struct Place {
     const char* now;
 };
 
+void PrintTo(const Place& place, std::ostream* out) { *out << place.zone << ", " << place.now; }
+
 class OnePass : public testing::TestWithParam<Place> {};
 
 void expectNear(const DashboardFigures& onePass, const DashboardFigures& oneByOne) {

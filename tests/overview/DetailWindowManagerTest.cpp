@@ -55,10 +55,12 @@ TEST_F(DetailWindows, laterOneTakesThePlaceOfTheSameKey) {
     EXPECT_EQ(manager->windowControllers().begin()->second.controller, second);
 }
 
-TEST_F(DetailWindows, closingAfterTheManagerIsGoneIsHarmless) {
-    add("a");
+TEST_F(DetailWindows, goWithTheManagerAndMayStillCloseAfterwards) {
+    const std::weak_ptr<SomeWindow> window = add("a");
     manager.reset();
-    delegates[0]->windowWillClose();
+    EXPECT_TRUE(window.expired()) << "kept by what is to happen when it closes";
+    EXPECT_NO_THROW(delegates[0]->windowWillClose());
+    EXPECT_EQ(delegates[0].use_count(), 1);
 }
 
 TEST_F(DetailWindows, closingTwiceIsHarmless) {
@@ -68,7 +70,9 @@ TEST_F(DetailWindows, closingTwiceIsHarmless) {
     EXPECT_FALSE(knows("a"));
 }
 
-TEST(DetailWindowDelegateTest, withoutAnActionNothingHappens) { DetailWindowDelegate().windowWillClose(); }
+TEST(DetailWindowDelegateTest, withoutAnActionNothingHappens) {
+    EXPECT_NO_THROW(DetailWindowDelegate().windowWillClose());
+}
 
 } // namespace
 } // namespace brisklog::test

@@ -4,6 +4,7 @@
 #include <QThread>
 #include <array>
 #include <gtest/gtest.h>
+#include <memory>
 #include <semaphore>
 #include <thread>
 
@@ -84,8 +85,24 @@ TEST_F(QtBackgroundTest, whatIsGivenUpUnderWayDeliversNothing) {
 TEST_F(QtBackgroundTest, aTaskMayBeGivenUpFromItsOwnFinish) {
     QtBackground background(1);
     std::unique_ptr<BackgroundTask> task;
-    task = background.run([] {}, [&] { task.reset(); });
-    turnUntil([&] { return task == nullptr; });
+    auto captured = std::make_shared<int>();
+    const std::weak_ptr<int> watched = captured;
+    bool isFinished = false;
+    bool wasKept = false;
+    task = background.run([] {},
+                          [&, captured = std::move(captured)] {
+                              // What the action captured must not be destroyed while it runs.
+                              const auto& watchedFromOutside = watched;
+                              auto& wasKeptOutside = wasKept;
+                              auto& isFinishedOutside = isFinished;
+                              task.reset();
+                              wasKeptOutside = !watchedFromOutside.expired();
+                              isFinishedOutside = true;
+                          });
+    turnUntil([&] { return isFinished; });
+    EXPECT_TRUE(wasKept);
+    EXPECT_EQ(task, nullptr);
+    EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(QtBackgroundTest, endingWithWorkUnderWayWaitsForIt) {

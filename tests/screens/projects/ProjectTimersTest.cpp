@@ -4,12 +4,15 @@
 #include "screens/projects/ProjectScreenBench.h"
 #include "support/screen/PaintCounter.h"
 #include "support/screen/ScreenReader.h"
+#include "support/screen/Strokes.h"
 #include "ui/controls/SymbolButton.h"
 #include "ui/look/Figures.h"
 #include "ui/look/Label.h"
 
+#include <QHelpEvent>
 #include <QListView>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -139,18 +142,19 @@ TEST_F(ProjectTimers, startPressedWithTheKeyboardGivesItBackToTheTaskField) {
 }
 
 TEST_F(ProjectTimers, buttonsShowTheirSymbols) {
-    const auto pictured = [](const QString& symbol, ColorRole color) {
-        SymbolButton expected(symbol, {}, SymbolButton::Size::timer);
-        expected.setColor(color);
-        expected.resize(expected.sizeHint());
-        return picture(expected);
+    const auto expectOnly = [](QWidget& button, const QString& symbol, ColorRole color) {
+        const std::vector<Stroke> strokes = strokesOf(button);
+        ASSERT_EQ(strokes.size(), 1U) << symbol.toStdString();
+        EXPECT_EQ(strokes[0].kind, Stroke::Kind::symbol);
+        EXPECT_EQ(strokes[0].what, symbol);
+        EXPECT_TRUE(looksLike(strokes[0].color, Palette::current().*color)) << symbol.toStdString();
     };
     open();
     typeAndReturn(u"Entwurf"_s);
-    EXPECT_EQ(picture(button(u"Stoppen"_s)), pictured(u"stop.fill"_s, &Palette::text));
-    EXPECT_EQ(picture(button(u"Pausieren"_s)), pictured(u"pause.fill"_s, &Palette::blue));
+    expectOnly(button(u"Stoppen"_s), u"stop.fill"_s, &Palette::text);
+    expectOnly(button(u"Pausieren"_s), u"pause.fill"_s, &Palette::blue);
     click(u"Pausieren"_s);
-    EXPECT_EQ(picture(button(u"Fortsetzen"_s)), pictured(u"play.fill"_s, &Palette::orangeFill));
+    expectOnly(button(u"Fortsetzen"_s), u"play.fill"_s, &Palette::orangeFill);
 }
 
 TEST_F(ProjectTimers, startDoesTheSameAsReturn) {
@@ -276,9 +280,14 @@ TEST_F(ProjectTimers, longNameIsElidedWithItsTooltip) {
     const QString name = u"Rückmeldungen aus dem Usability-Test in die Navigation einarbeiten"_s;
     bench.store.startTracking(name.toStdString());
     open();
-    const auto& label = part<ElidedLabel>(*timerRows()[0]);
+    auto& label = part<ElidedLabel>(*timerRows()[0]);
     EXPECT_EQ(label.text(), name);
-    EXPECT_TRUE(label.isElided());
+    const std::vector<Stroke> strokes = strokesOf(label);
+    ASSERT_EQ(strokes.size(), 1U);
+    EXPECT_TRUE(strokes[0].what.endsWith(u"…”"_s)) << strokes[0].what.toStdString();
+    QHelpEvent asked(QEvent::ToolTip, {10, 5}, label.mapToGlobal(QPoint(10, 5)));
+    QCoreApplication::sendEvent(&label, &asked);
+    EXPECT_EQ(QToolTip::text(), name);
 }
 
 TEST_F(ProjectTimers, timersOfOtherProjectsAreNotListed) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Appearance.h"
+#include "support/screen/Printing.h"
 
 #include <QColor>
 #include <QImage>
