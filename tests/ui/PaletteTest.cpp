@@ -120,6 +120,13 @@ TEST_P(PaletteTest, everyTextIsLegibleOnFilledGrounds) { expectAtLeast(textContr
 
 TEST_P(PaletteTest, shapesThatCarryMeaningStandOut) { expectAtLeast(shapeContrast, shapes(palette())); }
 
+TEST_P(PaletteTest, examplesInFieldsAreLegibleAndNotMistakenForValues) {
+    const QPalette toolkit = toolkitPalette(palette());
+    const QColor example = toolkit.color(QPalette::PlaceholderText);
+    EXPECT_GE(contrast(example, palette().field), 4.5);
+    EXPECT_GE(contrast(example, toolkit.color(QPalette::Text)), 2.75);
+}
+
 TEST_P(PaletteTest, applyingAScheme_reachesOpenWidgetsAndTooltips) {
     QWidget open;
     open.show();
@@ -127,7 +134,7 @@ TEST_P(PaletteTest, applyingAScheme_reachesOpenWidgetsAndTooltips) {
     EXPECT_EQ(&Palette::current(), &palette());
     EXPECT_EQ(open.palette().color(QPalette::Window), palette().ground);
     EXPECT_EQ(open.palette().color(QPalette::Highlight), palette().blueFill);
-    EXPECT_EQ(open.palette().color(QPalette::PlaceholderText), palette().secondary);
+    EXPECT_EQ(open.palette().color(QPalette::PlaceholderText), palette().placeholder);
     EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase), palette().tooltip);
 }
 

@@ -20,6 +20,7 @@ Palette lightPalette() {
         .field = QColor(0xFF, 0xFF, 0xFF),
         .text = QColor(0x19, 0x1D, 0x27),
         .secondary = QColor(0x55, 0x5B, 0x6A),
+        .placeholder = QColor(0x6E, 0x75, 0x86),
         .control = QColor(0xD6, 0xDC, 0xE8),
         .controlUnderWhiteText = QColor(0x2B, 0x31, 0x3E),
         .line = QColor(0xE1, 0xE2, 0xE1),
@@ -49,6 +50,7 @@ Palette darkPalette() {
         .field = QColor(0x17, 0x1A, 0x21),
         .text = QColor(0xEC, 0xEB, 0xE7),
         .secondary = QColor(0xA6, 0xAC, 0xBA),
+        .placeholder = QColor(0x86, 0x8C, 0x9B),
         .control = QColor(0x39, 0x40, 0x4F),
         .controlUnderWhiteText = QColor(0x39, 0x40, 0x4F),
         .line = QColor(0x2B, 0x30, 0x3A),
@@ -112,7 +114,7 @@ QPalette toolkitPalette(const Palette& palette) {
     QPalette result(palette.text, palette.card, palette.card, palette.rule, palette.line, palette.text,
                     palette.white, palette.field, palette.ground);
     result.setColor(QPalette::AlternateBase, blendedOver(withOpacity(palette.secondary, 0.05), palette.card));
-    result.setColor(QPalette::PlaceholderText, palette.secondary);
+    result.setColor(QPalette::PlaceholderText, palette.placeholder);
     result.setColor(QPalette::ButtonText, palette.text);
     result.setColor(QPalette::Highlight, palette.blueFill);
     result.setColor(QPalette::HighlightedText, palette.white);

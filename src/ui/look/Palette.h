@@ -19,6 +19,8 @@ struct Palette {
     QColor field;
     QColor text;
     QColor secondary;
+    /// Examples in empty fields: lighter than any value.
+    QColor placeholder;
     /// For hovered and selected items.
     QColor control;
     /// Only behind the white text of a hovered destructive NavigationButton.
