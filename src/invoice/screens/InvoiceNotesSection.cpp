@@ -52,6 +52,7 @@ void InvoiceNotesSection::showSavedNotes() {
 void InvoiceNotesSection::refresh() {
     m_notes->setValue(screenText(*m_view.additionalNotes));
     m_saved->setVisible(!m_timeStore.savedNotes->empty());
+    m_delete->setEnabled(m_view.selectedNoteId->has_value());
     refreshSaveNoteSheet();
 }
 

@@ -90,7 +90,8 @@ QWidget* note() {
 } // namespace
 
 ProfileScreen::ProfileScreen(UserProfile& profile, const Images& images, QWidget* parent)
-    : Screen(parent), m_profile(profile), m_logo(new LogoPlate(images)) {
+    : Screen(parent), m_profile(profile), m_logo(new LogoPlate(images)),
+      m_removeLogo(new Button(u"Logo entfernen"_s, Button::Kind::destructive)) {
     auto* const content = new QWidget;
     auto* const title = asHeading(new Label(u"Profil"_s, FontRole::title17));
     Column{Row{title}.margins({titleInset, 0, titleInset, 0}),
@@ -111,12 +112,11 @@ ProfileScreen::ProfileScreen(UserProfile& profile, const Images& images, QWidget
 
 QWidget* ProfileScreen::logoSection() {
     auto* const select = new Button(u"Logo auswählen"_s);
-    auto* const remove = new Button(u"Logo entfernen"_s, Button::Kind::destructive);
     select->onClick([this] { m_profile.loadLogoFromFile(); });
-    remove->onClick([this] { m_profile.logoData = std::nullopt; });
+    m_removeLogo->onClick([this] { m_profile.logoData = std::nullopt; });
     return card(Column{new SectionHeader(u"Firmenlogo"_s, u"photo"_s), space(10),
                        aligned(m_logo, Qt::AlignHCenter), space(margin),
-                       Row{stretch(), select, remove, stretch()}.spacing(buttonGap)});
+                       Row{stretch(), select, m_removeLogo, stretch()}.spacing(buttonGap)});
 }
 
 QWidget* ProfileScreen::contactSection() {
@@ -174,6 +174,7 @@ TextField* ProfileScreen::field(const FormRow& row, const FormField& field) {
 void ProfileScreen::refresh() {
     for (const BoundField& bound : m_fields)
         showValue(*bound.field, screenText(**bound.property));
+    m_removeLogo->setEnabled(m_profile.logoData->has_value());
     // Decoding the logo again at every keystroke would be noticeable.
     if (m_shownLogo != m_profile.logoData.revision())
         m_logo->setLogo(m_profile.logoData);

@@ -8,6 +8,7 @@
 
 namespace brisklog {
 
+class Button;
 class Images;
 class LayoutItem;
 class LogoPlate;
@@ -42,6 +43,7 @@ private:
 
     UserProfile& m_profile;
     LogoPlate* m_logo;
+    Button* m_removeLogo;
     std::optional<std::uint64_t> m_shownLogo;
     std::vector<BoundField> m_fields;
 };

@@ -114,6 +114,7 @@ TEST_F(InvoiceNotesTest, choosingOneFromTheMenuReplacesTheTextAndItCanBeDeleted)
     content.store.addSavedNote("Skonto", "2 % bei Zahlung in 7 Tagen");
     content.store.addSavedNote("Dank", "Vielen Dank");
     InvoiceSheetWindow window(content);
+    EXPECT_FALSE(window.button(u"Ausgewählte Notiz löschen"_s).isEnabled());
     window.button(u"Gespeicherte Notizen"_s).click();
     settle();
     QWidget* menu = QApplication::activePopupWidget();
@@ -127,6 +128,7 @@ TEST_F(InvoiceNotesTest, choosingOneFromTheMenuReplacesTheTextAndItCanBeDeleted)
     settle();
     ASSERT_EQ(content.store.savedNotes->size(), 1U);
     EXPECT_EQ(content.store.savedNotes->front().name, "Skonto");
+    EXPECT_FALSE(window.button(u"Ausgewählte Notiz löschen"_s).isEnabled());
     EXPECT_EQ(window.view().additionalNotes.get(), "Vielen Dank");
 }
 

@@ -186,6 +186,7 @@ TEST_F(ProfileScreenTest, postalCodeAndTownStandSideBySide) {
 }
 
 TEST_F(ProfileScreenTest, tabGoesThroughTheFormInReadingOrderAndKeepsTheFocusInView) {
+    keepLogo(10, 10);
     open();
     std::vector<QString> reached;
     button(u"Logo auswählen"_s).setFocus(Qt::TabFocusReason);
@@ -256,12 +257,17 @@ TEST_F(ProfileScreenTest, aChosenLogoIsShownAndRemovedWithItsFile) {
     EXPECT_EQ(log.lines.back(), "Logo-Datei gelöscht");
 }
 
-TEST_F(ProfileScreenTest, removingALogoThatIsNotThereSaysNothing) {
+TEST_F(ProfileScreenTest, aLogoCanBeRemovedOnlyWhileThereIsOne) {
     open();
-    button(u"Logo entfernen"_s).click();
+    EXPECT_FALSE(button(u"Logo entfernen"_s).isEnabled());
+    keepLogo(10, 10);
+    EXPECT_TRUE(button(u"Logo entfernen"_s).isEnabled());
+    profile.logoData = "Das ist kein Bild.";
     settle();
-    EXPECT_THAT(log.lines, IsEmpty());
-    EXPECT_TRUE(labels().contains(u"Kein Logo"_s));
+    EXPECT_TRUE(button(u"Logo entfernen"_s).isEnabled());
+    profile.logoData = std::nullopt;
+    settle();
+    EXPECT_FALSE(button(u"Logo entfernen"_s).isEnabled());
 }
 
 TEST_F(ProfileScreenTest, aFolderThatCannotBeWrittenCostsOneLineATryAndNothingElse) {
