@@ -89,6 +89,12 @@ TEST_F(ComponentDateTimeField, theSymbolOpensAMonthWhoseDayIsTaken) {
     EXPECT_EQ(field.text(), u"12.10.2026, 14:30"_s);
 }
 
+TEST_F(ComponentDateTimeField, theMonthNamesItsWeekdaysAsTheCalendarOfTheTracker) {
+    MonthPopup month(field, moment.date(), Qt::Monday, [](const QDate&) {});
+    EXPECT_EQ(month.heading(0), u"Mo."_s);
+    EXPECT_EQ(month.heading(6), u"So."_s);
+}
+
 TEST_F(ComponentDateTimeField, theMonthStaysOnTheScreen) {
     const QRect available = field.screen()->availableGeometry();
     for (const QPoint corner : {QPoint(available.right() - 40, 100), QPoint(available.left() - 60, 100),

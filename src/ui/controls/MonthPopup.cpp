@@ -99,12 +99,15 @@ void MonthPopup::paintEvent(QPaintEvent* event) {
         paintDay(painter, cell);
 }
 
+QString MonthPopup::heading(int column) const {
+    return german().dayName(firstShownDay().addDays(column).dayOfWeek(), QLocale::ShortFormat);
+}
+
 void MonthPopup::paintHeadings(QPainter& painter) const {
     for (int column = 0; column < columns; ++column) {
-        const int weekday = firstShownDay().addDays(column).dayOfWeek();
         const QRect area(cellRect(column).x(), gridTop - headingHeight, cellSize.width(), headingHeight);
-        paintText(painter, area, german().dayName(weekday, QLocale::ShortFormat).left(2), FontRole::caption11,
-                  Palette::current().secondary, Qt::AlignCenter);
+        paintText(painter, area, heading(column), FontRole::caption11, Palette::current().secondary,
+                  Qt::AlignCenter);
     }
 }
 

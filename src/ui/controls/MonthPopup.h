@@ -16,6 +16,9 @@ public:
 
     [[nodiscard]] QDate currentDay() const { return m_current; }
 
+    /// The weekday over that column, from 0.
+    [[nodiscard]] QString heading(int column) const;
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
