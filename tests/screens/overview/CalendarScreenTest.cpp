@@ -146,5 +146,14 @@ TEST_F(CalendarScreenTest, dayThatBeganWhileHiddenIsTodayWhenShownAgain) {
     EXPECT_EQ(cell(u"20. November 2026"_s).accessibleDescription(), u""_s);
 }
 
+TEST_F(CalendarScreenTest, dayThatBeginsWhileItIsShownIsTodayFromTheNextTickOn) {
+    openPanel();
+    bench.clock.advance(fullDay);
+    bench.runLoop.advance(1);
+    settle();
+    EXPECT_EQ(cell(u"21. November 2026"_s).accessibleDescription(), u"Heute"_s);
+    EXPECT_EQ(cell(u"20. November 2026"_s).accessibleDescription(), u""_s);
+}
+
 } // namespace
 } // namespace brisklog::test
