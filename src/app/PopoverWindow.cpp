@@ -34,6 +34,9 @@ QWidget* makeWindowStrip(const std::function<void()>& quit) {
     Column{new Hairline(Hairline::Kind::card), Row{reason, stretch(), button}.margins({12, 4, 8, 5})}.applyTo(
         *strip);
     strip->setFixedHeight(stripHeight);
+    // In the toolkit's palette this is the colour of cards.
+    strip->setBackgroundRole(QPalette::Button);
+    strip->setAutoFillBackground(true);
     return strip;
 }
 

@@ -1,4 +1,5 @@
 #include "app/WholeProgram.h"
+#include "ui/look/Palette.h"
 
 #include <QWindow>
 
@@ -86,6 +87,14 @@ TEST_F(WindowWithoutPanel, closingItOnlyHidesItOnceAPanelShowsTheIcon) {
     closeWindow();
     EXPECT_EQ(terminations, 0);
     EXPECT_FALSE(app.popover()->isShown());
+}
+
+TEST_F(WindowWithoutPanel, itsStripIsACardInBothSchemes) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        applyColorScheme(scheme);
+        const QImage window = picture(*app.popover());
+        EXPECT_EQ(window.pixelColor(3, window.height() - 10), Palette::of(scheme).card);
+    }
 }
 
 } // namespace

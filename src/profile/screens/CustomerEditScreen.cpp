@@ -121,6 +121,8 @@ void CustomerEditScreen::addHeader() {
     auto* cancelButton = new Button(u"Abbrechen"_s, Button::Kind::textual);
     cancelButton->onClick([this] { cancel(); });
     addHeaderWidget(cancelButton);
+    // The button's own padding is added to it.
+    setHeaderPaddingRight(7);
 }
 
 void CustomerEditScreen::addFooter() {

@@ -36,6 +36,8 @@ CustomerScreen::CustomerScreen(TimeTrackingStore& timeStore)
                                           .accent = true})),
       m_noCustomers(noCustomers([this] { m_view.createCustomer(); })),
       m_list(new RowList(RowList::RowHeights::different)) {
+    // Exactly centred it would look too low.
+    m_noCustomers->setContentsMargins(0, 0, 0, 38);
     makeList();
     Column{expanding(m_noCustomers), expanding(m_list)}.applyTo(*this);
     observe(m_timeStore);

@@ -35,7 +35,7 @@ namespace {
 
 constexpr int margin = 12;
 constexpr int marginAbove = 16;
-constexpr int marginBelow = 10;
+constexpr int marginBelow = 6;
 constexpr int headerInset = 4;
 constexpr int headerGap = 8;
 constexpr int pickerWidth = 194;
@@ -46,6 +46,8 @@ constexpr int sectionGap = 17;
 constexpr int linkRadius = 4;
 constexpr int linkHeight = 28;
 constexpr int linkPadding = 4;
+/// In the upper part of its target, close to the line above.
+constexpr int linkTextHeight = 20;
 constexpr FontRole linkFont = FontRole::caption11Medium;
 
 /// A link out of the program, in small blue underlined letters.
@@ -71,7 +73,8 @@ protected:
         underlined.setUnderline(true);
         painter.setFont(underlined);
         painter.setPen(isHovered() ? palette.text : palette.blue);
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, caption());
+        painter.drawText(QRect(0, 0, width(), linkTextHeight), Qt::AlignCenter | Qt::TextSingleLine,
+                         caption());
     }
 };
 

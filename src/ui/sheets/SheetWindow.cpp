@@ -111,6 +111,10 @@ void SheetWindow::setBody(QWidget* body, Body kind) {
 
 void SheetWindow::addHeaderWidget(QWidget* widget) { m_headerRow->addWidget(widget); }
 
+void SheetWindow::setHeaderPaddingRight(int padding) {
+    m_headerRow->setContentsMargins(paddingLeft, 0, padding, 0);
+}
+
 void SheetWindow::addCloseButton(const QString& tooltip, const QString& symbol) {
     auto* button = new SymbolButton(symbol, tooltip, SymbolButton::Size::closing);
     button->onClick([this] { dismiss(); });

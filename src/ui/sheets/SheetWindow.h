@@ -32,6 +32,8 @@ public:
     void setBody(QWidget* body, Body kind = Body::scrolling);
     /// Adds it between the title and the close button, in the order of the calls.
     void addHeaderWidget(QWidget* widget);
+    /// The space right of the header's last widget, 12 unless set.
+    void setHeaderPaddingRight(int padding);
     /// Adds a symbol button at the header's right end that closes the sheet.
     void addCloseButton(const QString& tooltip, const QString& symbol = QStringLiteral("xmark.circle"));
     /// Adds it at the footer's left end.

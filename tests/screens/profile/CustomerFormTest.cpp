@@ -88,6 +88,15 @@ TEST_F(CustomerForm, everythingIsSeenWithoutScrolling) {
     EXPECT_TRUE(shows(*form(), u"Kontakt"_s));
 }
 
+TEST_F(CustomerForm, theTextButtonInTheHeaderEndsBesideTheRightEdge) {
+    openForNew();
+    int rightmost = 0;
+    for (auto* const each : form()->findChildren<QAbstractButton*>())
+        if (each->text() == u"Abbrechen"_s && each->mapTo(form(), QPoint()).y() < 52)
+            rightmost = each->mapTo(form(), QPoint(each->width(), 0)).x();
+    EXPECT_EQ(rightmost, 500 - 7);
+}
+
 TEST_F(CustomerForm, tabGoesThroughTheFieldsInReadingOrderThenTheFooterThenTheHeader) {
     openFor(wordyCustomer());
     EXPECT_EQ(tabPath(*form()), (QStringList{u"Vorname"_s, u"Nachname"_s, u"Geschlecht"_s, u"Firma"_s,

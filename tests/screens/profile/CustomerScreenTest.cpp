@@ -6,6 +6,7 @@
 #include "support/WritableStore.h"
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QListView>
 #include <QTest>
 #include <QToolTip>
@@ -26,6 +27,12 @@ TEST_F(CustomerScreenTest, withoutCustomersShowsOnlyTheEmptyState) {
     EXPECT_TRUE(
         shows(*sheet, u"Erstellen Sie Kundenprofile, um diese bei der Rechnungserstellung auszuwählen."_s));
     EXPECT_FALSE(list().isVisible());
+}
+
+TEST_F(CustomerScreenTest, theEmptyStateStandsAboveTheMiddle) {
+    open();
+    const auto* const headline = findNamed<QLabel>(*sheet, u"Keine Kunden vorhanden"_s);
+    EXPECT_NEAR(headline->mapTo(sheet.data(), headline->rect().center()).y(), 292, 1);
 }
 
 TEST_F(CustomerScreenTest, theEmptyStatesButtonOpensTheSameFormAsTheHeaders) {

@@ -286,5 +286,11 @@ TEST_F(ProjectEntries, withoutProjectTheSubstituteIsShownAndATimerCreatesTheDefa
     EXPECT_TRUE(button(u"Rechnung"_s).isEnabled());
 }
 
+TEST_F(ProjectEntries, theEmptyStateStandsAboveTheMiddle) {
+    open();
+    const auto* const headline = findNamed<QLabel>(*screen, u"Noch keine Zeiterfassungen"_s);
+    EXPECT_NEAR(headline->mapTo(screen.get(), headline->rect().center()).y(), 408, 1);
+}
+
 } // namespace
 } // namespace brisklog::test

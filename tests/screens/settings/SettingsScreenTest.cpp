@@ -112,6 +112,11 @@ TEST_F(SettingsScreenTest, hasItsSectionsInOrder) {
                                    u"Rundungsregeln für Rechnungen"_s}));
 }
 
+TEST_F(SettingsScreenTest, theCreditLineStandsCloseOverItsLinks) {
+    const auto& line = part<QLabel>(u"Brisklog – Zeiterfassung und Rechnungen"_s);
+    EXPECT_NEAR(line.mapTo(screen.get(), line.rect().center()).y(), 550, 1);
+}
+
 TEST_F(SettingsScreenTest, saysWhatItsControlsAreFor) {
     QStringList texts;
     for (const auto* label : screen->findChildren<QLabel*>())

@@ -47,7 +47,7 @@ QWidget* emptyEntries() {
          .headline = u"Noch keine Zeiterfassungen"_s,
          .sentence = u"Oben eine Aufgabe eingeben und „Start“ wählen. Gestoppte Timer erscheinen hier."_s});
     // Exactly centred it would look too low.
-    return asWidget(Column{expanding(content, 8), stretch(1)});
+    return asWidget(Column{expanding(content, 17), stretch(3)});
 }
 
 } // namespace
