@@ -88,7 +88,9 @@ class Desktop:
     def __init__(self, results):
         self.results = Path(results)
         self.width, self.height = map(int, command("xdotool", "getdisplaygeometry").split())
-        self.icon = (self.width - 14, 14)
+        # At the right or lower end of the panel.
+        self.edge = os.environ.get("BRISKLOG_PANEL_EDGE", "top")
+        self.icon = (14 if self.edge == "left" else self.width - 14, 14 if self.edge == "top" else self.height - 14)
         # What the accessibility interface calls a pixel has so many of the screen's.
         self.scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))
         # The first key on a fresh X server makes the window manager read the keyboard again, and it misses

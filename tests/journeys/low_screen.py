@@ -23,6 +23,13 @@ def check_on_screen(desktop, title):
     return x, y, width, height
 
 
+def check_panel_is_free(desktop, box):
+    """The panel is 28 pixels thick."""
+    x, y, width, height = box
+    room = {"top": y, "left": x, "bottom": desktop.height - y - height, "right": desktop.width - x - width}[desktop.edge]
+    assert room >= 27, (desktop.edge, box)
+
+
 def box_on_screen(desktop, thing):
     box = thing.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     return [value * desktop.scale for value in (box.x, box.y, box.x + box.width, box.y + box.height)]
@@ -42,13 +49,13 @@ def scrolled_into_view(desktop, popover, name):
 def check_section(desktop, popover, section, last):
     desktop.press_named(section)
     wait_until(lambda: scrolled_into_view(desktop, popover, last), f"{last!r} to come into view")
-    desktop.screenshot(f"low-{desktop.width}-{desktop.scale}-{section}")
+    desktop.screenshot(f"low-{desktop.width}-{desktop.scale}-{desktop.edge}-{section}")
 
 
 def check_sheet(desktop, control, title):
     desktop.press_named(control)
     check_on_screen(desktop, title)
-    desktop.screenshot(f"low-{desktop.width}-{desktop.scale}-sheet-{control}")
+    desktop.screenshot(f"low-{desktop.width}-{desktop.scale}-{desktop.edge}-sheet-{control}")
     desktop.press("Escape")
     wait_until(lambda: not desktop.windows(title), f"the window {title!r} to close")
 
@@ -58,7 +65,7 @@ def journey(program_path, desktop):
     desktop.wait_for_drawn_icon()
     desktop.open_popover()
     popover = check_on_screen(desktop, "Brisklog")
-    assert popover[1] >= desktop.icon[1] * 2 - 1, "the panel stays free"
+    check_panel_is_free(desktop, popover)
     for section, last in SECTIONS.items():
         check_section(desktop, popover, section, last)
     check_section(desktop, popover, "Auto-Tracking", "Daten löschen")
