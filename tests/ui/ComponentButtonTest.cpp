@@ -8,6 +8,7 @@
 #include "ui/lists/RowList.h"
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/FocusRing.h"
+#include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Symbols.h"
@@ -181,6 +182,25 @@ TEST_F(ComponentFocusRing, survivesTheWidgetsEnd) {
 }
 
 class ComponentBox : public ScreenTest {};
+
+TEST_F(ComponentBox, hairlinesAreEquallyThickAtEveryRatioWhereverTheyAre) {
+    QWidget window;
+    window.resize(20, 80);
+    for (int y = 1; y < 80; y += 7)
+        (new Hairline(Hairline::Kind::card, Qt::Horizontal, &window))->setGeometry(0, y, 20, 1);
+    for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        const QImage drawn = picture(window, ratio);
+        std::vector<int> thicknesses;
+        for (int y = 1; y < drawn.height(); ++y) {
+            const bool isLine = drawn.pixelColor(5, y) == Palette::current().line;
+            if (isLine && drawn.pixelColor(5, y - 1) != Palette::current().line)
+                thicknesses.push_back(0);
+            if (isLine)
+                ++thicknesses.back();
+        }
+        EXPECT_EQ(thicknesses, std::vector<int>(12, static_cast<int>(ratio))) << ratio;
+    }
+}
 
 TEST_F(ComponentBox, cardViewPadsItsContentAndAppliesNoCorners) {
     auto* content = new QWidget;

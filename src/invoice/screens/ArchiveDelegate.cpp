@@ -77,8 +77,8 @@ void paintCardPart(QPainter& painter, const QRect& item, const ArchiveRow& row, 
     const QRect part(side, item.top(), item.width() - 2 * side, item.height());
     paintCard(painter, part.adjusted(0, row.isFirst ? 0 : -beyond, 0, row.isLast ? 0 : beyond), palette);
     if (!row.isLast)
-        painter.fillRect(QRect(part.left() + inset, part.bottom(), part.width() - 2 * inset, 1),
-                         palette.line);
+        paintHairline(painter, QRect(part.left() + inset, part.bottom(), part.width() - 2 * inset, 1),
+                      palette.line);
 }
 
 } // namespace

@@ -87,7 +87,7 @@ void BarChart::paintEvent(QPaintEvent*) {
     for (std::size_t i = 0; i < m_content.bars.size(); ++i)
         paintBar(painter, palette, i);
     // Painted after the bars, so that it lies over their bottom edges.
-    painter.fillRect(QRect(plot().left(), plot().bottom() + 1, plot().width(), 1), palette.rule);
+    paintHairline(painter, QRect(plot().left(), plot().bottom() + 1, plot().width(), 1), palette.rule);
     paintTitles(painter, palette);
 }
 
@@ -96,7 +96,7 @@ void BarChart::paintScale(QPainter& painter, const Palette& palette) const {
     const auto lines = m_content.scale.lines();
     for (std::size_t i = 0; i < m_content.valueLabels.size(); ++i) {
         const int y = area.bottom() + 1 - qRound(m_content.scale.share(lines[i]) * area.height());
-        painter.fillRect(QRect(area.left(), y, area.width(), 1), palette.line);
+        paintHairline(painter, QRect(area.left(), y, area.width(), 1), palette.line);
         paintFigures(painter, lineThrough(y, 0, area.left() - labelGap), screenText(m_content.valueLabels[i]),
                      FontRole::caption11, palette.secondary, Qt::AlignRight);
     }

@@ -79,9 +79,10 @@ protected:
     void paintRow(QPainter& painter, const PaintedRow& row) const override {
         const Palette& palette = Palette::current();
         if (item(row.index).isDivider)
-            painter.fillRect(QRect(row.area.x() + dividerInset, row.area.center().y(),
-                                   row.area.width() - 2 * dividerInset, 1),
-                             palette.line);
+            paintHairline(painter,
+                          QRect(row.area.x() + dividerInset, row.area.center().y(),
+                                row.area.width() - 2 * dividerInset, 1),
+                          palette.line);
         else
             paintItem(painter, row.area, item(row.index), list().currentIndex() == row.index, palette);
     }

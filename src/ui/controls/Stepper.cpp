@@ -142,7 +142,8 @@ void Stepper::paintPart(QPainter& painter, const QStyleOptionSpinBox& option, QS
         fillRounded(painter, area.adjusted(2, 2, -2, -2), 4,
                     withOpacity(palette.control, option.state.testFlag(QStyle::State_Sunken) ? 0.9 : 0.7));
     const int inset = hasFocus() ? 2 : 1;
-    painter.fillRect(QRect(area.x(), inset, 1, height() - 2 * inset), withOpacity(palette.secondary, 0.2));
+    paintHairline(painter, QRect(area.x(), inset, 1, height() - 2 * inset),
+                  withOpacity(palette.secondary, 0.2));
     paintSymbol(painter, area, isMinus ? u"minus"_s : u"plus"_s, symbolSize,
                 canStep ? palette.text : palette.disabled());
 }

@@ -1,5 +1,6 @@
 #include "ui/look/Hairline.h"
 
+#include "ui/look/Painting.h"
 #include "ui/look/Palette.h"
 
 #include <QPainter>
@@ -16,7 +17,7 @@ Hairline::Hairline(Kind kind, Qt::Orientation orientation, QWidget* parent) : QW
 void Hairline::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const Palette& palette = Palette::current();
-    painter.fillRect(rect(), m_kind == Kind::card ? palette.line : withOpacity(palette.secondary, 0.2));
+    paintHairline(painter, rect(), m_kind == Kind::card ? palette.line : withOpacity(palette.secondary, 0.2));
 }
 
 } // namespace brisklog

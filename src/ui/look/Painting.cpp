@@ -87,6 +87,19 @@ void paintTimeEdge(QPainter& painter, const QRect& area, const QColor& color) {
     fillRounded(painter, area, area.width() / 2.0, color);
 }
 
+void paintHairline(QPainter& painter, const QRect& area, const QColor& color) {
+    const QTransform toScreen = painter.deviceTransform();
+    const QRectF exact = toScreen.mapRect(QRectF(area));
+    // A whole number that fits into what is left of one pixel wherever it begins.
+    const qreal thickness = std::floor(std::min(exact.width(), exact.height()));
+    QRectF snapped(std::round(exact.x()), std::round(exact.y()), exact.width(), exact.height());
+    if (area.width() > area.height())
+        snapped.setHeight(thickness);
+    else
+        snapped.setWidth(thickness);
+    painter.fillRect(toScreen.inverted().mapRect(snapped), color);
+}
+
 QString onOneLine(QString text) {
     const auto breaksLine = [](QChar c) {
         return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||

@@ -37,6 +37,10 @@ void paintField(QPainter& painter, const QRect& area, const FieldLook& look, con
 /// The rounded bar of 3 pixels that marks running time; `area` is the bar's rectangle.
 void paintTimeEdge(QPainter& painter, const QRect& area, const QColor& color);
 
+/// A line of one pixel, `area`. With a fractional scale it is snapped to the screen's pixels, so that all
+/// lines are equally thick.
+void paintHairline(QPainter& painter, const QRect& area, const QColor& color);
+
 /// The text with line breaks, tabs and other control characters replaced by spaces.
 [[nodiscard]] QString onOneLine(QString text);
 

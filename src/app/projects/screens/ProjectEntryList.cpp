@@ -128,8 +128,9 @@ protected:
         paintNameAndEarnings(painter, placed, palette);
         paintTimes(painter, placed, palette);
         if (row.index.row() + 1 < m_model.rowCount())
-            painter.fillRect(QRect(placed.timesArea.left(), row.area.bottom(), placed.timesArea.width(), 1),
-                             palette.line);
+            paintHairline(painter,
+                          QRect(placed.timesArea.left(), row.area.bottom(), placed.timesArea.width(), 1),
+                          palette.line);
         if (row.showsFocusRing)
             paintFocusRing(painter, row.area.marginsRemoved(ringInset), 4, palette);
     }

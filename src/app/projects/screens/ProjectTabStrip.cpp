@@ -252,7 +252,7 @@ void ProjectTabStrip::openMenu() {
 void ProjectTabStrip::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor line = withOpacity(Palette::current().secondary, 0.2);
-    painter.fillRect(0, height() - 1, width(), 1, line);
+    paintHairline(painter, QRect(0, height() - 1, width(), 1), line);
     if (m_layout.overflow)
         painter.fillRect(m_layout.overflow->x + m_layout.overflow->width, (height() - dividerHeight) / 2, 1,
                          dividerHeight, line);
