@@ -151,6 +151,7 @@ TEST_F(BrisklogAppTest, aChosenLogoIsShownInTheProfileAndKept) {
     click(u"Logo auswählen"_s);
     ASSERT_EQ(logoPicker.titles, std::vector<std::string>{"Logo auswählen"});
     logoPicker.pending("logo");
+    settle();
     EXPECT_EQ(logoPicker.closings, 1);
     EXPECT_EQ(readFile(home.applicationSupport() / "Pennavo" / "userLogo.png"), "logo");
     click(u"Logo entfernen"_s);
