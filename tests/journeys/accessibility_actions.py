@@ -1,0 +1,210 @@
+"""What the offered actions do, compared with a click on the same thing, and whether each change is announced."""
+
+import time
+
+from accessibility_controls import CONTAINER_ROLES, controls, is_control
+from accessibility_states import WATCHED, Outcome, State, timeless
+from desktop import wait_until
+
+CALM = 0.12  # seconds without a change
+NOTHING = 0.5  # seconds after which nothing is to be expected any more
+MANY = {"list-item", "push-button", "table-cell"}
+
+
+class Comparison:
+    """Carries out the actions of one screen's controls and clicks on them."""
+
+    def __init__(self, walked, screen, idle, known):
+        self.walked, self.screen, self.idle, self.known = walked, screen, idle, known
+        self.begin = None
+        self.is_at_begin = False
+
+    def rest(self, before, expected=()):
+        """The state once nothing changes any more, or as soon as it is an expected one."""
+        start = time.monotonic()
+        last, calm_since = State(self.walked), time.monotonic()
+        while last not in expected:
+            state = State(self.walked)
+            now = time.monotonic()
+            if state != last:
+                last, calm_since = state, now
+            elif now - calm_since >= CALM and (last != before or now - start >= NOTHING):
+                break
+        return last
+
+    def arrive(self):
+        """To the screen as it was at the beginning."""
+        self.walked.visit(self.screen)
+        state = self.rest(None, [self.begin])
+        if self.begin is None:
+            self.begin = state
+        elif state != self.begin:
+            self.begin = wait_until(lambda: State(self.walked) == self.begin and self.begin, f"{self.screen.name!r} as it was")
+        self.is_at_begin = True
+
+    def find(self, key):
+        scope = self.walked.scope()
+        return next((node for node, each in keyed(scope) if each == key), None) if scope else None
+
+    def reach(self, key):
+        """The control, on the screen as it was at the beginning."""
+        node = self.find(key) if self.is_at_begin else None
+        if node is None:
+            self.arrive()
+            node = wait_until(lambda: self.find(key), f"{key} on the screen {self.screen.name!r}")
+        return node
+
+    def watch(self, key, deed, expected=()):
+        """What is different after the deed, and what was announced meanwhile. Then Escape closes what has been opened; if
+        that is not enough, the screen will be shown anew."""
+        node = self.reach(key)
+        self.walked.hear()
+        before = State(self.walked)
+        deed(node)
+        after = self.rest(before, expected)
+        outcome = Outcome(before, after, self.walked.hear())
+        self.is_at_begin = after == self.begin
+        if set(after.windows()) - set(before.windows()):
+            self.walked.desktop.press("Escape")
+            self.is_at_begin = self.rest(after, [self.begin]) == self.begin
+        return outcome
+
+    def act(self, action):
+        return lambda node: self.walked.act(node, action)
+
+    def steps(self, key):
+        """Up and down again, since neither may be possible at both ends."""
+        node = self.reach(key)
+        self.walked.hear()
+        before = State(self.walked)
+        self.walked.act(node, "Increase")
+        up = Outcome(before, self.rest(before), self.walked.hear())
+        self.walked.act(node, "Decrease")
+        down = self.rest(up.after)
+        self.is_at_begin = down == self.begin
+        yield from up.silent_changes()
+        if not up.changed():
+            yield "offers 'Increase', which changes nothing"
+        elif down == up.after:
+            yield "offers 'Decrease', which changes nothing"
+
+    def compare(self, key, node):
+        """What is wrong with the actions of one control."""
+        if "Increase" in node.actions:
+            yield from self.steps(key)
+        done = {action: self.watch(key, self.act(action)) for action in deeds(node)}
+        click = self.watch(key, self.walked.click, [each.after for each in done.values()])
+        for action, outcome in done.items():
+            self.idle.judge(key, node, action, outcome)
+        yield from judge(node, done, click)
+
+    def focus_each(self):
+        """Where the focus is does not count as a difference, so nothing has to be undone."""
+        for node, _ in keyed(self.walked.scope()):
+            if "SetFocus" in node.actions and not node.has("focused"):
+                self.walked.hear()
+                self.walked.act(node, "SetFocus")
+                if (node.path, "StateChanged", "focused", 1) not in self.walked.hear():
+                    yield node, "offers 'SetFocus', which does not give it the focus, or without an event"
+
+    def click_the_rest(self):
+        """What offers no action must not react to a click, neither a text nor what lies between."""
+        scope = self.walked.scope()
+        quiet = [node for node in scope.all() if node.has("showing") and not node.children and not deeds(node)
+                 and "Increase" not in node.actions and node.parent is not None and not belongs_to_control(node)]
+        yield from self.click_all(quiet)
+
+    def click_all(self, nodes):
+        """Halves the things that were clicked on until those that react are found."""
+        if not nodes:
+            return
+        if not self.is_at_begin:
+            self.arrive()
+        for node in nodes:
+            self.walked.click_again(node)
+        after = self.rest(self.begin)
+        self.is_at_begin = after == self.begin
+        if self.is_at_begin:
+            return
+        if len(nodes) == 1:
+            change = Outcome(self.begin, after, []).difference(self.begin)
+            yield nodes[0], f"a click changes something, but no action is offered: {change}"
+        else:
+            yield from self.click_all(nodes[:len(nodes) // 2])
+            yield from self.click_all(nodes[len(nodes) // 2:])
+
+    def go(self):
+        """Pairs of a control and what is wrong with it."""
+        self.arrive()
+        yield from self.focus_each()
+        yield from self.click_the_rest()
+        for node, key in chosen(keyed(self.walked.scope())):
+            if key in self.known or not node.has("enabled") or not deeds(node) and "Increase" not in node.actions:
+                continue
+            faults = list(dict.fromkeys(self.compare(key, node)))
+            if not self.idle.has(key):
+                self.known.add(key)
+            for fault in faults:
+                yield node, fault
+
+
+class Idle:
+    """Actions that have not changed anything yet: some, as starting a timer without a name, do so only on other screens."""
+
+    def __init__(self):
+        self.waiting, self.useful = {}, set()
+
+    def judge(self, key, node, action, outcome):
+        stays = node.role in ("page-tab", "radio-button") and node.states & {"selected", "checked"}
+        if outcome.changed() or stays:
+            self.useful.add((key, action))
+            self.waiting.pop((key, action), None)
+        elif (key, action) not in self.useful:
+            self.waiting[key, action] = node
+
+    def has(self, key):
+        return any(each == key for each, _ in self.waiting)
+
+    def findings(self):
+        for (_, action), node in self.waiting.items():
+            yield node, f"offers {action!r}, which changes nothing"
+
+
+def deeds(node):
+    return [action for action in node.actions if action not in ("SetFocus", "Increase", "Decrease")]
+
+
+def belongs_to_control(node):
+    return node.role in CONTAINER_ROLES or any(deeds(above) or above.role in CONTAINER_ROLES for above in node.ancestors())
+
+
+def keyed(scope):
+    """The controls with what they can be found by again."""
+    seen = {}
+    pairs = []
+    for node in controls(scope):
+        way = timeless(node.way())
+        seen[way] = seen.get(way, 0) + 1
+        pairs.append((node, (way, seen[way])))
+    return pairs
+
+
+def chosen(pairs, most=2):
+    """Of many alike side by side, such as the days of a month, a few are enough."""
+    counts = {}
+    for node, key in pairs:
+        alike = (node.parent.path, node.role, node.actions, node.states & WATCHED)
+        counts[alike] = counts.get(alike, 0) + 1
+        if counts[alike] <= most or node.role not in MANY or not any(figure.isdigit() for figure in node.name):
+            yield node, key
+
+
+def judge(node, done, click):
+    """Compares what the actions did with what a click did."""
+    for outcome in (*done.values(), click):
+        yield from outcome.silent_changes()
+    if not click.changed():
+        if any(outcome.changed() for outcome in done.values()):
+            yield "an action changes something, but a click nothing"
+    elif done and click.after not in [outcome.after for outcome in done.values()]:
+        yield f"a click does not do what the action does: {click.difference(next(iter(done.values())).after)}"

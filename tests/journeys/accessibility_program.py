@@ -1,0 +1,119 @@
+"""The program as the walk through its screens drives it: started on given files, brought to a screen, read when it has
+come to rest."""
+
+import fnmatch
+import subprocess
+import time
+
+import accessibility_home as home
+from accessible import ROOT, Bus, application, property_of, read_tree
+from desktop import Program, command, wait_until
+
+
+class Walked:
+    """The program, one run after the other."""
+
+    def __init__(self, path, desktop, scheme):
+        self.path, self.desktop, self.scheme = path, desktop, scheme
+        self.bus = Bus()
+        self.program = self.service = None
+
+    def start(self, files):
+        self.end()
+        home.write_home(files, self.scheme)
+        self.program = Program(self.path, BRISKLOG_REDUCED_MOTION="1", PATH=home.write_opener())
+        self.service = wait_until(lambda: application(self.bus), "the program on the accessibility bus")
+        if not self.desktop.windows():
+            subprocess.run([self.path], check=True, timeout=20)
+        wait_until(lambda: self.scope(), "the popover")
+
+    def end(self):
+        if self.program is not None:
+            self.program.end()
+            wait_until(lambda: not application(self.bus), "the ended program to leave the bus")
+
+    def tree(self, places=False):
+        return read_tree(self.bus, self.service, places)
+
+    def scope(self):
+        """What can be used now: the menu that is open, else the window in front."""
+        active = [node for node in self.tree(places=True).all() if node.has("active")]
+        inner = [node for node in active if node.parent.parent is not None]
+        return (inner or active or [None])[-1]
+
+    def find(self, pattern):
+        scope = self.scope()
+        found = [node for node in scope.all() if fnmatch.fnmatchcase(node.name, pattern) and node.has("showing")]
+        return found[-1] if found else None
+
+    def wait_for(self, pattern):
+        return wait_until(lambda: self.find(pattern), f"{pattern!r}")
+
+    def visit(self, screen):
+        """Shows the screen anew."""
+        self.start(screen.home)
+        for step in screen.way:
+            kind, _, rest = step.partition(":")
+            getattr(self, "step_" + kind)(rest)
+
+    def click(self, node):
+        """On its middle, which is scrolled into view first."""
+        for _ in range(60):
+            outside = self.outside(node)
+            if not outside:
+                break
+            self.turn_wheel("5" if outside > 0 else "4", node)
+            node = next(each for each in self.scope().all() if each.path == node.path)
+        self.desktop.click(node.middle())
+
+    def click_again(self, node):
+        """The same, wherever it is now."""
+        now = next((each for each in self.scope().all() if each.path == node.path), None)
+        if now is not None:
+            self.click(now)
+
+    @staticmethod
+    def outside(node):
+        """Below what is visible of its surroundings: 1, above: -1, else 0."""
+        for above in [] if node.has("active") else node.ancestors():
+            _, top, _, height = above.box
+            if height and not top <= node.middle()[1] < top + height:
+                return 1 if node.middle()[1] >= top + height else -1
+            if above.has("active"):
+                break
+        return 0
+
+    def turn_wheel(self, button, node):
+        window = next(above for above in (node, *node.ancestors()) if above.has("active"))
+        x, y, width, height = window.box
+        command("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", button)
+
+    def act(self, node, action):
+        self.bus.call((self.service, node.path), "Action", "DoAction", "(i)", node.actions.index(action))
+
+    def hear(self):
+        """The events since the last time."""
+        self.bus.ask_all([((self.service, ROOT), *property_of("Name"))])
+        self.bus.pump()
+        heard, self.bus.events = self.bus.events, []
+        return heard
+
+    def step_press(self, name):
+        self.click(self.wait_for(name))
+
+    def step_until(self, name):
+        self.wait_for(name)
+
+    def step_key(self, key):
+        self.desktop.press(key)
+
+    def step_type(self, text):
+        self.desktop.type(text)
+
+    def step_emptied(self, name):
+        wait_until(lambda: self.find(name).text == "", f"{name!r} to be emptied")
+
+    def step_calendar(self, name):
+        """The symbol at the field's right end."""
+        x, y, width, height = self.wait_for(name).box
+        self.desktop.click((x + width - 15, y + height // 2))
