@@ -26,13 +26,13 @@ class Findings:
 
 
 def walk(walked, findings, screens):
-    known, idle = set(), Idle()
+    ringed, known, idle = set(), set(), Idle()
     for screen in screens:
         begin = time.monotonic()
         where = f"{screen.name}, {walked.scheme}"
         walked.visit(screen)
         findings.add(where, check_controls(walked.scope()))
-        findings.add(where, Tour(walked).go())
+        findings.add(where, Tour(walked, ringed).go())
         if walked.scheme == "Hell":
             findings.add(where, Comparison(walked, screen, idle, known).go())
             print(f"    {where}: {time.monotonic() - begin:.1f} s", file=sys.stderr)

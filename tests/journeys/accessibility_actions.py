@@ -2,7 +2,7 @@
 
 import time
 
-from accessibility_controls import CONTAINER_ROLES, controls, is_control
+from accessibility_controls import CONTAINER_ROLES, controls
 from accessibility_states import WATCHED, Outcome, State, timeless
 from desktop import wait_until
 
@@ -16,8 +16,8 @@ class Comparison:
 
     def __init__(self, walked, screen, idle, known):
         self.walked, self.screen, self.idle, self.known = walked, screen, idle, known
-        self.begin = None
-        self.is_at_begin = False
+        self.first = None  # the state in which every visit begins
+        self.begin = None  # the state before the next deed, once things are scrolled; None when it is lost
 
     def rest(self, before, expected=()):
         """The state once nothing changes any more, or as soon as it is an expected one."""
@@ -35,38 +35,38 @@ class Comparison:
     def arrive(self):
         """To the screen as it was at the beginning."""
         self.walked.visit(self.screen)
-        state = self.rest(None, [self.begin])
-        if self.begin is None:
-            self.begin = state
-        elif state != self.begin:
-            self.begin = wait_until(lambda: State(self.walked) == self.begin and self.begin, f"{self.screen.name!r} as it was")
-        self.is_at_begin = True
+        if self.first is None:
+            self.first = self.rest(None)
+        else:
+            wait_until(lambda: State(self.walked) == self.first, f"{self.screen.name!r} as it was")
+        self.begin = self.first
 
     def find(self, key):
         scope = self.walked.scope()
-        return next((node for node, each in keyed(scope) if each == key), None) if scope else None
+        return next((node for node, each in keyed(scope.all()) if each == key), None) if scope else None
 
     def reach(self, key):
-        """The control, on the screen as it was at the beginning."""
-        node = self.find(key) if self.is_at_begin else None
+        """The control, scrolled into view, on the screen that is otherwise as it was at the beginning."""
+        node = self.find(key) if self.begin else None
         if node is None:
             self.arrive()
             node = wait_until(lambda: self.find(key), f"{key} on the screen {self.screen.name!r}")
+        node = self.walked.scrolled_to(node)
+        self.walked.hear()
+        self.begin = State(self.walked)
         return node
 
     def watch(self, key, deed, expected=()):
         """What is different after the deed, and what was announced meanwhile. Then Escape closes what has been opened; if
         that is not enough, the screen will be shown anew."""
-        node = self.reach(key)
-        self.walked.hear()
-        before = State(self.walked)
-        deed(node)
-        after = self.rest(before, expected)
+        deed(self.reach(key))
+        before, after = self.begin, self.rest(self.begin, expected)
         outcome = Outcome(before, after, self.walked.hear())
-        self.is_at_begin = after == self.begin
         if set(after.windows()) - set(before.windows()):
-            self.walked.desktop.press("Escape")
-            self.is_at_begin = self.rest(after, [self.begin]) == self.begin
+            self.walked.hands.press("Escape")
+            after = self.rest(after, [before])
+        if after != before:
+            self.begin = None
         return outcome
 
     def act(self, action):
@@ -75,13 +75,12 @@ class Comparison:
     def steps(self, key):
         """Up and down again, since neither may be possible at both ends."""
         node = self.reach(key)
-        self.walked.hear()
-        before = State(self.walked)
         self.walked.act(node, "Increase")
-        up = Outcome(before, self.rest(before), self.walked.hear())
+        up = Outcome(self.begin, self.rest(self.begin), self.walked.hear())
         self.walked.act(node, "Decrease")
         down = self.rest(up.after)
-        self.is_at_begin = down == self.begin
+        if down != self.begin:
+            self.begin = None
         yield from up.silent_changes()
         if not up.changed():
             yield "offers 'Increase', which changes nothing"
@@ -100,8 +99,9 @@ class Comparison:
 
     def focus_each(self):
         """Where the focus is does not count as a difference, so nothing has to be undone."""
-        for node, _ in keyed(self.walked.scope()):
-            if "SetFocus" in node.actions and not node.has("focused"):
+        for node, key in chosen(keyed(controls(self.walked.scope()))):
+            if "SetFocus" in node.actions and not node.has("focused") and (key, "SetFocus") not in self.known:
+                self.known.add((key, "SetFocus"))
                 self.walked.hear()
                 self.walked.act(node, "SetFocus")
                 if (node.path, "StateChanged", "focused", 1) not in self.walked.hear():
@@ -109,36 +109,38 @@ class Comparison:
 
     def click_the_rest(self):
         """What offers no action must not react to a click, neither a text nor what lies between."""
-        scope = self.walked.scope()
-        quiet = [node for node in scope.all() if node.has("showing") and not node.children and not deeds(node)
-                 and "Increase" not in node.actions and node.parent is not None and not belongs_to_control(node)]
-        yield from self.click_all(quiet)
+        left = [key for node, key in keyed(self.walked.scope().all()) if is_quiet(node) and (key, "click") not in self.known]
+        self.known.update((key, "click") for key in left)
+        while left:
+            self.reach(left[0])
+            visible = {key for node, key in keyed(self.walked.scope().all()) if not self.walked.outside(node)}
+            yield from self.click_all([key for key in left if key in visible])
+            left = [key for key in left[1:] if key not in visible]
 
-    def click_all(self, nodes):
+    def click_all(self, keys):
         """Halves the things that were clicked on until those that react are found."""
-        if not nodes:
+        if not keys:
             return
-        if not self.is_at_begin:
-            self.arrive()
+        self.reach(keys[0])
+        nodes = [node for node, key in keyed(self.walked.scope().all()) if key in set(keys)]
         for node in nodes:
-            self.walked.click_again(node)
+            self.walked.hands.click(node.middle())
         after = self.rest(self.begin)
-        self.is_at_begin = after == self.begin
-        if self.is_at_begin:
+        if after == self.begin:
             return
-        if len(nodes) == 1:
-            change = Outcome(self.begin, after, []).difference(self.begin)
+        change, self.begin = Outcome(self.begin, after, []).difference(self.begin), None
+        if len(keys) == 1:
             yield nodes[0], f"a click changes something, but no action is offered: {change}"
         else:
-            yield from self.click_all(nodes[:len(nodes) // 2])
-            yield from self.click_all(nodes[len(nodes) // 2:])
+            yield from self.click_all(keys[:len(keys) // 2])
+            yield from self.click_all(keys[len(keys) // 2:])
 
     def go(self):
         """Pairs of a control and what is wrong with it."""
         self.arrive()
         yield from self.focus_each()
         yield from self.click_the_rest()
-        for node, key in chosen(keyed(self.walked.scope())):
+        for node, key in chosen(keyed(controls(self.walked.scope()))):
             if key in self.known or not node.has("enabled") or not deeds(node) and "Increase" not in node.actions:
                 continue
             faults = list(dict.fromkeys(self.compare(key, node)))
@@ -174,19 +176,20 @@ def deeds(node):
     return [action for action in node.actions if action not in ("SetFocus", "Increase", "Decrease")]
 
 
-def belongs_to_control(node):
-    return node.role in CONTAINER_ROLES or any(deeds(above) or above.role in CONTAINER_ROLES for above in node.ancestors())
+def is_quiet(node):
+    """Neither a control nor part of one."""
+    return (node.has("showing") and not node.children and not node.has("active") and not deeds(node) and
+            "Increase" not in node.actions and node.role not in CONTAINER_ROLES and
+            not any(deeds(above) or above.role in CONTAINER_ROLES for above in node.ancestors()))
 
 
-def keyed(scope):
-    """The controls with what they can be found by again."""
+def keyed(nodes):
+    """Things with what they can be found by again."""
     seen = {}
-    pairs = []
-    for node in controls(scope):
+    for node in nodes:
         way = timeless(node.way())
         seen[way] = seen.get(way, 0) + 1
-        pairs.append((node, (way, seen[way])))
-    return pairs
+        yield node, (way, seen[way])
 
 
 def chosen(pairs, most=2):

@@ -6,8 +6,9 @@ import subprocess
 import time
 
 import accessibility_home as home
+from accessibility_input import Hands
 from accessible import ROOT, Bus, application, property_of, read_tree
-from desktop import Program, command, wait_until
+from desktop import Program, wait_until
 
 
 class Walked:
@@ -15,7 +16,7 @@ class Walked:
 
     def __init__(self, path, desktop, scheme):
         self.path, self.desktop, self.scheme = path, desktop, scheme
-        self.bus = Bus()
+        self.bus, self.hands = Bus(), Hands()
         self.program = self.service = None
 
     def start(self, files):
@@ -57,20 +58,17 @@ class Walked:
             getattr(self, "step_" + kind)(rest)
 
     def click(self, node):
-        """On its middle, which is scrolled into view first."""
+        self.hands.click(self.scrolled_to(node).middle())
+
+    def scrolled_to(self, node):
+        """The same thing, scrolled into view."""
         for _ in range(60):
             outside = self.outside(node)
             if not outside:
                 break
-            self.turn_wheel("5" if outside > 0 else "4", node)
+            self.turn_wheel(5 if outside > 0 else 4, node)
             node = next(each for each in self.scope().all() if each.path == node.path)
-        self.desktop.click(node.middle())
-
-    def click_again(self, node):
-        """The same, wherever it is now."""
-        now = next((each for each in self.scope().all() if each.path == node.path), None)
-        if now is not None:
-            self.click(now)
+        return node
 
     @staticmethod
     def outside(node):
@@ -86,7 +84,7 @@ class Walked:
     def turn_wheel(self, button, node):
         window = next(above for above in (node, *node.ancestors()) if above.has("active"))
         x, y, width, height = window.box
-        command("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", button)
+        self.hands.click((x + width // 2, y + height // 2), button)
 
     def act(self, node, action):
         self.bus.call((self.service, node.path), "Action", "DoAction", "(i)", node.actions.index(action))
@@ -105,10 +103,10 @@ class Walked:
         self.wait_for(name)
 
     def step_key(self, key):
-        self.desktop.press(key)
+        self.hands.press(key)
 
     def step_type(self, text):
-        self.desktop.type(text)
+        self.hands.type(text)
 
     def step_emptied(self, name):
         wait_until(lambda: self.find(name).text == "", f"{name!r} to be emptied")
@@ -116,4 +114,4 @@ class Walked:
     def step_calendar(self, name):
         """The symbol at the field's right end."""
         x, y, width, height = self.wait_for(name).box
-        self.desktop.click((x + width - 15, y + height // 2))
+        self.hands.click((x + width - 15, y + height // 2))

@@ -4,8 +4,6 @@ import copy
 import time
 from functools import lru_cache
 
-from Xlib import X, display
-
 ENOUGH = 3.0  # between the pixels of a control with and without the focus
 ROOM = 5  # how far outside and inside its edge a ring may be
 SMALLEST = 20  # pixels that a ring must be high
@@ -31,14 +29,8 @@ def contrast(one, other):
 class Picture:
     """What the screen showed."""
 
-    root = None
-
-    def __init__(self):
-        if Picture.root is None:
-            Picture.root = display.Display().screen().root
-        size = self.root.get_geometry()
-        self.width, self.height = size.width, size.height
-        self.bytes = self.root.get_image(0, 0, self.width, self.height, X.ZPixmap, 0xFFFFFFFF).data
+    def __init__(self, hands):
+        self.width, self.height, self.bytes = hands.picture()
 
     def pixel(self, x, y):
         at = (y * self.width + x) * 4
@@ -52,8 +44,8 @@ class Picture:
 class Stop:
     """The focus is somewhere: where, and what the screen shows."""
 
-    def __init__(self, node, scope):
-        self.node, self.scope, self.picture = node, scope, Picture()
+    def __init__(self, node, scope, picture):
+        self.node, self.scope, self.picture = node, scope, picture
 
     def seen_again(self, picture):
         again = copy.copy(self)
@@ -113,65 +105,84 @@ def focused_in(scope):
 
 
 class Tour:
-    """Goes through one screen with Tab."""
+    """Goes through one screen with Tab. Things that are known already are passed by."""
 
-    def __init__(self, walked):
-        self.walked = walked
+    def __init__(self, walked, known):
+        self.walked, self.known = walked, known
         self.stops = []
+        self.focus = None
 
-    def look(self, before=None, seconds=0.7):
-        """Waits until the focus is elsewhere; None if it stays."""
+    def look(self):
+        scope = self.walked.scope()
+        node = focused_in(scope)
+        return node and Stop(node, scope, Picture(self.walked.hands))
+
+    def focus_moves(self, seconds=0.4):
+        """Whether the focus is announced elsewhere in time."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            scope = self.walked.scope()
-            node = scope and focused_in(scope)
-            if node and (before is None or node.path != before.path):
-                return Stop(node, scope)
-        return None
+            moves = [path for path, kind, detail, on in self.walked.hear() if (kind, detail, on) == ("StateChanged", "focused", 1)]
+            if moves and moves[-1] != self.focus:
+                self.focus = moves[-1]
+                return True
+            time.sleep(0.005)
+        return False
 
-    def press(self, key, before):
-        self.walked.desktop.press(key)
-        return self.look(before)
+    def press(self, key):
+        self.walked.hear()
+        self.walked.hands.press(key)
+        return self.focus_moves()
 
     def go(self):
         """Pairs of a thing without a visible ring and what is wrong."""
-        first = self.look() or self.press("Tab", None)
-        if first is None:
-            return
-        # Where the focus is at first, it may have come without the keyboard; Tab comes back to it in the end.
-        self.stops = [first]
+        first = self.look()
+        if first is not None:
+            # It may have the focus without the keyboard; Tab comes back to it in the end.
+            self.stops = [first]
+            self.focus = first.node.path
+            yield from self.try_arrows(first.node)
         seen = set()
-        yield from self.try_arrows()
-        while len(seen) < MOST:
-            stop = self.press("Tab", self.stops[-1].node)
-            if stop is None or stop.node.path in seen:
-                break
-            seen.add(stop.node.path)
-            yield from self.check(stop)
-            yield from self.try_arrows()
+        while len(seen) < MOST and self.press("Tab") and self.focus not in seen:
+            seen.add(self.focus)
+            node = self.known_node()
+            if node is None:
+                stop = self.look()
+                node = stop and stop.node
+                yield from self.check(stop)
+            if node is not None:
+                yield from self.try_arrows(node)
 
-    def try_arrows(self):
+    def known_node(self):
+        """The focused thing if it has been judged on an earlier screen."""
+        nodes = self.stops[-1].scope.all() if self.stops else ()
+        node = next((node for node in nodes if node.path == self.focus), None)
+        return node if node is not None and node.way() in self.known else None
+
+    def try_arrows(self, node):
         """To the neighbour and back."""
-        stop = self.stops[-1]
-        if stop.node.role not in ARROWS:
+        if node.role not in ARROWS or (node.parent.way(), "arrows") in self.known:
             return
+        self.known.add((node.parent.way(), "arrows"))
         for key, back in (("Down", "Up"), ("Right", "Left")):
-            moved = self.press(key, stop.node)
-            if moved is not None:
-                yield from self.check(moved)
-                returned = self.press(back, moved.node)
-                if returned is not None:
-                    yield from self.check(returned)
+            if self.press(key):
+                yield from self.check(self.look())
+                if self.press(back):
+                    yield from self.check(self.look())
                 return
 
     def check(self, stop):
         """Compares with other stops: at the one before, the ring of a close neighbour may have been where this one's is."""
+        if stop is None:
+            return
+        if stop.node.path != self.focus:
+            yield stop.node, "says that it has the focus, while something else was announced"
         others = [*self.stops[:2], *self.stops[-3:]]
         self.stops.append(stop)
+        self.known.add(stop.node.way())
         missing = self.missing(stop, others)
         if missing:
             time.sleep(0.1)  # it may not have been painted yet
-            missing = self.missing(stop.seen_again(Picture()), others)
+            missing = self.missing(stop.seen_again(Picture(self.walked.hands)), others)
         if missing:
             yield stop.node, f"has the focus, of which nothing can be seen at its {', '.join(missing)}"
 

@@ -46,7 +46,7 @@ SCREENS = [
     Screen("tracking", "one", TRACKING),
     Screen("tracking switched on", "one", (*TRACKING, "press:Automatische Zeiterfassung", "until:Aktiv - Erfasst Anwendungsnutzung")),
     Screen("alert: usage", "one", (*TRACKING, "press:Daten löschen", "until:Löschen")),
-    Screen("day", "one", (*TRACKING, "press:*, mit Daten", "until:Editor*")),
+    Screen("day", "one", (*TRACKING, "press:*, mit Daten", "until:Editor*", "press:Gesamtzeit*")),
     Screen("settings", "one", SETTINGS),
     Screen("colour scheme", "one", (*SETTINGS, "press:Farbschema", "until:Dunkel")),
     Screen("time rounding", "one", (*SETTINGS, "press:Zeitrundung", "until:15 Minuten")),

@@ -1,0 +1,34 @@
+"""The mouse and the keyboard without a process of its own for each gesture."""
+
+from Xlib import XK, X, display
+from Xlib.ext import xtest
+
+
+class Hands:
+    def __init__(self):
+        self.display = display.Display()
+        self.root = self.display.screen().root
+
+    def click(self, place, button=1):
+        xtest.fake_input(self.display, X.MotionNotify, x=place[0], y=place[1])
+        xtest.fake_input(self.display, X.ButtonPress, button)
+        xtest.fake_input(self.display, X.ButtonRelease, button)
+        self.display.sync()
+
+    def press(self, *names):
+        """One key, the modifiers before it."""
+        codes = [self.display.keysym_to_keycode(XK.string_to_keysym(name)) for name in names]
+        for code in codes:
+            xtest.fake_input(self.display, X.KeyPress, code)
+        for code in reversed(codes):
+            xtest.fake_input(self.display, X.KeyRelease, code)
+        self.display.sync()
+
+    def type(self, text):
+        for letter in text:
+            self.press(*(["Shift_L"] if letter.isupper() else []), letter.lower())
+
+    def picture(self):
+        """The screen's width, height and pixels of four bytes."""
+        size = self.root.get_geometry()
+        return size.width, size.height, self.root.get_image(0, 0, size.width, size.height, X.ZPixmap, 0xFFFFFFFF).data
