@@ -37,10 +37,15 @@ def value_is_told(node):
     return node.role != "text" or node.text is not None
 
 
+def is_scrolled(node):
+    """An area that takes the focus to be scrolled: Qt 6.4's bridge has no scroll pane among its roles."""
+    return node.role == "panel" and node.actions == ("SetFocus",) and bool(node.children)
+
+
 def faults_of(node):
     if not node.name:
         yield "has no name"
-    if node.role not in CONTROL_ROLES | CONTAINER_ROLES:
+    if node.role not in CONTROL_ROLES | CONTAINER_ROLES and not is_scrolled(node):
         yield f"can be used, but its role is {node.role}"
     if not value_is_told(node):
         yield "does not tell its value"

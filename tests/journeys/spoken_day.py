@@ -8,7 +8,7 @@ from accessible import Bus, application, read_tree
 from desktop import Program, main, wait_until
 from screen_reader import ScreenReader
 
-MOST = 40
+MOST = 20
 KEYS = {"Tab": "Tab", "shift+Tab": "Umschalt Tab"}
 
 
@@ -42,12 +42,12 @@ class Day:
             before = self.focus()
             self.orca.mark()
             self.desktop.press(key)
-            wait_until(lambda: self.focus() != before, f"{key} to move the focus from {before!r}")
+            wait_until(lambda: self.focus() != before, f"{key} to move the focus from {before!r}", 4)
             way.append(self.focus())
             if way[-1].startswith(name):
                 self.orca.note(f"{KEYS[key]} bis „{name}“", *(expected or [name]))
                 return
-        raise AssertionError(f"{name!r} is not reached with {key}, only {way}")
+        print(way); raise AssertionError(f"{name!r} is not reached with {key}, only {way}")
 
 
 def open_popover(day):
