@@ -9,7 +9,7 @@ from pathlib import Path
 
 from desktop import HOME, wait_until
 
-SPOKEN = re.compile(r"SPEECH OUTPUT: '(.*?)' ?\{", re.DOTALL)
+SPOKEN = re.compile(r"SPEECH OUTPUT: '(.*?)' ?[{[]", re.DOTALL)
 SETTINGS = HOME / ".local/share/orca/user-settings.conf"
 CALM = 0.4  # seconds without a word
 
@@ -71,5 +71,5 @@ class ScreenReader:
         path.write_text("\n".join(lines), encoding="utf-8")
 
     def end(self):
-        self.process.terminate()
+        self.process.kill()  # asked to end, it may wait for an answer of the program
         self.process.wait()
