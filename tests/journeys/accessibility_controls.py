@@ -6,11 +6,13 @@ CONTROL_ROLES = {"push-button", "toggle-button", "check-box", "radio-button", "c
                  "spin-button", "slider", "page-tab", "list-item", "menu-item", "check-menu-item", "radio-menu-item", "link",
                  "table-cell", "tree-item", "date-editor", "push-button-menu"}
 # They have the focus only on behalf of what is in them, or to be scrolled.
-CONTAINER_ROLES = {"list", "list-box", "menu", "popup-menu", "scroll-pane", "table", "tree", "page-tab-list", "tool-bar", "calendar"}
+CONTAINER_ROLES = {"list", "list-box", "menu", "popup-menu", "scroll-pane", "table", "tree", "page-tab-list", "tool-bar",
+                   "calendar"}
 
 # What looks and works like one thing is called that.
 EXPECTED = {
-    "page-tab": ("Dashboard", "Zeiterfassung", "Profil", "Einstellungen", "Laden", "Beratung", "Standardprojekt", "Auto-Tracking"),
+    "page-tab": ("Dashboard", "Zeiterfassung", "Profil", "Einstellungen", "Laden", "Beratung", "Standardprojekt",
+                 "Auto-Tracking"),
     "spin-button": ("Stunden", "Minuten", "Datum:"),
     "combo-box": ("Farbschema", "Zeitrundung", "Rechnungsrundung", "Geschlecht", "Kunde auswählen"),
     "link": ("Website", "Mail"),
@@ -75,7 +77,7 @@ def check_one_of_a_row(nodes):
             rows[node.parent.path].append(node)
     for tabs in rows.values():
         if sum(tab.has("selected") for tab in tabs) != 1:
-            yield tabs[0], f"none or several of the tabs beside it are selected: {[tab.name for tab in tabs if tab.has('selected')]}"
+            yield tabs[0], "none or several of the tabs beside it are selected"
 
 
 def check_controls(scope):

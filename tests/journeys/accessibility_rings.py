@@ -62,8 +62,9 @@ def clear_places(stop, other, shift):
     window = stop.scope.box
     columns = range(max(left - ROOM, window[0], 0), min(left + width + ROOM, window[0] + window[2], stop.picture.width))
     rows = range(max(top - ROOM, window[1], 0), min(top + height + ROOM, window[1] + window[3], stop.picture.height))
+    shifted = range(columns.start + shift[0], columns.stop + shift[0])
     for y in rows:
-        if stop.picture.row(columns, y) == other.picture.row(range(columns.start + shift[0], columns.stop + shift[0]), y + shift[1]):
+        if stop.picture.row(columns, y) == other.picture.row(shifted, y + shift[1]):
             continue
         for x in columns:
             here, there = stop.picture.pixel(x, y), other.picture.pixel(x + shift[0], y + shift[1])

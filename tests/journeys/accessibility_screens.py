@@ -11,7 +11,6 @@ class Screen:
     name: str
     home: str
     way: tuple = ()
-    shows: str = ""
 
 
 def timers(*steps):
@@ -44,7 +43,7 @@ SCREENS = [
     Screen("dashboard", "three", ("press:Dashboard", "until:Arbeitszeitübersicht")),
     Screen("dashboard with timers", "one", timers("press:Dashboard", "until:Arbeitszeitübersicht")),
     Screen("tracking", "one", TRACKING),
-    Screen("tracking switched on", "one", (*TRACKING, "press:Automatische Zeiterfassung", "until:Aktiv - Erfasst Anwendungsnutzung")),
+    Screen("tracking switched on", "one", (*TRACKING, "press:Automatische Zeiterfassung", "until:Aktiv - *")),
     Screen("alert: usage", "one", (*TRACKING, "press:Daten löschen", "until:Löschen")),
     Screen("day", "one", (*TRACKING, "press:*, mit Daten", "until:Editor*", "press:Gesamtzeit*")),
     Screen("settings", "one", SETTINGS),
@@ -54,7 +53,8 @@ SCREENS = [
     Screen("empty archive", "empty", ARCHIVE),
     Screen("archive", "one", ARCHIVE),
     Screen("archived invoice", "one", (*ARCHIVE, "press:2026-002, Jäger", "until:Betrag:")),
-    Screen("alert: archived", "one", (*ARCHIVE, "press:2026-002, Jäger", "until:Betrag:", "press:Rechnung löschen", "until:Löschen")),
+    Screen("alert: archived", "one", (*ARCHIVE, "press:2026-002, Jäger", "until:Betrag:", "press:Rechnung löschen",
+                                      "until:Löschen")),
     Screen("profile without logo", "empty", PROFILE),
     Screen("profile", "one", PROFILE),
     Screen("logo picker", "one", (*PROFILE, "press:Logo auswählen", "until:Bild2.png")),
@@ -70,7 +70,8 @@ SCREENS = [
                                           "until:Kundeninformationen:")),
     Screen("invoice: customers", "one", (*INVOICE, "press:Kunde auswählen", "until:Muster - Muster GmbH")),
     Screen("invoice: saved notes", "one", (*INVOICE, "press:Gespeicherte Notizen", "until:Skonto")),
-    Screen("invoice: save note", "one", (*INVOICE, "press:Zusätzliche Hinweise", "type:Danke", "press:Speichern", "until:Notiz speichern")),
+    Screen("invoice: save note", "one", (*INVOICE, "press:Zusätzliche Hinweise", "type:Danke", "press:Speichern",
+                                         "until:Notiz speichern")),
     Screen("invoice: note", "one", (*INVOICE, "press:Gespeicherte Notizen", "press:Skonto", "until:Zusätzliche Hinweise")),
     Screen("invoice: month", "one", (*INVOICE, "calendar:Datum:", "until:*20??")),
 ]

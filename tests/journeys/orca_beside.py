@@ -1,5 +1,5 @@
-"""Starts Orca beside another one: the usual command refuses to, or ends the user's own. What it does and says is written line by line into the
-given file."""
+"""Starts Orca beside another one: the usual command refuses to, or ends the user's own. What it does and says is written
+line by line into the given file."""
 
 import sys
 
