@@ -110,8 +110,12 @@ class Comparison:
                     yield node, "offers 'SetFocus', which does not give it the focus, or without an event"
 
     def click_the_rest(self):
-        """What offers no action must not react to a click, neither a text nor what lies between."""
-        left = [key for node, key in keyed(self.walked.scope().all()) if is_quiet(node) and (key, "click") not in self.known]
+        """What offers no action must not react to a click, neither a text nor what lies between, unless a control is under
+        it, as under a focus ring."""
+        scope = self.walked.scope()
+        boxes = [node.box for node in controls(scope) if node.role not in CONTAINER_ROLES and not node.has("active")]
+        left = [key for node, key in keyed(scope.all()) if is_quiet(node) and (key, "click") not in self.known and
+                not any(is_inside(node.middle(), box) for box in boxes)]
         self.known.update((key, "click") for key in left)
         while left:
             self.reach(left[0])
@@ -184,6 +188,10 @@ class Idle:
 
 def deeds(node):
     return [action for action in node.actions if action not in ("SetFocus", "Increase", "Decrease")]
+
+
+def is_inside(place, box):
+    return box[0] <= place[0] < box[0] + box[2] and box[1] <= place[1] < box[1] + box[3]
 
 
 def is_quiet(node):

@@ -78,6 +78,6 @@ SCREENS = [
 
 # Without a panel that shows the icon.
 WINDOW_SCREENS = [
-    Screen("window", "one"),
+    Screen("window", "one", ("type:Entwurf",)),
     Screen("quit question", "one", timers("press:Beenden", "until:Brisklog beenden?")),
 ]
