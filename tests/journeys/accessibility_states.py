@@ -75,12 +75,16 @@ class Outcome:
         only = [line.strip() for line in (*self.after.lines, *other.lines) if line not in common]
         return only[0][:90] if only else "the order"
 
+    def has_new_rows(self, parent):
+        """Where rows have come or gone, the things below stand for other rows than before."""
+        return parent is not None and any((parent.path, "ChildrenChanged", kind) in self.events for kind in ("add", "remove"))
+
     def silent_changes(self):
         """What has changed without an event that says so."""
         old = {node.path: node for node in self.before.tree.all() if node.has("showing")}
         for node in self.after.tree.all():
             before = old.get(node.path)
-            if before is not None and before.role == node.role and node.has("showing"):
+            if before is not None and before.role == node.role and node.has("showing") and not self.has_new_rows(node.parent):
                 for change, events in changes(before, node):
                     if not self.events & {(node.path, *event) for event in events}:
                         yield f"{timeless(str(node))}: {change} without an event"
