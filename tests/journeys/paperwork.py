@@ -15,7 +15,7 @@ BEGIN = 816422400.0  # 15 November 2026, 08:00 UTC
 
 FIELDS = {
     "Firma": ("companyName", "Schäfer Entwürfe"), "Name": ("fullName", "Jürgen Schäfer"),
-    "Adresse": ("address", "Königsstraße 27 a"), "PLZ & Ort": ("postalCode", "80331"), "Telefon": ("phone", "+49 89 123456-78"),
+    "Adresse": ("address", "Königsstraße 27 a"), "PLZ": ("postalCode", "80331"), "Telefon": ("phone", "+49 89 123456-78"),
     "Steuernummer": ("taxId", "143/815/08155"), "Finanzamt": ("taxOffice", "München Abt. III"),
     "USt-IdNr.": ("vatId", "DE123456789"), "Bank": ("bankName", "Münchner Sparbank eG"),
     "IBAN": ("iban", "DE89 3704 0044 0532 0130 00"), "BIC": ("bic", "COBADEFFXXX"),
@@ -72,7 +72,7 @@ def fill_in_profile(desktop):
         fill_in(desktop, field, text)
         wait_until(lambda key=key, text=text: json.loads(PROFILE.read_text(encoding="utf-8"))[key] == text,
                    f"{field} in the profile's file")
-    give_focus(desktop, "PLZ & Ort", pyatspi.ROLE_TEXT)
+    give_focus(desktop, "PLZ", pyatspi.ROLE_TEXT)
     desktop.press("Tab")  # the two share a label
     desktop.type("Berlin")
     wait_until(lambda: json.loads(PROFILE.read_text(encoding="utf-8"))["city"] == "Berlin", "the city")
