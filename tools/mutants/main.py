@@ -83,10 +83,15 @@ def measured_programs(tree, changes, folder):
         scratch.mkdir(parents=True, exist_ok=True)
         programs[name] = TestProgram(program.path)
         programs[name].measure(scratch, folder / f"{name}.json")
-        unfit = f"; only by themselves: {', '.join(programs[name].unfit)}" if programs[name].unfit else ""
-        print(f"{name}: {len(programs[name].milliseconds)} tests, {programs[name].seconds():.1f} s{unfit}", flush=True)
+        print(describe(name, programs[name]), flush=True)
         shutil.rmtree(scratch)
     return programs
+
+
+def describe(name, program):
+    by_themselves = f"; only by themselves: {', '.join(program.unfit)}" if program.unfit else ""
+    failing = f"; left out, they fail without any change: {', '.join(program.failing)}" if program.failing else ""
+    return f"{name}: {len(program.milliseconds)} tests, {program.seconds():.1f} s{by_themselves}{failing}"
 
 
 class Progress:

@@ -103,35 +103,41 @@ class TestProgram:
     def __init__(self, path: Path):
         self.path = path
         self.milliseconds = {}
-        # Tests that fail when all share one process, though they pass by themselves.
+        # Tests that pass by themselves only, and tests that fail in any case.
         self.unfit = []
+        self.failing = []
 
     def measure(self, scratch, kept: Path):
         """Runs it once; what was found is kept in that file for as long as the program stays as it is."""
         built = self.path.stat().st_mtime_ns
         known = json.loads(kept.read_text()) if kept.exists() else {}
-        if known.get("built") == built:
-            self.milliseconds, self.unfit = known["milliseconds"], known["unfit"]
-            return
-        while (failure := self._run_all(scratch)) is not None:
-            self.unfit.append(failure.test)
-        kept.write_text(json.dumps({"built": built, "milliseconds": self.milliseconds, "unfit": self.unfit}))
+        if known.get("built") != built:
+            known = {"built": built, **self._measured(scratch)}
+            kept.write_text(json.dumps(known))
+        self.milliseconds, self.unfit, self.failing = known["milliseconds"], known["unfit"], known["failing"]
 
-    def _run_all(self, scratch):
-        run = TestRun(self.path, self.path.parent, scratch, filter_of(["*"], self.unfit))
-        failure = run.watch(lambda test: LONGEST_TEST)
-        self.milliseconds.update(run.milliseconds)
-        return failure
+    def _measured(self, scratch):
+        milliseconds, failed = {}, []
+        while True:
+            run = TestRun(self.path, self.path.parent, scratch, filter_of(["*"], failed))
+            failure = run.watch(longest)
+            milliseconds.update(run.milliseconds)
+            if failure is None:
+                break
+            failed.append(failure.test)
+        failing = [test for test in failed if TestRun(self.path, self.path.parent, scratch, test).watch(longest)]
+        unfit = [test for test in failed if test not in failing]
+        return {"milliseconds": milliseconds, "unfit": unfit, "failing": failing}
 
     def slow_tests(self):
-        return [test for test, milliseconds in self.milliseconds.items() if milliseconds > SLOW and test not in self.unfit]
+        return [test for test, milliseconds in self.milliseconds.items() if milliseconds > SLOW]
 
     def seconds(self):
         return sum(self.milliseconds.values()) / 1000
 
     def find_failure(self, changed: Path, scratch, wanted, unwanted=()):
         """The first of the wanted tests that fails in the changed program, by itself too."""
-        unfit = [*unwanted, *self.unfit]
+        unfit = [*unwanted, *self.unfit, *self.failing]
         while True:
             test_filter = filter_of(wanted, unfit)
             failure = TestRun(changed, self.path.parent, scratch, test_filter).watch(self._limit)
@@ -148,6 +154,10 @@ class TestProgram:
 
     def _limit(self, test):
         return max(SHORTEST_LIMIT, SLOWEST_FACTOR * self.milliseconds.get(test, 0) / 1000)
+
+
+def longest(test):
+    return LONGEST_TEST
 
 
 def filter_of(wanted, unwanted):
