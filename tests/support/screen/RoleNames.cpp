@@ -39,6 +39,7 @@ constexpr std::array colorRoles{
     std::pair{&Palette::field, "field"},
     std::pair{&Palette::text, "text"},
     std::pair{&Palette::secondary, "secondary"},
+    std::pair{&Palette::placeholder, "placeholder"},
     std::pair{&Palette::control, "control"},
     std::pair{&Palette::controlUnderWhiteText, "controlUnderWhiteText"},
     std::pair{&Palette::line, "line"},
