@@ -46,6 +46,11 @@ def scrolled_into_view(desktop, popover, name):
     return False
 
 
+def scroll_to_the_top(popover):
+    x, y, width, height = popover
+    command("xdotool", "mousemove", str(x + width // 2), str(y + height - 12), "click", "--repeat", "10", "4")
+
+
 def check_section(desktop, popover, section, last):
     desktop.press_named(section)
     wait_until(lambda: scrolled_into_view(desktop, popover, last), f"{last!r} to come into view")
@@ -70,6 +75,7 @@ def journey(program_path, desktop):
         check_section(desktop, popover, section, last)
     check_section(desktop, popover, "Auto-Tracking", "Daten löschen")
     desktop.press_named("Standardprojekt")
+    scroll_to_the_top(popover)
     check_sheet(desktop, "Projekteinstellungen", "Projekteinstellungen")
     check_sheet(desktop, "Kunde", "Kundenverwaltung")
     check_sheet(desktop, "Rechnung", "Rechnung erstellen: Standardprojekt")
