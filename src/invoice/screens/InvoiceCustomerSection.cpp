@@ -16,6 +16,7 @@ namespace brisklog {
 namespace {
 
 constexpr int pickerWidth = 300;
+constexpr int gapBeforeButton = 12;
 
 } // namespace
 
@@ -33,13 +34,13 @@ QWidget* InvoiceCustomerSection::noCustomers() {
     auto* open = new Button(u"Kundenverwaltung öffnen"_s);
     open->onClick([this] { m_view.openCustomerManagement(); });
     auto* sentence = new Label(u"Keine Kunden vorhanden. Bitte zuerst Kunden anlegen."_s, FontRole::body13,
-                               &Palette::secondary);
-    return asWidget(Row{sentence, stretch(), open});
+                               &Palette::secondary, Label::Lines::wrapped);
+    return asWidget(Row{aligned(sentence, Qt::AlignVCenter), space(gapBeforeButton), stretch(), open});
 }
 
 QWidget* InvoiceCustomerSection::customerChoices() {
     const QString caption = u"Kunde auswählen"_s;
-    m_picker->setFixedWidth(pickerWidth);
+    m_picker->setMaximumWidth(pickerWidth);
     m_picker->setAccessibleName(caption);
     m_picker->onChosen([this](int index) { choose(index); });
 
@@ -48,9 +49,9 @@ QWidget* InvoiceCustomerSection::customerChoices() {
         .margins({0, invoiceForm::rowGap, 0, 0})
         .applyTo(*m_information);
 
-    return asWidget(
-        Column{Row{invoiceForm::fieldLabel(caption), space(invoiceForm::labelGap), m_picker, stretch()},
-               m_information});
+    return asWidget(Column{Row{invoiceForm::fieldLabel(caption), space(invoiceForm::labelGap),
+                               expanding(m_picker, invoiceForm::fieldShare), stretch()},
+                           m_information});
 }
 
 void InvoiceCustomerSection::choose(int index) {

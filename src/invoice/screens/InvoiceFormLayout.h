@@ -17,6 +17,8 @@ inline constexpr int margin = 20;
 /// Inside a card, at its left and right.
 inline constexpr int cardPadding = 14;
 inline constexpr int labelGap = 12;
+/// Of a field that has all the room up to its largest width, beside a stretch for the rest.
+inline constexpr int fieldShare = 100;
 inline constexpr int rowGap = 8;
 
 /// A section's heading, as high as the small buttons, which go at its right end.

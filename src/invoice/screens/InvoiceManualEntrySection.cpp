@@ -30,12 +30,12 @@ InvoiceManualEntrySection::InvoiceManualEntrySection(TimeTrackingStore& timeStor
       m_description(new TextField(u"Beschreibung"_s)), m_hours(new Stepper(0, 23, u"h"_s, u"Stunden"_s)),
       m_minutes(new Stepper(0, 59, u"m"_s, u"Minuten"_s)), m_rate(new TextField(u"Stundenlohn"_s)),
       m_add(new Button(u"Eintrag hinzufügen"_s)) {
-    m_rate->setFixedWidth(rateWidth);
+    m_rate->setMaximumWidth(rateWidth);
     m_add->setSymbol(u"plus"_s);
-    Column rows{labelled(u"Datum:"_s, Row{m_date, stretch()}),
-                labelled(u"Beschreibung:"_s, Row{m_description}),
-                labelled(u"Dauer:"_s, Row{m_hours, m_minutes, stretch()}.spacing(8)),
-                labelled(u"Stundenlohn:"_s, Row{m_rate, stretch(), m_add})};
+    Column rows{
+        labelled(u"Datum:"_s, Row{m_date, stretch()}), labelled(u"Beschreibung:"_s, Row{m_description}),
+        labelled(u"Dauer:"_s, Row{m_hours, m_minutes, stretch()}.spacing(8)),
+        labelled(u"Stundenlohn:"_s, Row{expanding(m_rate, invoiceForm::fieldShare), stretch(), m_add})};
     rows.spacing(invoiceForm::rowGap);
     Column{invoiceForm::heading(u"Manueller Eintrag"_s), invoiceForm::card(rows)}.applyTo(*this);
     connectFields();
