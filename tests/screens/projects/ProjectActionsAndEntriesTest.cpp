@@ -4,6 +4,7 @@
 #include "support/Sanitizer.h"
 #include "support/WritableStore.h"
 #include "support/screen/PaintCounter.h"
+#include "support/screen/ScreenReader.h"
 #include "ui/controls/CountBadge.h"
 #include "ui/controls/NavigationButton.h"
 #include "ui/controls/SymbolButton.h"
@@ -65,6 +66,21 @@ TEST_F(ProjectEntries, rowsTellScreenReadersEverything) {
     EXPECT_EQ(list().model()->index(0, 0).data(Qt::AccessibleTextRole).toString(),
               u"Aufgabe 0, 15.11.26, 07:30:00 bis 15.11.26, 09:00:00, 1\u00A0h 30\u00A0min, 90,00\u00A0€"_s);
     EXPECT_EQ(accessibleNameOf(list()), u"Zeiterfassungen"_s);
+}
+
+/// The rows stay where they are; what they show moves up.
+TEST_F(ProjectEntries, tellScreenReadersWhatMovesUpWhenOneIsDeleted) {
+    ScreenReader reader;
+    addEntries(3);
+    open();
+    QAccessibleInterface& rows = reader.of(list());
+    const QString second = rows.child(1)->text(QAccessible::Name);
+    ASSERT_NE(rows.child(0)->text(QAccessible::Name), second);
+    reader.forget();
+    bench.store.deleteEntry(bench.project(0).id, bench.project(0).entries[0].id);
+    settle();
+    EXPECT_EQ(rows.child(0)->text(QAccessible::Name), second);
+    EXPECT_EQ(reader.count(QAccessible::NameChanged, second), 1);
 }
 
 TEST_F(ProjectEntries, withoutAnySayWhatToDo) {

@@ -183,6 +183,7 @@ void ProjectEntryList::showProject(int projectIndex) {
         return;
     place();
     m_view->viewport()->update();
+    m_view->announceRows();
 }
 
 QWidget* ProjectEntryList::tabStop() const { return m_view; }
