@@ -96,6 +96,10 @@ class Walked:
         heard, self.bus.events = self.bus.events, []
         return heard
 
+    def focus_moves(self):
+        """Where the focus has been announced since the last time."""
+        return [path for path, kind, detail, on in self.hear() if (kind, detail, on) == ("StateChanged", "focused", 1)]
+
     def step_press(self, name):
         self.click(self.wait_for(name))
 

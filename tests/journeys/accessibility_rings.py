@@ -122,7 +122,7 @@ class Tour:
         """Whether the focus is announced elsewhere in time."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            moves = [path for path, kind, detail, on in self.walked.hear() if (kind, detail, on) == ("StateChanged", "focused", 1)]
+            moves = self.walked.focus_moves()
             if moves and moves[-1] != self.focus:
                 self.focus = moves[-1]
                 return True
