@@ -15,6 +15,12 @@ def focused(desktop):
     return nodes[-1].name if nodes else ""
 
 
+def wait_for_sheet(desktop, title):
+    """Until keys reach the sheet: it can be seen before it has them."""
+    wait_until(lambda: desktop.all_visible(lambda node: node.name == title and node.getState().contains(pyatspi.STATE_ACTIVE)),
+               f"the sheet {title!r} to be active")
+
+
 def tab_to(desktop, name, key="Tab", most=40):
     """Presses the key until the control of that name has the focus; fails with the names passed on the way."""
     way = []
@@ -79,7 +85,7 @@ class AnnouncedValues:
 def add_a_manual_entry(desktop):
     tab_to(desktop, "Rechnung")
     desktop.press("space")
-    desktop.find("Rechnung erstellen: Standardprojekt")
+    wait_for_sheet(desktop, "Rechnung erstellen: Standardprojekt")
     tab_to(desktop, "Stunden")
     hours = desktop.find("Stunden", pyatspi.ROLE_SPIN_BUTTON)
     with AnnouncedValues() as announced:
@@ -123,7 +129,7 @@ def choose_dark(desktop):
     desktop.screenshot("keyboard-settings")
     tab_to(desktop, "Archiv anzeigen", "shift+Tab")
     desktop.press("space")
-    desktop.find("Archivierte Rechnungen")
+    wait_for_sheet(desktop, "Archivierte Rechnungen")
     desktop.press("Escape")
     wait_until(lambda: not desktop.is_there("Archivierte Rechnungen"), "the archive to close")
 
