@@ -44,10 +44,15 @@ def is_scrolled(node):
     return node.role == "panel" and node.actions == ("SetFocus",) and bool(node.children)
 
 
+def takes_keys(node):
+    """A window that has the focus itself, as the calendar: its name says where in it one is, and is announced."""
+    return node.role == "dialog" and node.has("focusable") and node.has("active")
+
+
 def faults_of(node):
     if not node.name:
         yield "has no name"
-    if node.role not in CONTROL_ROLES | CONTAINER_ROLES and not is_scrolled(node):
+    if node.role not in CONTROL_ROLES | CONTAINER_ROLES and not is_scrolled(node) and not takes_keys(node):
         yield f"can be used, but its role is {node.role}"
     if not value_is_told(node):
         yield "does not tell its value"
