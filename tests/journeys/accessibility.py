@@ -4,4 +4,4 @@ from accessibility_screens import SCREENS
 from accessibility_walk import walk
 from desktop import main
 
-main(lambda path, desktop: walk(path, desktop, SCREENS))
+main(lambda path, _: walk(path, SCREENS))

@@ -3,12 +3,12 @@
 import time
 
 from accessibility_controls import CONTAINER_ROLES, controls
+from accessibility_program import scope_in
 from accessibility_states import WATCHED, Outcome, State, timeless
 from desktop import wait_until
 
-CALM = 0.12  # seconds without a change
-NOTHING = 0.5  # seconds after which nothing is to be expected any more
-READS = 6  # at least, on a machine that is busy otherwise
+CALM = 0.1  # seconds in which nothing is painted or announced
+NOTHING = 0.3  # seconds after which nothing is to be expected any more
 MANY = {"list-item", "push-button", "table-cell"}
 
 
@@ -18,33 +18,32 @@ class Comparison:
     def __init__(self, walked, screen, idle, known):
         self.walked, self.screen, self.idle, self.known = walked, screen, idle, known
         self.first = None  # the state in which every visit begins
-        self.reacting = []
+        self.reacting, self.heard = [], []
         self.begin = None  # the state before the next deed, once things are scrolled; None when it is lost
 
-    def rest(self, before, expected=()):
-        """The state once nothing changes any more, or as soon as it is an expected one."""
-        start, reads = time.monotonic(), 0
-        last, calm_since = State(self.walked), time.monotonic()
-        while last not in expected:
+    def rest(self, before):
+        """The state once nothing moves any more."""
+        start = time.monotonic()
+        while True:
+            self.walked.come_to_rest(CALM)
+            self.heard += self.walked.hear()
             state = State(self.walked)
-            now, reads = time.monotonic(), reads + 1
-            if state != last:
-                last, calm_since = state, now
-            elif now - calm_since >= CALM and (last != before or now - start >= NOTHING and reads >= READS):
-                break
-        return last
+            if state != before or time.monotonic() - start >= NOTHING:
+                return state
+
+    def as_at_first(self):
+        self.walked.hear()
+        state = State(self.walked)
+        return state if state == self.first else None
 
     def arrive(self):
         """To the screen as it was at the beginning."""
         self.walked.visit(self.screen)
-        if self.first is None:
-            self.first = self.rest(None)
-        else:
-            wait_until(lambda: State(self.walked) == self.first, f"{self.screen.name!r} as it was")
-        self.begin = self.first
+        self.first = self.first or self.rest(None)
+        self.begin = wait_until(self.as_at_first, f"{self.screen.name!r} as it was")
 
     def find(self, key):
-        scope = self.walked.scope()
+        scope = scope_in(self.begin.tree)
         return next((node for node, each in keyed(scope.all()) if each == key), None) if scope else None
 
     def reach(self, key):
@@ -52,23 +51,30 @@ class Comparison:
         node = self.find(key) if self.begin else None
         if node is None:
             self.arrive()
-            node = wait_until(lambda: self.find(key), f"{key} on the screen {self.screen.name!r}")
-        node = self.walked.scrolled_to(node)
-        self.walked.hear()
-        self.begin = State(self.walked)
+            node = self.find(key)
+            assert node, f"{key} is not on the screen {self.screen.name!r}"
+        if self.walked.outside(node):
+            self.walked.scrolled_to(node)
+            self.begin = self.rest(None)
+            node = self.find(key)
+        self.heard = []
         return node
 
-    def watch(self, key, deed, expected=()):
-        """What is different after the deed, and what was announced meanwhile. Then Escape closes what has been opened; if
-        that is not enough, the screen will be shown anew."""
+    def changed(self):
+        """What has become different since the control was reached, and what was announced meanwhile."""
+        after = self.rest(self.begin)
+        return Outcome(self.begin, after, self.heard + self.walked.heard())
+
+    def watch(self, key, deed):
+        """What the deed changes. Then Escape closes what has been opened; if that is not enough, the screen will be shown
+        anew."""
         deed(self.reach(key))
-        before, after = self.begin, self.rest(self.begin, expected)
-        outcome = Outcome(before, after, self.walked.hear())
+        outcome = self.changed()
+        before, after = self.begin, outcome.after
         if set(after.windows()) - set(before.windows()):
             self.walked.hands.press("Escape")
-            after = self.rest(after, [before])
-        if after != before:
-            self.begin = None
+            after = self.rest(after)
+        self.begin = after if after == before else None
         return outcome
 
     def act(self, action):
@@ -78,11 +84,10 @@ class Comparison:
         """Up and down again, since neither may be possible at both ends."""
         node = self.reach(key)
         self.walked.act(node, "Increase")
-        up = Outcome(self.begin, self.rest(self.begin), self.walked.hear())
+        up, before = self.changed(), self.begin
         self.walked.act(node, "Decrease")
         down = self.rest(up.after)
-        if down != self.begin:
-            self.begin = None
+        self.begin = down if down == before else None
         yield from up.silent_changes()
         if not up.changed():
             yield "offers 'Increase', which changes nothing"
@@ -94,7 +99,7 @@ class Comparison:
         if "Increase" in node.actions:
             yield from self.steps(key)
         done = {action: self.watch(key, self.act(action)) for action in deeds(node)}
-        click = self.watch(key, self.walked.click, [each.after for each in done.values()])
+        click = self.watch(key, self.walked.click)
         for action, outcome in done.items():
             self.idle.judge(key, node, action, outcome)
         yield from judge(node, done, click)
@@ -102,7 +107,7 @@ class Comparison:
     def focus_each(self):
         """Where the focus is does not count as a difference, so nothing has to be undone."""
         focused = None  # a list that gets the focus passes it on to its current row
-        for node, key in chosen(keyed(controls(self.walked.scope()))):
+        for node, key in chosen(keyed(controls(scope_in(self.begin.tree)))):
             if "SetFocus" in node.actions and not node.has("focused") and (key, "SetFocus") not in self.known:
                 self.known.add((key, "SetFocus"))
                 moves = self.walked.focus_moves()
@@ -113,18 +118,19 @@ class Comparison:
                 if node.path not in moves:
                     yield node, "offers 'SetFocus', which does not give it the focus, or without an event"
                 focused = (moves or [focused])[-1]
+        self.begin = self.rest(None)  # it may have scrolled
 
     def click_the_rest(self):
         """What offers no action must not react to a click, neither a text nor what lies between, unless a control is under
         it, as under a focus ring."""
-        scope = self.walked.scope()
+        scope = scope_in(self.begin.tree)
         boxes = [node.box for node in controls(scope) if node.role not in CONTAINER_ROLES and not node.has("active")]
         left = [key for node, key in keyed(scope.all()) if is_quiet(node) and (key, "click") not in self.known and
                 not any(is_inside(node.middle(), box) for box in boxes)]
         self.known.update((key, "click") for key in left)
         while left:
             self.reach(left[0])
-            visible = {key for node, key in keyed(self.walked.scope().all()) if not self.walked.outside(node)}
+            visible = {key for node, key in keyed(scope_in(self.begin.tree).all()) if not self.walked.outside(node)}
             yield from self.click_all([key for key in left if key in visible])
             left = [key for key in left[1:] if key not in visible]
 
@@ -133,11 +139,12 @@ class Comparison:
         if not keys:
             return
         self.reach(keys[0])
-        nodes = [node for node, key in keyed(self.walked.scope().all()) if key in set(keys)]
+        nodes = [node for node, key in keyed(scope_in(self.begin.tree).all()) if key in set(keys)]
         for node in nodes:
             self.walked.hands.click(node.middle())
         after = self.rest(self.begin)
         if after == self.begin:
+            self.begin = after
             return
         change, self.begin = Outcome(self.begin, after, []).difference(self.begin), None
         if len(keys) == 1:
@@ -157,7 +164,7 @@ class Comparison:
         yield from self.click_the_rest()
         if self.begin is None:
             self.arrive()
-        for node, key in list(chosen(keyed(controls(self.walked.scope())))):
+        for node, key in list(chosen(keyed(controls(scope_in(self.begin.tree))))):
             if key in self.known or not node.has("enabled") or not deeds(node) and "Increase" not in node.actions:
                 continue
             faults = set(self.compare(key, node))

@@ -6,6 +6,7 @@ import shutil
 import sqlite3
 import subprocess
 import time
+from functools import lru_cache
 
 from desktop import DOCUMENTS, HOME
 
@@ -16,7 +17,6 @@ PROFILE = HOME / ".local/share/Pennavo"
 PICTURES = HOME / "Pictures"
 DEFAULTS = HOME / ".config/brisklog/defaults.sqlite"
 OUTPUT = HOME / "output.txt"
-KEPT = HOME / ".kept"
 # What the program would have shown in the browser.
 OPENED = HOME / "opened.txt"
 OPENER = HOME / ".kept/bin/xdg-open"
@@ -101,9 +101,15 @@ def write_records(projects):
     draw(PROFILE / "userLogo.png")
 
 
+@lru_cache(None)
+def picture():
+    words = ["convert", "-size", "200x100", "gradient:#2A57CE-#F1A74B", "png:-"]
+    return subprocess.run(words, check=True, capture_output=True).stdout
+
+
 def draw(path):
     path.parent.mkdir(parents=True, exist_ok=True)
-    subprocess.run(["convert", "-size", "200x100", "gradient:#2A57CE-#F1A74B", str(path)], check=True)
+    path.write_bytes(picture())
 
 
 def write_pictures():
@@ -132,20 +138,28 @@ def write_opener():
 
 def clear():
     for path in HOME.iterdir():
-        if path not in (OUTPUT, KEPT):
+        if path not in (OUTPUT, OPENER.parent.parent):
             shutil.rmtree(path) if path.is_dir() else path.unlink()
 
 
+def files():
+    return [path for path in HOME.rglob("*") if path.is_file() and path != OUTPUT and OPENER not in (path, *path.parents)]
+
+
+@lru_cache(None)
+def contents(name, scheme):
+    """What the files of a home hold, made once."""
+    write_settings(scheme)
+    if HOMES[name] is not None:
+        write_records(HOMES[name])
+        write_pictures()
+        write_usage()
+    return {path: path.read_bytes() for path in files()}
+
+
 def write_home(name, scheme):
-    """Leaves only these files in the home folder; what was written once is copied."""
+    """Leaves only these files in the home folder."""
     clear()
-    kept = KEPT / f"{name}-{scheme}"
-    if not kept.exists():
-        write_settings(scheme)
-        if HOMES[name] is not None:
-            write_records(HOMES[name])
-            write_pictures()
-            write_usage()
-        shutil.copytree(HOME, kept, ignore=shutil.ignore_patterns(KEPT.name, OUTPUT.name))
-    else:
-        shutil.copytree(kept, HOME, dirs_exist_ok=True)
+    for path, content in contents(name, scheme).items():
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(content)

@@ -1,13 +1,16 @@
-"""The mouse and the keyboard without a process of its own for each gesture."""
+"""The mouse, the keyboard and the screen without a process of its own for each gesture."""
 
 from Xlib import XK, X, display
-from Xlib.ext import xtest
+from Xlib.ext import damage, xtest
 
 
 class Hands:
     def __init__(self):
         self.display = display.Display()
         self.root = self.display.screen().root
+        self.eyes = display.Display()
+        self.eyes.damage_query_version()
+        self.eyes.screen().root.damage_create(damage.DamageReportRawRectangles)
 
     def click(self, place, button=1):
         xtest.fake_input(self.display, X.MotionNotify, x=place[0], y=place[1])
@@ -27,6 +30,13 @@ class Hands:
     def type(self, text):
         for letter in text:
             self.press(*(["Shift_L"] if letter.isupper() else []), letter.lower())
+
+    def has_painted(self):
+        """Whether anything has been painted since the last time."""
+        count = self.eyes.pending_events()
+        for _ in range(count):
+            self.eyes.next_event()
+        return count > 0
 
     def picture(self):
         """The screen's width, height and pixels of four bytes."""

@@ -114,7 +114,8 @@ class Tour:
         self.focus = None
 
     def look(self):
-        scope = self.walked.scope()
+        scope = self.walked.scope(details=False)
+        self.focus = [self.focus, *self.walked.focus_moves()][-1]  # a list passes it on to its current row
         node = focused_in(scope)
         return node and Stop(node, scope, Picture(self.walked.hands))
 

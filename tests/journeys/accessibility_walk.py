@@ -29,11 +29,11 @@ def walk_screen(walked, screen, findings, ringed):
     findings.add(where, Tour(walked, ringed).go())
 
 
-def walk(path, desktop, screens):
+def walk(path, screens):
     """What a control does is the same in both colour schemes, so it is tried in the first only."""
     findings, known, idle = Findings(), set(), Idle()
     for scheme in SCHEMES:
-        walked, ringed = Walked(path, desktop, scheme), set()
+        walked, ringed = Walked(path, scheme), set()
         for screen in screens:
             walk_screen(walked, screen, findings, ringed)
             if scheme == SCHEMES[0]:

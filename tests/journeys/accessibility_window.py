@@ -4,4 +4,4 @@ from accessibility_screens import WINDOW_SCREENS
 from accessibility_walk import walk
 from desktop import main
 
-main(lambda path, desktop: walk(path, desktop, WINDOW_SCREENS))
+main(lambda path, _: walk(path, WINDOW_SCREENS))

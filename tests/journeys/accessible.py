@@ -22,7 +22,6 @@ class Node:
     parent: "Node | None" = None
     role: str = ""
     name: str = ""
-    description: str = ""
     states: frozenset = frozenset()
     interfaces: frozenset = frozenset()
     box: tuple = (0, 0, 0, 0)
@@ -69,6 +68,7 @@ class Bus:
         self.connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
         self.events = []
         self.lasting = {}
+        self.leaves = set()  # what has had nothing in it, until more is announced
         self.listen()
 
     def listen(self):
@@ -76,10 +76,12 @@ class Bus:
             self.call((PREFIX + "Registry", "/org/a11y/atspi/registry"), "Registry", "RegisterEvent", "(sass)", kind, [], "")
         self.connection.signal_subscribe(None, None, None, None, None, Gio.DBusSignalFlags.NONE, self.keep_event)
 
-    def keep_event(self, _connection, _sender, path, interface, signal, parameters):
+    def keep_event(self, _connection, sender, path, interface, signal, parameters):
         if interface.startswith(PREFIX + "Event."):
             detail, first, *_ = parameters.unpack()
             self.events.append((path, signal, detail, first))
+            if signal == "ChildrenChanged":
+                self.leaves.discard((sender, path))
 
     def call(self, target, interface, method, signature="()", *arguments):
         parameters = GLib.Variant(signature, arguments)
@@ -118,9 +120,13 @@ def method(name, interface="Accessible", parameters=None):
     return (PREFIX + interface, name, parameters)
 
 
-CHANGING = [property_of("Name"), method("GetState"), method("GetChildren")]
+CHANGING = [property_of("Name"), method("GetState")]
+CHILDREN = [method("GetChildren")]
 LASTING = [method("GetRole"), method("GetInterfaces")]  # for as long as the thing exists
-PLACES = [property_of("Description"), method("GetExtents", "Component", GLib.Variant("(u)", (0,)))]
+PLACES = [method("GetExtents", "Component", GLib.Variant("(u)", (0,)))]
+# Things that seldom have others in them, so that they are not asked each time.
+LEAVES = {"check-box", "heading", "icon", "image", "label", "link", "list-item", "menu-item", "page-tab", "push-button",
+          "radio-button", "spin-button", "static", "text", "toggle-button"}
 SPECIAL = {"Action": method("GetActions", "Action"), "Text": method("GetText", "Text", GLib.Variant("(ii)", (0, -1))),
            "Value": property_of("CurrentValue", "Value")}
 
@@ -153,20 +159,25 @@ def read_lasting(bus, service, level):
         node.role, node.interfaces = bus.lasting.get((service, node.path), ("", frozenset()))
 
 
-def read_level(bus, service, level, places):
+def read_level(bus, service, level):
     """Fills in what there is to know about these things; returns those below them, of which a hidden thing has none."""
     read_lasting(bus, service, level)
-    below = []
-    for node, (name, states, children) in ask_level(bus, service, level, CHANGING):
+    for node, (name, states, box) in ask_level(bus, service, level, CHANGING + PLACES):
         if not name or not states:
             node.role = ""  # it is gone already
             continue
-        node.name, node.states = name[0], states_of(states[0])
-        if children and (node.role == "application" or node.has("visible")):
+        node.name, node.states, node.box = name[0], states_of(states[0]), tuple(box[0]) if box else (0, 0, 0, 0)
+    return read_children(bus, service, [node for node in level if node.role == "application" or node.has("visible")])
+
+
+def read_children(bus, service, nodes):
+    below = []
+    for node, (children,) in ask_level(bus, service, [node for node in nodes if (service, node.path) not in bus.leaves], CHILDREN):
+        if children and children[0]:
             node.children = [Node(path, node) for _, path in children[0]]
             below += node.children
-    for node, (description, box) in ask_level(bus, service, level, PLACES) if places else ():
-        node.description, node.box = description[0] if description else "", tuple(box[0]) if box else (0, 0, 0, 0)
+        elif node.role in LEAVES:
+            bus.leaves.add((service, node.path))
     return below
 
 
@@ -184,30 +195,14 @@ def read_details(bus, service, nodes):
             node.value = answer[0]
 
 
-def read_tree(bus, service, places=True):
-    """The visible part of the program's tree; without places there are neither boxes nor descriptions."""
+def read_tree(bus, service, details=True):
+    """The visible part of the program's tree; without details there are neither actions nor texts nor values."""
     root = Node(ROOT)
     level = [root]
     while level:
-        level = read_level(bus, service, level, places)
+        level = read_level(bus, service, level)
     for node in list(root.all()):
         node.children = [child for child in node.children if child.role and child.has("visible")]
-    read_details(bus, service, list(root.all()))
+    if details:
+        read_details(bus, service, list(root.all()))
     return root
-
-
-def describe(node, depth=0):
-    """The tree as text, for people."""
-    extra = [*sorted(node.states - {"enabled", "sensitive", "visible", "showing"}), *(f"<{action}>" for action in node.actions)]
-    if node.text is not None:
-        extra.append(f"text={node.text!r}")
-    if node.value is not None:
-        extra.append(f"value={node.value}")
-    if node.description:
-        extra.append(f"({node.description})")
-    if not node.has("enabled"):
-        extra.append("DISABLED")
-    lines = [f"{'  ' * depth}{node} {node.box} {' '.join(extra)}"]
-    for child in node.children:
-        lines += describe(child, depth + 1)
-    return lines

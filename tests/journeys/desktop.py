@@ -16,7 +16,7 @@ DOCUMENTS = HOME / "Documents"
 LOCK = HOME / ".local/state/brisklog/lock"
 
 
-def wait_until(condition, what, seconds=10.0):
+def wait_until(condition, what, seconds=10.0, pause=0.05):
     """Returns the condition's first true value; the test fails when there is none in time."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
@@ -26,7 +26,7 @@ def wait_until(condition, what, seconds=10.0):
             value = None
         if value:
             return value
-        time.sleep(0.05)
+        time.sleep(pause)
     raise AssertionError(f"waited {seconds} s for: {what}")
 
 
