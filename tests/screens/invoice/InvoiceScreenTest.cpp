@@ -63,23 +63,6 @@ TEST_F(InvoiceScreenTest, sectionsStandInTheirOrderUnderTheirNames) {
     EXPECT_EQ(field(window, u"Rechnungsnummer:"_s).width(), 200);
 }
 
-TEST_F(InvoiceScreenTest, fitsAScreenOf512PixelsWithAPanelAtItsSide) {
-    for (const bool hasCustomer : {false, true}) {
-        InvoiceSheet content({entryOf("Entwurf", hour)}, 60.0);
-        if (hasCustomer)
-            content.addCustomer(erika());
-        InvoiceSheetWindow window(content);
-        EXPECT_LE(window.page().widget()->minimumSizeHint().width(), 490);
-    }
-}
-
-TEST_F(InvoiceScreenTest, theCustomersPickerIsWideWhereThereIsRoom) {
-    InvoiceSheet content({}, std::nullopt);
-    content.addCustomer(erika());
-    InvoiceSheetWindow window(content);
-    EXPECT_EQ(window.sheet->focusWidget()->width(), 300);
-}
-
 TEST_F(InvoiceScreenTest, theButtonInTheHeaderClosesToo) {
     InvoiceSheet content({}, std::nullopt);
     InvoiceSheetWindow window(content);
