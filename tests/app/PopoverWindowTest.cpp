@@ -80,6 +80,11 @@ TEST_F(PopoverWindowTest, isKeptOutOfTheTaskBarAtEachShowButNotAsAWindow) {
     EXPECT_EQ(server.keptOutOfTaskBar.size(), 2U);
 }
 
+TEST_F(PopoverWindowTest, hasTheProgramsNameInTaskBarAndSwitcher) {
+    openAsWindow();
+    EXPECT_EQ(popover.windowTitle(), u"Brisklog");
+}
+
 TEST_F(PopoverWindowTest, turningElsewhereClosesIt) {
     open();
     activateAnotherWindow(onTheDesktop);

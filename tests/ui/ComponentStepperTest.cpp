@@ -172,9 +172,11 @@ TEST_F(ComponentStepper, handsOnTypedTextThatIsNoWholeNumber) {
     stepper.onTypedText([&typed](const QString& text) { typed.push_back(text); });
     stepper.setNumber(3);
     enter();
-    type(u"1:30"_s);
-    QTest::keyClick(&stepper, Qt::Key_Return);
-    EXPECT_EQ(typed, std::vector{u"1:30"_s});
+    for (const QString& text : {u"1:30"_s, u"1,5"_s, u"1.5"_s}) {
+        type(text);
+        QTest::keyClick(&stepper, Qt::Key_Return);
+    }
+    EXPECT_EQ(typed, (std::vector{u"1:30"_s, u"1,5"_s, u"1.5"_s}));
     EXPECT_EQ(stepper.text(), u"3h"_s);
     EXPECT_TRUE(told.empty());
 }
