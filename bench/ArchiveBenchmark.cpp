@@ -6,28 +6,21 @@
 // the sheet           made, shown and painted: at most 50 ms at 2,000 invoices, beside an empty sheet.
 
 #include "OffscreenApplication.h"
+#include "bench/EmptyStore.h"
 #include "bench/Histories.h"
-#include "bench/IdlePlatform.h"
 #include "invoice/ArchiveSheetView.h"
 #include "invoice/screens/ArchiveSheetScreen.h"
-#include "platform/defaults/SqliteUserDefaults.h"
-#include "platform/files/PosixFiles.h"
-#include "platform/loop/SystemClock.h"
 #include "support/WritableStore.h"
 #include "ui/sheets/SheetWindow.h"
 
 #include <QApplication>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <filesystem>
-#include <unistd.h>
 #include <unordered_map>
 
 namespace brisklog {
 namespace {
 
 using namespace bench;
-namespace fs = std::filesystem;
 
 constexpr int projectCount = 20;
 constexpr int entriesPerInvoice = 10;
@@ -35,7 +28,7 @@ constexpr TimeInterval hour = 3600;
 constexpr TimeInterval day = 24 * hour;
 
 /// An archive of that many invoices, one every other day, each for ten entries of several projects.
-struct Archive {
+struct Archive : EmptyStore {
     explicit Archive(std::int64_t invoiceCount) {
         writable(store.projects) = std::vector<Project>(projectCount);
         std::vector<ArchivedInvoice> invoices(static_cast<std::size_t>(invoiceCount));
@@ -47,11 +40,6 @@ struct Archive {
         });
         writable(store.archivedInvoices) = std::move(invoices);
     }
-
-    ~Archive() { fs::remove_all(home); }
-
-    Archive(const Archive&) = delete;
-    Archive& operator=(const Archive&) = delete;
 
     static void fill(ArchivedInvoice& invoice, std::vector<Project>& projects, double number) {
         invoice = {.id = nextId(),
@@ -72,21 +60,6 @@ struct Archive {
             project.entries.push_back(made);
         }
     }
-
-    static fs::path makeHome() {
-        std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
-        fs::path path = ::mkdtemp(name.data());
-        ::setenv("HOME", path.c_str(), 1);
-        return path;
-    }
-
-    fs::path home = makeHome();
-    PosixFiles files;
-    SystemClock clock;
-    SilentLog log;
-    IdleRunLoop runLoop;
-    SqliteUserDefaults userDefaults{std::nullopt, clock, log};
-    TimeTrackingStore store{{files, userDefaults, clock, runLoop, log}};
 };
 
 // The list

@@ -6,12 +6,9 @@
 // a step              to the next row with the keyboard, which scrolls the sheet: at most 16 ms.
 
 #include "OffscreenApplication.h"
-#include "bench/IdlePlatform.h"
+#include "bench/EmptyStore.h"
 #include "invoice/screens/InvoiceScreen.h"
-#include "platform/defaults/SqliteUserDefaults.h"
 #include "platform/documents/CairoPdfFacility.h"
-#include "platform/files/PosixFiles.h"
-#include "platform/loop/SystemClock.h"
 #include "support/ProfileInMemory.h"
 #include "support/RecordingSavePanel.h"
 #include "support/WritableStore.h"
@@ -21,18 +18,14 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
-#include <filesystem>
-#include <unistd.h>
 
 namespace brisklog {
 namespace {
 
 using namespace bench;
-namespace fs = std::filesystem;
 
 /// A project with that many entries of an hour each, over nothing that writes.
-struct Billing {
+struct Billing : EmptyStore {
     explicit Billing(std::int64_t entryCount) {
         Project project{.id = Uuid::generate(), .name = "Website", .hourlyRate = 85.5, .entries = {}};
         for (std::int64_t i = 0; i < entryCount; ++i) {
@@ -45,11 +38,6 @@ struct Billing {
         }
         writable(store.projects) = {project};
     }
-
-    ~Billing() { fs::remove_all(home); }
-
-    Billing(const Billing&) = delete;
-    Billing& operator=(const Billing&) = delete;
 
     [[nodiscard]] std::unique_ptr<SheetWindow> open() {
         auto sheet = makeInvoiceSheet(store, 0,
@@ -79,24 +67,10 @@ struct Billing {
         std::abort();
     }
 
-    static fs::path makeHome() {
-        std::string name = fs::temp_directory_path() / "brisklog-bench-XXXXXX";
-        fs::path path = ::mkdtemp(name.data());
-        ::setenv("HOME", path.c_str(), 1);
-        return path;
-    }
-
-    fs::path home = makeHome();
-    PosixFiles files;
-    SystemClock clock;
-    SilentLog log;
-    IdleRunLoop runLoop;
-    SqliteUserDefaults userDefaults{std::nullopt, clock, log};
     CairoPdfFacility pdf;
     test::RecordingSavePanel savePanel;
     test::ProfileInMemory sender;
     NotificationCenter notifications;
-    TimeTrackingStore store{{files, userDefaults, clock, runLoop, log}};
 };
 
 void openInvoiceSheet(benchmark::State& state) {

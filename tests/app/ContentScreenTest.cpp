@@ -1,11 +1,6 @@
 #include "app/ContentScreen.h"
 
-#include "support/FakeClock.h"
-#include "support/MemoryUserDefaults.h"
-#include "support/RecordingFiles.h"
-#include "support/RecordingLog.h"
-#include "support/TemporaryHome.h"
-#include "support/VirtualRunLoop.h"
+#include "app/EmptyContent.h"
 #include "support/screen/ScreenTest.h"
 #include "ui/controls/NavigationButton.h"
 #include "ui/look/Text.h"
@@ -15,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class ContentScreenTest : public ScreenTest {
+class ContentScreenTest : public ScreenTest, protected EmptyContent {
 protected:
     ContentScreenTest() { showActive(screen); }
 
@@ -29,17 +24,6 @@ protected:
         return captions;
     }
 
-    TemporaryHome home;
-    RecordingFiles files;
-    MemoryUserDefaults userDefaults;
-    FakeClock clock;
-    VirtualRunLoop runLoop{clock};
-    RecordingLog log;
-    AppSettings settings{{.files = files, .userDefaults = userDefaults, .log = log}};
-    ContentView content{
-        projectsSection,
-        settings,
-        {.files = files, .userDefaults = userDefaults, .clock = clock, .runLoop = runLoop, .log = log}};
     std::vector<int> made;
     ContentScreen screen{content, [this](int section) {
                              made.push_back(section);

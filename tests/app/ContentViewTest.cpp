@@ -1,30 +1,13 @@
 #include "app/ContentView.h"
-#include "support/FakeClock.h"
-#include "support/MemoryUserDefaults.h"
-#include "support/RecordingFiles.h"
-#include "support/RecordingLog.h"
-#include "support/TemporaryHome.h"
-#include "support/VirtualRunLoop.h"
+
+#include "app/EmptyContent.h"
 
 #include <gtest/gtest.h>
 
 namespace brisklog::test {
 namespace {
 
-class ContentViewTest : public testing::Test {
-protected:
-    TemporaryHome home;
-    RecordingFiles files;
-    MemoryUserDefaults userDefaults;
-    FakeClock clock;
-    VirtualRunLoop runLoop{clock};
-    RecordingLog log;
-    AppSettings settings{{.files = files, .userDefaults = userDefaults, .log = log}};
-    ContentView content{
-        projectsSection,
-        settings,
-        {.files = files, .userDefaults = userDefaults, .clock = clock, .runLoop = runLoop, .log = log}};
-};
+class ContentViewTest : public testing::Test, protected EmptyContent {};
 
 TEST_F(ContentViewTest, startsWithTheProjectsSection) { EXPECT_EQ(content.shownSection(), 1); }
 

@@ -1,9 +1,9 @@
 #include "platform/documents/CairoPdfFacility.h"
 
+#include "platform/documents/OnePage.h"
 #include "support/PdfPictures.h"
 #include "support/PdfReader.h"
 
-#include <functional>
 #include <gmock/gmock.h>
 #include <tuple>
 
@@ -15,18 +15,9 @@ using testing::HasSubstr;
 constexpr TextStyle plainText{.pointSize = 10};
 constexpr PageRectangle firstLine{100, 700, 200, 14};
 
-std::string pageOfParts(const std::function<void(PdfDocument&)>& draw,
-                        const DocumentInformation& information = {}) {
-    CairoPdfFacility facility;
-    const auto document = facility.begin(information);
-    document->beginPage();
-    draw(*document);
-    return document->finish();
-}
-
 TEST(CairoPdfParts, saysItsTitleAndThatItIsGerman) {
     const auto bytes =
-        pageOfParts([](PdfDocument&) {}, {.creator = {}, .author = {}, .title = "Größe (1)\n\xFF"});
+        onePage([](PdfDocument&) {}, {.creator = {}, .author = {}, .title = "Größe (1)\n\xFF"});
     const PdfReader pdf(bytes);
     EXPECT_EQ(pdf.complaints(), "");
     EXPECT_EQ(pdf.information("Title"), "Größe (1) \uFFFD");
@@ -34,7 +25,7 @@ TEST(CairoPdfParts, saysItsTitleAndThatItIsGerman) {
 }
 
 TEST(CairoPdfParts, partsAreReadInTheOrderInWhichTheyBegin) {
-    const PdfReader pdf(pageOfParts([](PdfDocument& page) {
+    const PdfReader pdf(onePage([](PdfDocument& page) {
         {
             const PdfPart heading(page, PdfRole::heading);
             page.drawLine("Titel", firstLine, plainText);
@@ -58,7 +49,7 @@ TEST(CairoPdfParts, partsAreReadInTheOrderInWhichTheyBegin) {
 }
 
 TEST(CairoPdfParts, surviveAnImageThatComesFirstOnTheirPage) {
-    const PdfReader pdf(pageOfParts([](PdfDocument& page) {
+    const PdfReader pdf(onePage([](PdfDocument& page) {
         const PdfPart paragraph(page, PdfRole::paragraph);
         page.drawImage(pngImage(10, 10), firstLine);
         page.drawLine("danach", {100, 600, 200, 14}, plainText);
@@ -69,7 +60,7 @@ TEST(CairoPdfParts, surviveAnImageThatComesFirstOnTheirPage) {
 }
 
 TEST(CairoPdfParts, linesOfWrappedTextAreReadWithASpaceBetweenThem) {
-    const PdfReader pdf(pageOfParts([](PdfDocument& page) {
+    const PdfReader pdf(onePage([](PdfDocument& page) {
         const PdfPart paragraph(page, PdfRole::paragraph);
         std::ignore =
             page.drawWrapped("Leistungen im November\nund Dezember", {100, 500, 80, 100}, plainText);
@@ -79,7 +70,7 @@ TEST(CairoPdfParts, linesOfWrappedTextAreReadWithASpaceBetweenThem) {
 
 TEST(CairoPdfParts, aTableOfMoreThanFiveHundredRowsHasNoParts) {
     for (const std::size_t rows : {500U, 501U}) {
-        const PdfReader pdf(pageOfParts(
+        const PdfReader pdf(onePage(
             [](PdfDocument& page) {
                 const PdfPart paragraph(page, PdfRole::paragraph);
                 page.drawLine("Text", firstLine, plainText);

@@ -1,10 +1,10 @@
 #include "platform/documents/CairoPdfFacility.h"
 
+#include "platform/documents/OnePage.h"
 #include "support/PdfPictures.h"
 #include "support/PdfPlaces.h"
 
 #include <cmath>
-#include <functional>
 #include <gmock/gmock.h>
 #include <tuple>
 
@@ -15,16 +15,6 @@ using testing::HasSubstr;
 
 constexpr TextStyle regular{.pointSize = 10};
 constexpr PageRectangle line{100, 700, 200, 14};
-
-/// A document of one page with whatever `draw` puts there.
-std::string onePage(const std::function<void(PdfDocument&)>& draw,
-                    const DocumentInformation& information = {}) {
-    CairoPdfFacility facility;
-    const auto document = facility.begin(information);
-    document->beginPage();
-    draw(*document);
-    return document->finish();
-}
 
 double fromTop(double y) { return a4.height - y; }
 
