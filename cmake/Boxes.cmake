@@ -34,6 +34,8 @@ target_link_options(brisklog-options INTERFACE
     $<$<BOOL:${BRISKLOG_FUZZERS}>:-fsanitize=address,undefined>)
 # Accesses past the end of a container are findings too.
 target_compile_definitions(brisklog-options INTERFACE $<$<BOOL:${BRISKLOG_FUZZERS}>:_GLIBCXX_ASSERTIONS>)
+# We write for Qt 6.4: what later versions advise against is the only way there.
+target_compile_definitions(brisklog-options INTERFACE QT_WARN_DEPRECATED_UP_TO=0x060400)
 # Keywords such as "signals" would collide with other libraries' headers.
 target_compile_definitions(brisklog-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
 
