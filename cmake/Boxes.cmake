@@ -24,6 +24,8 @@ target_compile_options(brisklog-options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
     # g++ 12 warns of overlaps in text + text that do not exist (its bug 105329).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # g++ 14 takes a returned reference for one to an argument. Older versions ignore the option.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-reference>
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     $<$<BOOL:${BRISKLOG_WARNINGS_AS_ERRORS}>:-Werror>
     $<$<BOOL:${BRISKLOG_SANITIZE}>:-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined>

@@ -91,6 +91,20 @@ TEST(InvoicePdfNotes, standInTheLeftBlockAtTheFoot) {
         }
 }
 
+TEST(InvoicePdfNotes, fillTheBlockToItsRightEdge) {
+    std::string notes;
+    for (int word = 0; word < 60; ++word)
+        notes += "ab ";
+    const PdfReader pdf(withNotes(notes).document());
+    double widest = 0;
+    for (const PdfWord& word : pdf.words())
+        if (word.text == "ab")
+            widest = std::max(widest, word.box.right);
+    EXPECT_LE(widest, notesRight + placeTolerance);
+    // One word more would not fit.
+    EXPECT_GT(widest, notesRight - 15);
+}
+
 TEST(InvoicePdfNotes, beginTwelvePointsUnderAClosingTextThatReachesLower) {
     const PdfReader pdf(withNotes("Hinweis", 9).document());
     EXPECT_EQ(pdf.pageCount(), 1);

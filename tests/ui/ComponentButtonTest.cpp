@@ -295,6 +295,15 @@ TEST_F(ComponentBox, symbolsAreTintedAndSharpAtEveryRatio) {
     EXPECT_TRUE(symbolPixmap(u"no.such.symbol"_s, 16, Qt::red, 1).isNull());
 }
 
+TEST_F(ComponentBox, aSymbolIsDrawnOnceForEachSizeAndColour) {
+    const auto key = [](int size, const QColor& color) {
+        return symbolPixmap(u"timer"_s, size, color, 1).cacheKey();
+    };
+    EXPECT_EQ(key(16, Qt::red), key(16, Qt::red));
+    EXPECT_NE(key(16, Qt::red), key(16, Qt::blue));
+    EXPECT_NE(key(16, Qt::red), key(18, Qt::red));
+}
+
 class ComponentScrolling : public ScreenTest {
 protected:
     ComponentScrolling() {

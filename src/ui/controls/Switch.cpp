@@ -24,9 +24,8 @@ Switch::Switch(const QString& name, QWidget* parent) : Clickable(radius, parent)
 void Switch::setOn(bool isOn) {
     if (isChecked() == isOn)
         return;
-    setChecked(isOn);
     m_knob = isOn ? 1 : 0;
-    update();
+    setChecked(isOn);
 }
 
 void Switch::onToggled(std::function<void(bool)> toggled) {

@@ -3,12 +3,16 @@
 #include "screens/Pictures.h"
 #include "screens/invoice/ArchiveSheetWindow.h"
 #include "support/WritableStore.h"
+#include "support/screen/Strokes.h"
 #include "ui/look/Palette.h"
+#include "ui/look/Typography.h"
 
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
+#include <algorithm>
 #include <chrono>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +41,24 @@ TEST_F(ArchiveSheet, listsTheNewestMonthAndInvoiceFirst) {
         (QStringList{u"Hier findest du alle archivierten Rechnungen sortiert nach Jahr und Monat."_s,
                      u"November 2026"_s, u"2026-041"_s, u"2026-040"_s, u"Oktober 2026"_s, u"2026-038"_s}));
     EXPECT_EQ(spoken(u"2026-038"_s), u"2026-038, Unbekannt"_s);
+}
+
+TEST_F(ArchiveSheet, theExplanationHasAsManyLinesAsItNeedsAtEveryWidth) {
+    issueThree();
+    open();
+    std::set<int> counts;
+    for (int width = 220; width <= 520; width += 15) {
+        list().resize(width, 500);
+        settle();
+        const auto strokes = strokesOf(*list().viewport());
+        const auto lines = static_cast<int>(std::ranges::count_if(
+            strokes, [](const Stroke& stroke) { return stroke.what.startsWith(u"tab12"_s); }));
+        EXPECT_EQ(list().visualRect(list().model()->index(0, 0)).height(),
+                  12 + lines * lineHeight(FontRole::tab12))
+            << width;
+        counts.insert(lines);
+    }
+    EXPECT_EQ(counts, (std::set{1, 2, 3}));
 }
 
 TEST_F(ArchiveSheet, theArrowsPassTheMonthsAndReturnOpens) {

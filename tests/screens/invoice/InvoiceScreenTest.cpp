@@ -94,7 +94,7 @@ TEST_F(InvoiceScreenTest, choosingACustomerShowsTheAddress) {
     content.addCustomer(customerNamed("Özdemir"));
     content.addCustomer(erika());
     InvoiceSheetWindow window(content);
-    auto* picker = window.sheet->findChild<Picker*>();
+    auto* picker = findFirst<Picker>(*window.sheet);
     ASSERT_NE(picker, nullptr);
     EXPECT_EQ(picker->count(), 3);
     EXPECT_EQ(picker->currentText(), u"Bitte auswählen"_s);

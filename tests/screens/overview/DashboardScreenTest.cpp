@@ -7,6 +7,7 @@
 #include "support/WritableStore.h"
 #include "support/screen/ScreenReader.h"
 #include "support/screen/ScreenTest.h"
+#include "support/screen/Strokes.h"
 #include "ui/look/Palette.h"
 
 #include <QLabel>
@@ -180,6 +181,17 @@ TEST_F(DashboardScreenTest, hugeFiguresStayWhole) {
     open();
     takePicturesOfAll(u"dashboard-riesig"_s);
     EXPECT_TRUE(shows(u"48.394.850,00 €"_s));
+}
+
+TEST_F(DashboardScreenTest, aLowBarIsRoundedByHalfItsHeight) {
+    addEntry(0, 1, 8);
+    addEntry(0, 2, 0.2);
+    open();
+    QStringList bars;
+    for (const Stroke& stroke : strokesOf(*findFirst<BarChart>(screen)))
+        if (stroke.place.contains(u" 26×"_s))
+            bars << stroke.place.section(u' ', 1);
+    EXPECT_EQ(bars, (QStringList{u"26×4 r2"_s, u"26×156 r4"_s}));
 }
 
 TEST_F(DashboardScreenTest, barsTellTheirValueToPointerAndScreenReader) {

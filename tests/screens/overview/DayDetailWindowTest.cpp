@@ -27,7 +27,7 @@ protected:
         return *dayWindows().back();
     }
 
-    [[nodiscard]] static RowList& list(QWidget& window) { return *window.findChild<RowList*>(); }
+    [[nodiscard]] static RowList& list(QWidget& window) { return *findFirst<RowList>(window); }
 
     /// The texts of a row as a screen reader says them, with ordinary blanks.
     [[nodiscard]] static QString spoken(QWidget& window, int row) {
@@ -134,6 +134,17 @@ TEST_F(DayDetailWindowTest, closingOneOfTwoLeavesTheOtherAndItsEntry) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(first.isNull());
     EXPECT_EQ(dayWindows().size(), 1U);
+}
+
+TEST_F(DayDetailWindowTest, oneThatIsHiddenLosesItsEntryToTheNext) {
+    openPanel();
+    record(5, "Editor", 60);
+    record(4, "Editor", 60);
+    DayDetailWindow& first = choose(u"15. November 2026"_s);
+    first.hide();
+    choose(u"16. November 2026"_s);
+    EXPECT_EQ(registry.windowControllers().size(), 1U);
+    EXPECT_FALSE(registry.windowControllers().contains("detailWindowController_15.11.2026"));
 }
 
 TEST_F(DayDetailWindowTest, outlivesThePanelAndKeepsWhatItWasGiven) {

@@ -27,7 +27,7 @@ protected:
         clickRow(0);
     }
 
-    [[nodiscard]] Picker& gender() { return *form()->findChild<Picker*>(); }
+    [[nodiscard]] Picker& gender() { return *findFirst<Picker>(*form()); }
 
     [[nodiscard]] QAbstractButton& confirm() {
         return button(*form(), isNew() ? u"Hinzufügen"_s : u"Aktualisieren"_s);

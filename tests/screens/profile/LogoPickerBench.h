@@ -60,7 +60,7 @@ protected:
 
     [[nodiscard]] static LogoPickerWindow* window() { return visibleWindow<LogoPickerWindow>(); }
 
-    [[nodiscard]] static RowList& tiles() { return *window()->findChild<RowList*>(); }
+    [[nodiscard]] static RowList& tiles() { return *findFirst<RowList>(*window()); }
 
     [[nodiscard]] static QStringList names() {
         QStringList names;

@@ -42,7 +42,7 @@ protected:
         settle();
     }
 
-    [[nodiscard]] RowList& tiles() const { return *screen->findChild<RowList*>(); }
+    [[nodiscard]] RowList& tiles() const { return *findFirst<RowList>(*screen); }
 
     [[nodiscard]] fs::path folder() const { return home.path() / "Pictures"; }
 

@@ -1,6 +1,7 @@
 // The profile form with its fields, its logo and what goes wrong with its files.
 
 #include "platform/JsonFile.h"
+#include "profile/screens/LogoPlate.h"
 #include "screens/profile/ProfileScreenBench.h"
 #include "support/SamplePictures.h"
 #include "ui/look/Palette.h"
@@ -222,6 +223,42 @@ TEST_F(ProfileScreenTest, theLogoIsShrunkIntoItsBoxWithoutLosingItsShape) {
     for (const auto& [kept, seen] : sizes) {
         keepLogo(kept.width(), kept.height());
         EXPECT_EQ(sizeOnPlate(), seen) << kept.width() << " x " << kept.height();
+    }
+}
+
+/// Remembers how large the last picture was decoded.
+class MeasuringImages final : public Images {
+public:
+    [[nodiscard]] Result<Bitmap> read(const std::filesystem::path& file,
+                                      const SizeRule& rule) const override {
+        return m_images.read(file, rule);
+    }
+
+    [[nodiscard]] Result<Bitmap> decode(std::string_view bytes, const SizeRule& rule) const override {
+        auto decoded = m_images.decode(bytes, rule);
+        decodedSize = decoded.value().size;
+        return decoded;
+    }
+
+    [[nodiscard]] Result<std::string> encodePng(const Bitmap& picture) const override {
+        return m_images.encodePng(picture);
+    }
+
+    mutable PixelSize decodedSize;
+
+private:
+    QtImages m_images;
+};
+
+TEST_F(ProfileScreenTest, theLogoIsDecodedForTwiceItsBoxWhateverItsSize) {
+    const MeasuringImages measuring;
+    LogoPlate shown(measuring);
+    for (const auto& [kept, decoded] : std::vector<std::pair<QSize, PixelSize>>{
+             {{4000, 1000}, {400, 100}}, {{1000, 4000}, {50, 200}}, {{4000, 4000}, {200, 200}}}) {
+        QImage logo(kept, QImage::Format_RGB32);
+        logo.fill(Qt::darkBlue);
+        shown.setLogo(encoded(logo, "PNG"));
+        EXPECT_EQ(measuring.decodedSize, decoded) << kept.width() << " x " << kept.height();
     }
 }
 

@@ -38,6 +38,16 @@ void unhover(QWidget& widget);
 /// Whether two colours differ by no more than the rounding of blended channels.
 [[nodiscard]] bool looksLike(const QColor& first, const QColor& second);
 
+/// The first descendant of that type, hidden ones included; null when there is none. The toolkit's own search
+/// knows only classes with meta-objects.
+template <class T>
+[[nodiscard]] T* findFirst(const QWidget& root) {
+    for (QWidget* child : root.findChildren<QWidget*>())
+        if (auto* match = dynamic_cast<T*>(child))
+            return match;
+    return nullptr;
+}
+
 /// The first descendant of that type that a screen reader would call by this name, hidden ones included; null
 /// when there is none.
 template <class T>
