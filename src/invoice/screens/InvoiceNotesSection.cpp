@@ -26,7 +26,7 @@ InvoiceNotesSection::InvoiceNotesSection(TimeTrackingStore& timeStore, InvoiceVi
     m_saved->setSymbol(u"text.badge.checkmark"_s);
     m_saved->setOpensMenu();
     m_delete->setSymbol(u"trash"_s);
-    Column content{m_notes, space(8), Row{m_save, m_saved, stretch(), m_delete}.spacing(8)};
+    Column content{m_notes, space(8), folding(Row{m_save, m_saved}.spacing(8), Row{m_delete}, 8)};
     Column{invoiceForm::heading(title), invoiceForm::card(content)}.applyTo(*this);
     connectButtons();
     observe(m_timeStore);

@@ -78,6 +78,10 @@ public:
 /// loop's next turn.
 void layOutNow(QWidget& widget);
 
+/// The first box at the left and the second at the right; where they do not fit beside one another, the
+/// second one below, `gap` apart in either direction.
+[[nodiscard]] LayoutItem folding(const LayoutBox& left, const LayoutBox& right, int gap);
+
 /// Wraps the box in a widget, to show, hide or size it as one.
 [[nodiscard]] QWidget* asWidget(const LayoutBox& box);
 /// The same, with a fixed height.
