@@ -5,7 +5,7 @@
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
 #include "ui/look/Palette.h"
-#include "ui/sheets/WindowPlace.h"
+#include "ui/look/WindowPlace.h"
 
 #include <QApplication>
 #include <QCloseEvent>

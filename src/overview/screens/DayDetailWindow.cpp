@@ -4,7 +4,7 @@
 #include "ui/look/Layout.h"
 #include "ui/look/Palette.h"
 #include "ui/look/Text.h"
-#include "ui/sheets/WindowPlace.h"
+#include "ui/look/WindowPlace.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -58,7 +58,7 @@ std::shared_ptr<DetailWindowController> DayDetailWindows::show(const DetailWindo
     m_windows.emplace_back(window);
     const QWidget* const nearby = m_nearby();
     const QScreen& screen = nearby != nullptr ? *nearby->screen() : *QGuiApplication::primaryScreen();
-    window->resize(fittingInFrame(windowSize, freeAreaOf(screen)));
+    resizeInFrame(*window, windowSize, freeAreaOf(screen));
     window->move(centredOn(screen, window->size()));
     window->show();
     window->activateWindow();

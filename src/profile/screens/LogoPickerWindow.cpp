@@ -2,9 +2,9 @@
 
 #include "ui/look/Layout.h"
 #include "ui/look/Text.h"
+#include "ui/look/WindowPlace.h"
 #include "ui/sheets/SheetHost.h"
 #include "ui/sheets/Sheets.h"
-#include "ui/sheets/WindowPlace.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -60,7 +60,7 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
         if (host)
             host->takeFocusBack();
     });
-    m_window->resize(fittingInFrame(windowSize, freeAreaOf(*parent.screen())));
+    resizeInFrame(*m_window, windowSize, freeAreaOf(*parent.screen()));
     m_window->move(centredOn(*parent.screen(), m_window->size()));
     m_window->show();
     m_window->activateWindow();

@@ -1,6 +1,7 @@
 #include "ui/controls/Popup.h"
 
 #include "ui/look/Painting.h"
+#include "ui/look/WindowPlace.h"
 
 #include <QPainter>
 #include <QScreen>
@@ -13,7 +14,7 @@ constexpr int frameRadius = 8;
 constexpr int gap = 4;
 
 QPoint placeFor(const QWidget& anchor, const QSize& size, PopupPlace place) {
-    const QRect available = anchor.screen()->availableGeometry();
+    const QRect available = freeAreaOf(*anchor.screen());
     const QPoint below = anchor.mapToGlobal(QPoint(0, anchor.height() + gap));
     const QPoint above = anchor.mapToGlobal(QPoint(0, -gap - size.height()));
     const QWidget& window = *anchor.window();

@@ -1,7 +1,7 @@
 #include "ui/sheets/Sheets.h"
 
+#include "ui/look/WindowPlace.h"
 #include "ui/sheets/SheetHost.h"
-#include "ui/sheets/WindowPlace.h"
 
 #include <QPointer>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "ui/sheets/WindowPlace.h"
+#include "ui/look/WindowPlace.h"
 
 #include <QEvent>
 #include <QScreen>
@@ -54,6 +54,12 @@ QPoint centredOn(const QScreen& screen, const QSize& window) {
 
 QSize fittingInFrame(const QSize& wanted, const QRect& available) {
     return wanted.boundedTo(available.size() - frame);
+}
+
+void resizeInFrame(QWidget& window, const QSize& wanted, const QRect& available) {
+    const QSize size = fittingInFrame(wanted, available);
+    window.setMinimumSize(window.minimumSize().boundedTo(size));
+    window.resize(size);
 }
 
 void placeWindow(QWidget& window, const QPoint& place) {

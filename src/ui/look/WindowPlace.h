@@ -19,6 +19,9 @@ namespace brisklog {
 /// The size wanted for a window with the window manager's frame, or as much of it as the area has room for.
 [[nodiscard]] QSize fittingInFrame(const QSize& wanted, const QRect& available);
 
+/// Gives the window that size, or as much of it as fits; it may then be smaller than its smallest size was.
+void resizeInFrame(QWidget& window, const QSize& wanted, const QRect& available);
+
 /// Moves a frameless window before it is shown, and again once it has appeared. Otherwise, with some window
 /// managers the toolkit believes that a window that stays on top is at the screen's corner, and misplaces
 /// whatever is positioned relative to it (menus, sheets).
