@@ -52,6 +52,10 @@ protected:
     std::vector<QDateTime> told;
 };
 
+TEST_F(ComponentDateTimeField, getsNoFocusFromTheWheelThatScrollsThePage) {
+    EXPECT_EQ(field.focusPolicy(), Qt::StrongFocus);
+}
+
 TEST_F(ComponentDateTimeField, showsDayAndTimeInGerman) {
     EXPECT_EQ(field.text(), u"20.11.2026, 14:30"_s);
     EXPECT_EQ(accessibleNameOf(field), u"Datum:"_s);

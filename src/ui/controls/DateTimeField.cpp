@@ -39,6 +39,7 @@ DateTimeField::DateTimeField(const QString& name, Qt::DayOfWeek firstWeekday, QW
     setProperty("stepSize", 1.0);
     connect(this, &QDateTimeEdit::dateTimeChanged, this, [this] { announceMoment(); });
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     clearGround(*this);
 }
