@@ -1,5 +1,7 @@
 """The mouse, the keyboard and the screen without a process of its own for each gesture."""
 
+import os
+
 from Xlib import XK, X, display
 from Xlib.ext import damage, xtest
 
@@ -11,9 +13,12 @@ class Hands:
         self.eyes = display.Display()
         self.eyes.damage_query_version()
         self.eyes.screen().root.damage_create(damage.DamageReportRawRectangles)
+        # What the accessibility interface calls a pixel has so many of the screen's.
+        self.scale = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
     def click(self, place, button=1):
-        xtest.fake_input(self.display, X.MotionNotify, x=place[0], y=place[1])
+        x, y = (round(value * self.scale) for value in place)
+        xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
         xtest.fake_input(self.display, X.ButtonPress, button)
         xtest.fake_input(self.display, X.ButtonRelease, button)
         self.display.sync()

@@ -152,5 +152,5 @@ class Walked:
 
     def step_calendar(self, name):
         """The symbol at the field's right end."""
-        x, y, width, height = self.wait_for(name).box
+        x, y, width, height = self.scrolled_to(self.wait_for(name)).box
         self.hands.click((x + width - 15, y + height // 2))
