@@ -4,6 +4,7 @@
 #include "ui/look/Hairline.h"
 #include "ui/look/Label.h"
 #include "ui/look/Layout.h"
+#include "ui/look/Painting.h"
 #include "ui/look/Palette.h"
 #include "ui/look/WindowPlace.h"
 
@@ -230,8 +231,7 @@ void PopoverWindow::paintEvent(QPaintEvent* /*event*/) {
     if (m_form == Form::window)
         return;
     // The frame is part of the popover, not of the main view: it follows the desktop's appearance at launch.
-    painter.setPen(withOpacity(Palette::of(m_appearance).secondary, 0.3));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintWindowFrame(painter, rect(), Palette::of(m_appearance));
 }
 
 } // namespace brisklog

@@ -232,6 +232,28 @@ TEST_F(ComponentSheet, worksWithoutAHost) {
     EXPECT_TRUE(shown.isNull());
 }
 
+/// The pixels of the frame's colour from there on.
+int frameFrom(const QImage& drawn, QPoint at, const QPoint& step) {
+    const QColor ground = Palette::current().ground;
+    int thickness = 0;
+    for (; thickness < 5 && !looksLike(drawn.pixelColor(at), ground); at += step)
+        ++thickness;
+    return thickness;
+}
+
+TEST_F(ComponentSheet, itsFrameIsEquallyThickOnAllSidesAtEveryRatio) {
+    SheetWindow framed(u"Titel"_s, QSize(301, 251));
+    for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+        const QImage drawn = picture(framed, ratio);
+        const QPoint last(drawn.width() - 1, drawn.height() - 1), middle = last / 2;
+        const std::vector<int> sides{frameFrom(drawn, {middle.x(), 0}, {0, 1}),
+                                     frameFrom(drawn, {0, middle.y()}, {1, 0}),
+                                     frameFrom(drawn, {middle.x(), last.y()}, {0, -1}),
+                                     frameFrom(drawn, {last.x(), middle.y()}, {-1, 0})};
+        EXPECT_EQ(sides, std::vector<int>(4, static_cast<int>(ratio))) << ratio;
+    }
+}
+
 TEST_F(ComponentSheet, hasAHeaderOfFiftyTwoAndAFooterOfFiftySix) {
     SheetWindow& shown = present();
     const Palette& palette = Palette::of(ColorScheme::light);

@@ -155,7 +155,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), withOpacity(Palette::current().secondary, 0.3));
+        QPainter painter(this);
+        paintHairline(painter, rect(), withOpacity(Palette::current().secondary, 0.3));
     }
 };
 

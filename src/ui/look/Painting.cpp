@@ -142,9 +142,15 @@ QRegion roundedShape(const QSize& size, int radius) {
 
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette) {
     const Saved saved(painter);
-    painter.setPen(QPen(withOpacity(palette.secondary, 0.3), 1));
+    const QTransform toScreen = painter.deviceTransform();
+    const qreal thickness = std::floor(toScreen.m11());
+    const qreal inset = thickness / 2;
+    const QRectF onScreen(toScreen.mapRect(QRectF(area)).toRect());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(withOpacity(palette.secondary, 0.3), thickness / toScreen.m11(), Qt::SolidLine,
+                        Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5));
+    painter.drawRect(toScreen.inverted().mapRect(onScreen.adjusted(inset, inset, -inset, -inset)));
 }
 
 } // namespace brisklog

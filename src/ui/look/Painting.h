@@ -58,7 +58,7 @@ bool paintText(QPainter& painter, const QRect& area, const QString& text, FontRo
 [[nodiscard]] bool areCornersCut();
 [[nodiscard]] QRegion roundedShape(const QSize& size, int radius);
 
-/// A frame of one pixel in the secondary colour, inside the edge of a frameless window.
+/// A frame in the secondary colour inside the edge of a frameless window, equally thick on all sides.
 void paintWindowFrame(QPainter& painter, const QRect& area, const Palette& palette);
 
 } // namespace brisklog

@@ -254,8 +254,10 @@ void ProjectTabStrip::paintEvent(QPaintEvent*) {
     const QColor line = withOpacity(Palette::current().secondary, 0.2);
     paintHairline(painter, QRect(0, height() - 1, width(), 1), line);
     if (m_layout.overflow)
-        painter.fillRect(m_layout.overflow->x + m_layout.overflow->width, (height() - dividerHeight) / 2, 1,
-                         dividerHeight, line);
+        paintHairline(painter,
+                      QRect(m_layout.overflow->x + m_layout.overflow->width, (height() - dividerHeight) / 2,
+                            1, dividerHeight),
+                      line);
 }
 
 void ProjectTabStrip::resizeEvent(QResizeEvent* event) {
