@@ -16,14 +16,16 @@ namespace {
 
 constexpr QSize sheetSize{460, 560};
 
-EmptyState* noCustomers(std::function<void()> createCustomer) {
-    return new EmptyState(
+QWidget* noCustomers(std::function<void()> createCustomer) {
+    auto* content = new EmptyState(
         {.symbol = u"person.crop.circle.badge.questionmark"_s,
          .headline = u"Keine Kunden vorhanden"_s,
          .sentence = u"Erstellen Sie Kundenprofile, um diese bei der Rechnungserstellung auszuwählen."_s,
          .buttonCaption = u"Ersten Kunden anlegen"_s,
          .action = std::move(createCustomer)},
         EmptyState::Place::sheet);
+    // Exactly centred it would look too low.
+    return asWidget(Column{expanding(content, 25), stretch(2)});
 }
 
 } // namespace
@@ -36,8 +38,6 @@ CustomerScreen::CustomerScreen(TimeTrackingStore& timeStore)
                                           .accent = true})),
       m_noCustomers(noCustomers([this] { m_view.createCustomer(); })),
       m_list(new RowList(RowList::RowHeights::different)) {
-    // Exactly centred it would look too low.
-    m_noCustomers->setContentsMargins(0, 0, 0, 38);
     makeList();
     Column{expanding(m_noCustomers), expanding(m_list)}.applyTo(*this);
     observe(m_timeStore);

@@ -10,7 +10,6 @@
 
 namespace brisklog {
 
-class EmptyState;
 class RowList;
 class NavigationButton;
 class SheetWindow;
@@ -38,7 +37,7 @@ private:
     CustomerView m_view;
     CustomerModel m_model;
     NavigationButton* m_newCustomer;
-    EmptyState* m_noCustomers;
+    QWidget* m_noCustomers;
     RowList* m_list;
     QPointer<SheetWindow> m_form;
 };
