@@ -7,7 +7,9 @@
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -50,6 +52,14 @@ protected:
         settle();
     }
 
+    void turnWheel() {
+        const QPointF middle = list.viewport()->rect().center();
+        QWheelEvent wheel(middle, list.viewport()->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(list.viewport(), &wheel);
+        settle();
+    }
+
     void letTimersFire() {
         for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&list)) {
             QTimerEvent due(timer.timerId);
@@ -61,6 +71,19 @@ protected:
     QStringListModel rows;
     RowList list;
 };
+
+TEST_F(ComponentRowList, theWheelShowsEachRowWholeEvenWhereTheListIsLow) {
+    list.resize(200, rowHeight * 5 / 2);
+    settle();
+    std::set<int> seen;
+    for (int notch = 0; notch < 60; ++notch) {
+        for (int row = 0; row < rows.rowCount(); ++row)
+            if (isInView(row))
+                seen.insert(row);
+        turnWheel();
+    }
+    EXPECT_EQ(seen.size(), 30U);
+}
 
 TEST_F(ComponentRowList, aClickedRowStaysWhereItIs_alsoWhenNoSecondClickFollows) {
     const QPoint onHalfRow(20, place(4).top() + 4);

@@ -6,13 +6,17 @@
 #include "ui/lists/ScrollArea.h"
 #include "ui/look/Palette.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QPointer>
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
 namespace brisklog {
 namespace {
+
+constexpr int smallestStep = 8;
 
 QAccessibleInterface* rowListAccessible(const QString&, QObject* object) {
     auto* const list = dynamic_cast<RowList*>(object);
@@ -97,6 +101,18 @@ void RowList::announceCurrentRow() {
     QAccessibleEvent focused(this, QAccessible::Focus);
     focused.setChild(currentIndex().row());
     QAccessible::updateAccessibility(&focused);
+}
+
+/// The wheel turns several steps at once, by default of a row each. In a low list that could take a row from
+/// below its edge to above it.
+void RowList::updateGeometries() {
+    QListView::updateGeometries();
+    const int row = sizeHintForRow(0);
+    if (row <= 0)
+        return;
+    const int room = viewport()->height() - row;
+    const int step = room / std::max(QApplication::wheelScrollLines(), 1);
+    verticalScrollBar()->setSingleStep(std::clamp(step, std::min(smallestStep, row), row));
 }
 
 void RowList::focusInEvent(QFocusEvent* event) {
