@@ -33,7 +33,6 @@ void LogoPickerView::moveToParentFolder() {
 
 void LogoPickerView::loadDirectoryContents() {
     using Contents = Result<std::vector<FileItem>>;
-    m_previousDirectory.clear();
     errorText = "";
     items = {};
     isLoading = true;

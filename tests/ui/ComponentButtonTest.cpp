@@ -295,6 +295,20 @@ TEST_F(ComponentBox, symbolsAreTintedAndSharpAtEveryRatio) {
     EXPECT_TRUE(symbolPixmap(u"no.such.symbol"_s, 16, Qt::red, 1).isNull());
 }
 
+TEST_F(ComponentBox, aNewColourOrSymbolIsSeenAtOnce) {
+    QWidget window;
+    SymbolButton button(u"circle.fill"_s, u"Pausieren"_s, SymbolButton::Size::timer,
+                        SymbolButton::Purpose::acting, &window);
+    showActive(window);
+    const QPoint middle = button.rect().center();
+    button.setColor(&Palette::red);
+    settle();
+    EXPECT_EQ(seenOnScreen(button).pixelColor(middle), Palette::current().red);
+    button.setSymbol(u"circle"_s);
+    settle();
+    EXPECT_NE(seenOnScreen(button).pixelColor(middle), Palette::current().red);
+}
+
 TEST_F(ComponentBox, aSymbolIsDrawnOnceForEachSizeAndColour) {
     const auto key = [](int size, const QColor& color) {
         return symbolPixmap(u"timer"_s, size, color, 1).cacheKey();

@@ -80,6 +80,14 @@ TEST_F(ComponentLabel, wrappedLinesKeepTheLineHeight) {
         42);
 }
 
+TEST_F(ComponentLabel, asksForAllItsOwnLines) {
+    const auto size = [](const QString& text) {
+        return Label(text, FontRole::body13, &Palette::text, Label::Lines::wrapped).sizeHint();
+    };
+    EXPECT_EQ(size(u"länger\na\nb"_s), QSize(size(u"länger"_s).width(), 3 * 18));
+    EXPECT_EQ(size(u"a\nb\nlänger"_s), QSize(size(u"länger"_s).width(), 3 * 18));
+}
+
 TEST_F(ComponentLabel, isPaintedInItsRole) {
     Label label(u"████"_s, FontRole::title17, &Palette::green);
     label.resize(label.sizeHint());

@@ -28,7 +28,6 @@ FloatingScrollBar::FloatingScrollBar(QAbstractScrollArea& area) : QWidget(&area)
     area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area.installEventFilter(this);
-    setFocusPolicy(Qt::NoFocus);
     hide();
     m_scrolled.setSingleShot(true);
     m_scrolled.setInterval(lingerMilliseconds);

@@ -113,7 +113,6 @@ double contrast(const QColor& first, const QColor& second) {
 QPalette toolkitPalette(const Palette& palette) {
     QPalette result(palette.text, palette.card, palette.card, palette.rule, palette.line, palette.text,
                     palette.white, palette.field, palette.ground);
-    result.setColor(QPalette::AlternateBase, blendedOver(withOpacity(palette.secondary, 0.05), palette.card));
     result.setColor(QPalette::PlaceholderText, palette.placeholder);
     result.setColor(QPalette::ButtonText, palette.text);
     result.setColor(QPalette::Highlight, palette.blueFill);

@@ -253,6 +253,18 @@ TEST_F(DashboardScreenTest, timersComeAndGoWithTheStore) {
     EXPECT_TRUE(shows(u"Keine aktiven Timer"_s));
 }
 
+TEST_F(DashboardScreenTest, aPausedTimerTurnsOrangeAtOnce) {
+    bench.store.startTracking("Entwurf");
+    screen.resize(370, 1400);
+    open();
+    const QWidget& panel = *findFirst<ActiveTimerPanel>(screen);
+    const QPoint onBar(6, panel.height() / 2);
+    EXPECT_EQ(seenOnScreen(panel).pixelColor(onBar), Palette::current().blue);
+    bench.store.pauseTracking(newest());
+    settle();
+    EXPECT_EQ(seenOnScreen(panel).pixelColor(onBar), Palette::current().orangeFill);
+}
+
 TEST_F(DashboardScreenTest, ticksOnlyWhileItIsSeen) {
     const auto before = bench.runLoop.timerCount();
     open();

@@ -1,6 +1,7 @@
 // The logo picker's window and what it shows of the folders people have.
 
 #include "screens/profile/LogoPickerBench.h"
+#include "support/screen/Strokes.h"
 #include "ui/look/Palette.h"
 
 #include <QPointer>
@@ -121,6 +122,8 @@ TEST_F(LogoPickerScreenTest, saysThatAFolderIsBeingRead) {
     controller.present("Logo auswählen", [](const std::string&) {});
     settle();
     EXPECT_TRUE(shows(u"Lade Inhalte..."_s));
+    EXPECT_EQ(strokesOf(*findNamed<QLabel>(*window(), u"Lade Inhalte..."_s)).front().color,
+              Palette::current().secondary);
     EXPECT_EQ(tiles().model()->rowCount(), 0);
     EXPECT_FALSE(shows(u"Hier liegen keine Bilder"_s));
     finish();

@@ -74,6 +74,12 @@ ScreenTest::ScreenTest() {
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
 }
 
+QImage seenOnScreen(const QWidget& widget) {
+    const QWidget& window = *widget.window();
+    const QPixmap whole = window.screen()->grabWindow(window.winId());
+    return whole.copy(QRect(widget.mapTo(&window, QPoint()), widget.size())).toImage();
+}
+
 void settle() {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -38,6 +38,9 @@ void unhover(QWidget& widget);
 /// Whether two colours differ by no more than the rounding of blended channels.
 [[nodiscard]] bool looksLike(const QColor& first, const QColor& second);
 
+/// What the widget's window last painted where the widget is: unlike `picture`, without painting anew.
+[[nodiscard]] QImage seenOnScreen(const QWidget& widget);
+
 /// The first descendant of that type, hidden ones included; null when there is none. The toolkit's own search
 /// knows only classes with meta-objects.
 template <class T>
