@@ -209,7 +209,7 @@ void PopoverWindow::closeIfLeft() {
 /// A press on the icon would close the popover, and the activation that follows would reopen it: presses
 /// there are left to the toggle.
 bool PopoverWindow::isPointerOnAnchor() const {
-    return m_anchor &&
+    return m_anchor && m_parts.windowServer.knowsPointer() &&
            QRect(m_anchor->x, m_anchor->y, m_anchor->width, m_anchor->height).contains(QCursor::pos());
 }
 

@@ -12,7 +12,7 @@
 #include "platform/loop/QtBackground.h"
 #include "platform/loop/QtRunLoop.h"
 #include "platform/loop/SystemClock.h"
-#include "platform/panel/QtStatusItem.h"
+#include "platform/panel/PanelStatusItem.h"
 #include "platform/pictures/QtImages.h"
 #include "platform/x11/X11WindowServer.h"
 #include "profile/screens/LogoPickerWindow.h"
@@ -103,10 +103,7 @@ struct Machine {
     std::unique_ptr<WindowServer> windowServer = chooseWindowServer();
 
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() {
-        return std::make_unique<QtStatusItem>(
-            QtStatusItem::Picture{.themeName = u"brisklog-symbolic"_s,
-                                  .file = u":/symbols/brisklog-status.svg"_s},
-            runLoop, *windowServer);
+        return std::make_unique<PanelStatusItem>(u":/symbols/brisklog-status.svg"_s, runLoop, *windowServer);
     }
 };
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace brisklog {
 
@@ -26,6 +27,14 @@ public:
 
     /// Whether there is an XEmbed tray now.
     [[nodiscard]] virtual bool hasTray() const { return false; }
+
+    /// Whether the toolkit knows where the pointer is. Under Wayland it remembers the last place over one of
+    /// our windows, even on the X server.
+    [[nodiscard]] virtual bool knowsPointer() const { return false; }
+
+    /// Tells the desktop that the click it gave this activation token for has been answered; until then it
+    /// may show a busy pointer.
+    virtual void completeActivation(const std::string& /*token*/) {}
 
     /// Keeps a window out of task bar and pager; to be called before each show.
     virtual void keepOutOfTaskBar(std::uint32_t /*window*/) {}

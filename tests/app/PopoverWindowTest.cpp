@@ -97,6 +97,13 @@ TEST_F(PopoverWindowTest, turningElsewhereByAPressOnTheIconIsLeftToTheToggle) {
     EXPECT_TRUE(popover.isShown());
 }
 
+TEST_F(PopoverWindowTest, turningElsewhereClosesItWhereverThePointerSeemsToBeIfNobodyKnows) {
+    server.isPointerKnown = false;
+    open();
+    activateAnotherWindow(onTheIcon);
+    EXPECT_FALSE(popover.isShown());
+}
+
 TEST_F(PopoverWindowTest, openedAgainAtOnceItIsNotClosedByWhatTheLastClosingLeft) {
     open();
     QCursor::setPos(onTheDesktop);

@@ -2,6 +2,7 @@
 
 #include "platform/WindowServer.h"
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -22,6 +23,10 @@ public:
 
     [[nodiscard]] bool hasTray() const override { return m_hasTray; }
 
+    [[nodiscard]] bool knowsPointer() const override { return isPointerKnown; }
+
+    void completeActivation(const std::string& token) override { completedActivations.push_back(token); }
+
     void keepOutOfTaskBar(std::uint32_t window) override { keptOutOfTaskBar.push_back(window); }
 
     void press() const {
@@ -39,6 +44,8 @@ public:
 
     [[nodiscard]] bool isPointerWatched() const { return m_pressed != nullptr; }
 
+    bool isPointerKnown = true;
+    std::vector<std::string> completedActivations;
     std::vector<std::uint32_t> keptOutOfTaskBar;
 
 private:

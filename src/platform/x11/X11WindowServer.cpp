@@ -2,6 +2,7 @@
 
 #include <QSocketNotifier>
 #include <array>
+#include <string>
 #include <utility>
 #include <xcb/xinput.h>
 
@@ -10,6 +11,17 @@ namespace {
 
 /// Extracts the event number; the top bit marks events sent by other programs.
 constexpr std::uint8_t eventNumberMask = 0x7F;
+
+/// In the notation of startup messages, in which a backslash goes before whatever would end the text.
+std::string endOfActivation(const std::string& token) {
+    std::string message = "remove: ID=\"";
+    for (const char letter : token) {
+        if (letter == '"' || letter == '\\')
+            message += '\\';
+        message += letter;
+    }
+    return message + '"';
+}
 
 } // namespace
 
@@ -74,6 +86,40 @@ void X11WindowServer::selectInput(std::uint32_t events) const {
     request.mask = events;
     xcb_input_xi_select_events(m_server.raw(), m_server.root(), 1, &request.head);
     xcb_flush(m_server.raw());
+}
+
+/// Compositors start X servers too, for programs like this one; there, only events over our windows arrive.
+bool X11WindowServer::knowsPointer() const {
+    return m_server.isOpen() && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+/// Sent to everyone, in portions of one event, from a window made for this message.
+void X11WindowServer::completeActivation(const std::string& token) {
+    const xcb_window_t sender = xcb_generate_id(m_server.raw());
+    xcb_create_window(m_server.raw(), 0, sender, m_server.root(), 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    for (const xcb_client_message_event_t& part : portions(endOfActivation(token), sender))
+        xcb_send_event(m_server.raw(), 0, m_server.root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&part));
+    xcb_destroy_window(m_server.raw(), sender);
+    xcb_flush(m_server.raw());
+}
+
+/// The text with its final zero, cut into events; the first one has a type of its own.
+std::vector<xcb_client_message_event_t> X11WindowServer::portions(const std::string& text,
+                                                                  xcb_window_t sender) const {
+    std::vector<xcb_client_message_event_t> events;
+    constexpr std::size_t length = sizeof(xcb_client_message_data_t);
+    for (std::size_t start = 0; start <= text.size(); start += length) {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 8;
+        event.window = sender;
+        event.type = m_server.atom(start == 0 ? "_NET_STARTUP_INFO_BEGIN" : "_NET_STARTUP_INFO");
+        text.copy(reinterpret_cast<char*>(event.data.data8), length, start);
+        events.push_back(event);
+    }
+    return events;
 }
 
 void X11WindowServer::keepOutOfTaskBar(std::uint32_t window) {

@@ -3,6 +3,9 @@
 #include "platform/WindowServer.h"
 #include "platform/x11/X11Connection.h"
 
+#include <string>
+#include <vector>
+
 class QSocketNotifier;
 
 namespace brisklog {
@@ -16,9 +19,13 @@ public:
     Subscription watchPointer(std::function<void()> pressed) override;
     Subscription watchTrays(std::function<void()> appeared) override;
     [[nodiscard]] bool hasTray() const override;
+    [[nodiscard]] bool knowsPointer() const override;
+    void completeActivation(const std::string& token) override;
     void keepOutOfTaskBar(std::uint32_t window) override;
 
 private:
+    [[nodiscard]] std::vector<xcb_client_message_event_t> portions(const std::string& text,
+                                                                   xcb_window_t sender) const;
     void findInputExtension();
     /// Selects raw events of all pointers from now on.
     void selectInput(std::uint32_t events) const;

@@ -2,8 +2,10 @@
 
 #include "platform/frontmost/X11Desktop.h"
 
+#include <cstring>
 #include <gmock/gmock.h>
 #include <optional>
+#include <string>
 
 namespace brisklog::test {
 namespace {
@@ -105,6 +107,50 @@ TEST_F(X11WindowServerTest, keepsAWindowOutOfTaskBarAndPager) {
                                                        connection.atom("_NET_WM_STATE_SKIP_PAGER")));
 }
 
+/// What programs broadcast about starts and activations, as everyone receives it.
+class BroadcastListener {
+public:
+    BroadcastListener() {
+        const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+        xcb_change_window_attributes(m_server.raw(), m_server.root(), XCB_CW_EVENT_MASK, &mask);
+        // Once this is answered, the server knows.
+        static_cast<void>(m_server.atom("_NET_STARTUP_INFO"));
+    }
+
+    /// The text put together so far; parts that begin a message are marked with a "|".
+    const std::string& text() {
+        while (const auto event = owned(xcb_poll_for_event(m_server.raw())))
+            if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE)
+                take(reinterpret_cast<const xcb_client_message_event_t&>(*event));
+        return m_text;
+    }
+
+private:
+    void take(const xcb_client_message_event_t& part) {
+        if (part.type == m_server.atom("_NET_STARTUP_INFO_BEGIN"))
+            m_text += '|';
+        const auto* const letters = reinterpret_cast<const char*>(part.data.data8);
+        m_text += std::string(letters, ::strnlen(letters, sizeof(part.data)));
+    }
+
+    X11Connection m_server;
+    std::string m_text;
+};
+
+TEST_F(X11WindowServerTest, tellsEveryoneThatAnActivationIsComplete) {
+    BroadcastListener everyone;
+    server().completeActivation(R"(gnome-shell/Brisklog "7"\0_TIME4711)");
+    const std::string message = R"(|remove: ID="gnome-shell/Brisklog \"7\"\\0_TIME4711")";
+    EXPECT_TRUE(waitUntil([&] { return everyone.text() == message; })) << everyone.text();
+}
+
+TEST_F(X11WindowServerTest, knowsThePointerUnlessACompositorHasIt) {
+    qunsetenv("WAYLAND_DISPLAY");
+    EXPECT_TRUE(server().knowsPointer());
+    qputenv("WAYLAND_DISPLAY", "wayland-0");
+    EXPECT_FALSE(server().knowsPointer());
+}
+
 using WithoutX11Server = Desktop;
 
 TEST_F(WithoutX11Server, nothingIsToldAndNothingHappens) {
@@ -113,6 +159,8 @@ TEST_F(WithoutX11Server, nothingIsToldAndNothingHappens) {
     const auto pointer = server.watchPointer([] {});
     const auto trays = server.watchTrays([] {});
     EXPECT_FALSE(server.hasTray());
+    EXPECT_FALSE(server.knowsPointer());
+    server.completeActivation("token");
     server.keepOutOfTaskBar(1);
 }
 
