@@ -26,19 +26,16 @@ QString BusObject::introspect(const QString& /*path*/) const {
 }
 
 bool BusObject::handleMessage(const QDBusMessage& message, const QDBusConnection& connection) {
-    const auto values = answer(message);
-    if (values)
-        connection.send(message.createReply(*values));
-    return values.has_value();
-}
-
-std::optional<QVariantList> BusObject::answer(const QDBusMessage& message) {
-    if (message.interface() == propertiesInterface)
-        return readProperties(message.member(), message.arguments());
     // A call need not name the interface.
-    if (message.interface() == m_address.interface || message.interface().isEmpty())
-        return handleCall(message.member(), message.arguments());
-    return std::nullopt;
+    const bool isOurs = message.interface() == m_address.interface || message.interface().isEmpty();
+    if (!isOurs && message.interface() != propertiesInterface)
+        return false;
+    const auto values = isOurs ? handleCall(message.member(), message.arguments())
+                               : readProperties(message.member(), message.arguments());
+    // Some panels try one method and, only after this very error, another one.
+    connection.send(values ? message.createReply(*values)
+                           : message.createErrorReply(QDBusError::UnknownMethod, u"no such member"_s));
+    return true;
 }
 
 std::optional<QVariantList> BusObject::readProperties(const QString& method,

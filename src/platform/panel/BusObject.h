@@ -37,7 +37,6 @@ protected:
     [[nodiscard]] QDBusConnection& bus() { return m_bus; }
 
 private:
-    [[nodiscard]] std::optional<QVariantList> answer(const QDBusMessage& message);
     [[nodiscard]] std::optional<QVariantList> readProperties(const QString& method,
                                                              const QVariantList& arguments) const;
 

@@ -49,8 +49,8 @@ QVariant FakePanel::property(const QString& name) const {
                : answer.arguments().value(0).value<QDBusVariant>().variant();
 }
 
-bool FakePanel::call(const QString& method, const QVariantList& arguments) const {
-    return ask(itemPath, itemInterface, method, arguments).type() == QDBusMessage::ReplyMessage;
+QString FakePanel::call(const QString& method, const QVariantList& arguments) const {
+    return ask(itemPath, itemInterface, method, arguments).errorName();
 }
 
 QVariantList FakePanel::askMenu(const QString& method, const QVariantList& arguments) const {

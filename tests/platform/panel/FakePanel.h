@@ -23,8 +23,8 @@ public:
     /// A property of the last icon; invalid when it has none of that name.
     [[nodiscard]] QVariant property(const QString& name) const;
 
-    /// Calls a method of the last icon and waits for its answer; false for an error.
-    [[nodiscard]] bool call(const QString& method, const QVariantList& arguments) const;
+    /// Calls a method of the last icon and waits for its answer; returns the error's name, empty for none.
+    [[nodiscard]] QString call(const QString& method, const QVariantList& arguments) const;
 
     /// What the last icon's menu answers.
     QVariantList askMenu(const QString& method, const QVariantList& arguments = {}) const;
