@@ -9,7 +9,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view entryEnding = ".desktop";
+/// For all folders together. Once it is over, one that does not answer costs nothing any more.
+constexpr std::chrono::seconds patienceWithFolders(1);
 
 std::string lower(std::string text) {
     std::ranges::transform(text, text.begin(), [](unsigned char letter) {
@@ -22,13 +23,6 @@ std::string lower(std::string text) {
 std::string lastPart(const std::string& id) {
     const std::size_t dot = id.rfind('.');
     return dot == std::string::npos ? id : id.substr(dot + 1);
-}
-
-std::string idOf(const fs::path& root, const fs::path& file) {
-    std::string id = file.lexically_relative(root).string();
-    id.resize(id.size() - entryEnding.size());
-    std::ranges::replace(id, '/', '-');
-    return id;
 }
 
 /// The only matching entry that menus show, or if they show none, the only matching entry; null if there are
@@ -55,7 +49,10 @@ std::vector<fs::path> applicationFolders() {
     return folders;
 }
 
-DesktopEntries::DesktopEntries(std::vector<fs::path> folders) : m_roots(std::move(folders)) {}
+DesktopEntries::DesktopEntries(const std::vector<fs::path>& folders, const DesktopEntryFolder::Reader& read) {
+    for (const fs::path& folder : folders)
+        m_folders.emplace_back(folder, read);
+}
 
 const DesktopEntry* DesktopEntries::find(const WindowIdentity& window) {
     readAgainIfChanged();
@@ -100,45 +97,27 @@ const DesktopEntry* DesktopEntries::byProgram(const std::string& program) const 
                    [&program](const DesktopEntry& candidate) { return candidate.program == program; });
 }
 
-DesktopEntries::ChangeTimes DesktopEntries::changeTimes() const {
-    ChangeTimes times;
-    for (const auto* const folders : {&m_roots, &m_folders})
-        for (const fs::path& folder : *folders) {
-            std::error_code error;
-            if (const auto time = fs::last_write_time(folder, error); !error)
-                times.emplace(folder, time);
-        }
-    return times;
-}
-
 void DesktopEntries::readAgainIfChanged() {
-    if (!m_read.empty() && changeTimes() == m_read)
-        return;
-    m_entries.clear();
-    m_folders.clear();
-    std::set<std::string> taken;
-    for (const fs::path& root : m_roots)
-        readFolder(root, taken);
-    m_read = changeTimes();
+    for (DesktopEntryFolder& folder : m_folders)
+        folder.look();
+    const auto end = std::chrono::steady_clock::now() + patienceWithFolders;
+    std::vector<DesktopEntryFolder::Content> contents;
+    for (DesktopEntryFolder& folder : m_folders)
+        contents.push_back(folder.contentBy(end));
+    if (contents != m_read)
+        takeOver(contents);
+    m_read = std::move(contents);
 }
 
 /// Entries in earlier folders, even deleted ones, hide those with the same id in later folders.
-void DesktopEntries::readFolder(const fs::path& root, std::set<std::string>& taken) {
-    std::error_code error;
-    constexpr auto options = fs::directory_options::skip_permission_denied;
-    for (fs::recursive_directory_iterator file(root, options, error), end; !error && file != end;
-         file.increment(error)) {
-        std::error_code none;
-        if (file->is_directory(none))
-            m_folders.push_back(file->path());
-        if (file->path().extension() != entryEnding)
-            continue;
-        std::string id = idOf(root, file->path());
-        if (!taken.insert(id).second)
-            continue;
-        if (auto entry = readDesktopEntry(id, file->path()))
-            m_entries.emplace(std::move(id), std::move(*entry));
-    }
+void DesktopEntries::takeOver(const std::vector<DesktopEntryFolder::Content>& contents) {
+    std::map<std::string, std::optional<DesktopEntry>> all;
+    for (const auto& content : contents)
+        all.insert(content->entries.begin(), content->entries.end());
+    m_entries.clear();
+    for (auto& [id, entry] : all)
+        if (entry)
+            m_entries.emplace(id, std::move(*entry));
 }
 
 } // namespace brisklog

@@ -2,7 +2,9 @@
 #include "support/TemporaryHome.h"
 
 #include <fstream>
+#include <future>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace brisklog::test {
 namespace {
@@ -112,6 +114,30 @@ TEST_F(DesktopEntriesTest, missingFoldersAndUnreadableFilesAreNoEntries) {
     std::ofstream(system / "binary.desktop") << std::string(100, '\xff');
     fs::create_symlink(system / "nowhere", system / "dangling.desktop");
     EXPECT_EQ(idFor({"folder", "binary", "dangling"}), "none");
+}
+
+TEST_F(DesktopEntriesTest, aFolderThatDoesNotAnswerIsLeftOutUntilItDoes) {
+    install(own / "one.desktop", "Name=Eins");
+    install(system / "two.desktop", "Name=Zwei");
+    auto answered = std::make_shared<std::promise<void>>();
+    const auto answer = answered->get_future().share();
+    DesktopEntries partly({own, system},
+                          [this, answer](const fs::path& root, const DesktopEntryFolderContent& known) {
+                              if (root == own)
+                                  answer.wait();
+                              return readDesktopEntryFolder(root, known);
+                          });
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(partly.withId("one"), nullptr);
+    EXPECT_NE(partly.withId("two"), nullptr);
+    for (int times = 0; times < 100; ++times)
+        EXPECT_EQ(partly.withId("one"), nullptr);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3)) << "it is waited for once";
+    answered->set_value();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (partly.withId("one") == nullptr && std::chrono::steady_clock::now() < end)
+        std::this_thread::yield();
+    EXPECT_NE(partly.withId("one"), nullptr);
 }
 
 } // namespace
