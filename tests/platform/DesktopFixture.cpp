@@ -76,6 +76,13 @@ void DesktopWithBus::killBus() {
     m_daemon.waitForFinished(patience);
 }
 
+void DesktopWithBus::restartBus() {
+    const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").section(u',', 0, 0);
+    m_daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nopidfile"_s,
+                                      u"--address="_s + address, u"--print-address"_s});
+    ASSERT_TRUE(m_daemon.waitForReadyRead(patience)) << m_daemon.errorString().toStdString();
+}
+
 std::string DesktopWithBus::calls() const {
     std::ifstream file(home.path() / "calls");
     return {std::istreambuf_iterator(file), {}};

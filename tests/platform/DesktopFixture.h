@@ -36,6 +36,9 @@ protected:
 
     void killBus();
 
+    /// Starts another bus at the address of the one that was killed; `bus()` stays lost.
+    void restartBus();
+
     /// The calls that the stand-in received, one per line.
     [[nodiscard]] std::string calls() const;
 
