@@ -208,9 +208,7 @@ QString BrisklogApp::lostTimers() const {
 }
 
 QString BrisklogApp::restingTracking() const {
-    const bool isRecording =
-        m_projects->autoTrackingManager.isTracking &&
-        m_outside.frontmost.availability() != FrontmostApplication::Availability::unavailable;
+    const bool isRecording = m_projects->autoTrackingManager.isTracking && m_outside.frontmost.mayReport();
     return isRecording ? u"Die automatische Zeiterfassung ruht, bis Brisklog wieder gestartet wird."_s
                        : QString();
 }

@@ -26,6 +26,7 @@
 #include <cstdlib>
 #include <malloc.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -84,6 +85,12 @@ std::unique_ptr<WindowServer> chooseWindowServer() {
     return std::make_unique<WindowServer>();
 }
 
+OwnWindows ownWindows() {
+    return {.process = static_cast<std::uint32_t>(::getpid()),
+            .names = {QGuiApplication::desktopFileName().toStdString(),
+                      QCoreApplication::applicationName().toStdString()}};
+}
+
 void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(screenText(address))); }
 
 /// The real implementations for this machine.
@@ -99,7 +106,7 @@ struct Machine {
     QtBackground folders{threads};
     QtBackground pictures{threads};
     PortalAppearance appearance;
-    std::unique_ptr<FrontmostApplication> frontmost = chooseFrontmostApplication();
+    std::unique_ptr<FrontmostApplication> frontmost = chooseFrontmostApplication(ownWindows());
     std::unique_ptr<WindowServer> windowServer = chooseWindowServer();
 
     [[nodiscard]] std::unique_ptr<StatusItem> makeStatusItem() {

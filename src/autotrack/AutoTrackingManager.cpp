@@ -40,10 +40,7 @@ void AutoTrackingManager::stopTracking() {
     isTracking = false;
     m_platform.frontmost.endWatching();
     m_timer.reset();
-    if (currentSession.get()) {
-        closeCurrentSession();
-        currentSession = std::nullopt;
-    }
+    endSession();
     saveData();
 }
 
@@ -67,6 +64,9 @@ void AutoTrackingManager::updateCurrentSession() {
     if (!isTracking)
         return;
     const auto application = m_platform.frontmost.current();
+    // When nobody tells any more, the session ends; while it is only unknown, it stays open.
+    if (!application && !m_platform.frontmost.mayReport())
+        endSession();
     if (!application)
         return;
     // Malformed text could never be saved, nor could anything recorded after it.
@@ -77,6 +77,13 @@ void AutoTrackingManager::updateCurrentSession() {
     if (currentSession.get())
         closeCurrentSession();
     openSession(*application, std::move(name), std::move(identifier));
+}
+
+void AutoTrackingManager::endSession() {
+    if (!currentSession.get())
+        return;
+    closeCurrentSession();
+    currentSession = std::nullopt;
 }
 
 /// Files the whole session under the day on which it began, even if it ran past midnight.

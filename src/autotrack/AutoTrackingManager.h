@@ -56,6 +56,7 @@ public:
 private:
     void loadData();
     void updateCurrentSession();
+    void endSession();
     void closeCurrentSession();
     void openSession(const DesktopApplication& application, std::string name, std::string identifier);
     void saveDays(std::size_t unchangedDays);

@@ -25,9 +25,17 @@ std::optional<std::string> AutoTrackingView::current() const {
 }
 
 std::optional<std::string> AutoTrackingView::unavailability() const {
-    if (m_frontmost.availability() != FrontmostApplication::Availability::unavailable)
-        return std::nullopt;
-    return "Dieser Desktop teilt nicht mit, welche Anwendung vorn ist.";
+    switch (m_frontmost.availability()) {
+    case FrontmostApplication::Availability::unavailable:
+        return "Dieser Desktop teilt nicht mit, welche Anwendung vorn ist.";
+    case FrontmostApplication::Availability::switchedOff:
+        return "Damit Brisklog sieht, welche Anwendung vorn ist, schalte bitte in der App „Erweiterungen“ "
+               "die Erweiterung „Brisklog“ ein.";
+    case FrontmostApplication::Availability::notYetKnown:
+    case FrontmostApplication::Availability::available:
+        break;
+    }
+    return std::nullopt;
 }
 
 void AutoTrackingView::clearData() { m_manager.clearAllData(); }

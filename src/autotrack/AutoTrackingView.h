@@ -28,8 +28,8 @@ public:
     /// "Aktuell: Firefox"; absent while nothing is being recorded.
     [[nodiscard]] std::optional<std::string> current() const;
 
-    /// Why nothing will be recorded; absent if the desktop reports the frontmost application or may still do
-    /// so.
+    /// Why nothing will be recorded, and what to do about it; absent if the desktop reports the frontmost
+    /// application or may still do so.
     [[nodiscard]] std::optional<std::string> unavailability() const;
 
     /// Deletes all recorded days; to be called once the user has confirmed it. Tracking and the open session

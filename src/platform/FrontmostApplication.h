@@ -26,6 +26,7 @@ public:
     enum class Availability {
         notYetKnown, ///< the desktop has not answered yet; an announcement follows
         available,
+        switchedOff, ///< it would, but the user has not switched on the extension that does
         unavailable, ///< this desktop does not tell ordinary programs
     };
 
@@ -34,6 +35,11 @@ public:
     /// Whether the desktop reports it at all, known even while not watching. It may become unavailable (if
     /// the compositor ends) and available again.
     [[nodiscard]] virtual Availability availability() const = 0;
+
+    /// Whether it reports, or may still turn out to.
+    [[nodiscard]] bool mayReport() const {
+        return availability() == Availability::available || availability() == Availability::notYetKnown;
+    }
 
     /// From now on `current()` is called about once a second; an implementation that is notified of changes
     /// begins to listen. Does nothing if already watching.
@@ -44,9 +50,9 @@ public:
     virtual void endWatching() = 0;
 
     /// The frontmost application, without waiting: an implementation that is notified of changes returns the
-    /// last one. Absent when no application's window has the focus (the bare desktop, a locked screen), when
-    /// it is unknown at the moment, and when not watching. Losing the focus between two windows for less than
-    /// a second does not count as absence.
+    /// last one. The bare desktop, a locked screen and a sleeping machine are applications of their own
+    /// ("desktop", "lock"); this program itself never is one. Absent when it is unknown at the moment, and
+    /// when not watching. Losing the focus between two windows for less than a second is no change.
     [[nodiscard]] virtual std::optional<DesktopApplication> current() = 0;
 
     /// The icon of an application that was frontmost a moment ago, as a PNG image of 32 × 32 pixels if the

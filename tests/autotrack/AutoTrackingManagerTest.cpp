@@ -114,6 +114,27 @@ TEST_F(Tracker, withNothingInFrontTheSessionStaysOpen) {
     EXPECT_THAT(days(), IsEmpty());
 }
 
+TEST_F(Tracker, whenNobodyTellsAnyMoreTheSessionEnds) {
+    using Availability = FrontmostApplication::Availability;
+    for (const Availability ended : {Availability::unavailable, Availability::switchedOff}) {
+        start();
+        manager().clearAllData();
+        frontmost.setAvailability(Availability::available);
+        manager().startTracking();
+        use("Editor", 5);
+        frontmost.showNothing();
+        frontmost.setAvailability(ended);
+        runLoop.advance(60);
+        EXPECT_FALSE(manager().currentSession.get());
+        ASSERT_THAT(days(), SizeIs(1));
+        EXPECT_LE(days()[0].sessions.back().length(clock.now()), 6);
+        frontmost.setAvailability(Availability::available);
+        use("Browser", 5);
+        EXPECT_EQ(manager().currentSession.get()->appName, "Browser");
+        manager().stopTracking();
+    }
+}
+
 TEST_F(Tracker, startingWithNothingInFrontOpensTheFirstSessionLater) {
     start();
     manager().startTracking();

@@ -93,6 +93,10 @@ TEST_F(AutoTrackingPanel, deletingWhileOffLeavesItOff) {
 TEST_F(AutoTrackingPanel, saysWhereTheDesktopTellsNothing) {
     frontmost.setAvailability(Availability::unavailable);
     EXPECT_EQ(view().unavailability(), "Dieser Desktop teilt nicht mit, welche Anwendung vorn ist.");
+    frontmost.setAvailability(Availability::switchedOff);
+    EXPECT_EQ(view().unavailability(),
+              "Damit Brisklog sieht, welche Anwendung vorn ist, schalte bitte in der App „Erweiterungen“ "
+              "die Erweiterung „Brisklog“ ein.");
     frontmost.setAvailability(Availability::notYetKnown);
     EXPECT_EQ(view().unavailability(), std::nullopt);
 }

@@ -10,7 +10,7 @@ import pyatspi
 from desktop import DOCUMENTS, Program, command, main, wait_until
 
 WINDOWS = {"xfontsel": ["xfontsel"], "viewres": ["viewres"], "xfd": ["xfd", "-fn", "fixed"]}
-
+OVER_WHICH_THE_POPOVER_OPENS = "viewres"
 
 REFERENCE = 978307200  # 1 January 2001, from which times in the files count
 PROJECT = "5C0E4A44-2B1D-4B0E-9C39-0D5B0B6F0001"
@@ -43,15 +43,35 @@ def switch_on(desktop):
     desktop.screenshot("61-tracking-on")
 
 
-def use_programs():
-    for name, words in WINDOWS.items():
-        program = subprocess.Popen(words, stderr=subprocess.DEVNULL)
-        window = wait_until(lambda name=name: subprocess.run(["xdotool", "search", "--onlyvisible", "--classname", name],
-                                                             capture_output=True, text=True).stdout.split(), name)[0]
-        command("xdotool", "windowactivate", "--sync", window)
+def come_to_front(name):
+    program = subprocess.Popen(WINDOWS[name], stderr=subprocess.DEVNULL)
+    window = wait_until(lambda: subprocess.run(["xdotool", "search", "--onlyvisible", "--classname", name],
+                                               capture_output=True, text=True).stdout.split(), name)[0]
+    command("xdotool", "windowactivate", "--sync", window)
+    return program
+
+
+def end(program):
+    program.terminate()
+    program.wait()
+
+
+def close_popover(desktop):
+    desktop.press("Escape")
+    wait_until(lambda: not desktop.popover_is_open(), "the popover to close")
+
+
+def use_programs(desktop):
+    """Opening the popover over one of them does not cut its time."""
+    for name in WINDOWS:
+        program = come_to_front(name)
+        if name == OVER_WHICH_THE_POPOVER_OPENS:
+            time.sleep(1.2)
+            desktop.open_popover()
+            desktop.find("Aktuell: Viewres")
+            close_popover(desktop)
         time.sleep(3.2)
-        program.terminate()
-        program.wait()
+        end(program)
 
 
 def journey(path, desktop):
@@ -60,12 +80,21 @@ def journey(path, desktop):
     desktop.wait_for_icon()
     desktop.open_popover()
     start_timer(desktop)
-    switch_on(desktop)
-    desktop.press("Escape")
-    wait_until(lambda: not desktop.popover_is_open(), "the popover to close")
-    use_programs()
+    close_popover(desktop)
+    program = come_to_front(OVER_WHICH_THE_POPOVER_OPENS)
     desktop.open_popover()
-    desktop.find("Aktuell: brisklog")  # the last program's time is recorded once another one is in front
+    switch_on(desktop)
+    desktop.find("Aktuell: Viewres")  # the program that was in front before the popover
+    close_popover(desktop)
+    end(program)
+    time.sleep(2.2)
+    desktop.open_popover()
+    desktop.find("Aktuell: Schreibtisch")
+    close_popover(desktop)
+    use_programs(desktop)
+    time.sleep(2.2)
+    desktop.open_popover()
+    desktop.find("Aktuell: Schreibtisch")  # a program's time is recorded once something else is in front
     desktop.screenshot("62-tracking-calendar")
     read_the_day(desktop)
     look_at_it_in_dark(desktop)
@@ -82,7 +111,8 @@ def read_the_day(desktop):
     assert len(rows) == len(WINDOWS), rows
     for row in rows:
         seconds = int(re.search(r"(\d+)\s*s\b", row.replace("\u00a0", " ")).group(1))
-        assert 2 <= seconds <= 5, row
+        shortest, longest = (4, 20) if OVER_WHICH_THE_POPOVER_OPENS in row.lower() else (2, 5)
+        assert shortest <= seconds <= longest, row
     desktop.press_named("Dashboard")
     desktop.find("Fehlersuche")
     desktop.screenshot("64-dashboard")

@@ -28,11 +28,12 @@ ForeignToplevels::ForeignToplevels(std::function<void()> finished)
 void ForeignToplevels::listenIfOffered() {
     forgetAll();
     m_manager.reset();
-    if (m_global.presence() == WaylandGlobal::Presence::offered)
-        m_manager.emplace(m_global.bind(foreigntoplevel::version),
-                          [this](std::uint32_t event, const wl_argument* arguments) {
-                              handleManagerEvent(event, arguments);
-                          });
+    if (m_global.presence() != WaylandGlobal::Presence::offered)
+        return;
+    m_manager.emplace(
+        m_global.bind(foreigntoplevel::version),
+        [this](std::uint32_t event, const wl_argument* arguments) { handleManagerEvent(event, arguments); });
+    m_firstReport = m_global.afterRoundTrip([this] { m_hasReported = true; });
 }
 
 void ForeignToplevels::handleManagerEvent(std::uint32_t event, const wl_argument* arguments) {
@@ -80,6 +81,8 @@ void ForeignToplevels::removeHandle(ToplevelStates::Window window) {
 void ForeignToplevels::forgetAll() {
     m_states.closeAll();
     m_handles.clear();
+    m_firstReport.reset();
+    m_hasReported = false;
 }
 
 } // namespace brisklog

@@ -14,6 +14,13 @@ public:
     /// `finished` is called when the compositor announces that it will report nothing more.
     explicit ForeignToplevels(std::function<void()> finished);
 
+    /// False once there is no connection; one that has been lost is made anew, one that never was is not.
+    [[nodiscard]] bool isConnected() const { return m_global.presence() != WaylandGlobal::Presence::missing; }
+
+    /// Whether the compositor has reported all windows that there are; not before, and not while there is no
+    /// connection to it.
+    [[nodiscard]] bool hasReported() const { return m_hasReported; }
+
     /// The application id, possibly empty, of the window last reported as frontmost; null when there is none,
     /// when the compositor has not reported any yet, and when it reports nothing more.
     [[nodiscard]] const std::string* applicationIdInFront() const { return m_states.inFront(); }
@@ -31,6 +38,8 @@ private:
     ToplevelStates::Window m_lastWindow = 0;
     WaylandGlobal m_global;
     std::optional<WaylandObject> m_manager;
+    std::unique_ptr<WaylandObject> m_firstReport;
+    bool m_hasReported = false;
     std::map<ToplevelStates::Window, WaylandObject> m_handles;
 };
 

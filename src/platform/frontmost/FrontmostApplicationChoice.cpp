@@ -1,8 +1,10 @@
 #include "platform/frontmost/FrontmostApplicationChoice.h"
 
-#include "platform/frontmost/KWinFrontmostApplication.h"
-#include "platform/frontmost/WlrootsFrontmostApplication.h"
-#include "platform/frontmost/X11FrontmostApplication.h"
+#include "platform/bus/LastingBus.h"
+#include "platform/frontmost/DesktopFrontmostApplication.h"
+#include "platform/frontmost/KWinFrontmostWindow.h"
+#include "platform/frontmost/WlrootsFrontmostWindow.h"
+#include "platform/frontmost/X11FrontmostWindow.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QByteArray>
@@ -56,82 +58,105 @@ bool isWaylandSession() {
     return !server.isOpen() || isXWayland(server);
 }
 
-using Maker = std::function<std::unique_ptr<FrontmostApplication>()>;
+using Maker = std::function<std::unique_ptr<FrontmostWindow>(const QDBusConnection&)>;
 
 template <class Way>
-std::unique_ptr<FrontmostApplication> make() {
+std::unique_ptr<FrontmostWindow> make(const QDBusConnection& /*bus*/) {
     return std::make_unique<Way>();
 }
 
-/// In the order in which they are tried. Further ways are added before the last one, which is kept while none
-/// has answered: KWin may start later.
-std::vector<Maker> waysOfAsking() {
-    if (isWaylandSession())
-        return {make<WlrootsFrontmostApplication>, make<KWinFrontmostApplication>};
-    return {make<X11FrontmostApplication>};
+template <class Way>
+std::unique_ptr<FrontmostWindow> makeOnBus(const QDBusConnection& bus) {
+    return std::make_unique<Way>(bus);
 }
 
-/// Tries one way of asking after the other and keeps the first that works on this desktop.
-class FirstAnsweringApplication final : public FrontmostApplication {
-public:
-    /// Takes at least one way; each is started only when all before it have turned out to be unavailable.
-    explicit FirstAnsweringApplication(std::vector<Maker> ways) : m_ways(std::move(ways)) { tryNextWays(); }
+/// In the order in which they are tried.
+std::vector<Maker> waysOfAsking() {
+    if (isWaylandSession())
+        return {make<WlrootsFrontmostWindow>, makeOnBus<KWinFrontmostWindow>};
+    return {make<X11FrontmostWindow>};
+}
 
-    [[nodiscard]] Availability availability() const override { return m_way->availability(); }
+/// Asks in the first way that works on this desktop; in the last one while none does, because what it needs
+/// may start later.
+class FirstAnsweringWindow final : public FrontmostWindow {
+public:
+    /// Takes at least one way; each is made only when all before it have turned out to be unavailable.
+    explicit FirstAnsweringWindow(std::vector<Maker> ways) : m_ways(std::move(ways)) { choose(); }
+
+    [[nodiscard]] Availability availability() const override { return m_chosen->availability(); }
 
     void beginWatching() override {
         m_isWatching = true;
-        m_way->beginWatching();
+        m_chosen->beginWatching();
     }
 
     void endWatching() override {
         m_isWatching = false;
-        m_way->endWatching();
+        m_chosen->endWatching();
     }
 
-    [[nodiscard]] std::optional<DesktopApplication> current() override { return m_way->current(); }
+    [[nodiscard]] const InFront& inFront() override { return m_chosen->inFront(); }
 
-    [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) override {
-        return m_way->iconPng(application);
-    }
+    [[nodiscard]] InFront behind(const OwnWindows& own) override { return m_chosen->behind(own); }
+
+    [[nodiscard]] std::optional<std::string> windowIcon() override { return m_chosen->windowIcon(); }
 
 private:
-    /// The last way is kept even if it does not work yet: a window manager may start later.
-    void tryNextWays() {
-        while (m_nextWay < m_ways.size() && (!m_way || m_way->availability() == Availability::unavailable)) {
-            if (m_way) {
-                m_way->endWatching();
-                m_givenUp.push_back(std::move(m_way));
-            }
-            m_way = m_ways[m_nextWay++]();
-            m_subscription = m_way->observe([this] { handleAnnouncement(); });
-            if (m_isWatching)
-                m_way->beginWatching();
-        }
-        m_hasAnswered = availability() == Availability::available;
+    struct Way {
+        std::unique_ptr<FrontmostWindow> window;
+        Subscription subscription;
+    };
+
+    void choose() {
+        FrontmostWindow* const before = std::exchange(m_chosen, &firstThatAnswers());
+        if (!m_isWatching || m_chosen == before)
+            return;
+        if (before != nullptr)
+            before->endWatching();
+        m_chosen->beginWatching();
     }
 
-    /// A way that has worked once is kept, even if it becomes unavailable.
-    void handleAnnouncement() {
-        if (!m_hasAnswered)
-            tryNextWays();
+    FrontmostWindow& firstThatAnswers() {
+        for (std::size_t index = 0;; ++index) {
+            if (index == m_made.size())
+                makeNextWay();
+            FrontmostWindow& window = *m_made[index].window;
+            if (window.availability() != Availability::unavailable || index + 1 == m_ways.size())
+                return window;
+        }
+    }
+
+    void makeNextWay() {
+        auto window = m_ways[m_made.size()](m_bus.connection());
+        auto subscription = window->observe([this] {
+            choose();
+            announce();
+        });
+        m_made.push_back({std::move(window), std::move(subscription)});
+    }
+
+    /// What was made for a bus that has gone is dead.
+    void startOver() {
+        m_chosen = nullptr;
+        m_made.clear();
+        choose();
         announce();
     }
 
     std::vector<Maker> m_ways;
-    std::size_t m_nextWay = 0;
+    LastingBus m_bus{QDBusConnection::SessionBus, [this] { startOver(); }};
     bool m_isWatching = false;
-    bool m_hasAnswered = false;
-    std::unique_ptr<FrontmostApplication> m_way;
-    Subscription m_subscription;
-    /// Abandoned ways are kept alive, because one of them may be in the middle of its announcement.
-    std::vector<std::unique_ptr<FrontmostApplication>> m_givenUp;
+    std::vector<Way> m_made;
+    FrontmostWindow* m_chosen = nullptr;
 };
 
 } // namespace
 
-std::unique_ptr<FrontmostApplication> chooseFrontmostApplication() {
-    return std::make_unique<FirstAnsweringApplication>(waysOfAsking());
+std::unique_ptr<FrontmostApplication> chooseFrontmostApplication(OwnWindows own) {
+    return std::make_unique<DesktopFrontmostApplication>(
+        std::make_unique<FirstAnsweringWindow>(waysOfAsking()), std::make_unique<DesktopUserPresence>(),
+        std::move(own));
 }
 
 } // namespace brisklog

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <algorithm>
 #include <utility>
 
 namespace brisklog {
@@ -20,27 +21,31 @@ const QString ownInterface = u"example.brisklog.Brisklog.Frontmost"_s;
 const QString tellMethod = u"tell"_s;
 
 /// What the script reports about a window: desktop file, class, instance, process.
-const QString fourTexts = u"ssss"_s;
+constexpr qsizetype textsPerWindow = 4;
+const QString oneWindow = u"ssss"_s;
+const QString twoWindows = u"ssssssss"_s;
 
 /// In milliseconds.
 constexpr int unloadTimeout = 500;
 
 /// KWin 5 and 6 name things differently. The class of a window may become known late. The desktop itself is
-/// not an application.
+/// not an application. Only the first report has a second window: the uppermost of another program.
 const QString scriptText = uR"(
 var followed = null;
-function nameChanged() { tell(followed); }
+function nameChanged() { tell([followed]); }
 function eachNameSignal(window, action) {
     [window.windowClassChanged, window.desktopFileNameChanged].forEach(function(signal) {
         try { if (signal) signal[action](nameChanged); } catch (gone) {}
     });
 }
-function tell(window) {
-    if (!window || window.desktopWindow)
-        callDBus("%1", "%2", "%3", "%4");
-    else
-        callDBus("%1", "%2", "%3", "%4", String(window.desktopFileName || ""), String(window.resourceClass || ""),
-                 String(window.resourceName || ""), String(window.pid || 0));
+function textsOf(window) {
+    return [String(window.desktopFileName || ""), String(window.resourceClass || ""),
+            String(window.resourceName || ""), String(window.pid || 0)];
+}
+function tell(windows) {
+    var told = windows[0] && !windows[0].desktopWindow ? windows : [];
+    callDBus.apply(null, told.reduce(function(words, window) { return words.concat(textsOf(window)); },
+                                     ["%1", "%2", "%3", "%4"]));
 }
 function follow(window) {
     if (followed)
@@ -48,22 +53,45 @@ function follow(window) {
     followed = window;
     if (followed)
         eachNameSignal(followed, "connect");
-    tell(followed);
 }
-(workspace.windowActivated || workspace.clientActivated).connect(follow);
+function isOnShownDesktop(window) {
+    if (window.onAllDesktops)
+        return true;
+    return window.desktop === undefined ? window.desktops.indexOf(workspace.currentDesktop) >= 0
+                                        : window.desktop === workspace.currentDesktop;
+}
+function behind(front) {
+    return (workspace.windowList ? workspace.windowList() : workspace.clientList()).filter(function(window) {
+        return front && window.pid !== front.pid && !window.specialWindow && !window.minimized &&
+               !window.skipTaskbar && isOnShownDesktop(window);
+    }).sort(function(one, other) { return other.stackingOrder - one.stackingOrder; }).slice(0, 1);
+}
+(workspace.windowActivated || workspace.clientActivated).connect(function(window) {
+    follow(window);
+    tell([followed]);
+});
 follow((workspace.windowActivated ? workspace.activeWindow : workspace.activeClient) || null);
+tell([followed].concat(behind(followed)));
 )"_s;
 
 WindowIdentity identityFrom(const QVariantList& arguments) {
     std::vector<std::string> names;
     for (const QVariant& argument : arguments.first(3))
         names.push_back(windowName(argument.toString().toStdString()));
-    WindowIdentity window{
-        .names = names, .windowClass = names[1].empty() ? names[0] : names[1], .program = {}};
+    WindowIdentity window{.names = names,
+                          .windowClass = names[1].empty() ? names[0] : names[1],
+                          .program = {},
+                          .process = arguments[3].toString().toUInt()};
     std::erase(window.names, std::string());
-    if (const auto process = arguments[3].toString().toUInt(); process != 0)
-        window.program = programName(process);
+    if (window.process != 0)
+        window.program = programName(window.process);
     return window;
+}
+
+InFront inFrontFrom(const QVariantList& arguments) {
+    if (arguments.isEmpty())
+        return {.kind = InFront::Kind::nothing};
+    return {.kind = InFront::Kind::window, .window = identityFrom(arguments)};
 }
 
 QString folderForFile() {
@@ -83,6 +111,9 @@ KWinScript::KWinScript(QDBusConnection bus, QString kwin, Handlers handlers)
 /// The bus replies only after it has received everything sent before, so the script is unloaded even if this
 /// program ends now. KWin itself is not waited for.
 KWinScript::~KWinScript() {
+    // On a bus that has gone, the toolkit's own call would end the program.
+    if (!m_bus.isConnected())
+        return;
     m_bus.unregisterObject(ownPath);
     m_bus.send(unloading());
     auto question = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
@@ -96,11 +127,14 @@ bool KWinScript::handleMessage(const QDBusMessage& message, const QDBusConnectio
     if (message.service() != m_kwin || message.interface() != ownInterface || message.member() != tellMethod)
         return false;
     const QVariantList arguments = message.arguments();
-    if (!message.signature().isEmpty() && message.signature() != fourTexts)
+    if (!QStringList{QString(), oneWindow, twoWindows}.contains(message.signature()))
         return false;
     connection.send(message.createReply());
-    m_hasCalled = true;
-    m_handlers.told(arguments.isEmpty() ? std::nullopt : std::optional(identityFrom(arguments)));
+    Report report{.inFront = inFrontFrom(arguments.first(std::min(arguments.size(), textsPerWindow))),
+                  .behind = {}};
+    if (!std::exchange(m_hasCalled, true))
+        report.behind = inFrontFrom(arguments.mid(textsPerWindow));
+    m_handlers.told(report);
     return true;
 }
 

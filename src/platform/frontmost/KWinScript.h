@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/frontmost/WindowIdentity.h"
+#include "platform/frontmost/FrontmostWindow.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -15,9 +15,14 @@ namespace brisklog {
 /// loaded without waiting and unloaded on destruction.
 class KWinScript final : public QDBusVirtualObject {
 public:
+    struct Report {
+        InFront inFront;
+        /// The uppermost window of another program; in the first report only.
+        std::optional<InFront> behind;
+    };
+
     struct Handlers {
-        /// Called with the window that has become active; absent when none is.
-        std::function<void(std::optional<WindowIdentity>)> told;
+        std::function<void(const Report&)> told;
         /// Called when KWin has not run the script or the script reports nothing.
         std::function<void()> failed;
     };

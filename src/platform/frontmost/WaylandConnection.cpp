@@ -2,6 +2,7 @@
 
 #include <QSocketNotifier>
 #include <cerrno>
+#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -15,6 +16,8 @@ int forwardEvent(const void* handler, void* /*proxy*/, std::uint32_t event, cons
 }
 
 constexpr std::uint32_t globalAdded = 0;
+
+constexpr std::chrono::seconds untilReconnection(1);
 
 wl_proxy* proxyOf(wl_registry* registry) { return reinterpret_cast<wl_proxy*>(registry); }
 
@@ -64,19 +67,37 @@ WaylandObject::WaylandObject(wl_proxy* proxy, Handler handler)
 WaylandObject::~WaylandObject() { wl_proxy_destroy(m_proxy); }
 
 WaylandGlobal::WaylandGlobal(const wl_interface& interface, std::function<void()> changed)
-    : m_interface(interface), m_changed(std::move(changed)), m_connection([this] {
-          m_number.reset();
-          setPresence(Presence::missing);
-      }) {
-    if (!m_connection.isOpen())
+    : m_interface(interface), m_changed(std::move(changed)) {
+    m_reconnection.setSingleShot(true);
+    m_reconnection.setInterval(untilReconnection);
+    QObject::connect(&m_reconnection, &QTimer::timeout, &m_reconnection, [this] {
+        connect();
+        if (!m_connection->isOpen())
+            m_reconnection.start();
+    });
+    connect();
+}
+
+void WaylandGlobal::connect() {
+    m_end.reset();
+    m_registry.reset();
+    m_connection.emplace([this] { loseConnection(); });
+    if (!m_connection->isOpen())
         return;
     m_presence = Presence::beingAsked;
     m_registry.emplace(
-        proxyOf(wl_display_get_registry(m_connection.raw())),
+        proxyOf(wl_display_get_registry(m_connection->raw())),
         [this](std::uint32_t event, const wl_argument* arguments) { handleRegistryEvent(event, arguments); });
-    m_end.emplace(proxyOf(wl_display_sync(m_connection.raw())),
+    m_end.emplace(proxyOf(wl_display_sync(m_connection->raw())),
                   [this](std::uint32_t, const wl_argument*) { settle(); });
-    m_connection.flush();
+    m_connection->flush();
+}
+
+/// The connection is calling this, so the next one is made later.
+void WaylandGlobal::loseConnection() {
+    m_number.reset();
+    m_reconnection.start();
+    setPresence(Presence::missing);
 }
 
 void WaylandGlobal::handleRegistryEvent(std::uint32_t event, const wl_argument* arguments) {
@@ -102,13 +123,21 @@ wl_proxy* WaylandGlobal::bind(std::uint32_t version) {
     auto* const registry = reinterpret_cast<wl_registry*>(m_registry->raw());
     auto* const object =
         static_cast<wl_proxy*>(wl_registry_bind(registry, m_number.value(), &m_interface, version));
-    m_connection.flush();
+    m_connection->flush();
+    return object;
+}
+
+std::unique_ptr<WaylandObject> WaylandGlobal::afterRoundTrip(std::function<void()> answered) {
+    auto object = std::make_unique<WaylandObject>(
+        proxyOf(wl_display_sync(m_connection->raw())),
+        [answered = std::move(answered)](std::uint32_t, const wl_argument*) { answered(); });
+    m_connection->flush();
     return object;
 }
 
 void WaylandGlobal::destroyRemotely(const WaylandObject& object, std::uint32_t request) {
     wl_proxy_marshal(object.raw(), request);
-    m_connection.flush();
+    m_connection->flush();
 }
 
 } // namespace brisklog

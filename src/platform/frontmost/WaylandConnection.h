@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -60,7 +61,8 @@ private:
     Handler m_handler;
 };
 
-/// A global that a compositor may offer, requested over a separate connection.
+/// A global that a compositor may offer, requested over a separate connection. A connection that the
+/// compositor has dropped is made anew, and a compositor that has ended is found again when it comes back.
 class WaylandGlobal {
 public:
     enum class Presence {
@@ -69,7 +71,8 @@ public:
         missing, ///< not offered, withdrawn, or no compositor is there
     };
 
-    /// `changed` is called whenever the presence has changed, never before this returns.
+    /// `changed` is called whenever the presence has changed, never before this returns. Objects bound to it
+    /// must be gone when it returns while nothing is offered.
     WaylandGlobal(const wl_interface& interface, std::function<void()> changed);
 
     [[nodiscard]] Presence presence() const { return m_presence; }
@@ -77,10 +80,16 @@ public:
     /// Binds a new object to it; only while it is offered.
     [[nodiscard]] wl_proxy* bind(std::uint32_t version);
 
+    /// Calls `answered` once the compositor has processed everything sent so far, unless it is destroyed
+    /// first.
+    [[nodiscard]] std::unique_ptr<WaylandObject> afterRoundTrip(std::function<void()> answered);
+
     /// Destroys an object of this connection in the compositor, by its request with that number.
     void destroyRemotely(const WaylandObject& object, std::uint32_t request);
 
 private:
+    void connect();
+    void loseConnection();
     void handleRegistryEvent(std::uint32_t event, const wl_argument* arguments);
     void setPresence(Presence presence);
     void settle();
@@ -90,10 +99,11 @@ private:
     Presence m_presence = Presence::missing;
     /// The number under which it is offered.
     std::optional<std::uint32_t> m_number;
-    WaylandConnection m_connection;
+    std::optional<WaylandConnection> m_connection;
     std::optional<WaylandObject> m_registry;
     /// Answered once all globals have been announced.
     std::optional<WaylandObject> m_end;
+    QTimer m_reconnection;
 };
 
 } // namespace brisklog

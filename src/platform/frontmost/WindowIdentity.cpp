@@ -3,6 +3,7 @@
 #include "foundation/Text.h"
 
 #include <QString>
+#include <algorithm>
 
 namespace brisklog {
 namespace {
@@ -17,6 +18,12 @@ std::string fromLatin1(std::string_view bytes) {
 }
 
 } // namespace
+
+bool OwnWindows::contain(const WindowIdentity& window) const {
+    if (window.process != 0)
+        return window.process == process;
+    return std::ranges::find_first_of(window.names, names) != window.names.end();
+}
 
 std::string windowName(std::string_view bytes) {
     const std::string name = text::isValidUtf8(bytes) ? std::string(bytes) : fromLatin1(bytes);

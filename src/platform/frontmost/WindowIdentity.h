@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +16,19 @@ struct WindowIdentity {
     std::string windowClass;
     /// The program file's name; empty when unknown.
     std::string program;
+    /// Its process on this machine; 0 when unknown.
+    std::uint32_t process = 0;
 
     bool operator==(const WindowIdentity&) const = default;
+};
+
+/// Tells this program's own windows. Not every desktop reports the process of a window.
+struct OwnWindows {
+    std::uint32_t process = 0;
+    /// The names they go by: desktop entry and class.
+    std::vector<std::string> names;
+
+    [[nodiscard]] bool contain(const WindowIdentity& window) const;
 };
 
 /// A name that a program gave its window, made safe to show and store: well-formed, on one line, and limited

@@ -1,6 +1,8 @@
 #include "platform/x11/X11Connection.h"
 
 #include <cstring>
+#include <poll.h>
+#include <xcb/xcbext.h>
 
 namespace brisklog {
 namespace {
@@ -16,6 +18,10 @@ std::vector<T> values(const xcb_get_property_reply_t& reply) {
     std::vector<T> result(static_cast<std::size_t>(xcb_get_property_value_length(&reply)) / sizeof(T));
     std::memcpy(result.data(), xcb_get_property_value(&reply), result.size() * sizeof(T));
     return result;
+}
+
+std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t& reply) {
+    return reply.format == bitsOfNumber ? values<std::uint32_t>(reply) : std::vector<std::uint32_t>();
 }
 
 } // namespace
@@ -50,7 +56,28 @@ std::optional<std::vector<std::uint32_t>> X11Connection::numbers(xcb_get_propert
     const auto reply = owned(xcb_get_property_reply(raw(), question, nullptr));
     if (!reply)
         return std::nullopt;
-    return reply->format == bitsOfNumber ? values<std::uint32_t>(*reply) : std::vector<std::uint32_t>();
+    return numbersIn(*reply);
+}
+
+std::optional<std::vector<std::uint32_t>>
+X11Connection::numbersWithin(std::chrono::milliseconds patience, xcb_get_property_cookie_t question) const {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    xcb_flush(raw());
+    for (;;) {
+        void* reply = nullptr;
+        xcb_generic_error_t* error = nullptr;
+        const bool hasCome = xcb_poll_for_reply(raw(), question.sequence, &reply, &error) != 0;
+        const auto ownedError = owned(error);
+        if (const auto answer = owned(static_cast<xcb_get_property_reply_t*>(reply)))
+            return numbersIn(*answer);
+        if (hasCome)
+            return std::vector<std::uint32_t>();
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+        pollfd socket{.fd = xcb_get_file_descriptor(raw()), .events = POLLIN, .revents = 0};
+        if (left.count() <= 0 || ::poll(&socket, 1, static_cast<int>(left.count())) == 0)
+            return std::nullopt;
+    }
 }
 
 } // namespace brisklog

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -9,13 +10,17 @@
 
 namespace brisklog {
 
+struct X11Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
 template <class T>
-using X11Reply = std::unique_ptr<T, decltype(&std::free)>;
+using X11Reply = std::unique_ptr<T, X11Free>;
 
 /// Takes ownership of a reply or event of the X server.
 template <class T>
 X11Reply<T> owned(T* reply) {
-    return {reply, &std::free};
+    return X11Reply<T>(reply);
 }
 
 /// A connection of our own to the X server that DISPLAY names.
@@ -41,6 +46,12 @@ public:
 
     /// The property's 32-bit numbers, with the same meaning.
     [[nodiscard]] std::optional<std::vector<std::uint32_t>> numbers(xcb_get_property_cookie_t question) const;
+
+    /// These numbers of a window that cannot vanish, waiting only so long: a program that keeps the server to
+    /// itself (a grab) keeps everyone else waiting. Absent when the reply has not come, which may be asked
+    /// for again; once it has come, those to all earlier requests have come too.
+    [[nodiscard]] std::optional<std::vector<std::uint32_t>>
+    numbersWithin(std::chrono::milliseconds patience, xcb_get_property_cookie_t question) const;
 
 private:
     struct Closer {

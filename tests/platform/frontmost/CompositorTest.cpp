@@ -34,7 +34,7 @@ void CompositorTest::expectProgramsByTheirEntries(
     }
 }
 
-void CompositorTest::expectNothingAfterTheLastWindow() {
+void CompositorTest::expectTheDesktopAfterTheLastWindow() {
     QProcess& one = startWindow(u"one"_s);
     EXPECT_TRUE(becomes(application("one")));
     QProcess& two = startWindow(u"two"_s);
@@ -42,7 +42,9 @@ void CompositorTest::expectNothingAfterTheLastWindow() {
     two.kill();
     EXPECT_TRUE(becomes(application("one")));
     one.kill();
-    EXPECT_TRUE(becomes(std::nullopt));
+    EXPECT_TRUE(becomes(bareDesktop));
+    startWindow(u"three"_s);
+    EXPECT_TRUE(becomes(application("three")));
 }
 
 void CompositorTest::expectUnavailableOnceItEnds() {

@@ -30,7 +30,7 @@ protected:
     void installPrograms();
     void expectProgramsByTheirEntries(const std::function<void(const QString& id)>& bringToFront);
 
-    void expectNothingAfterTheLastWindow();
+    void expectTheDesktopAfterTheLastWindow();
     void expectUnavailableOnceItEnds();
     void expectNobodyWaitsWhileItHangs();
 

@@ -100,4 +100,9 @@ void FakeCompositor::withdraw() {
     wl_display_flush_clients(m_display);
 }
 
+void FakeCompositor::dropListeners() {
+    while (!m_managers.empty())
+        wl_client_destroy(wl_resource_get_client(m_managers.front()));
+}
+
 } // namespace brisklog::test

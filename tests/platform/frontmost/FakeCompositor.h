@@ -36,6 +36,9 @@ public:
     void tellFinished();
     void withdraw();
 
+    /// Drops the connections of those who listen for windows, as compositors do to clients that do not read.
+    void dropListeners();
+
     static constexpr std::uint32_t maximized = 0;
     static constexpr std::uint32_t activated = 2;
 

@@ -57,7 +57,7 @@ void FakeKWin::readScript(const QString& path) {
     QFile file(path);
     if (!file.open(QFile::ReadOnly))
         return;
-    const QRegularExpression call(uR"re(callDBus\("([^"]*)", "([^"]*)", "([^"]*)", "([^"]*)")re"_s);
+    const QRegularExpression call(uR"re(\["([^"]*)", "([^"]*)", "([^"]*)", "([^"]*)"\])re"_s);
     m_listener = call.match(QString::fromUtf8(file.readAll())).capturedTexts().mid(1);
 }
 

@@ -1,6 +1,6 @@
 #include "CompositorTest.h"
 #include "platform/frontmost/FrontmostApplicationChoice.h"
-#include "platform/frontmost/KWinFrontmostApplication.h"
+#include "platform/frontmost/KWinFrontmostWindow.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ protected:
         CompositorTest::SetUp();
         startKWin();
         if (!IsSkipped() && !HasFatalFailure())
-            ask([this] { return std::make_unique<KWinFrontmostApplication>(bus()); });
+            ask([this] { return applicationsBy<KWinFrontmostWindow>(bus()); });
     }
 };
 
@@ -34,9 +34,31 @@ TEST_F(KWinTest, namesTheProgramWhoseWindowIsInFront) {
     expectProgramsByTheirEntries([this](const QString& id) { bringToFrontOnKWin(id); });
 }
 
-TEST_F(KWinTest, afterTheLastWindowNothingIsInFront) {
+TEST_F(KWinTest, afterTheLastWindowTheDesktopIsInFront) {
     frontmost().beginWatching();
-    expectNothingAfterTheLastWindow();
+    expectTheDesktopAfterTheLastWindow();
+}
+
+TEST_F(KWinTest, whileAnOwnWindowIsInFrontItIsTheApplicationBeforeIt) {
+    frontmost().beginWatching();
+    startWindow(u"other"_s);
+    EXPECT_TRUE(becomes(application("other")));
+    startWindow(u"one"_s);
+    EXPECT_TRUE(becomes(application("one")));
+    const auto process = startWindow(u"own"_s).processId();
+    EXPECT_TRUE(becomes(application("own")));
+    stopAsking();
+    ask([this, process] {
+        const OwnWindows own{.process = static_cast<std::uint32_t>(process), .names = {}};
+        return std::make_unique<DesktopFrontmostApplication>(std::make_unique<KWinFrontmostWindow>(bus()),
+                                                             std::make_unique<FakeUserPresence>(), own);
+    });
+    frontmost().beginWatching();
+    EXPECT_TRUE(becomes(application("one"))) << "it was there before the watching began";
+    bringToFrontOnKWin(u"other"_s);
+    EXPECT_TRUE(becomes(application("other")));
+    bringToFrontOnKWin(u"own"_s);
+    EXPECT_TRUE(becomes(application("other")));
 }
 
 TEST_F(KWinTest, theScriptIsThereOnlyWhileWatching) {
@@ -95,7 +117,7 @@ TEST_F(KWinTest, keepsNobodyWaitingWhenItHangs) {
 }
 
 TEST_F(KWinTest, isChosenWhereItAnswers) {
-    const auto chosen = chooseFrontmostApplication();
+    const auto chosen = chooseFrontmostApplication(ownWindows);
     chosen->beginWatching();
     EXPECT_TRUE(waitUntil([&] { return chosen->availability() == Availability::available; }));
     startWindow(u"one"_s);

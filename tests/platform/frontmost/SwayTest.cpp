@@ -16,7 +16,7 @@ protected:
         startSway();
         if (IsSkipped() || HasFatalFailure())
             return;
-        ask(chooseFrontmostApplication);
+        ask([] { return chooseFrontmostApplication(ownWindows); });
         if (!HasFatalFailure())
             frontmost().beginWatching();
     }
@@ -42,7 +42,7 @@ TEST_F(SwayTest, watchingBeginsWithWhatIsInFrontAlready) {
     EXPECT_TRUE(becomes(application("two")));
 }
 
-TEST_F(SwayTest, afterTheLastWindowNothingIsInFront) { expectNothingAfterTheLastWindow(); }
+TEST_F(SwayTest, afterTheLastWindowTheDesktopIsInFront) { expectTheDesktopAfterTheLastWindow(); }
 
 TEST_F(SwayTest, aProgramOnItsXServerIsNamedByItsClass) {
     install("drawing", "Name=Zeichnung\nStartupWMClass=Drawing");
@@ -51,6 +51,24 @@ TEST_F(SwayTest, aProgramOnItsXServerIsNamedByItsClass) {
     EXPECT_TRUE(becomes(application("Zeichnung", "drawing")));
     startWindow(u"one"_s);
     EXPECT_TRUE(becomes(application("one")));
+}
+
+TEST_F(SwayTest, whileAnOwnWindowIsInFrontItIsTheApplicationBeforeIt) {
+    const auto everyone = chooseFrontmostApplication({});
+    everyone->beginWatching();
+    startWindow(u"one"_s);
+    EXPECT_TRUE(becomes(application("one")));
+    startWindow(u"example.brisklog.Brisklog"_s);
+    EXPECT_TRUE(becomesFrontmost(*everyone, application("example.brisklog.Brisklog")));
+    EXPECT_TRUE(becomes(application("one")));
+}
+
+TEST_F(SwayTest, aConnectionThatIsDroppedIsMadeAnew) {
+    startWindow(u"one"_s);
+    EXPECT_TRUE(becomes(application("one")));
+    dropConnections();
+    startWindow(u"two"_s);
+    EXPECT_TRUE(becomes(application("two")));
 }
 
 TEST_F(SwayTest, aCompositorThatEndsIsUnavailable) { expectUnavailableOnceItEnds(); }

@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 #include <filesystem>
 #include <fstream>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 #include <wayland-client-core.h>
 
@@ -141,6 +143,19 @@ bool WaylandDesktop::isAnswering() const {
 void WaylandDesktop::endCompositor() {
     m_compositor.kill();
     m_compositor.waitForFinished(patience);
+}
+
+void WaylandDesktop::dropConnections() {
+    int dropped = 0;
+    for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+        const int number = std::stoi(entry.path().filename().string());
+        sockaddr_un address{};
+        socklen_t size = sizeof address;
+        if (::getpeername(number, reinterpret_cast<sockaddr*>(&address), &size) == 0 &&
+            address.sun_path == qgetenv("WAYLAND_DISPLAY"))
+            dropped += ::shutdown(number, SHUT_RDWR) == 0 ? 1 : 0;
+    }
+    EXPECT_GT(dropped, 0);
 }
 
 QString WaylandDesktop::fileInRuntime(const QString& pattern) const {

@@ -20,6 +20,10 @@ protected:
     void startKWin();
     void endCompositor();
 
+    /// Cuts all connections of this process to the compositor, as a compositor does to a client that does not
+    /// read.
+    static void dropConnections();
+
     /// Starts a program that opens one window under this application id; it ends with the desktop.
     QProcess& startWindow(const QString& applicationId);
 

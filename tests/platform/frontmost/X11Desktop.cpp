@@ -82,6 +82,12 @@ void TestWindow::setClass(const std::string& instance, const std::string& window
     xcb_flush(m_server.raw());
 }
 
+void TestWindow::setMachine(const std::string& name) {
+    xcb_change_property(m_server.raw(), XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_CLIENT_MACHINE,
+                        XCB_ATOM_STRING, bitsOfByte, static_cast<std::uint32_t>(name.size()), name.data());
+    xcb_flush(m_server.raw());
+}
+
 void TestWindow::setNumbers(const char* property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
     xcb_change_property(m_server.raw(), XCB_PROP_MODE_REPLACE, m_window, m_server.atom(property), type,
                         bitsOfNumber, static_cast<std::uint32_t>(values.size()), values.data());
@@ -93,6 +99,13 @@ void TestWindow::setText(const char* property, const std::string& text) {
                         m_server.atom("UTF8_STRING"), bitsOfByte, static_cast<std::uint32_t>(text.size()),
                         text.data());
     xcb_flush(m_server.raw());
+}
+
+void TestWindow::setAtoms(const char* property, const std::vector<const char*>& names) {
+    std::vector<std::uint32_t> atoms;
+    for (const char* const name : names)
+        atoms.push_back(m_server.atom(name));
+    setNumbers(property, XCB_ATOM_ATOM, atoms);
 }
 
 void TestWindow::show() {

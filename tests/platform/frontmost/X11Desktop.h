@@ -36,8 +36,10 @@ public:
     TestWindow();
 
     void setClass(const std::string& instance, const std::string& windowClass);
+    void setMachine(const std::string& name);
     void setNumbers(const char* property, xcb_atom_t type, const std::vector<std::uint32_t>& values);
     void setText(const char* property, const std::string& text);
+    void setAtoms(const char* property, const std::vector<const char*>& names);
 
     /// Maps the window and asks the window manager to activate it, until it is active.
     void show();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/frontmost/ApplicationCatalogue.h"
+#include "platform/frontmost/FrontmostWindow.h"
 #include "platform/frontmost/KWinScript.h"
 
 #include <QDBusServiceWatcher>
@@ -8,25 +8,29 @@
 
 namespace brisklog {
 
-/// The frontmost application under KDE's Wayland desktop, reported by a script inside its window manager
+/// The window in front under KDE's Wayland desktop, reported by a script inside its window manager
 /// KWin. The script is loaded only while watching.
-class KWinFrontmostApplication final : public FrontmostApplication {
+class KWinFrontmostWindow final : public FrontmostWindow {
 public:
-    explicit KWinFrontmostApplication(QDBusConnection bus = QDBusConnection::sessionBus());
-    ~KWinFrontmostApplication() override;
+    explicit KWinFrontmostWindow(QDBusConnection bus = QDBusConnection::sessionBus());
+    ~KWinFrontmostWindow() override;
 
     [[nodiscard]] Availability availability() const override { return m_availability; }
 
     void beginWatching() override;
     void endWatching() override;
-    [[nodiscard]] std::optional<DesktopApplication> current() override;
-    [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) override;
+
+    [[nodiscard]] const InFront& inFront() override { return m_seen; }
+
+    [[nodiscard]] InFront behind(const OwnWindows& /*own*/) override { return m_behind; }
 
 private:
     void askForOwner();
     void setOwner(const QString& owner);
     void askForScripting(int attempts);
     void startScript();
+    void endScript();
+    void note(const KWinScript::Report& report);
     void setAvailability(Availability availability);
 
     QDBusConnection m_bus;
@@ -37,9 +41,10 @@ private:
     QString m_owner;
     bool m_isWatching = false;
     std::unique_ptr<KWinScript> m_script;
-    /// The window last reported by the script; absent when no window is active.
-    std::optional<WindowIdentity> m_window;
-    DescribedWindow m_described;
+    /// What the script last reported, and what it found behind that when it started; unknown without a
+    /// script.
+    InFront m_seen;
+    InFront m_behind;
 };
 
 } // namespace brisklog

@@ -1,4 +1,4 @@
-#include "platform/frontmost/KWinFrontmostApplication.h"
+#include "platform/frontmost/KWinFrontmostWindow.h"
 
 #include "platform/bus/DBusCall.h"
 
@@ -33,7 +33,7 @@ QDBusMessage scriptingQuestion(const QString& kwin) {
 
 } // namespace
 
-KWinFrontmostApplication::KWinFrontmostApplication(QDBusConnection bus)
+KWinFrontmostWindow::KWinFrontmostWindow(QDBusConnection bus)
     : m_bus(std::move(bus)), m_serviceWatcher(kwinService, m_bus) {
     // Without a bus the answer is known at once.
     if (!m_bus.isConnected()) {
@@ -45,30 +45,20 @@ KWinFrontmostApplication::KWinFrontmostApplication(QDBusConnection bus)
     askForOwner();
 }
 
-KWinFrontmostApplication::~KWinFrontmostApplication() = default;
+KWinFrontmostWindow::~KWinFrontmostWindow() = default;
 
-void KWinFrontmostApplication::beginWatching() {
+void KWinFrontmostWindow::beginWatching() {
     m_isWatching = true;
     if (!m_owner.isEmpty() && m_availability != Availability::notYetKnown)
         startScript();
 }
 
-void KWinFrontmostApplication::endWatching() {
+void KWinFrontmostWindow::endWatching() {
     m_isWatching = false;
-    m_script.reset();
-    m_window.reset();
-    m_described.forget();
+    endScript();
 }
 
-std::optional<DesktopApplication> KWinFrontmostApplication::current() {
-    return m_script ? m_described.answer(m_window) : std::nullopt;
-}
-
-std::optional<std::string> KWinFrontmostApplication::iconPng(const DesktopApplication& application) {
-    return m_described.iconPng(application);
-}
-
-void KWinFrontmostApplication::askForOwner() {
+void KWinFrontmostWindow::askForOwner() {
     callLater(m_bus, ownerQuestion(), m_context, [this](const QDBusMessage& reply) {
         if (m_availability == Availability::notYetKnown && m_owner.isEmpty())
             setOwner(isReply(reply) ? reply.arguments().value(0).toString() : QString());
@@ -76,11 +66,9 @@ void KWinFrontmostApplication::askForOwner() {
 }
 
 /// A script lasts only as long as the KWin it was loaded into.
-void KWinFrontmostApplication::setOwner(const QString& owner) {
+void KWinFrontmostWindow::setOwner(const QString& owner) {
     m_owner = owner;
-    m_script.reset();
-    m_window.reset();
-    m_described.forget();
+    endScript();
     if (m_owner.isEmpty())
         setAvailability(Availability::unavailable);
     else
@@ -88,7 +76,7 @@ void KWinFrontmostApplication::setOwner(const QString& owner) {
 }
 
 /// KWin claims its bus name before its scripting is ready.
-void KWinFrontmostApplication::askForScripting(int attempts) {
+void KWinFrontmostWindow::askForScripting(int attempts) {
     const auto answered = [this, attempts, owner = m_owner](const QDBusMessage& reply) {
         if (owner != m_owner)
             return;
@@ -104,21 +92,30 @@ void KWinFrontmostApplication::askForScripting(int attempts) {
     callLater(m_bus, scriptingQuestion(m_owner), m_context, answered);
 }
 
-void KWinFrontmostApplication::startScript() {
+void KWinFrontmostWindow::startScript() {
     if (m_script)
         return;
     m_script = std::make_unique<KWinScript>(
         m_bus, m_owner,
-        KWinScript::Handlers{.told =
-                                 [this](std::optional<WindowIdentity> window) {
-                                     m_window = std::move(window);
-                                     setAvailability(Availability::available);
-                                 },
+        KWinScript::Handlers{.told = [this](const KWinScript::Report& report) { note(report); },
                              .failed = [this] { setAvailability(Availability::unavailable); }});
 }
 
+void KWinFrontmostWindow::endScript() {
+    m_script.reset();
+    m_seen = {};
+    m_behind = {};
+}
+
+void KWinFrontmostWindow::note(const KWinScript::Report& report) {
+    m_seen = report.inFront;
+    if (report.behind)
+        m_behind = *report.behind;
+    setAvailability(Availability::available);
+}
+
 /// Queued, because an observer may end the watching, which must not happen while an answer is being handled.
-void KWinFrontmostApplication::setAvailability(Availability availability) {
+void KWinFrontmostWindow::setAvailability(Availability availability) {
     if (std::exchange(m_availability, availability) != availability)
         QMetaObject::invokeMethod(
             &m_context, [this] { announce(); }, Qt::QueuedConnection);

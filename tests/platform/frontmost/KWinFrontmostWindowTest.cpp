@@ -1,4 +1,4 @@
-#include "platform/frontmost/KWinFrontmostApplication.h"
+#include "platform/frontmost/KWinFrontmostWindow.h"
 
 #include "FakeKWin.h"
 #include "FrontmostExpectations.h"
@@ -18,7 +18,7 @@ QVariantList window(const QString& desktopFile, const QString& windowClass, cons
 }
 
 /// A fake window manager that reports whatever a test wants.
-class KWinFrontmostApplicationTest : public DesktopWithBus {
+class KWinFrontmostWindowTest : public DesktopWithBus {
 protected:
     void SetUp() override {
         DesktopWithBus::SetUp();
@@ -40,10 +40,10 @@ protected:
 
     void endKWin() { m_kwin.reset(); }
 
-    KWinFrontmostApplication& frontmost() { return *m_frontmost; }
+    FrontmostApplication& frontmost() { return *m_frontmost; }
 
     void watch() {
-        m_frontmost.emplace(bus());
+        m_frontmost = applicationsBy<KWinFrontmostWindow>(bus());
         EXPECT_EQ(frontmost().availability(), Availability::notYetKnown);
         frontmost().beginWatching();
     }
@@ -69,10 +69,10 @@ protected:
 
 private:
     std::optional<FakeKWin> m_kwin;
-    std::optional<KWinFrontmostApplication> m_frontmost;
+    std::unique_ptr<FrontmostApplication> m_frontmost;
 };
 
-TEST_F(KWinFrontmostApplicationTest, whatItIsToldIsInFront) {
+TEST_F(KWinFrontmostWindowTest, whatItIsToldIsInFront) {
     startKWin();
     watchUntilTheScriptRuns();
     EXPECT_EQ(frontmost().current(), std::nullopt);
@@ -81,10 +81,10 @@ TEST_F(KWinFrontmostApplicationTest, whatItIsToldIsInFront) {
     kwin().tell(window(u"browser"_s, u""_s));
     EXPECT_TRUE(becomes(application("browser")));
     kwin().tell({});
-    EXPECT_TRUE(becomes(std::nullopt));
+    EXPECT_TRUE(becomes(bareDesktop));
 }
 
-TEST_F(KWinFrontmostApplicationTest, theScriptIsFoundUnderItsOlderNameToo) {
+TEST_F(KWinFrontmostWindowTest, theScriptIsFoundUnderItsOlderNameToo) {
     startKWin({.scriptFolder = u"/"_s});
     watchUntilTheScriptRuns();
     kwin().tell(window(u"one"_s, u"one"_s));
@@ -93,7 +93,19 @@ TEST_F(KWinFrontmostApplicationTest, theScriptIsFoundUnderItsOlderNameToo) {
                                                      u"run"_s, u"run"_s));
 }
 
-TEST_F(KWinFrontmostApplicationTest, namesThatAreMissingForLessThanATickAreAGap) {
+TEST_F(KWinFrontmostWindowTest, theFirstReportMayNameTheWindowBehindAnOwnOne) {
+    startKWin({.scriptSpeaks = false});
+    watchUntilTheScriptRuns();
+    const QVariantList own = window(u"own"_s, u"own"_s, QString::number(ownWindows.process));
+    kwin().tell(own + window(u"one"_s, u"one"_s));
+    EXPECT_TRUE(becomes(application("one")));
+    kwin().tell(window(u"two"_s, u"two"_s));
+    EXPECT_TRUE(becomes(application("two")));
+    EXPECT_TRUE(isTaken(kwin().tell(own)));
+    EXPECT_EQ(frontmost().current(), application("two"));
+}
+
+TEST_F(KWinFrontmostWindowTest, namesThatAreMissingForLessThanATickAreAGap) {
     startKWin();
     watchUntilTheScriptRuns();
     kwin().tell(window(u"one"_s, u"one"_s));
@@ -111,7 +123,7 @@ TEST_F(KWinFrontmostApplicationTest, namesThatAreMissingForLessThanATickAreAGap)
     EXPECT_EQ(frontmost().current(), DesktopApplication{});
 }
 
-TEST_F(KWinFrontmostApplicationTest, strangeTextsAreMadeNames) {
+TEST_F(KWinFrontmostWindowTest, strangeTextsAreMadeNames) {
     startKWin();
     watchUntilTheScriptRuns();
     kwin().tell(window(u""_s, u"Two\nLines\x1b[1m"_s));
@@ -121,7 +133,7 @@ TEST_F(KWinFrontmostApplicationTest, strangeTextsAreMadeNames) {
     EXPECT_TRUE(becomes(application(std::string(256, 'x'))));
 }
 
-TEST_F(KWinFrontmostApplicationTest, onlyKWinItselfIsBelieved) {
+TEST_F(KWinFrontmostWindowTest, onlyKWinItselfIsBelieved) {
     startKWin();
     watchUntilTheScriptRuns();
     kwin().tell(window(u"one"_s, u"one"_s));
@@ -135,7 +147,7 @@ TEST_F(KWinFrontmostApplicationTest, onlyKWinItselfIsBelieved) {
     QDBusConnection::disconnectFromBus(u"stranger"_s);
 }
 
-TEST_F(KWinFrontmostApplicationTest, messagesOfAnotherFormAreIgnored) {
+TEST_F(KWinFrontmostWindowTest, messagesOfAnotherFormAreIgnored) {
     startKWin();
     watchUntilTheScriptRuns();
     EXPECT_TRUE(isTaken(kwin().tell(window(u"one"_s, u"one"_s))));
@@ -145,7 +157,7 @@ TEST_F(KWinFrontmostApplicationTest, messagesOfAnotherFormAreIgnored) {
     EXPECT_EQ(frontmost().current(), application("one"));
 }
 
-TEST_F(KWinFrontmostApplicationTest, scriptingThatComesLaterIsFound) {
+TEST_F(KWinFrontmostWindowTest, scriptingThatComesLaterIsFound) {
     startKWin({.refusals = 2});
     watch();
     EXPECT_TRUE(becomes(Availability::unavailable));
@@ -153,7 +165,7 @@ TEST_F(KWinFrontmostApplicationTest, scriptingThatComesLaterIsFound) {
     EXPECT_TRUE(waitUntil([this] { return kwin().hasRun(); }));
 }
 
-TEST_F(KWinFrontmostApplicationTest, aScriptThatSaysNothingIsUnavailableUntilItDoes) {
+TEST_F(KWinFrontmostWindowTest, aScriptThatSaysNothingIsUnavailableUntilItDoes) {
     startKWin({.scriptSpeaks = false});
     watchUntilTheScriptRuns();
     EXPECT_TRUE(becomes(Availability::unavailable));
@@ -162,7 +174,7 @@ TEST_F(KWinFrontmostApplicationTest, aScriptThatSaysNothingIsUnavailableUntilItD
     EXPECT_EQ(frontmost().availability(), Availability::available);
 }
 
-TEST_F(KWinFrontmostApplicationTest, aKWinThatCannotRunItIsUnavailableAndIsAskedAnew) {
+TEST_F(KWinFrontmostWindowTest, aKWinThatCannotRunItIsUnavailableAndIsAskedAnew) {
     startKWin({.scriptFolder = u"/nowhere"_s});
     watch();
     EXPECT_TRUE(becomes(Availability::unavailable));
@@ -170,10 +182,10 @@ TEST_F(KWinFrontmostApplicationTest, aKWinThatCannotRunItIsUnavailableAndIsAsked
     frontmost().endWatching();
     frontmost().beginWatching();
     EXPECT_TRUE(waitUntil([&] { return kwin().calls().size() >= before + 3; }));
-    EXPECT_EQ(frontmost().current(), std::nullopt);
+    EXPECT_TRUE(becomes(std::nullopt));
 }
 
-TEST_F(KWinFrontmostApplicationTest, aKWinThatEndsAndComesBackIsAskedAgain) {
+TEST_F(KWinFrontmostWindowTest, aKWinThatEndsAndComesBackIsAskedAgain) {
     startKWin();
     watchUntilTheScriptRuns();
     kwin().tell(window(u"one"_s, u"one"_s));
@@ -191,7 +203,7 @@ TEST_F(KWinFrontmostApplicationTest, aKWinThatEndsAndComesBackIsAskedAgain) {
     EXPECT_TRUE(becomes(application("two")));
 }
 
-TEST_F(KWinFrontmostApplicationTest, unwatchedTheScriptIsUnloadedAndNothingIsInFront) {
+TEST_F(KWinFrontmostWindowTest, unwatchedTheScriptIsUnloadedAndNothingIsInFront) {
     startKWin();
     watchUntilTheScriptRuns();
     kwin().tell(window(u"one"_s, u"one"_s));
@@ -203,19 +215,19 @@ TEST_F(KWinFrontmostApplicationTest, unwatchedTheScriptIsUnloadedAndNothingIsInF
     EXPECT_EQ(frontmost().availability(), Availability::available);
 }
 
-TEST_F(KWinFrontmostApplicationTest, withoutKWinItIsUnavailable) {
+TEST_F(KWinFrontmostWindowTest, withoutKWinItIsUnavailable) {
     watch();
     EXPECT_TRUE(becomes(Availability::unavailable));
     EXPECT_EQ(frontmost().current(), std::nullopt);
 }
 
-using KWinFrontmostApplicationWithoutBus = Desktop;
+using KWinFrontmostWindowWithoutBus = Desktop;
 
-TEST_F(KWinFrontmostApplicationWithoutBus, itIsUnavailable) {
-    KWinFrontmostApplication frontmost;
+TEST_F(KWinFrontmostWindowWithoutBus, itIsUnavailable) {
+    KWinFrontmostWindow frontmost;
     EXPECT_EQ(frontmost.availability(), Availability::unavailable);
     frontmost.beginWatching();
-    EXPECT_EQ(frontmost.current(), std::nullopt);
+    EXPECT_EQ(frontmost.inFront(), InFront());
     frontmost.endWatching();
 }
 

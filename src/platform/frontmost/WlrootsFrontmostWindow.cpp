@@ -1,4 +1,4 @@
-#include "platform/frontmost/WlrootsFrontmostApplication.h"
+#include "platform/frontmost/WlrootsFrontmostWindow.h"
 
 #include "platform/frontmost/ForeignToplevelProtocol.h"
 
@@ -16,17 +16,17 @@ WindowIdentity identityOf(const std::string& applicationId) {
 
 } // namespace
 
-WlrootsFrontmostApplication::WlrootsFrontmostApplication()
-    : m_global(foreigntoplevel::manager, [this] { announceLater(); }) {}
+WlrootsFrontmostWindow::WlrootsFrontmostWindow()
+    : m_global(foreigntoplevel::manager, [this] { notePresence(); }) {}
 
-FrontmostApplication::Availability WlrootsFrontmostApplication::availability() const {
+FrontmostWindow::Availability WlrootsFrontmostWindow::availability() const {
     if (m_global.presence() == WaylandGlobal::Presence::beingAsked)
         return Availability::notYetKnown;
     const bool isOffered = m_global.presence() == WaylandGlobal::Presence::offered;
     return isOffered && !m_hasFinished ? Availability::available : Availability::unavailable;
 }
 
-void WlrootsFrontmostApplication::beginWatching() {
+void WlrootsFrontmostWindow::beginWatching() {
     if (m_toplevels)
         return;
     m_toplevels.emplace([this] { noteFinished(); });
@@ -34,29 +34,31 @@ void WlrootsFrontmostApplication::beginWatching() {
         announceLater();
 }
 
-void WlrootsFrontmostApplication::endWatching() {
-    m_toplevels.reset();
-    m_described.forget();
-}
+void WlrootsFrontmostWindow::endWatching() { m_toplevels.reset(); }
 
-std::optional<DesktopApplication> WlrootsFrontmostApplication::current() {
-    if (!m_toplevels)
-        return std::nullopt;
+const InFront& WlrootsFrontmostWindow::inFront() {
+    if (!m_toplevels || !m_toplevels->hasReported())
+        return m_seen = {};
     const auto* const inFront = m_toplevels->applicationIdInFront();
-    return m_described.answer(inFront != nullptr ? std::optional(identityOf(*inFront)) : std::nullopt);
+    if (inFront == nullptr)
+        return m_seen = {.kind = InFront::Kind::nothing};
+    return m_seen = {.kind = InFront::Kind::window, .window = identityOf(*inFront)};
 }
 
-std::optional<std::string> WlrootsFrontmostApplication::iconPng(const DesktopApplication& application) {
-    return m_described.iconPng(application);
+/// Watching may have begun while there was no compositor.
+void WlrootsFrontmostWindow::notePresence() {
+    if (m_global.presence() == WaylandGlobal::Presence::offered && m_toplevels && !m_toplevels->isConnected())
+        m_toplevels.emplace([this] { noteFinished(); });
+    announceLater();
 }
 
-void WlrootsFrontmostApplication::noteFinished() {
+void WlrootsFrontmostWindow::noteFinished() {
     m_hasFinished = true;
     announceLater();
 }
 
 /// Queued, because an observer may end the watching, which must not happen while an event is being handled.
-void WlrootsFrontmostApplication::announceLater() {
+void WlrootsFrontmostWindow::announceLater() {
     QMetaObject::invokeMethod(
         &m_context, [this] { announce(); }, Qt::QueuedConnection);
 }

@@ -1,10 +1,12 @@
-#include "platform/frontmost/X11FrontmostApplication.h"
+#include "platform/frontmost/X11FrontmostWindow.h"
 #include "FrontmostExpectations.h"
 #include "X11Desktop.h"
 #include "platform/frontmost/ApplicationIcons.h"
 #include "platform/frontmost/FrontmostApplicationChoice.h"
 
+#include <QElapsedTimer>
 #include <QImage>
+#include <QSysInfo>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -15,7 +17,7 @@ using namespace Qt::StringLiterals;
 using Availability = FrontmostApplication::Availability;
 
 /// An X desktop with a real window manager.
-class X11FrontmostApplicationTest : public X11Desktop {
+class X11FrontmostWindowTest : public X11Desktop {
 protected:
     void SetUp() override {
         X11Desktop::SetUp();
@@ -28,7 +30,7 @@ protected:
         X11Desktop::TearDown();
     }
 
-    X11FrontmostApplication& frontmost() {
+    FrontmostApplication& frontmost() {
         if (!m_frontmost)
             watch();
         return *m_frontmost;
@@ -38,17 +40,25 @@ protected:
         return becomesFrontmost(frontmost(), expected);
     }
 
+    static std::unique_ptr<TestWindow> ownWindow() {
+        auto window = std::make_unique<TestWindow>();
+        window->setClass("own", "Own");
+        window->setNumbers("_NET_WM_PID", XCB_ATOM_CARDINAL, {ownWindows.process});
+        window->setMachine(QSysInfo::machineHostName().toStdString());
+        return window;
+    }
+
 private:
     void watch() {
-        m_frontmost.emplace();
+        m_frontmost = applicationsBy<X11FrontmostWindow>();
         EXPECT_TRUE(waitUntil([this] { return m_frontmost->availability() == Availability::available; }));
         m_frontmost->beginWatching();
     }
 
-    std::optional<X11FrontmostApplication> m_frontmost;
+    std::unique_ptr<FrontmostApplication> m_frontmost;
 };
 
-TEST_F(X11FrontmostApplicationTest, namesTheProgramWhoseWindowIsInFront) {
+TEST_F(X11FrontmostWindowTest, namesTheProgramWhoseWindowIsInFront) {
     install("org.example.viewres", "Name=Resources\nName[de]=Betriebsmittel\nExec=/usr/bin/viewres %f");
     install("font-chooser", "Name=Fonts\nName[de]=Schriften\nStartupWMClass=XFontSel");
     start(u"xfontsel"_s);
@@ -66,24 +76,25 @@ TEST_F(X11FrontmostApplicationTest, namesTheProgramWhoseWindowIsInFront) {
     EXPECT_TRUE(becomes(application("Betriebsmittel", "org.example.viewres")));
 }
 
-TEST_F(X11FrontmostApplicationTest, recognizesAProgramWithoutClassByItsFile) {
+TEST_F(X11FrontmostWindowTest, recognizesAProgramWithoutClassByItsFile) {
     (void)frontmost();
     install("editor", "Name=Editor\nExec=env A=b \"" +
                           std::filesystem::read_symlink("/proc/self/exe").string() + "\" %U");
     TestWindow window;
     window.setNumbers("_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
+    window.setMachine(QSysInfo::machineHostName().toStdString());
     window.show();
     EXPECT_EQ(frontmost().current(), application("Editor", "editor"));
 }
 
-TEST_F(X11FrontmostApplicationTest, windowWithoutClassAndProgramHasNeitherNameNorIdentifier) {
+TEST_F(X11FrontmostWindowTest, windowWithoutClassAndProgramHasNeitherNameNorIdentifier) {
     (void)frontmost();
     TestWindow window;
     window.show();
-    EXPECT_EQ(frontmost().current(), DesktopApplication{});
+    EXPECT_TRUE(becomes(DesktopApplication{}));
 }
 
-TEST_F(X11FrontmostApplicationTest, applicationIdCountsBeforeTheClass) {
+TEST_F(X11FrontmostWindowTest, applicationIdCountsBeforeTheClass) {
     (void)frontmost();
     install("org.example.Pages", "Name=Seiten");
     install("shell", "Name=Hülle");
@@ -94,7 +105,7 @@ TEST_F(X11FrontmostApplicationTest, applicationIdCountsBeforeTheClass) {
     EXPECT_EQ(frontmost().current(), application("Seiten", "org.example.Pages"));
 }
 
-TEST_F(X11FrontmostApplicationTest, controlCharactersInNamesBecomeBlanks) {
+TEST_F(X11FrontmostWindowTest, controlCharactersInNamesBecomeBlanks) {
     (void)frontmost();
     TestWindow window;
     window.setClass("a", "Two\nLines\x1b[1m");
@@ -102,7 +113,7 @@ TEST_F(X11FrontmostApplicationTest, controlCharactersInNamesBecomeBlanks) {
     EXPECT_EQ(frontmost().current(), application("Two Lines [1m"));
 }
 
-TEST_F(X11FrontmostApplicationTest, classInLatin1IsRead) {
+TEST_F(X11FrontmostWindowTest, classInLatin1IsRead) {
     (void)frontmost();
     TestWindow window;
     window.setClass("m", "M\xfcller");
@@ -110,7 +121,7 @@ TEST_F(X11FrontmostApplicationTest, classInLatin1IsRead) {
     EXPECT_EQ(frontmost().current(), application("Müller"));
 }
 
-TEST_F(X11FrontmostApplicationTest, newClassOfTheSameWindowIsNoticed) {
+TEST_F(X11FrontmostWindowTest, newClassOfTheSameWindowIsNoticed) {
     (void)frontmost();
     TestWindow window;
     window.setClass("text", "Text");
@@ -120,7 +131,7 @@ TEST_F(X11FrontmostApplicationTest, newClassOfTheSameWindowIsNoticed) {
     EXPECT_TRUE(becomes(application("Table")));
 }
 
-TEST_F(X11FrontmostApplicationTest, anotherProgramUnderTheSameWindowNumberIsNoticed) {
+TEST_F(X11FrontmostWindowTest, anotherProgramUnderTheSameWindowNumberIsNoticed) {
     (void)frontmost();
     auto window = std::make_unique<TestWindow>();
     window->setClass("one", "One");
@@ -137,7 +148,7 @@ TEST_F(X11FrontmostApplicationTest, anotherProgramUnderTheSameWindowNumberIsNoti
     EXPECT_TRUE(becomes(application("Two")));
 }
 
-TEST_F(X11FrontmostApplicationTest, gapOfOneQuestionIsBridgedAndTheSecondBelieved) {
+TEST_F(X11FrontmostWindowTest, gapOfOneQuestionIsBridgedAndTheSecondBelieved) {
     (void)frontmost();
     auto window = std::make_unique<TestWindow>();
     window->setClass("one", "One");
@@ -148,10 +159,56 @@ TEST_F(X11FrontmostApplicationTest, gapOfOneQuestionIsBridgedAndTheSecondBelieve
     const X11Connection server;
     ASSERT_TRUE(waitUntil([&] { return !server.bytes(server.askFor(number, XCB_ATOM_WM_CLASS)); }));
     EXPECT_EQ(frontmost().current(), application("One"));
-    EXPECT_EQ(frontmost().current(), std::nullopt);
+    EXPECT_EQ(frontmost().current(), bareDesktop);
 }
 
-TEST_F(X11FrontmostApplicationTest, windowsThatVanishWhileBeingAskedDoNoHarm) {
+TEST_F(X11FrontmostWindowTest, theDesktopsOwnWindowIsTheBareDesktop) {
+    (void)frontmost();
+    TestWindow window;
+    window.setClass("xfdesktop", "Xfdesktop");
+    window.setAtoms("_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DESKTOP"});
+    window.show();
+    EXPECT_EQ(frontmost().current(), bareDesktop);
+}
+
+TEST_F(X11FrontmostWindowTest, beginningInTheOnlyWindowWhichIsOurOwnItIsTheBareDesktop) {
+    const auto own = ownWindow();
+    own->show();
+    EXPECT_EQ(frontmost().current(), bareDesktop);
+}
+
+TEST_F(X11FrontmostWindowTest, aProcessOnAnotherMachineIsNone) {
+    (void)frontmost();
+    install("editor",
+            "Name=Editor\nExec=\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"");
+    TestWindow window;
+    window.setClass("remote", "Remote");
+    window.setNumbers("_NET_WM_PID", XCB_ATOM_CARDINAL, {static_cast<std::uint32_t>(getpid())});
+    window.setMachine("another-machine");
+    window.show();
+    EXPECT_EQ(frontmost().current(), application("Remote"));
+}
+
+TEST_F(X11FrontmostWindowTest, aServerThatAnotherProgramKeepsToItselfKeepsNobodyWaiting) {
+    (void)frontmost();
+    TestWindow window;
+    window.setClass("one", "One");
+    window.show();
+    EXPECT_TRUE(becomes(application("One")));
+    const X11Connection hung;
+    xcb_grab_server(hung.raw());
+    (void)hung.atom("the server has processed it");
+    QElapsedTimer elapsed;
+    elapsed.start();
+    for (int times = 0; times < 3; ++times)
+        EXPECT_EQ(frontmost().current(), std::nullopt);
+    EXPECT_LT(elapsed.elapsed(), 1000);
+    xcb_ungrab_server(hung.raw());
+    xcb_flush(hung.raw());
+    EXPECT_TRUE(becomes(application("One")));
+}
+
+TEST_F(X11FrontmostWindowTest, windowsThatVanishWhileBeingAskedDoNoHarm) {
     (void)frontmost();
     TestWindow stays;
     stays.setClass("stays", "Stays");
@@ -170,7 +227,36 @@ TEST_F(X11FrontmostApplicationTest, windowsThatVanishWhileBeingAskedDoNoHarm) {
     EXPECT_TRUE(becomes(application("Stays")));
 }
 
-TEST_F(X11FrontmostApplicationTest, unwatchedNothingIsInFront) {
+TEST_F(X11FrontmostWindowTest, whileAnOwnWindowIsInFrontItIsTheApplicationBeforeIt) {
+    (void)frontmost();
+    TestWindow one;
+    one.setClass("one", "One");
+    one.show();
+    EXPECT_TRUE(becomes(application("One")));
+    const auto own = ownWindow();
+    own->show();
+    EXPECT_TRUE(becomes(application("One")));
+}
+
+TEST_F(X11FrontmostWindowTest, beginningInAnOwnWindowItIsTheUppermostOfTheOthersThatAreInUse) {
+    std::vector<std::unique_ptr<TestWindow>> others;
+    for (const char* const name : {"Below", "Uppermost", "Minimized", "Widget"}) {
+        others.push_back(std::make_unique<TestWindow>());
+        others.back()->setClass(name, name);
+        if (name == std::string_view("Widget"))
+            others.back()->setAtoms("_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR"});
+        others.back()->show();
+    }
+    ASSERT_EQ(
+        QProcess::execute(u"xdotool"_s, {u"windowminimize"_s, u"--sync"_s, QString::number(others[2]->id())}),
+        0);
+    const auto own = ownWindow();
+    own->show();
+    EXPECT_EQ(frontmost().current(), application("Uppermost"));
+    others.clear();
+}
+
+TEST_F(X11FrontmostWindowTest, unwatchedNothingIsInFront) {
     TestWindow window;
     window.setClass("one", "One");
     (void)frontmost();
@@ -182,7 +268,7 @@ TEST_F(X11FrontmostApplicationTest, unwatchedNothingIsInFront) {
     EXPECT_EQ(frontmost().current(), application("One"));
 }
 
-TEST_F(X11FrontmostApplicationTest, iconComesFromTheDesktopEntry) {
+TEST_F(X11FrontmostWindowTest, iconComesFromTheDesktopEntry) {
     (void)frontmost();
     QImage picture(64, 64, QImage::Format_ARGB32);
     picture.fill(Qt::red);
@@ -198,7 +284,7 @@ TEST_F(X11FrontmostApplicationTest, iconComesFromTheDesktopEntry) {
     EXPECT_EQ(icon.pixelColor(16, 16), QColor(Qt::red));
 }
 
-TEST_F(X11FrontmostApplicationTest, iconWithoutEntryIsTheWindows) {
+TEST_F(X11FrontmostWindowTest, iconWithoutEntryIsTheWindows) {
     (void)frontmost();
     constexpr std::uint32_t blue = 0xFF0000FF;
     constexpr std::uint32_t small = 16;
@@ -223,10 +309,10 @@ TEST(ApplicationIcons, brokenIconOfAWindowIsNone) {
         EXPECT_EQ(iconPng(broken), std::nullopt);
 }
 
-TEST_F(X11FrontmostApplicationTest, desktopWithXAloneIsAskedInTheX11Way) {
+TEST_F(X11FrontmostWindowTest, desktopWithXAloneIsAskedInTheX11Way) {
     TestWindow window;
     window.setClass("one", "One");
-    const auto chosen = chooseFrontmostApplication();
+    const auto chosen = chooseFrontmostApplication(ownWindows);
     chosen->beginWatching();
     ASSERT_TRUE(waitUntil([&] { return chosen->availability() == Availability::available; }));
     window.show();
@@ -236,7 +322,8 @@ TEST_F(X11FrontmostApplicationTest, desktopWithXAloneIsAskedInTheX11Way) {
 using X11WithoutWindowManager = X11Desktop;
 
 TEST_F(X11WithoutWindowManager, isUnavailableUntilAWindowManagerComesAndWhenItGoes) {
-    X11FrontmostApplication frontmost;
+    const auto made = applicationsBy<X11FrontmostWindow>();
+    FrontmostApplication& frontmost = *made;
     int announcements = 0;
     const auto subscription = frontmost.observe([&] { ++announcements; });
     EXPECT_EQ(frontmost.availability(), Availability::unavailable);
@@ -261,9 +348,9 @@ TEST_F(X11WithoutWindowManager, isUnavailableUntilAWindowManagerComesAndWhenItGo
 TEST_F(X11WithoutWindowManager, underWaylandTheX11WayIsNeverTaken) {
     qputenv("WAYLAND_DISPLAY", "no-such-compositor");
     startWindowManager();
-    const X11FrontmostApplication answersHere;
+    const X11FrontmostWindow answersHere;
     ASSERT_TRUE(waitUntil([&] { return answersHere.availability() == Availability::available; }));
-    const auto chosen = chooseFrontmostApplication();
+    const auto chosen = chooseFrontmostApplication(ownWindows);
     EXPECT_TRUE(waitUntil([&] { return chosen->availability() != Availability::notYetKnown; }));
     EXPECT_EQ(chosen->availability(), Availability::unavailable);
     qunsetenv("WAYLAND_DISPLAY");

@@ -1,27 +1,27 @@
 #pragma once
 
-#include "platform/frontmost/ApplicationCatalogue.h"
 #include "platform/frontmost/ForeignToplevels.h"
+#include "platform/frontmost/FrontmostWindow.h"
 #include "platform/frontmost/WaylandConnection.h"
 
 #include <QObject>
 
 namespace brisklog {
 
-/// The frontmost application under compositors that report all windows to every program
+/// The window in front under compositors that report all windows to every program
 /// ("wlr-foreign-toplevel-management"): sway, Hyprland, labwc and others. They report by themselves, so
 /// asking costs nothing; while not watching, only the compositor's presence is observed.
-class WlrootsFrontmostApplication final : public FrontmostApplication {
+class WlrootsFrontmostWindow final : public FrontmostWindow {
 public:
-    WlrootsFrontmostApplication();
+    WlrootsFrontmostWindow();
 
     [[nodiscard]] Availability availability() const override;
     void beginWatching() override;
     void endWatching() override;
-    [[nodiscard]] std::optional<DesktopApplication> current() override;
-    [[nodiscard]] std::optional<std::string> iconPng(const DesktopApplication& application) override;
+    [[nodiscard]] const InFront& inFront() override;
 
 private:
+    void notePresence();
     void noteFinished();
     void announceLater();
 
@@ -30,7 +30,7 @@ private:
     bool m_hasFinished = false;
     /// Present only while watching.
     std::optional<ForeignToplevels> m_toplevels;
-    DescribedWindow m_described;
+    InFront m_seen;
     QObject m_context;
 };
 

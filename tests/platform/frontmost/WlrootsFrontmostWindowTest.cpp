@@ -1,4 +1,4 @@
-#include "platform/frontmost/WlrootsFrontmostApplication.h"
+#include "platform/frontmost/WlrootsFrontmostWindow.h"
 
 #include "FakeCompositor.h"
 #include "FrontmostExpectations.h"
@@ -13,18 +13,20 @@ using Availability = FrontmostApplication::Availability;
 using Offer = FakeCompositor::Offer;
 
 /// A fake compositor that reports whatever a test wants.
-class WlrootsFrontmostApplicationTest : public Desktop {
+class WlrootsFrontmostWindowTest : public Desktop {
 protected:
     void SetUp() override {
-        m_compositor.emplace(Offer::windows);
-        m_frontmost.emplace();
+        startCompositor();
+        m_frontmost = applicationsBy<WlrootsFrontmostWindow>();
         frontmost().beginWatching();
         ASSERT_TRUE(waitUntil([this] { return compositor().listeners() == 1; }));
     }
 
     FakeCompositor& compositor() { return *m_compositor; }
 
-    WlrootsFrontmostApplication& frontmost() { return *m_frontmost; }
+    FrontmostApplication& frontmost() { return *m_frontmost; }
+
+    void startCompositor() { m_compositor.emplace(Offer::windows); }
 
     void endCompositor() { m_compositor.reset(); }
 
@@ -50,19 +52,19 @@ protected:
 
 private:
     std::optional<FakeCompositor> m_compositor;
-    std::optional<WlrootsFrontmostApplication> m_frontmost;
+    std::unique_ptr<FrontmostApplication> m_frontmost;
 };
 
-TEST_F(WlrootsFrontmostApplicationTest, theActiveWindowsApplicationIsInFront) {
+TEST_F(WlrootsFrontmostWindowTest, theActiveWindowsApplicationIsInFront) {
     EXPECT_EQ(frontmost().current(), std::nullopt);
     open("editor");
     auto* const browser = open("browser", active);
     EXPECT_TRUE(becomes(application("browser")));
     tellState(browser, {FakeCompositor::maximized});
-    EXPECT_TRUE(becomes(std::nullopt));
+    EXPECT_TRUE(becomes(bareDesktop));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, ofTwoActiveWindowsTheOneActivatedLastIsInFront) {
+TEST_F(WlrootsFrontmostWindowTest, ofTwoActiveWindowsTheOneActivatedLastIsInFront) {
     auto* const editor = open("editor");
     auto* const browser = open("browser", active);
     tellState(editor, active);
@@ -73,18 +75,18 @@ TEST_F(WlrootsFrontmostApplicationTest, ofTwoActiveWindowsTheOneActivatedLastIsI
     EXPECT_TRUE(becomes(application("browser")));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, aWindowThatClosesIsGivenBack) {
+TEST_F(WlrootsFrontmostWindowTest, aWindowThatClosesIsGivenBack) {
     auto* const editor = open("editor", active);
     EXPECT_TRUE(becomes(application("editor")));
     compositor().tellClosed(editor);
     EXPECT_TRUE(waitUntil([this] { return compositor().heldWindows() == 0; }));
-    EXPECT_EQ(frontmost().current(), application("editor")) << "the gap is bridgeGap once";
-    EXPECT_EQ(frontmost().current(), std::nullopt);
+    EXPECT_EQ(frontmost().current(), application("editor")) << "a gap at first";
+    EXPECT_EQ(frontmost().current(), bareDesktop);
     open("browser", active);
     EXPECT_TRUE(becomes(application("browser")));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, manyWindowsComeAndGo) {
+TEST_F(WlrootsFrontmostWindowTest, manyWindowsComeAndGo) {
     constexpr int many = 1000;
     // With more pending than the socket buffer holds, the compositor would disconnect us.
     constexpr int atOnce = 20;
@@ -98,10 +100,10 @@ TEST_F(WlrootsFrontmostApplicationTest, manyWindowsComeAndGo) {
     EXPECT_TRUE(waitUntil([this] { return compositor().heldWindows() == 1; }));
     EXPECT_TRUE(becomes(application("stays")));
     compositor().tellClosed(stays);
-    EXPECT_TRUE(becomes(std::nullopt));
+    EXPECT_TRUE(becomes(bareDesktop));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, applicationIdsMayComeLateAndChange) {
+TEST_F(WlrootsFrontmostWindowTest, applicationIdsMayComeLateAndChange) {
     auto* const window = compositor().openWindow();
     tellState(window, active);
     EXPECT_TRUE(becomes(DesktopApplication{}));
@@ -116,7 +118,7 @@ TEST_F(WlrootsFrontmostApplicationTest, applicationIdsMayComeLateAndChange) {
     EXPECT_TRUE(becomes(DesktopApplication{}));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, strangeTextsAreMadeNames) {
+TEST_F(WlrootsFrontmostWindowTest, strangeTextsAreMadeNames) {
     auto* const window = open("Two\nLines\x1b[1m", active);
     EXPECT_TRUE(becomes(application("Two Lines [1m")));
     // About as much as a message can hold.
@@ -128,7 +130,7 @@ TEST_F(WlrootsFrontmostApplicationTest, strangeTextsAreMadeNames) {
     EXPECT_TRUE(becomes(application("ÿþ")));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, aCompositorThatEndsIsUnavailable) {
+TEST_F(WlrootsFrontmostWindowTest, aCompositorThatEndsIsUnavailable) {
     open("editor", active);
     EXPECT_TRUE(becomes(application("editor")));
     EXPECT_EQ(frontmost().availability(), Availability::available);
@@ -144,7 +146,7 @@ TEST_F(WlrootsFrontmostApplicationTest, aCompositorThatEndsIsUnavailable) {
     EXPECT_EQ(frontmost().availability(), Availability::unavailable);
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, aCompositorThatTellsNothingMoreIsUnavailableUntilAskedAnew) {
+TEST_F(WlrootsFrontmostWindowTest, aCompositorThatTellsNothingMoreIsUnavailableUntilAskedAnew) {
     open("editor", active);
     EXPECT_TRUE(becomes(application("editor")));
     const auto subscription = frontmost().observe([this] {
@@ -162,7 +164,7 @@ TEST_F(WlrootsFrontmostApplicationTest, aCompositorThatTellsNothingMoreIsUnavail
     EXPECT_TRUE(becomes(application("browser")));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, whatIsWithdrawnIsUnavailable) {
+TEST_F(WlrootsFrontmostWindowTest, whatIsWithdrawnIsUnavailable) {
     open("editor", active);
     EXPECT_TRUE(becomes(application("editor")));
     compositor().withdraw();
@@ -170,7 +172,7 @@ TEST_F(WlrootsFrontmostApplicationTest, whatIsWithdrawnIsUnavailable) {
     EXPECT_TRUE(becomes(std::nullopt));
 }
 
-TEST_F(WlrootsFrontmostApplicationTest, unwatchedNothingIsListenedTo) {
+TEST_F(WlrootsFrontmostWindowTest, unwatchedNothingIsListenedTo) {
     open("editor", active);
     EXPECT_TRUE(becomes(application("editor")));
     frontmost().endWatching();
@@ -182,11 +184,48 @@ TEST_F(WlrootsFrontmostApplicationTest, unwatchedNothingIsListenedTo) {
     EXPECT_TRUE(waitUntil([this] { return compositor().listeners() == 1; }));
 }
 
+TEST_F(WlrootsFrontmostWindowTest, whatTheCompositorHasNotToldYetIsUnknown) {
+    EXPECT_TRUE(becomes(bareDesktop));
+    frontmost().endWatching();
+    frontmost().beginWatching();
+    for (int times = 0; times < 3; ++times)
+        EXPECT_EQ(frontmost().current(), std::nullopt);
+    EXPECT_TRUE(becomes(bareDesktop));
+}
+
+TEST_F(WlrootsFrontmostWindowTest, aConnectionThatTheCompositorDropsIsMadeAnew) {
+    open("editor", active);
+    EXPECT_TRUE(becomes(application("editor")));
+    compositor().dropListeners();
+    EXPECT_TRUE(becomes(std::nullopt));
+    EXPECT_EQ(frontmost().availability(), Availability::available) << "only one of the connections is gone";
+    ASSERT_TRUE(waitUntil([this] { return compositor().listeners() == 1; }));
+    open("browser", active);
+    EXPECT_TRUE(becomes(application("browser")));
+}
+
+TEST_F(WlrootsFrontmostWindowTest, aCompositorThatComesBackIsFoundAgain) {
+    open("editor", active);
+    EXPECT_TRUE(becomes(application("editor")));
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    endCompositor();
+    EXPECT_TRUE(waitUntil([this] { return frontmost().availability() == Availability::unavailable; }));
+    frontmost().endWatching();
+    frontmost().beginWatching();
+    EXPECT_EQ(frontmost().current(), std::nullopt);
+    startCompositor();
+    ASSERT_EQ(qgetenv("WAYLAND_DISPLAY"), name);
+    EXPECT_TRUE(waitUntil([this] { return frontmost().availability() == Availability::available; }));
+    ASSERT_TRUE(waitUntil([this] { return compositor().listeners() == 1; }));
+    open("browser", active);
+    EXPECT_TRUE(becomes(application("browser")));
+}
+
 using OtherCompositors = Desktop;
 
 TEST_F(OtherCompositors, withoutTheProtocolItIsUnavailable) {
     const FakeCompositor compositor(Offer::nothing);
-    WlrootsFrontmostApplication frontmost;
+    WlrootsFrontmostWindow frontmost;
     EXPECT_EQ(frontmost.availability(), Availability::notYetKnown);
     int announcements = 0;
     const auto subscription = frontmost.observe([&] { ++announcements; });
@@ -194,15 +233,15 @@ TEST_F(OtherCompositors, withoutTheProtocolItIsUnavailable) {
     EXPECT_EQ(announcements, 1);
     EXPECT_EQ(frontmost.availability(), Availability::unavailable);
     frontmost.beginWatching();
-    EXPECT_EQ(frontmost.current(), std::nullopt);
+    EXPECT_EQ(frontmost.inFront(), InFront());
 }
 
 TEST_F(OtherCompositors, withoutACompositorItIsUnavailableAtOnce) {
     qputenv("WAYLAND_DISPLAY", "no-such-compositor");
-    WlrootsFrontmostApplication frontmost;
+    WlrootsFrontmostWindow frontmost;
     EXPECT_EQ(frontmost.availability(), Availability::unavailable);
     frontmost.beginWatching();
-    EXPECT_EQ(frontmost.current(), std::nullopt);
+    EXPECT_EQ(frontmost.inFront(), InFront());
     qunsetenv("WAYLAND_DISPLAY");
 }
 
