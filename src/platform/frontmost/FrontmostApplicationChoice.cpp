@@ -2,6 +2,7 @@
 
 #include "platform/bus/LastingBus.h"
 #include "platform/frontmost/DesktopFrontmostApplication.h"
+#include "platform/frontmost/GnomeFrontmostWindow.h"
 #include "platform/frontmost/KWinFrontmostWindow.h"
 #include "platform/frontmost/WlrootsFrontmostWindow.h"
 #include "platform/frontmost/X11FrontmostWindow.h"
@@ -73,7 +74,8 @@ std::unique_ptr<FrontmostWindow> makeOnBus(const QDBusConnection& bus) {
 /// In the order in which they are tried.
 std::vector<Maker> waysOfAsking() {
     if (isWaylandSession())
-        return {make<WlrootsFrontmostWindow>, makeOnBus<KWinFrontmostWindow>};
+        return {make<WlrootsFrontmostWindow>, makeOnBus<GnomeFrontmostWindow>,
+                makeOnBus<KWinFrontmostWindow>};
     return {make<X11FrontmostWindow>};
 }
 
