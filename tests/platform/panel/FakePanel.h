@@ -29,6 +29,8 @@ public:
     /// What the last icon's menu answers.
     QVariantList askMenu(const QString& method, const QVariantList& arguments = {}) const;
 
+    [[nodiscard]] QDBusConnection bus() const { return m_bus; }
+
     [[nodiscard]] QString introspect(const QString& path) const override;
     [[nodiscard]] bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 

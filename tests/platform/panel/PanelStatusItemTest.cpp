@@ -2,6 +2,7 @@
 
 #include "FakePanel.h"
 #include "platform/DesktopFixture.h"
+#include "platform/bus/DBusSignal.h"
 #include "platform/panel/BusTypes.h"
 #include "support/FakeClock.h"
 #include "support/FakeWindowServer.h"
@@ -142,7 +143,13 @@ TEST_F(PanelStatusItemTest, givesItsPictureInAllSizesAndNoName) {
 }
 
 TEST_F(PanelStatusItemTest, aNewDescriptionIsAnnounced) {
+    int announcements = 0;
+    const DBusSignal toolTips(
+        panel->bus(),
+        {panel->items.last(), u"/StatusNotifierItem"_s, u"org.kde.StatusNotifierItem"_s, u"NewToolTip"_s},
+        [&announcements](const QDBusMessage&) { ++announcements; });
     item->setDescription("Pause");
+    EXPECT_TRUE(waitUntil([&announcements] { return announcements == 1; }));
     EXPECT_EQ(qdbus_cast<BusToolTip>(panel->property(u"ToolTip"_s)).title, u"Pause"_s);
 }
 
