@@ -128,6 +128,22 @@ TEST_F(UserPresenceTest, aScreenSaverThatEndsKeepsNothingLocked) {
     EXPECT_TRUE(becomesAway(false));
 }
 
+TEST_F(UserPresenceTest, onABusThatEndsAndComesBackTheyAreAskedAgain) {
+    // Each bus has an identity of its own, which the addresses in user sessions do not name.
+    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS").split(',').first();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+    std::optional<FakeDesktopService> saver(std::in_place, u"org.gnome.ScreenSaver"_s, savers(true));
+    presence.beginWatching();
+    EXPECT_TRUE(becomesAway(true));
+    saver.reset();
+    killBus();
+    EXPECT_TRUE(becomesAway(false));
+    restartBus();
+    saver.emplace(u"org.gnome.ScreenSaver"_s, savers(true));
+    EXPECT_TRUE(becomesAway(true));
+}
+
 TEST_F(UserPresenceTest, theLoginManagersLockIsNoticed) {
     startLogin();
     presence.beginWatching();
