@@ -98,6 +98,8 @@ std::unique_ptr<Popover> BrisklogApp::makePopover() {
 std::unique_ptr<StatusItem> BrisklogApp::makeStatusItem() {
     auto item = m_outside.makeStatusItem();
     item->addMenuEntry("Öffnen", [this] { open(); });
+    if (!m_outside.handbook.empty())
+        item->addMenuEntry("Handbuch", [this] { m_outside.openLink(m_outside.handbook); });
     item->addMenuEntry("Beenden", [this] { quit(); });
     m_statusItem = item.get();
     return item;

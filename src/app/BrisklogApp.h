@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 class QWidget;
@@ -49,6 +50,9 @@ public:
         /// Opens a web page or a new e-mail in the desktop's default program; nothing happens where there is
         /// none.
         std::function<void(std::string_view address)> openLink = [](std::string_view) {};
+        /// The address of the handbook; empty where it is not installed, and then the menu has no entry for
+        /// it.
+        std::string handbook{};
     };
 
     explicit BrisklogApp(Outside outside);

@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QStandardPaths>
 #include <QUrl>
 #include <chrono>
 #include <cstdlib>
@@ -93,6 +94,13 @@ OwnWindows ownWindows() {
 
 void openLink(std::string_view address) { QDesktopServices::openUrl(QUrl(screenText(address))); }
 
+/// Where an installation has put the handbook; empty if it has not.
+std::string installedHandbook() {
+    const QString page =
+        QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"brisklog/handbuch.html"_s);
+    return page.isEmpty() ? std::string() : QUrl::fromLocalFile(page).toString().toStdString();
+}
+
 /// The real implementations for this machine.
 struct Machine {
     StandardOutputLog log;
@@ -150,7 +158,8 @@ private:
                        .makeStatusItem = [this] { return m_machine.makeStatusItem(); },
                        // Not `quit`, which the window that stands in for the popover would refuse.
                        .terminate = [] { QApplication::exit(); },
-                       .openLink = openLink}};
+                       .openLink = openLink,
+                       .handbook = installedHandbook()}};
     std::unique_ptr<Timer> m_afterStart;
     RunningInstance m_instance{[this] { m_app.open(); }};
 };

@@ -105,6 +105,20 @@ TEST_F(BrisklogAppTest, theMenuOfTheIconOpensThePopoverAndEndsTheProgram) {
     EXPECT_EQ(terminations, 1);
 }
 
+class InstalledWithItsHandbook : public WholeProgram {
+protected:
+    InstalledWithItsHandbook() : WholeProgram("file:///usr/share/brisklog/handbuch.html") {}
+};
+
+TEST_F(InstalledWithItsHandbook, theMenuOpensItBetweenTheOtherEntries) {
+    ASSERT_EQ(statusItem->menu.size(), 3U);
+    EXPECT_EQ(statusItem->menu[1].first, "Handbuch");
+    EXPECT_EQ(statusItem->menu[2].first, "Beenden");
+    statusItem->menu[1].second();
+    EXPECT_EQ(openedLinks, std::vector<std::string>{"file:///usr/share/brisklog/handbuch.html"});
+    EXPECT_FALSE(app.popover()->isShown());
+}
+
 TEST_F(BrisklogAppTest, theWindowBecomesThePopoverOnceAPanelHasCome) {
     hasStatusItem = false;
     app.open();

@@ -61,6 +61,8 @@ protected:
 
     WholeProgram() { app.launch(); }
 
+    explicit WholeProgram(std::string address) : handbook(std::move(address)) { app.launch(); }
+
     /// Launches the program once `prepare` has set up what it will find.
     explicit WholeProgram(const Preparation& prepare) {
         prepare(userDefaults, frontmost);
@@ -121,6 +123,7 @@ protected:
     bool hasStatusItem = true;
     int terminations = 0;
     std::vector<std::string> openedLinks;
+    std::string handbook;
     BrisklogApp app{{.files = files,
                      .userDefaults = userDefaults,
                      .clock = clock,
@@ -140,7 +143,8 @@ protected:
                              return item;
                          },
                      .terminate = [this] { ++terminations; },
-                     .openLink = [this](std::string_view address) { openedLinks.emplace_back(address); }}};
+                     .openLink = [this](std::string_view address) { openedLinks.emplace_back(address); },
+                     .handbook = handbook}};
 };
 
 } // namespace brisklog::test
