@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QListView>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -134,6 +135,18 @@ TEST_F(ComponentMenu, showsAtMostItsVisibleRowsAndScrollsTheRest) {
     EXPECT_EQ(popup.height(), 14 * 28 + 8);
     QListView& rows = list(popup);
     EXPECT_TRUE(rows.viewport()->rect().contains(rows.visualRect(rows.model()->index(30, 0))));
+}
+
+TEST_F(ComponentMenu, isNoHigherThanTheScreen) {
+    MenuContent content;
+    for (int i = 0; i < 40; ++i)
+        content.items.push_back(row(QString::number(i)));
+    content.maximumVisibleRows = 40;
+    QWidget& popup = open(content);
+    EXPECT_TRUE(popup.screen()->availableGeometry().contains(popup.geometry()));
+    press(popup, Qt::Key_End);
+    QListView& rows = list(popup);
+    EXPECT_TRUE(rows.viewport()->rect().contains(rows.visualRect(rows.model()->index(39, 0))));
 }
 
 TEST_F(ComponentMenu, hasRowsOfTwentyEightAndIsAsWideAsItsAnchor) {

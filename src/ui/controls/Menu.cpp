@@ -5,9 +5,11 @@
 #include "ui/look/Painting.h"
 #include "ui/look/ScreenReader.h"
 #include "ui/look/Symbols.h"
+#include "ui/look/WindowPlace.h"
 
 #include <QAbstractListModel>
 #include <QPainter>
+#include <QScreen>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -139,7 +141,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    [[nodiscard]] QSize fittingSize(const MenuContent& content, int anchorWidth) const;
+    [[nodiscard]] QSize fittingSize(const MenuContent& content, const QWidget& anchor) const;
     void setCurrentRow(int row);
     /// Moves to the next enabled row in that direction, wrapping around at the end if necessary.
     void step(int from, int direction);
@@ -165,10 +167,10 @@ MenuPopup::MenuPopup(QWidget& anchor, const MenuContent& content)
             [this](const QModelIndex& index) { setCurrentRow(index.row()); });
     m_list->onClicked([this](const QModelIndex& index) { choose(index.row()); });
     Column{m_list}.margins(padding).applyTo(*this);
-    setFixedSize(fittingSize(content, anchor.width()));
+    setFixedSize(fittingSize(content, anchor));
 }
 
-QSize MenuPopup::fittingSize(const MenuContent& content, int anchorWidth) const {
+QSize MenuPopup::fittingSize(const MenuContent& content, const QWidget& anchor) const {
     int longest = 0;
     int height = 0;
     for (std::size_t row = 0; row < m_items.size(); ++row) {
@@ -176,8 +178,9 @@ QSize MenuPopup::fittingSize(const MenuContent& content, int anchorWidth) const 
         if (std::cmp_less(row, content.maximumVisibleRows))
             height += heightOf(m_items[row]);
     }
-    const int width = std::max(anchorWidth, std::min(longest + 2 * padding, widest));
-    return {content.width > 0 ? content.width : width, height + 2 * padding};
+    const int width = std::max(anchor.width(), std::min(longest + 2 * padding, widest));
+    const QSize whole(content.width > 0 ? content.width : width, height + 2 * padding);
+    return whole.boundedTo(freeAreaOf(*anchor.screen()).size());
 }
 
 void MenuPopup::takeFocus() {
