@@ -57,6 +57,12 @@ TEST_F(CustomerScreenTest, listsCustomersInTheStoresOrder) {
     EXPECT_EQ(list().model()->index(1, 0).data(Qt::AccessibleTextRole).toString(), u"Herr Adler, Adler KG"_s);
 }
 
+TEST_F(CustomerScreenTest, theListTellsScreenReadersHowToOpenACustomer) {
+    addCustomer(wordyCustomer());
+    open();
+    EXPECT_EQ(list().accessibleDescription(), u"Die Eingabetaste öffnet einen Kunden."_s);
+}
+
 TEST_F(CustomerScreenTest, followsTheStoreWhileItIsOpen) {
     open();
     addCustomer(customerNamed("Adler"));

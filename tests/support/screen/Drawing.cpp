@@ -191,6 +191,8 @@ QString drawingOf(QWidget& widget) {
     return text;
 }
 
+void expectAcceptedText(const QString& text, const QString& name) { expectText(text, name); }
+
 void expectDrawn(QWidget& widget, const QString& name) { expectText(drawingOf(widget), name); }
 
 void DrawnStates::add(const QString& caption, QWidget& window) {

@@ -15,6 +15,9 @@ namespace brisklog::test {
 /// are taken, which have the machine's fonts.
 void expectDrawn(QWidget& widget, const QString& name);
 
+/// The same for any other text that is accepted by eye.
+void expectAcceptedText(const QString& text, const QString& name);
+
 /// Several small drawings in one file, each under its caption.
 class DrawnStates {
 public:

@@ -145,4 +145,21 @@ QString colorRoleName(const QColor& light, const QColor& dark) {
     return inLight == inDark ? inLight : u"%1/%2"_s.arg(inLight, inDark);
 }
 
+QString tableOfRoles() {
+    QString table;
+    for (const auto& [role, name] : fontRoles) {
+        const QFont& font = fontFor(role);
+        table += u"%1 %2/%3 %4\n"_s.arg(QString::fromLatin1(name), -21)
+                     .arg(font.pixelSize())
+                     .arg(lineHeight(role))
+                     .arg(font.weight());
+    }
+    for (const auto& [role, name] : colorRoles) {
+        const Pair colors = colorsOf(role);
+        table +=
+            u"%1 %2 %3\n"_s.arg(QString::fromLatin1(name), -21).arg(colors.light.name(), colors.dark.name());
+    }
+    return table;
+}
+
 } // namespace brisklog::test

@@ -15,4 +15,8 @@ namespace brisklog::test {
 /// colour stands for any.
 [[nodiscard]] QString colorRoleName(const QColor& light, const QColor& dark);
 
+/// Every font role with its size, line height and weight, and every colour role with its colour in the light
+/// and the dark scheme, each on a line of its own.
+[[nodiscard]] QString tableOfRoles();
+
 } // namespace brisklog::test
