@@ -201,31 +201,86 @@ def _():
 put_away()
 
 
+def brightness(window):
+    """0 to 255, of the popover's ground at its lower left."""
+    x, y = window.x + 20 * hands.SCALE, window.y + window.height - 20 * hands.SCALE
+    pixel = hands.run("convert", hands.shot("ground"), "-crop", f"1x1+{x}+{y}", "-colorspace", "gray", "-format", "%[fx:mean*255]", "info:")
+    return float(pixel)
+
+
+@step("dark switch", by_control)
+def _():
+    window = opened()
+    assert brightness(window) > 200, "it is not light to begin with"
+    hands.press("Einstellungen")
+    hands.find("Farbschema", "combo box").queryComponent().grabFocus()
+    hands.key("Down")
+    time.sleep(1)
+    hands.shot("dark")
+    assert brightness(window) < 60, "it stays light"
+    if has_host:
+        put_away()
+        assert hands.contrast() >= 3, f"then the icon has a contrast of {hands.contrast():.1f} : 1"
+        opened()
+    hands.find("Farbschema", "combo box").queryComponent().grabFocus()
+    hands.key("Up")
+    time.sleep(1)
+    assert brightness(window) > 200, "it stays dark"
+
+
+@step("clipboard", by_control)
+def _():
+    opened()
+    hands.press("Zeiterfassung")
+    field = hands.find("Aufgabe eingeben", "text")
+    typed = lambda: hands.find("Aufgabe eingeben", "text").queryText().getText(0, -1)
+    hands.press("Aufgabe eingeben", "text")
+    hands.type("Kopie")
+    hands.key("ctrl+a", "ctrl+c")
+    copied = hands.wait_until(lambda: hands.run("xclip", "-o", "-selection", "clipboard", seconds=3), "the copy")
+    assert copied == "Kopie", f"copied {copied!r}"
+    owner = subprocess.Popen(["xclip", "-quiet", "-selection", "clipboard"], stdin=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    try:
+        owner.stdin.write("Büro".encode())
+        owner.stdin.close()
+        time.sleep(1)
+        hands.key("ctrl+a", "ctrl+v")
+        hands.wait_until(lambda: typed() == "Büro", f"the paste in {field.name}; there is {typed()!r}")
+    finally:
+        owner.terminate()
+        owner.wait()
+    hands.key("ctrl+a", "BackSpace")
+
+
+put_away()
+others = {"mousepad": "Mousepad", "featherpad": "FeatherPad", "xterm": "XTerm"}
+
+
 @step("tracker", by_control)
 def _():
+    if hands.KIND == "gnome":  # where it is off until the user wants it
+        hands.run("gnome-extensions", "enable", "brisklog@brisklog.example")
     opened()
     hands.press("Auto-Tracking")
     hands.press("Automatische Zeiterfassung", "check box")
-    hands.wait_until(lambda: any(c.name.startswith(("Aktiv - Erfasst", "Dieser Desktop teilt nicht mit")) for c in hands.controls()),
-                     "the tracker's state")
-    if any(c.name.startswith("Dieser Desktop teilt nicht mit") for c in hands.controls()):
-        return "says that this desktop does not tell"
-    for name in ("mousepad", "featherpad"):
+    hands.wait_until(lambda: any(c.name.startswith("Aktiv - Erfasst") for c in hands.controls()), "the tracker's state")
+    for program in others:
         known = {window.title for window in hands.windows()}
-        other = subprocess.Popen([name], stderr=subprocess.DEVNULL)
-        hands.wait_until(lambda: {window.title for window in hands.windows()} - known, f"the window of {name}", 15)
+        other = subprocess.Popen([program], stderr=subprocess.DEVNULL)
+        hands.wait_until(lambda: {window.title for window in hands.windows()} - known, f"the window of {program}", 15)
         time.sleep(5)
         other.terminate()
         other.wait()
-    subprocess.run(["brisklog"], timeout=10)  # what was in front is stored when something else comes there
-    time.sleep(2)
+    time.sleep(3)  # what was in front is stored when something else, also the bare desktop, comes there
     stored = b""
     for file in HOME.glob(".config/brisklog/*.sqlite"):
         with sqlite3.connect(f"file:{file}?mode=ro", uri=True) as base:
             for (table,) in base.execute("select name from sqlite_master where type = 'table'").fetchall():
                 stored += repr(base.execute(f"select * from {table}").fetchall()).encode()
-    missing = [n for n in ("Mousepad", "FeatherPad") if n.encode() not in stored]
+    missing = [name for name in others.values() if name.encode() not in stored]
     assert not missing, f"not recorded: {missing}"
+    assert b'brisklog"' not in stored.lower(), "it recorded itself"
+    return "and the bare desktop" if b"Schreibtisch" in stored else "but not the bare desktop"
 
 
 @step("second start")

@@ -71,6 +71,14 @@ TEST_F(ThumbnailsTest, whatScrolledByIsNeverDecoded) {
     EXPECT_EQ(images.readFiles.front(), "4980.png");
 }
 
+TEST_F(ThumbnailsTest, whatScrollsBackIntoViewIsStillThere) {
+    for (const int first : {0, 20, 0}) {
+        thumbnails.show(files(first, 20), box);
+        background.runAll();
+    }
+    EXPECT_EQ(images.readFiles.size(), 40U);
+}
+
 TEST_F(ThumbnailsTest, ofThousandsOnlyTheLastHundredsAreKept) {
     for (int first = 0; first < 2000; first += 20) {
         thumbnails.show(files(first, 20), box);
