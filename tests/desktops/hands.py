@@ -126,7 +126,7 @@ class Gnome:
 class WaylandMouse:
     """A mouse of our own, plugged in by the extension that the compositor has for this: wlroots' or kwin's, which has keys too."""
     LEFT = 0x110
-    KEYS = {"Escape": 1, "Return": 28, "ctrl": 29, "Down": 108}
+    KEYS = {"Escape": 1, "BackSpace": 14, "Return": 28, "ctrl": 29, "a": 30, "c": 46, "v": 47, "Up": 103, "Down": 108}
 
     def __init__(self):
         self.wire = socket.socket(socket.AF_UNIX)

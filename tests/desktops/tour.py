@@ -202,8 +202,8 @@ put_away()
 
 
 def brightness(window):
-    """0 to 255, of the popover's ground at its lower left."""
-    x, y = window.x + 20 * hands.SCALE, window.y + window.height - 20 * hands.SCALE
+    """0 to 255, of the popover's ground near its left edge."""
+    x, y = window.x + 8 * hands.SCALE, window.y + window.height * 3 // 4
     pixel = hands.run("convert", hands.shot("ground"), "-crop", f"1x1+{x}+{y}", "-colorspace", "gray", "-format", "%[fx:mean*255]", "info:")
     return float(pixel)
 

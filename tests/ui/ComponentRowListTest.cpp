@@ -2,6 +2,7 @@
 
 #include "support/screen/ScreenTest.h"
 #include "ui/lists/RowDelegate.h"
+#include "ui/lists/ScrollArea.h"
 
 #include <QAbstractEventDispatcher>
 #include <QScrollBar>
@@ -71,6 +72,25 @@ protected:
     QStringListModel rows;
     RowList list;
 };
+
+TEST_F(ComponentRowList, inAPageAKeyTurnsWhatIsInViewAndStopsAtTheEnds) {
+    auto* const inPage = new RowList;
+    inPage->setRows(rows, *new PlainRows(*inPage));
+    inPage->setFixedHeight(30 * rowHeight);
+    ScrollArea page(inPage);
+    page.resize(200, 5 * rowHeight);
+    showActive(page);
+    const auto goOnFrom = [&](int row, Qt::Key key) {
+        inPage->setCurrentIndex(rows.index(row));
+        QTest::keyClick(inPage, key);
+        return inPage->currentIndex().row();
+    };
+    EXPECT_EQ(goOnFrom(10, Qt::Key_PageDown), 14);
+    EXPECT_EQ(goOnFrom(28, Qt::Key_PageDown), 29);
+    EXPECT_EQ(goOnFrom(29, Qt::Key_PageDown), 29);
+    EXPECT_EQ(goOnFrom(10, Qt::Key_PageUp), 6);
+    EXPECT_EQ(goOnFrom(1, Qt::Key_PageUp), 0);
+}
 
 TEST_F(ComponentRowList, theWheelShowsEachRowWholeEvenWhereTheListIsLow) {
     list.resize(200, rowHeight * 5 / 2);
