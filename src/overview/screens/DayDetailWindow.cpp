@@ -58,8 +58,7 @@ std::shared_ptr<DetailWindowController> DayDetailWindows::show(const DetailWindo
     m_windows.emplace_back(window);
     const QWidget* const nearby = m_nearby();
     const QScreen& screen = nearby != nullptr ? *nearby->screen() : *QGuiApplication::primaryScreen();
-    resizeInFrame(*window, windowSize, freeAreaOf(screen));
-    window->move(centredOn(screen, window->size()));
+    placeInFrame(*window, windowSize, freeAreaOf(screen));
     window->show();
     window->activateWindow();
     return std::make_shared<Controller>(window);

@@ -60,8 +60,7 @@ void LogoPickerWindowController::present(const std::string& title, Completion co
         if (host)
             host->takeFocusBack();
     });
-    resizeInFrame(*m_window, windowSize, freeAreaOf(*parent.screen()));
-    m_window->move(centredOn(*parent.screen(), m_window->size()));
+    placeInFrame(*m_window, windowSize, freeAreaOf(*parent.screen()));
     m_window->show();
     m_window->activateWindow();
 }

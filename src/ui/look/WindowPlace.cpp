@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -46,20 +47,19 @@ QRect freeAreaOf(const QScreen& screen) {
     return isFractional ? area.adjusted(0, 0, -1, -1) : area;
 }
 
-QPoint centredOn(const QScreen& screen, const QSize& window) {
-    QRect place(QPoint(), window);
-    place.moveCenter(freeAreaOf(screen).center());
-    return place.topLeft();
-}
-
 QSize fittingInFrame(const QSize& wanted, const QRect& available) {
     return wanted.boundedTo(available.size() - frame);
 }
 
-void resizeInFrame(QWidget& window, const QSize& wanted, const QRect& available) {
-    const QSize size = fittingInFrame(wanted, available);
-    window.setMinimumSize(window.minimumSize().boundedTo(size));
-    window.resize(size);
+void placeInFrame(QWidget& window, const QSize& wanted, const QRect& available) {
+    QRect place(QPoint(), fittingInFrame(wanted, available));
+    place.moveCenter(available.center());
+    const QSize last = available.size() - place.size() - frame;
+    place.moveTo(std::min(place.x(), available.x() + last.width()),
+                 std::min(place.y(), available.y() + last.height()));
+    window.setMinimumSize(window.minimumSize().boundedTo(place.size()));
+    window.resize(place.size());
+    window.move(place.topLeft());
 }
 
 void placeWindow(QWidget& window, const QPoint& place) {

@@ -12,15 +12,13 @@ namespace brisklog {
 /// of it, so it is left out.
 [[nodiscard]] QRect freeAreaOf(const QScreen& screen);
 
-/// The top left corner of a window of that size centred on the screen. Ignores the window manager's frame,
-/// whose height is not known in advance.
-[[nodiscard]] QPoint centredOn(const QScreen& screen, const QSize& window);
-
 /// The size wanted for a window with the window manager's frame, or as much of it as the area has room for.
 [[nodiscard]] QSize fittingInFrame(const QSize& wanted, const QRect& available);
 
-/// Gives the window that size, or as much of it as fits; it may then be smaller than its smallest size was.
-void resizeInFrame(QWidget& window, const QSize& wanted, const QRect& available);
+/// Gives the window that size, or as much of it as fits (it may then be smaller than its smallest size was),
+/// and centres it. The window manager's frame, whose height is not known in advance, is left out of that
+/// unless it would not fit below the middle.
+void placeInFrame(QWidget& window, const QSize& wanted, const QRect& available);
 
 /// Moves a frameless window before it is shown, and again once it has appeared. Otherwise, with some window
 /// managers the toolkit believes that a window that stays on top is at the screen's corner, and misplaces
