@@ -65,7 +65,7 @@ QWidget* CustomerEditScreen::makeBody() {
     auto* body = new QWidget;
     Column{basicInformation(), address(), contact(), stretch()}
         .spacing(9)
-        .margins({20, 10, 20, 0})
+        .margins({20, 10, 20, 10})
         .applyTo(*body);
     return body;
 }

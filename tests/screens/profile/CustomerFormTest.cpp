@@ -88,6 +88,19 @@ TEST_F(CustomerForm, everythingIsSeenWithoutScrolling) {
     EXPECT_TRUE(shows(*form(), u"Kontakt"_s));
 }
 
+TEST_F(CustomerForm, onALowScreenTheLastCardDoesNotEndAtTheFooter) {
+    openForNew();
+    form()->setFixedSize(500, 400);
+    settle();
+    const auto* const area = form()->findChild<QScrollArea*>();
+    ASSERT_GT(area->verticalScrollBar()->maximum(), 0);
+    area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+    const QLineEdit& last = field(u"Telefon"_s);
+    const int fieldEnd = last.mapTo(area->viewport(), QPoint(0, last.height())).y();
+    constexpr int paddingAndShadowOfTheCard = 13;
+    EXPECT_EQ(area->viewport()->height() - fieldEnd - paddingAndShadowOfTheCard, 10);
+}
+
 TEST_F(CustomerForm, theTextButtonInTheHeaderEndsBesideTheRightEdge) {
     openForNew();
     int rightmost = 0;
